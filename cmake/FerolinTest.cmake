@@ -1,0 +1,14 @@
+# ferolin_test(<name> SOURCES <file>... [LIBS <target>...] [LABELS <label>...])
+# One GoogleTest program, found by CTest case by case.
+find_package(GTest REQUIRED)
+include(GoogleTest)
+
+function(ferolin_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 TEST "" "" "SOURCES;LIBS;LABELS")
+  add_executable(${name} ${TEST_SOURCES})
+  target_link_libraries(${name} PRIVATE ${TEST_LIBS} GTest::gtest GTest::gmock GTest::gtest_main)
+  gtest_discover_tests(${name}
+    TEST_PREFIX ${name}.
+    PROPERTIES TIMEOUT 60 LABELS "${TEST_LABELS}"
+    DISCOVERY_TIMEOUT 30)
+endfunction()

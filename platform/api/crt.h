@@ -1,0 +1,23 @@
+// C run-time calls that homes spell or do differently. All of them are independent of the process's locale:
+// a host that has set a comma locale still gets decimal points.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include <windef.h>
+
+extern "C" {
+/// Prints one value through a single printf conversion such as "%.1f" or "%g" into `out`, cut to `size` - 1
+/// characters and always terminated (`size` > 0). Returns the number of characters now in `out`.
+/// One call for each kind of argument, since homes pass variadic doubles differently.
+int CrtPrintDouble(char* out, std::size_t size, const char* conversion, double value);
+int CrtPrintInt(char* out, std::size_t size, const char* conversion, int value);
+
+/// Number at the start of `text` after optional blanks; 0 when there is none.
+double CrtParseDouble(const char* text);
+std::int64_t CrtParseInt64(const char* text);
+
+/// Usable size in bytes of a block from malloc or realloc.
+std::size_t CrtBlockSize(void* block);
+}

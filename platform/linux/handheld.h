@@ -1,0 +1,105 @@
+// What the handheld that the Linux home pretends to be is like: set by hosts before they load the engine, and by
+// tests, which also read here what was asked of the device. Every function may be called from any thread.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <windows.h>
+
+namespace handheld {
+
+// Language.
+
+/// Three-letter abbreviation of the user's language ("ENU", "RUS"). At start taken from LC_ALL, LC_MESSAGES or
+/// LANG: "RUS" for Russian, else "ENU". Also chooses the ANSI code page that goes with it (1251 or 1252).
+void SetLanguage(const char* abbreviation);
+
+/// Makes GetLocaleInfoW fail (true) or answer again (false).
+void SetLocaleFailing(bool failing);
+
+/// ANSI code page: 1251 or 1252.
+void SetCodePage(UINT codePage);
+
+/// Text in the device's ANSI code page as UTF-8, and back (characters that it lacks become '?').
+std::string Utf8FromAnsi(const std::string& ansi);
+std::string AnsiFromUtf8(const std::string& utf8);
+/// UTF-8 as the device's wide text and back; unpaired surrogates become U+FFFD.
+std::u16string WideFromUtf8(const std::string& utf8);
+std::string Utf8FromWide(const std::u16string& wide);
+
+// Clock.
+
+/// Sets the device's clock to this moment (UTC); it runs on from there at the time rate.
+void SetClock(const SYSTEMTIME& utc);
+
+/// Stops the clock (true) so that it stands at the moment last set or reached, or lets it run (false).
+void SetClockStopped(bool stopped);
+
+/// How many times faster than real time the device lives: its clock, its tick count and every Sleep. 1 at start.
+/// Must be above 0; 1000 makes a Sleep of 100 ms last 0.1 ms.
+void SetTimeRate(double rate);
+
+/// POSIX time zone such as "UTC0" or "MSK-3", or a name such as "Europe/Moscow". The process's zone at start.
+void SetTimeZone(const char* zone);
+
+// Power.
+
+/// Answers of GetSystemPowerStatusEx from now on, instead of the machine's own battery.
+void SetBattery(BYTE flag, BYTE percent);
+void SetBatteryFailing(bool failing);
+/// Makes ReleasePowerRequirement fail (true) or succeed (false).
+void SetPowerReleaseFailing(bool failing);
+/// Number of power requirements now held, and ever taken.
+int PowerRequirementsHeld();
+int PowerRequirementsTaken();
+/// Calls of SystemIdleTimerReset so far.
+int IdleTimerResets();
+
+// Serial ports.
+
+/// Makes a port name such as "COM1:" open this device (a path such as /dev/ttyUSB0 or a pseudo-terminal's slave).
+/// An empty path removes the port.
+void MapSerialPort(const std::string& port, const std::string& devicePath);
+
+// Modules.
+
+/// Folder that loaded libraries seem to lie in (a Linux path): the answer of GetModuleFileNameW becomes this
+/// folder and the library's file name. Empty at start: the library's real folder.
+void SetModuleDirectory(const std::string& path);
+/// Further folder in which LoadLibraryW looks for libraries named without a path (a Linux path). The folder of
+/// the running program and the module directory are always searched.
+void AddLibraryDirectory(const std::string& path);
+
+/// A Linux path in the device's spelling (backslashes) and back. File names are looked up without regard to case.
+std::u16string DevicePath(const std::string& path);
+std::string LinuxPath(const std::u16string& devicePath);
+
+// Screen.
+
+/// Size in pixels and resolution in dots per inch of the screen; windows created later fill it. 240 x 320 at 96
+/// dpi at start.
+void SetScreen(int width, int height, int dpi);
+
+// Messages.
+
+/// Every message posted through PostMessageW so far that found its window, in order, across all threads.
+std::vector<MSG> MessagesPosted();
+void ForgetMessagesPosted();
+
+// Sounds.
+
+struct Sound {
+  std::u16string path;
+  DWORD flags;
+};
+/// Every sound that PlaySoundW was asked for and whose file exists, in order.
+std::vector<Sound> SoundsStarted();
+void ForgetSoundsStarted();
+
+// Resources.
+
+/// Handles now open (files, ports, searches, threads, power requirements).
+int HandlesAlive();
+
+}  // namespace handheld

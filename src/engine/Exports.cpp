@@ -1,0 +1,425 @@
+// The exported functions: each answers its default without an engine and otherwise passes the call on.
+
+#include <ferolin.h>
+
+#include <algorithm>
+#include <cstring>
+#include <string>
+#include <string_view>
+
+#include "engine/Engine.h"
+#include "events/SpeedEvents.h"
+#include "render/InvertFlags.h"
+#include "sensors/LocalizedText.h"
+#include "sensors/Sensor.h"
+#include "settings/IniStore.h"
+#include "sms/SmsReporter.h"
+#include "text/CodePage.h"
+
+using ferolin::Engine;
+using ferolin::FixRecord;
+using ferolin::LockGuard;
+using ferolin::Narrow;
+using ferolin::Sensor;
+using ferolin::SpeedEvent;
+using ferolin::theEngine;
+using ferolin::theInvertFlags;
+
+namespace {
+
+void CopyOut(char* buffer, std::string_view text) {
+  buffer[text.copy(buffer, text.size())] = '\0';
+}
+
+void EmptyOut(char* buffer, int size) {
+  if (buffer != nullptr && size > 0) {
+    *buffer = '\0';
+  }
+}
+
+bool Fits(const char* buffer, int size, std::string_view text) {
+  return buffer != nullptr && size > 0 && text.size() < static_cast<std::size_t>(size);
+}
+
+/// Fit rule: the whole text and its length, or nothing and 0.
+int CopyIfFits(char* buffer, int size, std::string_view text) {
+  if (!Fits(buffer, size, text)) {
+    return 0;
+  }
+  CopyOut(buffer, text);
+  return static_cast<int>(text.size());
+}
+
+/// Length rule: the length in any case.
+int CopyOrMeasure(char* buffer, int size, std::string_view text) {
+  CopyIfFits(buffer, size, text);
+  return static_cast<int>(text.size());
+}
+
+/// Clear rule: empty first.
+void ClearAndCopy(char* buffer, int size, std::string_view text) {
+  EmptyOut(buffer, size);
+  CopyIfFits(buffer, size, text);
+}
+
+/// Text from the host; a null pointer counts as empty.
+LPCWSTR OrEmpty(LPCWSTR text) {
+  return text != nullptr ? text : TEXT("");
+}
+
+/// Calls `use(sensor)` under the data lock; 0 when the index names no sensor or there is no engine.
+template <class Use>
+int WithSensor(int index, Use use) {
+  if (theEngine == nullptr) {
+    return 0;
+  }
+  const LockGuard guard(theEngine->dataLock);
+  Sensor* sensor = theEngine->GetSensor(index);
+  return sensor != nullptr ? use(*sensor) : 0;
+}
+
+/// As above for texts: without an engine the buffer becomes empty.
+template <class Use>
+int WithSensor(int index, char* buffer, int size, Use use) {
+  if (theEngine == nullptr) {
+    EmptyOut(buffer, size);
+  }
+  return WithSensor(index, use);
+}
+
+/// Calls `use(engine)` under the data lock; `fallback` without an engine.
+template <class Result, class Use>
+Result WithEngine(Result fallback, Use use) {
+  if (theEngine == nullptr) {
+    return fallback;
+  }
+  const LockGuard guard(theEngine->dataLock);
+  return use(*theEngine);
+}
+
+template <class Use>
+void WithEngine(Use use) {
+  if (theEngine != nullptr) {
+    const LockGuard guard(theEngine->dataLock);
+    use(*theEngine);
+  }
+}
+
+template <class Value>
+int EventValue(int index, Value SpeedEvent::*value) {
+  return WithEngine(0, [&](Engine& engine) {
+    const SpeedEvent* event = engine.speedEvents->GetEvent(index);
+    return event != nullptr ? static_cast<int>(event->*value) : 0;
+  });
+}
+
+}  // namespace
+
+// Start, stop and notification. These wait for threads, so they must not hold the data lock.
+
+int WINAPI StartCallBack(HWND hostWindow) {
+  return theEngine != nullptr ? theEngine->StartCallBack(hostWindow) : 0;
+}
+
+int WINAPI StopCallBack() {
+  return theEngine != nullptr ? theEngine->StopCallBack() : 0;
+}
+
+UINT WINAPI GetWndMessageID() {
+  return theEngine != nullptr ? theEngine->wndMessageId.Get() : 0;
+}
+
+// Position source. Setting the port or the source waits for threads as well.
+
+int WINAPI SetComPortName(LPCWSTR name) {
+  return theEngine != nullptr ? theEngine->SetComPortName(OrEmpty(name)) : 0;
+}
+
+int WINAPI GetComPortName(char* buffer, int size) {
+  if (theEngine == nullptr) {
+    EmptyOut(buffer, size);
+    return 0;
+  }
+  return CopyOrMeasure(buffer, size, theEngine->GetComPortName());
+}
+
+void WINAPI SetComPortSpeed(int baudRate) {
+  if (theEngine != nullptr) {
+    theEngine->comPortSpeed = baudRate;
+  }
+}
+
+int WINAPI GetComPortSpeed() {
+  return theEngine != nullptr ? theEngine->comPortSpeed.Get() : Engine::KEEP_PORT_SPEED;
+}
+
+int WINAPI SetUseGPSAPI(DWORD use) {
+  return theEngine != nullptr ? theEngine->SetUseGpsApi(use) : 0;
+}
+
+int WINAPI IsUseGPSAPI() {
+  return theEngine != nullptr && theEngine->useGpsApi ? 1 : 0;
+}
+
+// Sensors.
+
+int WINAPI GetSensorsCount() {
+  return theEngine != nullptr ? theEngine->GetSensorCount() : 0;
+}
+
+int WINAPI GetSensorName(int index, char* buffer, int size) {
+  return WithSensor(index, buffer, size, [&](const Sensor& sensor) {
+    return CopyIfFits(buffer, size, sensor.GetName());
+  });
+}
+
+/// The value is copied whenever the name fits: hosts have buffers that hold both.
+int WINAPI GetSensorValue(int index, char* buffer, int size) {
+  return WithSensor(index, buffer, size, [&](const Sensor& sensor) {
+    if (!Fits(buffer, size, sensor.GetName())) {
+      return 0;
+    }
+    const std::string_view value = sensor.GetValueText();
+    CopyOut(buffer, value);
+    return static_cast<int>(value.size());
+  });
+}
+
+int WINAPI ResetSensorValue(int index) {
+  return WithSensor(index, [](Sensor& sensor) {
+    sensor.Reset();
+    return 1;
+  });
+}
+
+int WINAPI IsSensorSaveable(int index) {
+  return WithSensor(index, [](const Sensor& sensor) { return sensor.IsSaveable(); });
+}
+
+int WINAPI GetSensorRegistryString(int index, char* buffer, int size) {
+  return WithSensor(index, buffer, size, [&](const Sensor& sensor) {
+    if (buffer == nullptr) {
+      return 0;
+    }
+    sensor.GetRegistryString(buffer, size);
+    return static_cast<int>(std::strlen(buffer));
+  });
+}
+
+int WINAPI SetSensorRegistryString(int index, LPCWSTR text) {
+  return WithSensor(index, [&](Sensor& sensor) {
+    char state[Sensor::TEXT_SIZE];
+    ferolin::NarrowInto(state, sizeof state, OrEmpty(text));
+    return sensor.SetRegistryString(state);
+  });
+}
+
+// Views and drawing.
+
+int WINAPI GetWidgetsCount() {
+  return 0;
+}
+
+int WINAPI GetWidgetName(int, char* buffer, int size) {
+  if (theEngine == nullptr) {
+    EmptyOut(buffer, size);
+  }
+  return 0;
+}
+
+int WINAPI GetCurRenderWidget() {
+  return theEngine != nullptr ? theEngine->curRenderWidget.Get() : -1;
+}
+
+void WINAPI SetCurRenderWidget(int index) {
+  if (theEngine != nullptr) {
+    theEngine->curRenderWidget = index;
+  }
+}
+
+HWND WINAPI GetRenderWindow() {
+  return theEngine != nullptr ? theEngine->renderWindow.Get() : nullptr;
+}
+
+void WINAPI SetRenderWindow(HWND window) {
+  if (theEngine != nullptr) {
+    theEngine->renderWindow = window;
+  }
+}
+
+int WINAPI GetInvertVert() {
+  return theInvertFlags.vert;
+}
+
+void WINAPI SetInvertVert(int flag) {
+  theInvertFlags.vert = static_cast<std::uint8_t>(flag);
+}
+
+int WINAPI GetInvertHorz() {
+  return theInvertFlags.horz;
+}
+
+void WINAPI SetInvertHorz(int flag) {
+  theInvertFlags.horz = static_cast<std::uint8_t>(flag);
+}
+
+int WINAPI GetInvertColor() {
+  return theInvertFlags.color;
+}
+
+void WINAPI SetInvertColor(int flag) {
+  theInvertFlags.color = static_cast<std::uint8_t>(flag);
+}
+
+int WINAPI GetInvertOrient() {
+  return theInvertFlags.orient;
+}
+
+void WINAPI SetInvertOrient(int flag) {
+  theInvertFlags.orient = static_cast<std::uint8_t>(flag);
+}
+
+void WINAPI OnClick(HWND, int, int) {}
+
+void WINAPI OnDoubleClick() {}
+
+void WINAPI OnMouseDown(HWND, int, int) {}
+
+void WINAPI OnMouseMove(HWND, int, int) {}
+
+void WINAPI OnMouseUp(HWND, int, int) {}
+
+// Options.
+
+int WINAPI IsAlwaysTurnOn() {
+  return theEngine != nullptr && theEngine->alwaysTurnOn ? 1 : 0;
+}
+
+void WINAPI SetAlwaysTurnOn(DWORD flag) {
+  if (theEngine != nullptr) {
+    theEngine->alwaysTurnOn = flag;
+  }
+}
+
+int WINAPI IsWriteKML() {
+  return theEngine != nullptr ? theEngine->writeKml.Get() : 0;
+}
+
+void WINAPI SetWriteKML(int flag) {
+  if (theEngine != nullptr) {
+    theEngine->writeKml = static_cast<std::uint8_t>(flag);
+  }
+}
+
+void WINAPI GetLogFolder(char* buffer, int size) {
+  ClearAndCopy(buffer, size,
+               theEngine != nullptr ? Narrow(theEngine->GetLogFolder()) : std::string());
+}
+
+void WINAPI SetLogFolder(LPCWSTR path) {
+  if (theEngine != nullptr) {
+    theEngine->SetLogFolder(OrEmpty(path));
+  }
+}
+
+int WINAPI IsRussianLocale() {
+  return theEngine != nullptr ? theEngine->locale->IsRussian() : 0;
+}
+
+// SMS reports.
+
+void WINAPI SendSMS() {
+  WithEngine([](const Engine& engine) { engine.smsReporter->Send(); });
+}
+
+int WINAPI IsSMSEnabled() {
+  return WithEngine(0,
+                    [](const Engine& engine) { return engine.smsReporter->IsEnabled() ? 1 : 0; });
+}
+
+int WINAPI IsSMSSendIfChanged() {
+  return WithEngine(
+      0, [](const Engine& engine) { return engine.smsReporter->IsSendIfChanged() ? 1 : 0; });
+}
+
+int WINAPI GetSMSInterval() {
+  return WithEngine(0, [](const Engine& engine) { return engine.smsReporter->GetInterval(); });
+}
+
+void WINAPI GetSMSText(char* buffer, int size) {
+  EmptyOut(buffer, size);
+  WithEngine(
+      [&](const Engine& engine) { ClearAndCopy(buffer, size, engine.smsReporter->GetText()); });
+}
+
+void WINAPI GetSMSAddress(char* buffer, int size) {
+  EmptyOut(buffer, size);
+  WithEngine([&](const Engine& engine) {
+    ClearAndCopy(buffer, size, Narrow(engine.smsReporter->GetAddress()));
+  });
+}
+
+void WINAPI SetSMSParams(LPCWSTR address, LPCWSTR text, int interval, int enabled,
+                         int sendIfChanged) {
+  WithEngine([&](const Engine& engine) {
+    engine.smsReporter->SetParams(OrEmpty(address), Narrow(OrEmpty(text)), interval, enabled != 0,
+                                  sendIfChanged != 0);
+  });
+}
+
+int WINAPI IsSMSExist() {
+  return WithEngine(0, [](const Engine& engine) { return engine.smsReporter->CanSend() ? 1 : 0; });
+}
+
+// Speed events.
+
+int WINAPI GetSpeedEventsCount() {
+  return WithEngine(0, [](const Engine& engine) { return engine.speedEvents->GetCount(); });
+}
+
+int WINAPI GetBeepOnZero() {
+  return WithEngine(
+      0, [](const Engine& engine) { return engine.speedEvents->IsBeepOnZero() ? 1 : 0; });
+}
+
+void WINAPI SetBeepOnZero(int flag) {
+  WithEngine([&](const Engine& engine) { engine.speedEvents->SetBeepOnZero(flag != 0); });
+}
+
+int WINAPI GetUseEventSound(int index) {
+  return EventValue(index, &SpeedEvent::useSound);
+}
+
+int WINAPI GetEventSpeedLimit(int index) {
+  return EventValue(index, &SpeedEvent::limit);
+}
+
+int WINAPI GetEventSpeedInter(int index) {
+  return EventValue(index, &SpeedEvent::limitInter);
+}
+
+void WINAPI SetSpeedEvent(int index, int limit, int inter, int useSound) {
+  WithEngine([&](const Engine& engine) {
+    engine.speedEvents->SetEvent(index, {useSound != 0, limit, inter});
+  });
+}
+
+// Settings file.
+
+int WINAPI GetIniFileValue(char* buffer, int size, LPCWSTR section, LPCWSTR key, LPCWSTR) {
+  if (theEngine == nullptr) {
+    return 0;
+  }
+  return CopyIfFits(
+      buffer, size,
+      theEngine->iniStore->GetValue(Narrow(OrEmpty(key)), Narrow(OrEmpty(section)), ""));
+}
+
+int WINAPI SetIniFileValue(LPCWSTR section, LPCWSTR key, LPCWSTR value, LPCWSTR) {
+  if (theEngine == nullptr) {
+    return 0;
+  }
+  theEngine->iniStore->SetValue(Narrow(OrEmpty(key)), Narrow(OrEmpty(value)),
+                                Narrow(OrEmpty(section)), "");
+  return 1;
+}

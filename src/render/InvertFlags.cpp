@@ -1,0 +1,7 @@
+#include "render/InvertFlags.h"
+
+namespace ferolin {
+
+InvertFlags theInvertFlags;
+
+}  // namespace ferolin

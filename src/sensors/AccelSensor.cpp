@@ -1,0 +1,91 @@
+#include "sensors/AccelSensor.h"
+
+#include "gps/FixRecord.h"
+#include "gps/FixTime.h"
+#include "sensors/LocalizedText.h"
+#include "sensors/StatePair.h"
+#include "sensors/TripText.h"
+#include "text/Number.h"
+
+namespace ferolin {
+
+namespace {
+
+std::string NameFor(float targetKmh) {
+  return Format("%s 0-%g %s", GetText(Word::ACCEL), targetKmh, GetText(Word::KMH));
+}
+
+/// Longer steps and runs are no acceleration.
+bool IsPlausible(std::int64_t milliseconds) {
+  constexpr std::int64_t LONGEST = 1'000'000;
+  return milliseconds >= 0 && milliseconds <= LONGEST;
+}
+
+}  // namespace
+
+AccelSensor::AccelSensor(float targetKmh)
+    : SaveableSensor(NameFor(targetKmh)), targetSpeed(targetKmh) {}
+
+void AccelSensor::GetRegistryString(char* out, int size) const {
+  PrintState(out, size, "%g;%g", targetSpeed, bestTime);
+}
+
+int AccelSensor::SetRegistryString(const char* text) {
+  const StatePair saved(text);
+  const float savedTarget = static_cast<float>(ParseDouble(saved.first.c_str()));
+  const float savedTime = static_cast<float>(ParseDouble(saved.second.c_str()));
+  if (!(savedTarget > 0 && savedTime > 0)) {
+    return 0;
+  }
+  targetSpeed = savedTarget;
+  SetName(NameFor(targetSpeed));
+  bestTime = savedTime;
+  SetText("%s", TimeText(static_cast<double>(bestTime)));
+  return 1;
+}
+
+void AccelSensor::Update(const FixRecord& fix) {
+  if (!FixCounts(fix)) {
+    return;
+  }
+  const std::int64_t time = FileTimeOf(fix.localTime);
+  if (static_cast<int>(fix.speedKmh) == 0) {
+    startTime = time;
+  }
+  if (CrossesTarget(fix.speedKmh)) {
+    RecordRun(fix.speedKmh, time);
+  }
+  lastSpeed = fix.speedKmh;
+  lastTime = time;
+}
+
+void AccelSensor::Reset() {
+  startTime = 0;
+  lastTime = 0;
+  lastSpeed = MISSING_FLOAT;
+  bestTime = MISSING_FLOAT;
+}
+
+bool AccelSensor::CrossesTarget(float speedKmh) const {
+  return !IsMissing(lastSpeed) && lastSpeed < targetSpeed && targetSpeed <= speedKmh &&
+         lastTime > 0 && startTime > 0;
+}
+
+void AccelSensor::RecordRun(float speedKmh, std::int64_t time) {
+  constexpr double SECONDS_PER_MILLISECOND = 0.001F;
+  const std::int64_t stepMs = (time - lastTime) / FILE_TIME_PER_MILLISECOND;
+  const std::int64_t runMs = (lastTime - startTime) / FILE_TIME_PER_MILLISECOND;
+  if (!IsPlausible(stepMs) || !IsPlausible(runMs)) {
+    return;
+  }
+  const double last = static_cast<double>(lastSpeed);
+  const double crossingMs = (static_cast<double>(targetSpeed) - last) *
+                            static_cast<double>(stepMs) / (static_cast<double>(speedKmh) - last);
+  const double seconds = (crossingMs + static_cast<double>(runMs)) * SECONDS_PER_MILLISECOND;
+  if (seconds > 0 && (IsMissing(bestTime) || seconds < static_cast<double>(bestTime))) {
+    bestTime = static_cast<float>(seconds);
+    SetText("%s", TimeText(seconds));
+  }
+}
+
+}  // namespace ferolin

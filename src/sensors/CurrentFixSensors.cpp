@@ -1,0 +1,114 @@
+#include "sensors/CurrentFixSensors.h"
+
+#include <windows.h>
+
+#include <cmath>
+
+#include "gps/FixRecord.h"
+#include "sensors/LocalizedText.h"
+
+namespace ferolin {
+
+namespace {
+
+constexpr const char* NOT_AVAILABLE = "N/A";
+constexpr int FULL_BATTERY_PERCENT = 100;
+
+/// A coordinate of the form degrees x 100 + minutes, split in single precision.
+struct Angle {
+  explicit Angle(float coordinate) {
+    const float value = std::fabs(coordinate);
+    degrees = static_cast<int>(value * 0.01F);
+    const float rest = value - static_cast<float>(degrees) * 100.0F;
+    minutes = static_cast<int>(rest);
+    seconds = static_cast<int>((rest - static_cast<float>(minutes)) * 60.0F);
+  }
+
+  int degrees;
+  int minutes;
+  int seconds;
+};
+
+/// The degree sign of code pages 1251 and 1252 is byte 0xB0.
+std::string AngleText(float coordinate, const char* positive, const char* negative) {
+  if (IsMissing(coordinate)) {
+    return NOT_AVAILABLE;
+  }
+  const Angle angle(coordinate);
+  return Format("%i\xB0%i'%i'' %s", angle.degrees, angle.minutes, angle.seconds,
+                coordinate < 0 ? negative : positive);
+}
+
+std::string BatteryText() {
+  SYSTEM_POWER_STATUS_EX status = {};
+  if (!GetSystemPowerStatusEx(&status, TRUE)) {
+    return NOT_AVAILABLE;
+  }
+  const int percent = status.BatteryLifePercent;
+  const bool known = percent <= FULL_BATTERY_PERCENT;
+  if (status.BatteryFlag & BATTERY_FLAG_CHARGING) {
+    const char* charging = GetText(Word::CHARGING);
+    return known ? Format("%i%%(%s)", percent, charging) : charging;
+  }
+  return known ? Format("%i%%", percent) : NOT_AVAILABLE;
+}
+
+}  // namespace
+
+void GpsStatusSensor::Update(const FixRecord& fix) {
+  SetText("%s", fix.fixValid ? "OK" : GetText(Word::NO_SIGNAL));
+}
+
+void SatellitesUsedSensor::Update(const FixRecord& fix) {
+  SetText("%i", fix.satellitesUsed == MISSING_VALUE ? 0 : fix.satellitesUsed);
+}
+
+void CurrentTimeSensor::Update(const FixRecord& fix) {
+  SetText("%i:%02i:%02i", fix.localTime.wHour, fix.localTime.wMinute, fix.localTime.wSecond);
+}
+
+void SpeedSensor::Update(const FixRecord& fix) {
+  if (fix.fixValid && !IsMissing(fix.speedKmh)) {
+    SetText("%.1f %s", fix.speedKmh, GetText(Word::KMH));
+  } else {
+    SetText("");
+  }
+}
+
+void LatitudeSensor::Update(const FixRecord& fix) {
+  SetText("%s", AngleText(fix.latitude, "NL", "SL"));
+}
+
+void LongitudeSensor::Update(const FixRecord& fix) {
+  SetText("%s", AngleText(fix.longitude, "EL", "WL"));
+}
+
+void AltitudeSensor::Update(const FixRecord& fix) {
+  if (IsMissing(fix.altitude)) {
+    SetText(NOT_AVAILABLE);
+  } else {
+    SetText("%.1f %s", fix.altitude, GetText(Word::METRE));
+  }
+}
+
+void AzimuthSensor::Update(const FixRecord& fix) {
+  if (IsMissing(fix.course)) {
+    SetText(NOT_AVAILABLE);
+  } else {
+    SetText("%.0f", fix.course);
+  }
+}
+
+void DopSensor::Update(const FixRecord& fix) {
+  if (IsMissing(fix.*field)) {
+    SetText(NOT_AVAILABLE);
+  } else {
+    SetText("%.1f", fix.*field);
+  }
+}
+
+void BatterySensor::Update(const FixRecord&) {
+  SetText("%s", BatteryText());
+}
+
+}  // namespace ferolin

@@ -1,0 +1,58 @@
+#include "sensors/DistanceSensor.h"
+
+#include "gps/FixRecord.h"
+#include "gps/FixTime.h"
+#include "sensors/LocalizedText.h"
+#include "sensors/TripText.h"
+#include "text/Number.h"
+
+namespace ferolin {
+
+void DistanceSensor::GetRegistryString(char* out, int size) const {
+  PrintState(out, size, "%g", distanceKm);
+}
+
+int DistanceSensor::SetRegistryString(const char* text) {
+  const float saved = static_cast<float>(ParseDouble(text));
+  if (!(saved > 0)) {
+    return 0;
+  }
+  distanceKm = saved;
+  ShowDistance();
+  return 1;
+}
+
+void DistanceSensor::Update(const FixRecord& fix) {
+  constexpr double HOURS_PER_SECOND = 0.0002777777777777778;
+  if (!FixCounts(fix)) {
+    lastSpeed = MISSING_FLOAT;
+    return;
+  }
+  const std::int64_t time = FileTimeOf(fix.localTime);
+  if (!IsMissing(lastSpeed) && time >= lastTime) {
+    const float seconds = static_cast<float>(time - lastTime) * 1e-7F;
+    const double hours = static_cast<double>(seconds) * HOURS_PER_SECOND;
+    const float meanSpeed = (fix.speedKmh + lastSpeed) * 0.5F;
+    distanceKm = static_cast<float>(hours * static_cast<double>(meanSpeed) +
+                                    static_cast<double>(distanceKm));
+    ShowDistance();
+  }
+  lastSpeed = fix.speedKmh;
+  lastTime = time;
+}
+
+void DistanceSensor::Reset() {
+  lastTime = 0;
+  lastSpeed = MISSING_FLOAT;
+  distanceKm = 0;
+}
+
+void DistanceSensor::ShowDistance() {
+  if (distanceKm < 1.0F) {
+    SetText("%.0f %s", distanceKm * 1000.0F, GetText(Word::METRE));
+  } else {
+    SetText(distanceKm < 10.0F ? "%.2f %s" : "%.1f %s", distanceKm, GetText(Word::KM));
+  }
+}
+
+}  // namespace ferolin

@@ -1,0 +1,128 @@
+#include "sensors/FastestSensor.h"
+
+#include "gps/FixRecord.h"
+#include "gps/FixTime.h"
+#include "sensors/LocalizedText.h"
+#include "sensors/StatePair.h"
+#include "sensors/TripText.h"
+#include "text/Number.h"
+
+namespace ferolin {
+
+namespace {
+
+constexpr int NOT_FOUND = -1;
+
+std::string NameFor(float targetMetres) {
+  return Format("%s %g%s", GetText(Word::FASTEST), targetMetres, GetText(Word::METRE));
+}
+
+}  // namespace
+
+FastestSensor::FastestSensor(float targetMetres)
+    : SaveableSensor(NameFor(targetMetres)), targetDistance(targetMetres) {}
+
+void FastestSensor::GetRegistryString(char* out, int size) const {
+  PrintState(out, size, "%g;%i", targetDistance, static_cast<int>(bestTime));
+}
+
+int FastestSensor::SetRegistryString(const char* text) {
+  const StatePair saved(text);
+  const float savedTarget = static_cast<float>(ParseDouble(saved.first.c_str()));
+  const std::int64_t savedTime = ParseInt64(saved.second.c_str());
+  if (!(savedTarget > 0 && savedTime > 0)) {
+    return 0;
+  }
+  targetDistance = savedTarget;
+  SetName(NameFor(targetDistance));
+  bestTime = savedTime;
+  ShowBest();
+  return 1;
+}
+
+void FastestSensor::Update(const FixRecord& fix) {
+  constexpr double METRES_PER_SECOND_PER_KMH = 0.2777777851363761;
+  if (!FixCounts(fix)) {
+    BreakRun();
+    return;
+  }
+  const std::int64_t time = FileTimeOf(fix.localTime);
+  if (fix.speedKmh == 0.0F) {
+    BreakRun();
+  }
+  if (!IsMissing(lastSpeed) && time >= lastTime) {
+    const std::int64_t stepMs = (time - lastTime) / FILE_TIME_PER_MILLISECOND;
+    const float meanSpeed = (lastSpeed + fix.speedKmh) * 0.5F;
+    const double metres = static_cast<double>(meanSpeed) * static_cast<double>(stepMs / 1000) *
+                          METRES_PER_SECOND_PER_KMH;
+    AddSegment(static_cast<float>(metres), stepMs);
+  }
+  lastSpeed = fix.speedKmh;
+  lastTime = time;
+}
+
+void FastestSensor::Reset() {
+  lastTime = 0;
+  bestTime = 0;
+  BreakRun();
+}
+
+void FastestSensor::BreakRun() {
+  lastSpeed = MISSING_FLOAT;
+  count = 0;
+}
+
+void FastestSensor::AddSegment(float metres, std::int64_t milliseconds) {
+  float sum = metres;
+  std::int64_t time = 0;
+  const int start = FindStart(metres, sum, time);
+  if (start != NOT_FOUND) {
+    RecordRun(start, sum, time);
+    count = 0;
+  } else if (count >= MAX_SEGMENTS) {
+    count = 0;
+    return;
+  }
+  segments.length[static_cast<std::size_t>(count)] = metres;
+  segments.duration[static_cast<std::size_t>(count)] = milliseconds;
+  ++count;
+}
+
+/// Walks back from the newest segment until the run, the segment to come included, is as long as the target. Returns the
+/// segment in which the run starts; `sum` is then the length in metres, and `time` the duration in milliseconds of the
+/// stored segments from there on.
+int FastestSensor::FindStart(float newestMetres, float& sum, std::int64_t& time) const {
+  sum = newestMetres;
+  time = 0;
+  for (int index = count - 1; index >= 0; --index) {
+    sum += segments.length[static_cast<std::size_t>(index)];
+    time += segments.duration[static_cast<std::size_t>(index)];
+    if (sum >= targetDistance) {
+      return index;
+    }
+  }
+  return NOT_FOUND;
+}
+
+/// `time` holds the whole of the first segment but not the segment to come, which is equal for fixes at an even pace.
+void FastestSensor::RecordRun(int start, float sum, std::int64_t time) {
+  const float length = segments.length[static_cast<std::size_t>(start)];
+  const std::int64_t duration = segments.duration[static_cast<std::size_t>(start)];
+  if (length == 0.0F) {
+    return;
+  }
+  const float before = sum - length;
+  const float fraction = (targetDistance - before) / length;
+  const std::int64_t total =
+      time + static_cast<std::int64_t>(fraction * static_cast<float>(duration));
+  if (total > 0 && (bestTime <= 0 || total < bestTime)) {
+    bestTime = total;
+    ShowBest();
+  }
+}
+
+void FastestSensor::ShowBest() {
+  SetText("%s", TimeText(static_cast<double>(bestTime) * 0.001));
+}
+
+}  // namespace ferolin

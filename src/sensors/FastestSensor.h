@@ -1,0 +1,41 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "sensors/SaveableSensor.h"
+#include "track/MissingValue.h"
+
+namespace ferolin {
+
+/// Best time over a target distance, from a sliding run of the newest segments between fixes. A stop, a lost fix, a found
+/// record and more than 300 segments empty the run.
+class FastestSensor : public SaveableSensor {
+ public:
+  explicit FastestSensor(float targetMetres);
+  void GetRegistryString(char* out, int size) const override;
+  int SetRegistryString(const char* text) override;
+  void Update(const FixRecord& fix) override;
+  void Reset() override;
+
+ private:
+  static constexpr int MAX_SEGMENTS = 300;
+
+  void BreakRun();
+  void AddSegment(float metres, std::int64_t milliseconds);
+  int FindStart(float newestMetres, float& sum, std::int64_t& time) const;
+  void RecordRun(int start, float sum, std::int64_t time);
+  void ShowBest();
+
+  std::int64_t lastTime = 0;  ///< file time of the previous fix
+  std::int64_t bestTime = 0;  ///< milliseconds, 0 when there is no record
+  float lastSpeed = MISSING_FLOAT;
+  float targetDistance;  ///< metres
+  struct {
+    std::array<float, MAX_SEGMENTS> length;           ///< metres
+    std::array<std::int64_t, MAX_SEGMENTS> duration;  ///< milliseconds
+  } segments = {};
+  int count = 0;
+};
+
+}  // namespace ferolin

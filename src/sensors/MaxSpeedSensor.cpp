@@ -1,0 +1,38 @@
+#include "sensors/MaxSpeedSensor.h"
+
+#include "gps/FixRecord.h"
+#include "sensors/LocalizedText.h"
+#include "text/Number.h"
+
+namespace ferolin {
+
+void MaxSpeedSensor::GetRegistryString(char* out, int size) const {
+  PrintState(out, size, "%g", maximumKmh);
+}
+
+int MaxSpeedSensor::SetRegistryString(const char* text) {
+  const float saved = static_cast<float>(ParseDouble(text));
+  if (!(saved > 0)) {
+    return 0;
+  }
+  SetMaximum(saved);
+  return 1;
+}
+
+void MaxSpeedSensor::Update(const FixRecord& fix) {
+  if (!IsMissing(fix.speedKmh) && (IsMissing(maximumKmh) || fix.speedKmh > maximumKmh)) {
+    SetMaximum(fix.speedKmh);
+  }
+}
+
+void MaxSpeedSensor::Reset() {
+  maximumKmh = MISSING_FLOAT;
+  Sensor::Reset();
+}
+
+void MaxSpeedSensor::SetMaximum(float speedKmh) {
+  maximumKmh = speedKmh;
+  SetText("%.1f %s", maximumKmh, GetText(Word::KMH));
+}
+
+}  // namespace ferolin

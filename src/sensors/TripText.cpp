@@ -1,0 +1,21 @@
+#include "sensors/TripText.h"
+
+#include "gps/FixRecord.h"
+#include "sensors/LocalizedText.h"
+#include "text/Format.h"
+
+namespace ferolin {
+
+bool FixCounts(const FixRecord& fix) {
+  return fix.fixValid != 0 && !IsMissing(fix.speedKmh);
+}
+
+std::string TimeText(double seconds) {
+  const char* format = seconds < 10     ? "%.3f %s"
+                       : seconds < 100  ? "%.2f %s"
+                       : seconds < 1000 ? "%.1f %s"
+                                        : "%.0f %s";
+  return Format(format, seconds, GetText(Word::SECOND));
+}
+
+}  // namespace ferolin

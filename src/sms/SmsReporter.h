@@ -1,0 +1,74 @@
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "text/WideString.h"
+
+namespace ferolin {
+
+class FixRecord;
+class IniStore;
+
+/// Sends the current position as a text message to one or more numbers: on request, and on its own when two successive
+/// fixes lie a chosen time apart. The sibling library "Parlex.DLL" does the sending; without it every send is a no-op.
+/// `Tick` runs on the reader thread, everything else on the host's, all under the engine's data lock.
+class SmsReporter {
+ public:
+  /// Loads the sibling library. `fixRecord` must outlive the reporter.
+  explicit SmsReporter(const FixRecord& fixRecord);
+  ~SmsReporter();
+  SmsReporter(const SmsReporter&) = delete;
+  SmsReporter& operator=(const SmsReporter&) = delete;
+
+  /// Whether the sibling library is there.
+  bool CanSend() const { return sendProc != nullptr; }
+
+  bool IsEnabled() const { return enabled; }
+  bool IsSendIfChanged() const { return sendIfChanged; }
+  int GetInterval() const { return interval; }
+  const std::string& GetText() const { return text; }
+  /// The numbers, joined with ",".
+  WideString GetAddress() const;
+
+  /// `newAddress` holds numbers separated by ","; blanks around them and empty ones are dropped. `newInterval` is in
+  /// minutes; below 1 nothing is sent automatically.
+  void SetParams(WideStringView newAddress, std::string newText, int newInterval, bool enable,
+                 bool onlyIfChanged);
+
+  void LoadSettings(const IniStore& store);
+  void SaveSettings(IniStore& store) const;
+
+  /// Sends the message to every recipient in order.
+  void Send() const;
+
+  /// The automatic step, at each fix. The interval is measured between this fix and the one before, not since the last
+  /// message: a message goes out when the receiver was silent that long.
+  void Tick();
+
+  /// The template with its placeholders replaced by values of the fix.
+  std::string BuildMessage() const;
+
+ private:
+  using SendProc = void(WINAPI*)(LPCWSTR recipient, LPCSTR message);
+
+  void SetAddress(WideStringView address);
+  bool IsDue(std::int64_t now) const;
+
+  HMODULE library;
+  SendProc sendProc = nullptr;
+  std::vector<WideString> recipients;
+  const FixRecord& fix;
+  std::string text;
+  bool enabled = false;
+  bool sendIfChanged = false;
+  std::int32_t interval = 1;  ///< minutes
+  std::int64_t lastTime = 0;  ///< file time of the fix before, 0 when there was none
+  float lastLongitude = 0;
+  float lastLatitude = 0;
+};
+
+}  // namespace ferolin

@@ -1,0 +1,120 @@
+#include "track/TrackKmlWriter.h"
+
+#include <windows.h>
+
+#include <string_view>
+
+#include "text/CodePage.h"
+#include "text/Format.h"
+#include "track/Degrees.h"
+#include "track/MissingValue.h"
+#include "track/TrackStore.h"
+
+namespace ferolin {
+
+namespace {
+
+constexpr int LAST_FILE_NUMBER = 9999;
+
+constexpr std::string_view HEADER =
+    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+    "<kml xmlns=\"http://earth.google.com/kml/2.1\">\n"
+    "<Placemark>\n"
+    "\t<name>Tachymo track</name>\n"
+    "\t<LineString>\n"
+    "\t\t<extrude>0</extrude>\n"
+    "\t\t<tessellate>1</tessellate>\n"
+    "\t\t<altitudeMode>clampToGround</altitudeMode>\n"
+    "\t\t<coordinates>\n";
+
+constexpr std::string_view FOOTER =
+    "\t\t</coordinates>\n"
+    "\t</LineString>\n"
+    "</Placemark>\n"
+    "</kml>";
+
+/// Makes every level of the path that is missing. Failures (a level that exists, the empty one before a leading
+/// backslash) do not matter: creating the file tells in the end.
+void CreateFolders(const WideString& folder) {
+  for (std::size_t end = folder.find('\\'); end != WideString::npos;
+       end = folder.find('\\', end + 1)) {
+    CreateDirectoryW(folder.substr(0, end).c_str(), nullptr);
+  }
+  CreateDirectoryW(folder.c_str(), nullptr);
+}
+
+bool FileExists(const WideString& path) {
+  WIN32_FIND_DATAW found;
+  const HANDLE search = FindFirstFileW(path.c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) {
+    return false;
+  }
+  FindClose(search);
+  return true;
+}
+
+/// Empty when every number is taken.
+WideString FindFreeName(const WideString& folder) {
+  for (int number = 1; number <= LAST_FILE_NUMBER; ++number) {
+    WideString path = folder + Widen(Format("\\Track%04i.kml", number));
+    if (!FileExists(path)) {
+      return path;
+    }
+  }
+  return {};
+}
+
+bool Write(HANDLE file, std::string_view text) {
+  DWORD written = 0;
+  return WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
+}
+
+/// Writes the points whose latitude, longitude and altitude all differ from those of the point written before, so that
+/// standing still and driving along a line leave few points.
+bool WritePoints(HANDLE file, const TrackStore& track) {
+  float lastLatitude = MISSING_FLOAT;
+  float lastLongitude = MISSING_FLOAT;
+  float lastAltitude = MISSING_FLOAT;
+  for (int index = 0; index < track.GetPointCount(); ++index) {
+    const TrackPoint& point = *track.GetPoint(index);
+    if (IsMissing(point.latitude) || IsMissing(point.longitude) || IsMissing(point.altitude)) {
+      continue;
+    }
+    const float latitude = DegreesFromNmea(point.latitude);
+    const float longitude = DegreesFromNmea(point.longitude);
+    if (latitude == lastLatitude || longitude == lastLongitude || point.altitude == lastAltitude) {
+      continue;
+    }
+    if (!Write(file, Format("\t\t\t%f,%f,%f\n", longitude, latitude, point.altitude))) {
+      return false;
+    }
+    lastLatitude = latitude;
+    lastLongitude = longitude;
+    lastAltitude = point.altitude;
+  }
+  return true;
+}
+
+}  // namespace
+
+void WriteTrackKml(const TrackStore& track, const WideString& folder) {
+  CreateFolders(folder);
+  if (track.GetPointCount() == 0) {
+    return;
+  }
+  const WideString path = FindFreeName(folder);
+  if (path.empty()) {
+    return;
+  }
+  const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                  CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) {
+    return;
+  }
+  if (Write(file, HEADER) && WritePoints(file, track)) {
+    Write(file, FOOTER);
+  }
+  CloseHandle(file);
+}
+
+}  // namespace ferolin
