@@ -1,0 +1,31 @@
+#pragma once
+
+#include <windows.h>
+
+#include <vector>
+
+namespace e2e {
+
+/// The window that a host shows and is notified through. Messages are taken off the queue of the thread that made it.
+class HostWindow {
+ public:
+  explicit HostWindow(int width = 240, int height = 320);
+  ~HostWindow() { Destroy(); }
+  HostWindow(const HostWindow&) = delete;
+  HostWindow& operator=(const HostWindow&) = delete;
+
+  HWND Get() const { return window; }
+  void Destroy();
+
+  /// Waits until `count` more messages `message` have come, no longer than so many real milliseconds, and returns their
+  /// lParams.
+  std::vector<LPARAM> WaitFor(UINT message, std::size_t count, int longestMs = 10'000);
+
+  /// The lParams of the messages `message` that have come already.
+  std::vector<LPARAM> Take(UINT message);
+
+ private:
+  HWND window;
+};
+
+}  // namespace e2e

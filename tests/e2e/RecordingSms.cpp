@@ -1,0 +1,19 @@
+#include "RecordingSms.h"
+
+#include <windows.h>
+
+#include <cstdlib>
+#include <fstream>
+
+extern "C" __attribute__((visibility("default"))) void WINAPI SendParlex(LPCWSTR recipient,
+                                                                         LPCSTR message) {
+  const char* name = std::getenv(RECORDING_SMS_FILE);
+  if (name == nullptr) {
+    return;
+  }
+  std::ofstream file(name, std::ios::app);
+  for (; *recipient != 0; ++recipient) {
+    file << static_cast<char>(*recipient);
+  }
+  file << '\n' << message << '\n';
+}
