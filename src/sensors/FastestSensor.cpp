@@ -52,8 +52,9 @@ void FastestSensor::Update(const FixRecord& fix) {
   }
   if (!IsMissing(lastSpeed) && time >= lastTime) {
     const std::int64_t stepMs = (time - lastTime) / FILE_TIME_PER_MILLISECOND;
+    const std::int64_t wholeSeconds = stepMs / 1000;
     const float meanSpeed = (lastSpeed + fix.speedKmh) * 0.5F;
-    const double metres = static_cast<double>(meanSpeed) * static_cast<double>(stepMs / 1000) *
+    const double metres = static_cast<double>(meanSpeed) * static_cast<double>(wholeSeconds) *
                           METRES_PER_SECOND_PER_KMH;
     AddSegment(static_cast<float>(metres), stepMs);
   }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <cstdint>
 
 namespace ferolin {
 
@@ -9,7 +10,7 @@ namespace ferolin {
 template <class T>
 class SharedWord {
  public:
-  static_assert(sizeof(T) <= sizeof(void*));
+  static_assert(sizeof(T) <= sizeof(std::uintptr_t));
 
   constexpr SharedWord(T initial) : value(initial) {}
   SharedWord(const SharedWord&) = delete;
