@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace dastrel {
+
+/// Where gpsd listens.
+struct GpsdAddress {
+  std::string host = "localhost";
+  /// Decimal port number as text.
+  std::string port = "2947";
+
+  /// Reads "HOST:PORT", "HOST", ":PORT", "[IPV6]:PORT" or a bare IPv6 address; what is left out
+  /// keeps the default.
+  static GpsdAddress FromText(std::string_view text);
+};
+
+}  // namespace dastrel

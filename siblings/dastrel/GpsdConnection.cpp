@@ -1,0 +1,141 @@
+#include "dastrel/GpsdConnection.h"
+
+#include <netdb.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <memory>
+#include <string_view>
+
+namespace dastrel {
+namespace {
+
+constexpr int CONNECT_TIMEOUT_MS = 5000;
+constexpr int WAIT_FOREVER = -1;
+/// gpsd's longest reports have about 10 KB; what never ends a line is not gpsd.
+constexpr std::size_t LONGEST_LINE = 256 * 1024;
+constexpr std::string_view WATCH_REQUEST = "?WATCH={\"enable\":true,\"json\":true};\n";
+
+using AddressList = std::unique_ptr<addrinfo, decltype(&freeaddrinfo)>;
+
+AddressList LookUp(const char* host, const char* port, int flags) {
+  addrinfo wanted = {};
+  wanted.ai_socktype = SOCK_STREAM;
+  wanted.ai_flags = AI_NUMERICSERV | flags;
+  addrinfo* found = nullptr;
+  if (getaddrinfo(host, port, &wanted, &found) != 0) {
+    found = nullptr;
+  }
+  return {found, &freeaddrinfo};
+}
+
+/// Only a real name goes to the system's resolver, which may take its time. Without a host both
+/// loopback addresses are meant: gpsd may listen on either.
+AddressList Candidates(const GpsdAddress& address) {
+  const char* host = address.host == "localhost" ? nullptr : address.host.c_str();
+  AddressList numeric = LookUp(host, address.port.c_str(), AI_NUMERICHOST);
+  return numeric ? std::move(numeric) : LookUp(host, address.port.c_str(), 0);
+}
+
+void SetOption(int descriptor, int level, int option, int value) {
+  setsockopt(descriptor, level, option, &value, sizeof value);
+}
+
+/// A receiver's computer that was switched off says no good-bye: without this the silence would
+/// last for ever.
+void KeepAlive(int descriptor) {
+  SetOption(descriptor, SOL_SOCKET, SO_KEEPALIVE, 1);
+  SetOption(descriptor, IPPROTO_TCP, TCP_KEEPIDLE, 10);
+  SetOption(descriptor, IPPROTO_TCP, TCP_KEEPINTVL, 5);
+  SetOption(descriptor, IPPROTO_TCP, TCP_KEEPCNT, 3);
+}
+
+int PendingError(int descriptor) {
+  int error = 0;
+  socklen_t size = sizeof error;
+  getsockopt(descriptor, SOL_SOCKET, SO_ERROR, &error, &size);
+  return error;
+}
+
+}  // namespace
+
+GpsdConnection::~GpsdConnection() {
+  if (descriptor >= 0) {
+    close(descriptor);
+  }
+}
+
+bool GpsdConnection::Open(const GpsdAddress& address) {
+  const AddressList candidates = Candidates(address);
+  for (const addrinfo* candidate = candidates.get(); candidate && !stop.IsRaised();
+       candidate = candidate->ai_next) {
+    if (ConnectTo(*candidate)) {
+      KeepAlive(descriptor);
+      return Watch();
+    }
+  }
+  return false;
+}
+
+bool GpsdConnection::ReadLine(std::string& line) {
+  std::array<char, 16384> block;
+  std::size_t searched = 0;
+  for (;;) {
+    const auto end = received.find('\n', searched);
+    if (end != std::string::npos) {
+      line.assign(received, 0, end + 1);
+      received.erase(0, end + 1);
+      return !stop.IsRaised();
+    }
+    searched = received.size();
+    if (searched > LONGEST_LINE || !Await(POLLIN, WAIT_FOREVER)) {
+      return false;
+    }
+    const ssize_t count = recv(descriptor, block.data(), block.size(), 0);
+    if (count > 0) {
+      received.append(block.data(), static_cast<std::size_t>(count));
+    } else if (count == 0 || (errno != EAGAIN && errno != EINTR)) {
+      return false;
+    }
+  }
+}
+
+bool GpsdConnection::ConnectTo(const addrinfo& candidate) {
+  descriptor = socket(candidate.ai_family, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
+  if (descriptor < 0) {
+    return false;
+  }
+  const bool atOnce = connect(descriptor, candidate.ai_addr, candidate.ai_addrlen) == 0;
+  if (atOnce || (errno == EINPROGRESS && Await(POLLOUT, CONNECT_TIMEOUT_MS) &&
+                 PendingError(descriptor) == 0)) {
+    return true;
+  }
+  close(descriptor);
+  descriptor = -1;
+  return false;
+}
+
+/// True when the socket is ready (or broken, which the call that follows finds out).
+bool GpsdConnection::Await(short events, int timeoutMs) const {
+  std::array<pollfd, 2> wanted = {
+      {{descriptor, events, 0}, {stop.Descriptor(), POLLIN, 0}},
+  };
+  int ready;
+  do {
+    ready = poll(wanted.data(), wanted.size(), timeoutMs);
+  } while (ready < 0 && errno == EINTR);
+  return ready > 0 && !stop.IsRaised();
+}
+
+bool GpsdConnection::Watch() {
+  // A fresh connection's buffer takes so few bytes as a whole.
+  const ssize_t sent = send(descriptor, WATCH_REQUEST.data(), WATCH_REQUEST.size(), MSG_NOSIGNAL);
+  return sent == static_cast<ssize_t>(WATCH_REQUEST.size());
+}
+
+}  // namespace dastrel

@@ -1,0 +1,151 @@
+#include "dastrel/GpsdReader.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <exception>
+#include <string>
+#include <utility>
+
+#include "common/WakeEvent.h"
+#include "dastrel/GpsdAddress.h"
+#include "dastrel/GpsdConnection.h"
+#include "dastrel/LatestPosition.h"
+
+namespace dastrel {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int RECONNECT_PAUSE_MS = 1000;
+/// Longest wait for the thread. It ends within milliseconds unless the resolver holds it up.
+constexpr std::chrono::seconds STOP_PATIENCE{2};
+
+}  // namespace
+
+/// What one run of the thread shares with the callers.
+class GpsdReader::Session {
+ public:
+  explicit Session(GpsdAddress gpsd) : address(std::move(gpsd)) {}
+
+  void Run() noexcept;
+
+  void AskToStop() { stop.Raise(); }
+
+  /// True when the thread is through with its work within this time.
+  bool AwaitEnd(std::chrono::seconds patience) {
+    std::unique_lock lock(mutex);
+    return ending.wait_for(lock, patience, [this] { return ended; });
+  }
+
+  GPS_POSITION Position() {
+    const std::lock_guard lock(mutex);
+    return latest.At(Clock::now());
+  }
+
+ private:
+  void Follow();
+  void FollowOneConnection();
+  void ForgetPosition();
+  void SetEnded();
+
+  const GpsdAddress address;
+  siblings::WakeEvent stop;
+  std::mutex mutex;
+  std::condition_variable ending;
+  bool ended = false;
+  LatestPosition latest;
+};
+
+void GpsdReader::Session::Run() noexcept {
+  do {
+    Follow();
+    ForgetPosition();
+  } while (!stop.WaitFor(RECONNECT_PAUSE_MS));
+  SetEnded();
+}
+
+/// Running out of memory ends the connection like any other mishap; the next one is tried in its
+/// turn.
+void GpsdReader::Session::Follow() {
+  try {
+    FollowOneConnection();
+  } catch (const std::exception&) {
+  }
+}
+
+void GpsdReader::Session::FollowOneConnection() {
+  GpsdConnection connection(stop);
+  if (!connection.Open(address)) {
+    return;
+  }
+  // Far too large for a thread's stack.
+  const auto data = std::make_unique<gps_data_t>();
+  std::string line;
+  while (connection.ReadLine(line)) {
+    data->set = 0;
+    gps_unpack(line.data(), data.get());
+    const std::lock_guard lock(mutex);
+    latest.Update(*data, Clock::now());
+  }
+}
+
+void GpsdReader::Session::ForgetPosition() {
+  const std::lock_guard lock(mutex);
+  latest.Clear();
+}
+
+void GpsdReader::Session::SetEnded() {
+  const std::lock_guard lock(mutex);
+  ended = true;
+  ending.notify_all();
+}
+
+GpsdReader::~GpsdReader() {
+  Stop();
+}
+
+void GpsdReader::Start(const char* address) noexcept {
+  try {
+    const std::lock_guard lock(mutex);
+    if (session) {
+      return;
+    }
+    auto started = std::make_shared<Session>(GpsdAddress::FromText(address ? address : ""));
+    thread = std::thread([started] { started->Run(); });
+    session = std::move(started);
+  } catch (const std::exception&) {
+    // The position stays unknown, as without gpsd.
+  }
+}
+
+void GpsdReader::Stop() noexcept {
+  std::shared_ptr<Session> stopping;
+  std::thread ending;
+  {
+    const std::lock_guard lock(mutex);
+    stopping = std::exchange(session, nullptr);
+    ending = std::move(thread);
+  }
+  if (!stopping) {
+    return;
+  }
+  stopping->AskToStop();
+  if (stopping->AwaitEnd(STOP_PATIENCE)) {
+    ending.join();
+  } else {
+    // It still waits for an answer about the host's name, which cannot be called off. It touches
+    // nothing but its own session, and this library is never unloaded under it.
+    ending.detach();
+  }
+}
+
+GPS_POSITION GpsdReader::Position() const noexcept {
+  std::shared_ptr<Session> running;
+  {
+    const std::lock_guard lock(mutex);
+    running = session;
+  }
+  return running ? running->Position() : LatestPosition().At(Clock::now());
+}
+
+}  // namespace dastrel

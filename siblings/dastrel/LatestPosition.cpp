@@ -1,0 +1,204 @@
+#include "dastrel/LatestPosition.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace dastrel {
+namespace {
+
+constexpr double KNOTS_PER_METRE_PER_SECOND = 3600.0 / 1852.0;
+
+// gpsd's status of a fix; its own names for these differ between releases.
+constexpr int STATUS_DIFFERENTIAL = 2;
+constexpr int STATUS_RTK_FIXED = 3;
+constexpr int STATUS_RTK_FLOAT = 4;
+constexpr int STATUS_DEAD_RECKONING = 5;
+constexpr int STATUS_SURVEYED_IN = 7;
+constexpr int STATUS_SIMULATED = 8;
+
+GPS_FIX_TYPE FixTypeOf(int mode) {
+  switch (mode) {
+    case MODE_2D:
+      return GPS_FIX_2D;
+    case MODE_3D:
+      return GPS_FIX_3D;
+    default:
+      return GPS_FIX_UNKNOWN;
+  }
+}
+
+/// gpsd leaves the status out for a plain fix.
+GPS_FIX_QUALITY QualityOf(int status) {
+  switch (status) {
+    case STATUS_DIFFERENTIAL:
+    case STATUS_RTK_FIXED:
+    case STATUS_RTK_FLOAT:
+      return GPS_FIX_QUALITY_DGPS;
+    case STATUS_DEAD_RECKONING:
+    case STATUS_SURVEYED_IN:
+    case STATUS_SIMULATED:
+      return GPS_FIX_QUALITY_UNKNOWN;
+    default:
+      return GPS_FIX_QUALITY_GPS;
+  }
+}
+
+SYSTEMTIME SystemTimeOf(const timespec& time) {
+  using namespace std::chrono;
+  const sys_time<milliseconds> moment{seconds{time.tv_sec} + milliseconds{time.tv_nsec / 1000000}};
+  const auto midnight = floor<days>(moment);
+  const year_month_day date{midnight};
+  const hh_mm_ss clock{moment - midnight};
+  return {
+      .wYear = static_cast<WORD>(static_cast<int>(date.year())),
+      .wMonth = static_cast<WORD>(static_cast<unsigned>(date.month())),
+      .wDayOfWeek = static_cast<WORD>(weekday{midnight}.c_encoding()),
+      .wDay = static_cast<WORD>(static_cast<unsigned>(date.day())),
+      .wHour = static_cast<WORD>(clock.hours().count()),
+      .wMinute = static_cast<WORD>(clock.minutes().count()),
+      .wSecond = static_cast<WORD>(clock.seconds().count()),
+      .wMilliseconds = static_cast<WORD>(clock.subseconds().count()),
+  };
+}
+
+/// Stores a known value and its bit; an unknown one (not finite) leaves the record alone.
+template <typename T>
+void Store(double value, T& member, DWORD bit, GPS_POSITION& record) {
+  if (std::isfinite(value)) {
+    member = static_cast<T>(value);
+    record.dwValidFields |= bit;
+  }
+}
+
+/// The same for one satellite's entry of an array of whole numbers; what is below 0 (a satellite
+/// under the horizon, a signal that is not received) reads 0.
+void StoreWhole(double value, DWORD& entry, DWORD bit, GPS_POSITION& record) {
+  if (std::isfinite(value)) {
+    entry = static_cast<DWORD>(std::lround(std::max(value, 0.0)));
+    record.dwValidFields |= bit;
+  }
+}
+
+template <typename T>
+bool IsFresh(const std::optional<T>& report, LatestPosition::TimePoint now,
+             std::chrono::seconds lifetime) {
+  return report && now - report->time < lifetime;
+}
+
+}  // namespace
+
+void LatestPosition::Update(const gps_data_t& data, TimePoint now) {
+  if (data.set & MODE_SET) {
+    fix = {data.fix, now};
+  }
+  if (!(data.set & SATELLITE_SET)) {
+    return;
+  }
+  // gpsd sends the dilutions and the list of satellites together or one after the other; only a
+  // view with neither says that nothing is received.
+  const bool hasDilutions =
+      std::isfinite(data.dop.hdop) || std::isfinite(data.dop.pdop) || std::isfinite(data.dop.vdop);
+  const bool hasSatellites = data.satellites_visible > 0;
+  if (hasDilutions || !hasSatellites) {
+    dilutions = {data.dop, now};
+  }
+  if (hasSatellites || !hasDilutions) {
+    sky = {SkyOf(data), now};
+  }
+}
+
+GPS_POSITION LatestPosition::At(TimePoint now) const {
+  GPS_POSITION record = {};
+  record.dwVersion = GPS_VERSION_1;
+  record.dwSize = sizeof record;
+  if (IsFresh(fix, now, FIX_LIFETIME)) {
+    WriteFix(fix->value, record);
+  }
+  if (record.FixType != GPS_FIX_UNKNOWN && IsFresh(dilutions, now, SKY_LIFETIME)) {
+    WriteDilutions(dilutions->value, record);
+  }
+  if (IsFresh(sky, now, SKY_LIFETIME)) {
+    WriteSky(sky->value, record);
+  }
+  return record;
+}
+
+/// The record has room for 12, a receiver of several constellations sees 40: the used ones come
+/// first, the strongest of the rest follow. Within each kind the receiver's order is kept, so that
+/// entries do not change places with every change of a signal.
+LatestPosition::Sky LatestPosition::SkyOf(const gps_data_t& data) {
+  const satellite_t* const seen = data.skyview;
+  std::vector<int> best;
+  for (int i = 0; i < std::min(data.satellites_visible, MAXCHANNELS); i++) {
+    if (seen[i].PRN > 0) {
+      best.push_back(i);
+    }
+  }
+  const auto snr = [seen](int i) { return seen[i].ss > 0 ? seen[i].ss : 0; };
+  std::stable_sort(best.begin(), best.end(), [&](int a, int b) {
+    return seen[a].used != seen[b].used ? seen[a].used : snr(a) > snr(b);
+  });
+  Sky sky;
+  best.resize(std::min(best.size(), sky.satellites.size()));
+  std::sort(best.begin(), best.end(),
+            [seen](int a, int b) { return seen[a].used != seen[b].used ? seen[a].used : a < b; });
+  for (const int i : best) {
+    sky.satellites[sky.listed++] = seen[i];
+  }
+  sky.usedCount = data.satellites_used;
+  return sky;
+}
+
+void LatestPosition::WriteFix(const gps_fix_t& fix, GPS_POSITION& record) {
+  if (fix.time.tv_sec > 0) {
+    record.stUTCTime = SystemTimeOf(fix.time);
+    record.dwValidFields |= GPS_VALID_UTC_TIME;
+  }
+  record.FixType = FixTypeOf(fix.mode);
+  if (record.FixType == GPS_FIX_UNKNOWN) {
+    return;
+  }
+  record.FixQuality = QualityOf(fix.status);
+  Store(fix.latitude, record.dblLatitude, GPS_VALID_LATITUDE, record);
+  Store(fix.longitude, record.dblLongitude, GPS_VALID_LONGITUDE, record);
+  Store(fix.speed * KNOTS_PER_METRE_PER_SECOND, record.flSpeed, GPS_VALID_SPEED, record);
+  Store(fix.track, record.flHeading, GPS_VALID_HEADING, record);
+  if (record.FixType == GPS_FIX_3D) {
+    Store(fix.altMSL, record.flAltitudeWRTSeaLevel, GPS_VALID_ALTITUDE_WRT_SEA_LEVEL, record);
+    Store(fix.altHAE, record.flAltitudeWRTEllipsoid, GPS_VALID_ALTITUDE_WRT_ELLIPSOID, record);
+  }
+}
+
+void LatestPosition::WriteDilutions(const dop_t& dilutions, GPS_POSITION& record) {
+  Store(dilutions.pdop, record.flPositionDilutionOfPrecision,
+        GPS_VALID_POSITION_DILUTION_OF_PRECISION, record);
+  Store(dilutions.hdop, record.flHorizontalDilutionOfPrecision,
+        GPS_VALID_HORIZONTAL_DILUTION_OF_PRECISION, record);
+  Store(dilutions.vdop, record.flVerticalDilutionOfPrecision,
+        GPS_VALID_VERTICAL_DILUTION_OF_PRECISION, record);
+}
+
+void LatestPosition::WriteSky(const Sky& sky, GPS_POSITION& record) {
+  record.dwSatelliteCount = static_cast<DWORD>(sky.usedCount);
+  record.dwSatellitesInView = static_cast<DWORD>(sky.listed);
+  record.dwValidFields |= GPS_VALID_SATELLITE_COUNT | GPS_VALID_SATELLITES_USED_PRNS |
+                          GPS_VALID_SATELLITES_IN_VIEW | GPS_VALID_SATELLITES_IN_VIEW_PRNS;
+  for (int i = 0; i < sky.listed; i++) {
+    const satellite_t& satellite = sky.satellites[i];
+    const auto prn = static_cast<DWORD>(satellite.PRN);
+    record.rgdwSatellitesInViewPRNs[i] = prn;
+    if (satellite.used) {
+      // The used ones stand first: these have no gaps either.
+      record.rgdwSatellitesUsedPRNs[i] = prn;
+    }
+    StoreWhole(satellite.elevation, record.rgdwSatellitesInViewElevation[i],
+               GPS_VALID_SATELLITES_IN_VIEW_ELEVATION, record);
+    StoreWhole(satellite.azimuth, record.rgdwSatellitesInViewAzimuth[i],
+               GPS_VALID_SATELLITES_IN_VIEW_AZIMUTH, record);
+    StoreWhole(satellite.ss, record.rgdwSatellitesInViewSignalToNoiseRatio[i],
+               GPS_VALID_SATELLITES_IN_VIEW_SIGNAL_TO_NOISE_RATIO, record);
+  }
+}
+
+}  // namespace dastrel

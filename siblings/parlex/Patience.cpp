@@ -1,0 +1,25 @@
+#include "parlex/Patience.h"
+
+#include <poll.h>
+
+#include <algorithm>
+#include <array>
+#include <climits>
+
+namespace parlex {
+
+void Patience::AwaitDescriptor(int descriptor, short events, Clock::time_point deadline) {
+  using std::chrono::milliseconds;
+  // Rounded up, lest the last millisecond be spent spinning.
+  const auto left = std::chrono::ceil<milliseconds>(std::min(deadline, End()) - Clock::now());
+  const auto timeout = std::clamp<milliseconds::rep>(left.count(), 0, INT_MAX);
+  std::array<pollfd, 2> wanted = {
+      {{descriptor, events, 0}, {changed.Descriptor(), POLLIN, 0}},
+  };
+  poll(wanted.data(), wanted.size(), static_cast<int>(timeout));
+  if (wanted[1].revents) {
+    changed.Clear();
+  }
+}
+
+}  // namespace parlex
