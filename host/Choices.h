@@ -1,0 +1,19 @@
+// The user's choices from run to run.
+#pragma once
+
+#include "Options.h"
+#include "Settings.h"
+
+namespace host {
+
+/// The host's own section of the settings file.
+constexpr const char* CHOICES_SECTION = "Host";
+
+/// Fills in what the user left to the last time: device, baud rate, gpsd address, folder of the
+/// tracks. Throws UsageError when a device is needed and there was none.
+void RecallChoices(Options& options, const Settings& settings);
+
+/// Keeps them for the next time.
+void KeepChoices(const Options& options, const Settings& settings);
+
+}  // namespace host

@@ -1,0 +1,31 @@
+// What ends the program with one line for the user.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace host {
+
+/// Something the user can act upon: a file that is missing, a port that does not open. The text is
+/// one line without the program's name.
+class HostError : public std::runtime_error {
+ public:
+  static constexpr int FAILURE = 1;
+  static constexpr int USAGE = 2;
+
+  explicit HostError(const std::string& text, int status = FAILURE)
+      : std::runtime_error(text), exitStatus(status) {}
+
+  int GetExitStatus() const { return exitStatus; }
+
+ private:
+  int exitStatus;
+};
+
+/// A command line that cannot be followed.
+class UsageError : public HostError {
+ public:
+  explicit UsageError(const std::string& text) : HostError(text, USAGE) {}
+};
+
+}  // namespace host

@@ -1,0 +1,36 @@
+// One NMEA 0183 sentence, taken apart and put together.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace host {
+
+/// XOR of all characters; of a sentence those between "$" and "*" are meant.
+std::uint8_t NmeaChecksum(std::string_view body);
+
+/// "$GPGLL,3925.97,N*hh" has the name "GPGLL" and the fields "3925.97" and "N".
+class NmeaSentence {
+ public:
+  enum class Checksum { RIGHT, WRONG, ABSENT };
+
+  /// `text` starts with "$" and has no line end.
+  explicit NmeaSentence(std::string_view text);
+  NmeaSentence() = default;
+
+  Checksum checksum = Checksum::ABSENT;
+  std::string name;
+  std::vector<std::string> fields;
+
+  /// The sentence with its checksum worked out anew, without a line end.
+  std::string GetText() const;
+
+  /// Last three letters of the name, such as "RMC", and what stands before them, such as "GP". A
+  /// shorter name is all type.
+  std::string_view GetType() const;
+  std::string_view GetTalker() const;
+};
+
+}  // namespace host

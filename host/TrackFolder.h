@@ -1,0 +1,30 @@
+// The folder that track files are written to.
+#pragma once
+
+#include <filesystem>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace host {
+
+/// Remembers which files were there, so as to tell afterwards which one is new.
+class TrackFolder {
+ public:
+  /// Creates the folder. Throws HostError when that cannot be done or it cannot be written to.
+  explicit TrackFolder(const std::string& path);
+
+  /// Absolute path.
+  const std::filesystem::path& GetPath() const { return folder; }
+
+  /// Files written since, with their sizes: "/tracks/Track0001.kml (12 KB)".
+  std::vector<std::string> DescribeNewFiles() const;
+
+ private:
+  std::set<std::filesystem::path> List() const;
+
+  std::filesystem::path folder;
+  std::set<std::filesystem::path> before;
+};
+
+}  // namespace host
