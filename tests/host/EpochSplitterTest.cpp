@@ -1,0 +1,144 @@
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "EpochSplitter.h"
+
+namespace host {
+namespace {
+
+// Not rewritten by the bridge, as they have no checksum and nothing to change.
+const std::string RMC = "$GPRMC,120000,A,1,N,2,E,3,4,010120,,";
+const std::string LATER_RMC = "$GPRMC,120002,A,1,N,2,E,3,4,010120,,";
+const std::string GGA = "$GPGGA,120000,1,N";
+const std::string END = "\r\n";
+
+class EpochSplitterTest : public testing::Test {
+ protected:
+  std::vector<Epoch> epochs;
+  ReceiverBridge bridge;
+  EpochSplitter bridged{&bridge, [this](Epoch epoch) { epochs.push_back(epoch); }};
+  EpochSplitter raw{nullptr, [this](Epoch epoch) { epochs.push_back(epoch); }};
+};
+
+TEST_F(EpochSplitterTest, CutsBehindTheRmc) {
+  bridged.Add(GGA + END + RMC + END + GGA + END + GGA + END + LATER_RMC + END + GGA + END);
+  ASSERT_EQ(epochs.size(), 2u);
+  EXPECT_EQ(epochs[0].bytes, GGA + END + RMC + END);
+  EXPECT_EQ(epochs[0].updates, 1);
+  EXPECT_EQ(epochs[1].bytes, GGA + END + GGA + END + LATER_RMC + END);
+  bridged.Finish();
+  ASSERT_EQ(epochs.size(), 3u);
+  EXPECT_EQ(epochs[2].bytes, GGA + END);
+  EXPECT_EQ(epochs[2].updates, 0);
+  EXPECT_EQ(bridged.GetSentences(), 6u);
+}
+
+TEST_F(EpochSplitterTest, DoesNotCareHowTheBytesArrive) {
+  const std::string all = GGA + END + RMC + END + GGA + END + LATER_RMC + END;
+  for (const char byte : all) {
+    bridged.Add(std::string(1, byte));
+  }
+  ASSERT_EQ(epochs.size(), 2u);
+  EXPECT_EQ(epochs[0].bytes + epochs[1].bytes, all);
+}
+
+TEST_F(EpochSplitterTest, MakesAnyLineEndCarriageReturnAndLineFeed) {
+  bridged.Add(GGA + "\n" + GGA + "\r" + GGA + "\r\n" + RMC + "\n");
+  ASSERT_EQ(epochs.size(), 1u);
+  EXPECT_EQ(epochs[0].bytes, GGA + END + GGA + END + GGA + END + RMC + END);
+}
+
+TEST_F(EpochSplitterTest, TakesALastSentenceWithoutLineEnd) {
+  bridged.Add(RMC);
+  EXPECT_TRUE(epochs.empty());
+  bridged.Finish();
+  ASSERT_EQ(epochs.size(), 1u);
+  EXPECT_EQ(epochs[0].bytes, RMC + END);
+}
+
+TEST_F(EpochSplitterTest, DropsAndCountsWhatIsNoSentence) {
+  bridged.Add("****** program startup\r\n\r\n\xB5\x62\x01\x02\r\n!AIVDM,1\r\n$" +
+              std::string(EpochSplitter::MAX_SENTENCE, 'x') + "\r\n$GP\x01\x02\r\n" + RMC + END);
+  ASSERT_EQ(epochs.size(), 1u);
+  EXPECT_EQ(epochs[0].bytes, RMC + END);
+  EXPECT_EQ(bridged.GetLinesDropped(), 5u);
+}
+
+TEST_F(EpochSplitterTest, FindsASentenceBehindALoggersTimeStamp) {
+  bridged.Add("1700000000.25 " + RMC + END);
+  ASSERT_EQ(epochs.size(), 1u);
+  EXPECT_EQ(epochs[0].bytes, RMC + END);
+}
+
+TEST_F(EpochSplitterTest, RewritesThroughTheBridgeAndKeepsTheFractionForThePace) {
+  bridged.Add("$GNRMC,120000.25,A,1,N,2,E,3,4,020170,,\r\n");
+  ASSERT_EQ(epochs.size(), 1u);
+  EXPECT_EQ(epochs[0].bytes.substr(0, 14), "$GPRMC,120000,");
+  // 2070-01-02: 100 years with 25 leap days (1972 to 2068) and one day; noon and a quarter second.
+  EXPECT_EQ(epochs[0].timeMs, (100LL * 365 + 25 + 1) * 86400000 + 43200250);
+}
+
+TEST_F(EpochSplitterTest, TellsTheTimeOfDayWhenThereIsNoDate) {
+  bridged.Add("$GPRMC,000102,V,,,,,,,,,\r\n$GPRMC,,V,,,,,,,010120,,\r\n");
+  ASSERT_EQ(epochs.size(), 2u);
+  EXPECT_EQ(epochs[0].timeMs, 62000);
+  EXPECT_EQ(epochs[1].timeMs, std::nullopt);
+}
+
+TEST_F(EpochSplitterTest, ExpectsNoUpdateOfAnRmcThatTheEngineWillNotTake) {
+  // Nine separators where ten are needed; another sentence's name; GN without a bridge.
+  raw.Add(
+      "$GPRMC,1,2,3,4,5,6,7,8,9\r\n$GPRMCX,1,2,3,4,5,6,7,8,9,0\r\n$GNRMC,1,2,3,4,5,6,7,8,9,0\r\n");
+  EXPECT_TRUE(epochs.empty());
+  raw.Add("$GPRMC,1,2,3,4,5,6,7,8,9*00\r\n");
+  ASSERT_EQ(epochs.size(), 1u);
+  EXPECT_EQ(epochs[0].updates, 1);
+}
+
+TEST_F(EpochSplitterTest, NeverMakesAPieceLargerThanTheEnginesBuffer) {
+  std::string all;
+  for (int i = 0; i < 300; ++i) {
+    all += GGA + END;
+  }
+  all += RMC + END;
+  bridged.Add(all);
+  ASSERT_EQ(epochs.size(), 3u);  // 300 * 19 + 38 = 5738 bytes
+  std::string together;
+  for (const Epoch& each : epochs) {
+    EXPECT_LE(each.bytes.size(), EpochSplitter::MAX_BYTES);
+    EXPECT_TRUE(each.bytes.ends_with(END));
+    together += each.bytes;
+  }
+  EXPECT_EQ(together, all);
+  EXPECT_EQ(epochs[0].updates, 0);
+  EXPECT_EQ(epochs[2].updates, 1);
+}
+
+TEST_F(EpochSplitterTest, ChangesNoByteWithoutABridge) {
+  const std::string odd = "text\r\n\n$GNGGA,1\r\n$GPGGA\n\xFF\r" + RMC + END + "$GPG";
+  raw.Add(odd);
+  raw.Finish();
+  std::string together;
+  for (const Epoch& each : epochs) {
+    together += each.bytes;
+  }
+  EXPECT_EQ(together, odd);
+}
+
+TEST_F(EpochSplitterTest, ExpectsNoUpdateOfALineFeedOnlyRmcWithoutABridge) {
+  raw.Add(RMC + "\n");
+  raw.Finish();
+  ASSERT_EQ(epochs.size(), 1u);
+  EXPECT_EQ(epochs[0].updates, 0);
+}
+
+TEST_F(EpochSplitterTest, TellsHowFarItIsInTheSource) {
+  const std::string first = "noise\r\n" + RMC + END;
+  bridged.Add(first + GGA);
+  ASSERT_EQ(epochs.size(), 1u);
+  EXPECT_EQ(epochs[0].sourceOffset, first.size());
+}
+
+}  // namespace
+}  // namespace host

@@ -1,0 +1,132 @@
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <unistd.h>
+
+#include <array>
+#include <atomic>
+
+#include "Feeder.h"
+
+namespace host {
+namespace {
+
+const std::string RMC = "$GPRMC,120000,A,1,N,2,E,3,4,010120,,\r\n";
+const std::string GGA = "$GPGGA,120000,1,N\r\n";
+
+/// Gives out one text.
+class TextSource : public NmeaSource {
+ public:
+  TextSource(std::string textToGive, bool live) : text(std::move(textToGive)), isLive(live) {}
+
+  std::optional<std::string> Read() override {
+    if (given.exchange(true)) {
+      return std::nullopt;
+    }
+    return text;
+  }
+  void Stop() override { given = true; }
+  std::optional<std::uint64_t> GetSize() const override { return text.size(); }
+  bool IsLive() const override { return isLive; }
+
+ private:
+  const std::string text;
+  const bool isLive;
+  std::atomic<bool> given = false;
+};
+
+class FeederTest : public testing::Test {
+ protected:
+  void Feed(const std::string& text, bool live = false) {
+    source = std::make_unique<TextSource>(text, live);
+    feeder = std::make_unique<Feeder>(
+        *source, line, Feeder::Bridge::ON, 0, [](const Epoch&) {}, [this] { ended = true; });
+    feeder->Start();
+  }
+
+  /// Reads that many bytes at the engine's end; fewer when no more come.
+  std::string Receive(std::size_t count) {
+    std::string bytes;
+    pollfd wait = {engineEnd.Get(), POLLIN, 0};
+    while (bytes.size() < count && poll(&wait, 1, 5000) > 0) {
+      std::array<char, 4096> buffer;
+      const ssize_t read = ::read(engineEnd.Get(), buffer.data(), count - bytes.size());
+      bytes.append(buffer.data(), read > 0 ? static_cast<std::size_t>(read) : 0);
+    }
+    return bytes;
+  }
+
+  bool IsSilent() {
+    pollfd wait = {engineEnd.Get(), POLLIN, 0};
+    return poll(&wait, 1, 100) == 0;
+  }
+
+  void WaitForEnd() {
+    for (int i = 0; i < 5000 && !ended; ++i) {
+      usleep(1000);
+    }
+    EXPECT_TRUE(ended);
+  }
+
+  PseudoTerminal line;
+  FileDescriptor engineEnd{open(line.GetDevice().c_str(), O_RDWR | O_NOCTTY)};
+  std::unique_ptr<NmeaSource> source;
+  std::unique_ptr<Feeder> feeder;
+  std::atomic<bool> ended = false;
+};
+
+TEST_F(FeederTest, WritesTheNextEpochOnlyAfterTheAnswerToTheOneBefore) {
+  Feed(GGA + RMC + GGA + RMC);
+  EXPECT_EQ(Receive(GGA.size() + RMC.size()), GGA + RMC);
+  EXPECT_TRUE(IsSilent());
+  EXPECT_FALSE(ended);
+  feeder->Answer();
+  EXPECT_EQ(Receive(GGA.size() + RMC.size()), GGA + RMC);
+  feeder->Answer();
+  WaitForEnd();
+  EXPECT_EQ(feeder->GetReport().progress, 1.0);
+  EXPECT_EQ(feeder->GetReport().sentences, 4u);
+  EXPECT_EQ(feeder->GetReport().updatesMissed, 0u);
+}
+
+TEST_F(FeederTest, DoesNotHangOnSentencesWithoutAnUpdate) {
+  Feed(GGA + GGA);
+  EXPECT_EQ(Receive(2 * GGA.size()), GGA + GGA);
+  WaitForEnd();
+}
+
+TEST_F(FeederTest, DoesNotHangWhenAnUpdateDoesNotCome) {
+  Feed(RMC);
+  EXPECT_EQ(Receive(RMC.size()), RMC);
+  WaitForEnd();
+  EXPECT_EQ(feeder->GetReport().updatesMissed, 1u);
+}
+
+TEST_F(FeederTest, WritesTogetherWhatAReceiverHasSentMeanwhile) {
+  Feed(RMC + RMC + RMC, true);
+  EXPECT_EQ(Receive(3 * RMC.size()), RMC + RMC + RMC);
+  feeder->Answer();
+  feeder->Answer();
+  EXPECT_FALSE(ended);
+  feeder->Answer();
+  WaitForEnd();
+}
+
+TEST_F(FeederTest, StopsWhileItWaitsForAnAnswer) {
+  Feed(RMC + RMC);
+  EXPECT_EQ(Receive(RMC.size()), RMC);
+  feeder->Stop();
+  EXPECT_TRUE(IsSilent());
+}
+
+TEST_F(FeederTest, StopsWhileNobodyReads) {
+  std::string much;
+  for (int i = 0; i < 5000; ++i) {
+    much += GGA;
+  }
+  Feed(much);
+  feeder->Stop();
+}
+
+}  // namespace
+}  // namespace host

@@ -1,0 +1,143 @@
+#include <gtest/gtest.h>
+
+#include "HostError.h"
+#include "Options.h"
+
+namespace host {
+namespace {
+
+std::string ErrorOf(const std::vector<std::string>& arguments) {
+  try {
+    ParseOptions(arguments);
+  } catch (const UsageError& error) {
+    return error.what();
+  }
+  return "(accepted)";
+}
+
+TEST(Options, ShowTheDemoByDefault) {
+  const Options options = ParseOptions({});
+  EXPECT_EQ(options.action, Options::Action::RUN);
+  EXPECT_EQ(options.source, Options::Source::DEMO);
+  EXPECT_FALSE(options.rate);
+  EXPECT_FALSE(options.json || options.raw || options.newTrip || options.writeKml);
+  EXPECT_FALSE(options.limits);
+  EXPECT_FALSE(options.beepOnZero);
+}
+
+TEST(Options, TakeAPortWithItsBaudRate) {
+  const Options options = ParseOptions({"--port", "/dev/ttyUSB0", "--baud", "4800"});
+  EXPECT_EQ(options.source, Options::Source::PORT);
+  EXPECT_EQ(options.device, "/dev/ttyUSB0");
+  EXPECT_EQ(options.baud, 4800);
+}
+
+TEST(Options, LeaveOutValuesThatWereGivenTheLastTime) {
+  const Options port = ParseOptions({"--port", "--json"});
+  EXPECT_EQ(port.source, Options::Source::PORT);
+  EXPECT_EQ(port.device, "");
+  EXPECT_TRUE(port.json);
+  const Options gpsd = ParseOptions({"--gpsd", "--kml"});
+  EXPECT_EQ(gpsd.source, Options::Source::GPSD);
+  EXPECT_EQ(gpsd.gpsd, "");
+  EXPECT_TRUE(gpsd.writeKml);
+  EXPECT_EQ(gpsd.kmlFolder, "");
+}
+
+TEST(Options, TakeValuesBehindAnEqualsSign) {
+  const Options options = ParseOptions({"--nmea=a=b.nmea", "--rate=max", "--sms-text=--"});
+  EXPECT_EQ(options.file, "a=b.nmea");
+  EXPECT_EQ(options.rate, 0);
+  EXPECT_EQ(options.smsText, "--");
+}
+
+TEST(Options, TakeStandardInputAsAFile) {
+  EXPECT_EQ(ParseOptions({"--nmea", "-"}).file, "-");
+}
+
+TEST(Options, TakeRates) {
+  EXPECT_EQ(ParseOptions({"--rate", "10"}).rate, 10);
+  EXPECT_EQ(ParseOptions({"--rate", "0.5"}).rate, 0.5);
+  for (const char* rate : {"0", "-1", "fast", "nan", "1e9", "10x"}) {
+    EXPECT_NE(ErrorOf({"--rate", rate}), "(accepted)") << rate;
+  }
+}
+
+TEST(Options, TakeUpToThreeLimits) {
+  const Options options = ParseOptions({"--limit", "50", "--limit", "90:5"});
+  ASSERT_TRUE(options.limits);
+  ASSERT_EQ(options.limits->size(), 2u);
+  EXPECT_EQ((*options.limits)[0].kmh, 50);
+  EXPECT_EQ((*options.limits)[0].band, 10);
+  EXPECT_EQ((*options.limits)[1].kmh, 90);
+  EXPECT_EQ((*options.limits)[1].band, 5);
+  EXPECT_NE(ErrorOf({"--limit", "1", "--limit", "2", "--limit", "3", "--limit", "4"}),
+            "(accepted)");
+}
+
+TEST(Options, EndLimitsWithNone) {
+  const Options options = ParseOptions({"--limit", "none"});
+  ASSERT_TRUE(options.limits);
+  EXPECT_TRUE(options.limits->empty());
+}
+
+TEST(Options, RefuseLimitsThatMakeNoSense) {
+  for (const char* limit : {"0", "-5", "1000", "50:", "50:0", ":5", "fast", "50:5:5"}) {
+    EXPECT_NE(ErrorOf({"--limit", limit}), "(accepted)") << limit;
+  }
+}
+
+TEST(Options, ChooseTheLanguage) {
+  EXPECT_EQ(ParseOptions({"--lang", "ru"}).language, "RUS");
+  EXPECT_EQ(ParseOptions({"--lang", "en"}).language, "ENU");
+  EXPECT_NE(ErrorOf({"--lang", "de"}), "(accepted)");
+}
+
+TEST(Options, SwitchTheBeepOnAndOff) {
+  EXPECT_EQ(ParseOptions({"--beep-on-zero"}).beepOnZero, true);
+  EXPECT_EQ(ParseOptions({"--no-beep-on-zero"}).beepOnZero, false);
+}
+
+TEST(Options, CollectResets) {
+  EXPECT_EQ(ParseOptions({"--reset", "Distance", "--reset", "Max speed"}).resets,
+            (std::vector<std::string>{"Distance", "Max speed"}));
+}
+
+TEST(Options, RefuseTextsThatTheSettingsFileCannotHold) {
+  EXPECT_NE(ErrorOf({"--sms-text", "a[b"}), "(accepted)");
+  EXPECT_EQ(ParseOptions({"--sms-text", "%Speed% km/h"}).smsText, "%Speed% km/h");
+}
+
+TEST(Options, NameWhatIsWrong) {
+  EXPECT_NE(ErrorOf({"--bogus"}).find("--bogus"), std::string::npos);
+  EXPECT_NE(ErrorOf({"drive.nmea"}).find("--nmea drive.nmea"), std::string::npos);
+  EXPECT_NE(ErrorOf({"--nmea"}).find("--nmea needs FILE"), std::string::npos);
+  EXPECT_NE(ErrorOf({"--json=yes"}).find("--json"), std::string::npos);
+  EXPECT_NE(ErrorOf({"--port", "x", "--baud", "14400"}).find("14400"), std::string::npos);
+}
+
+TEST(Options, RefuseWhatDoesNotGoTogether) {
+  EXPECT_NE(ErrorOf({"--demo", "--gpsd"}).find("--demo and --gpsd"), std::string::npos);
+  EXPECT_NE(ErrorOf({"--baud", "4800"}), "(accepted)");
+  EXPECT_NE(ErrorOf({"--port", "x", "--rate", "2"}), "(accepted)");
+}
+
+TEST(Options, AnswerHelpAndVersion) {
+  EXPECT_EQ(ParseOptions({"--help"}).action, Options::Action::HELP);
+  EXPECT_EQ(ParseOptions({"-h"}).action, Options::Action::HELP);
+  EXPECT_EQ(ParseOptions({"--version"}).action, Options::Action::VERSION);
+}
+
+TEST(Options, AreAllInTheHelp) {
+  const std::string help = GetHelp();
+  for (const char* name :
+       {"--demo", "--port [DEVICE]", "--baud N", "--gpsd [HOST:PORT]", "--nmea FILE",
+        "--rate N|max", "--raw", "--json", "--lang en|ru", "--new-trip", "--reset NAME",
+        "--kml [FOLDER]", "--limit KMH[:BAND]", "--beep-on-zero", "--sms-to NUMBERS",
+        "--sms-text TEXT", "--sms-every MINUTES", "--home DIR", "Examples:"}) {
+    EXPECT_NE(help.find(name), std::string::npos) << name;
+  }
+}
+
+}  // namespace
+}  // namespace host

@@ -1,0 +1,605 @@
+#!/usr/bin/env python3
+"""Runs ferolin-host as a user does and looks at what comes out.
+
+usage: host_program_test.py PROGRAM [unittest arguments]
+"""
+
+import fcntl
+import json
+import os
+import pty
+import re
+import select
+import signal
+import struct
+import subprocess
+import sys
+import tempfile
+import termios
+import time
+import tty
+import unittest
+import xml.etree.ElementTree
+
+PROGRAM = None
+PATIENCE = 120
+TCGETS2 = 0x802C542A
+
+NAMES = [
+    "GPS status", "Sattelites used", "Current time", "Fastest 100m", "Fastest 402m",
+    "Fastest 1000m", "Distance", "Elapsed", "Average speed", "Speed", "Max speed",
+    "Accel. 0-10 km/h", "Accel. 0-30 km/h", "Accel. 0-60 km/h", "Accel. 0-100 km/h",
+    "Accel. 0-150 km/h", "Accel. 0-200 km/h", "Latitude", "Longitude", "Altitude", "Azimuth",
+    "HDOP", "VDOP", "PDOP", "Battery status", "Fastest 500m", "Fastest 10000m",
+    "Accel. 0-20 km/h", "Accel. 0-40 km/h", "Accel. 0-50 km/h", "Accel. 0-70 km/h",
+    "Accel. 0-80 km/h", "Accel. 0-90 km/h", "Accel. 0-120 km/h",
+]
+SAVEABLE = [name for name in NAMES
+            if name.startswith(("Fastest", "Accel.", "Distance", "Elapsed", "Average", "Max"))]
+
+
+def sentence(body):
+    checksum = 0
+    for byte in body.encode():
+        checksum ^= byte
+    return "$%s*%02X" % (body, checksum)
+
+
+def clock(second):
+    return "%02d%02d%02d" % (second // 3600, second // 60 % 60, second % 60)
+
+
+def rmc(second, knots, talker="GP", fraction="", status="A"):
+    return sentence("%sRMC,%s%s,%s,5545.0000,N,03736.0000,E,%.2f,090.0,010624,,,A"
+                    % (talker, clock(second), fraction, status, knots))
+
+
+def gga(second, talker="GP", altitude=150.0):
+    return sentence("%sGGA,%s,5545.0000,N,03736.0000,E,1,08,0.9,%.1f,M,14.0,M,,"
+                    % (talker, clock(second), altitude))
+
+
+def recording(speeds, end="\r\n", **options):
+    """One GGA and one RMC for each speed in knots, a second apart, from 06:00:00 UTC on."""
+    lines = []
+    for second, knots in enumerate(speeds):
+        talker = options.get("talker", "GP")
+        lines.append(gga(21600 + second, talker))
+        lines.append(rmc(21600 + second, knots, **options))
+    return "".join(line + end for line in lines)
+
+
+class HostTest(unittest.TestCase):
+    def setUp(self):
+        self.folder = tempfile.TemporaryDirectory(prefix="ferolin-host-")
+        self.addCleanup(self.folder.cleanup)
+        self.home = os.path.join(self.folder.name, "home")
+
+    def environment(self, **changes):
+        values = {key: value for key, value in os.environ.items()
+                  if not key.startswith(("LC_", "LANG", "FEROLIN_"))}
+        values.update(LANG="C", TZ="UTC0", HOME=self.folder.name)
+        values.update(changes)
+        return values
+
+    def run_host(self, *arguments, text=None, **environment):
+        return subprocess.run([PROGRAM, "--home", self.home, *arguments], input=text,
+                              stdin=None if text is not None else subprocess.DEVNULL,
+                              capture_output=True, encoding="utf-8", timeout=PATIENCE,
+                              env=self.environment(**environment), check=False)
+
+    def start_host(self, *arguments, **options):
+        options.setdefault("stdout", subprocess.PIPE)
+        options.setdefault("stderr", subprocess.PIPE)
+        options.setdefault("stdin", subprocess.DEVNULL)
+        process = subprocess.Popen([PROGRAM, "--home", self.home, *arguments],
+                                   env=self.environment(), **options)
+        self.addCleanup(self.end, process)
+        return process
+
+    @staticmethod
+    def end(process):
+        if process.poll() is None:
+            process.kill()
+            process.wait()
+        for stream in (process.stdout, process.stderr):
+            if stream is not None:
+                stream.close()
+
+    def write(self, text, name="drive.nmea"):
+        path = os.path.join(self.folder.name, name)
+        with open(path, "w", encoding="ascii", newline="") as file:
+            file.write(text)
+        return path
+
+    def replay(self, text, *arguments, **environment):
+        """Plays a recording; returns its updates, the end line and what was said."""
+        return self.play("--nmea", self.write(text), *arguments, **environment)
+
+    def play(self, *arguments, **environment):
+        result = self.run_host("--json", *arguments, **environment)
+        self.assertEqual(result.returncode, 0, result.stderr)
+        lines = [json.loads(line) for line in result.stdout.splitlines()]
+        *updates, end = lines
+        self.assertEqual([update["update"] for update in updates],
+                         list(range(1, len(updates) + 1)))
+        self.assertEqual(list(end), ["end", "updates", "registry"])
+        self.assertIs(end["end"], True)
+        self.assertEqual(end["updates"], len(updates))
+        return [update["sensors"] for update in updates], end["registry"], result.stderr
+
+    def settings(self):
+        with open(os.path.join(self.home, "TachyMo.ini"), encoding="cp1251") as file:
+            return [line.strip() for line in file]
+
+
+class Demo(HostTest):
+    def test_ends_by_itself_and_shows_every_read_out(self):
+        updates, registry, _ = self.play()
+        self.assertGreater(len(updates), 1000)
+        for sensors in updates:
+            self.assertEqual(list(sensors), NAMES)
+        self.assertEqual(list(registry), SAVEABLE)
+
+    def test_is_a_drive_with_stops_a_tunnel_and_a_motorway(self):
+        updates, registry, _ = self.play("--demo")
+        speeds = [sensors["Speed"] for sensors in updates]
+        self.assertEqual(speeds[0], "0.0 km/h")
+        self.assertGreater(speeds.count("0.0 km/h"), 60)
+        tunnel = [sensors for sensors in updates if sensors["GPS status"] == "No signal"]
+        self.assertGreater(len(tunnel), 20)
+        self.assertEqual({sensors["Sattelites used"] for sensors in tunnel}, {"0"})
+        self.assertEqual({sensors["Speed"] for sensors in tunnel}, {""})
+        self.assertRegex(updates[-1]["Accel. 0-100 km/h"], r"^1[01]\.\d\d s$")
+        self.assertGreater(float(registry["Max speed"]), 130)
+
+    def test_is_quiet_and_line_wise_when_nobody_watches(self):
+        result = self.run_host()
+        self.assertEqual(result.returncode, 0)
+        self.assertNotIn("\x1b", result.stdout)
+        lines = result.stdout.splitlines()
+        self.assertLess(len(lines), 60)
+        self.assertTrue(any(line.startswith("Max speed ") for line in lines))
+        self.assertIn("updates in", result.stderr)
+
+    def test_says_the_same_every_time(self):
+        first = self.play("--new-trip")
+        second = self.play("--new-trip")
+        self.assertEqual(first[:2], second[:2])
+
+
+class Recording(HostTest):
+    def test_makes_one_line_of_every_rmc(self):
+        updates, registry, _ = self.replay(recording([10.0] * 3000))
+        self.assertEqual(len(updates), 3000)
+        # 10 knots are 18.52 km/h; 2999 s of them 15.428 km.
+        self.assertEqual(updates[0]["Speed"], "18.5 km/h")
+        self.assertEqual(updates[0]["Current time"], "6:00:00")
+        self.assertEqual(updates[0]["Latitude"], "55°45'0'' NL")
+        self.assertEqual(updates[0]["Altitude"], "150.0 m")
+        self.assertEqual(updates[0]["Sattelites used"], "8")
+        self.assertEqual(updates[-1]["Current time"], "6:49:59")
+        self.assertEqual(updates[-1]["Distance"], "15.4 km")
+        self.assertEqual(registry["Elapsed"], "2999")
+
+    def test_keeps_pace_with_the_time_stamps(self):
+        started = time.monotonic()
+        updates, _, _ = self.replay(recording([10.0] * 6), "--rate", "5")
+        self.assertEqual(len(updates), 6)
+        # Five steps of a second, five times as fast: it cannot take less.
+        self.assertGreaterEqual(time.monotonic() - started, 1.0)
+
+    def test_takes_line_feeds_alone_for_line_ends(self):
+        updates, _, _ = self.replay(recording([10.0] * 5, end="\n"))
+        self.assertEqual(len(updates), 5)
+
+    def test_passes_line_feeds_alone_untouched_when_raw(self):
+        updates, _, said = self.replay(recording([10.0] * 5, end="\n"), "--raw")
+        self.assertEqual(len(updates), 0)
+        self.assertIn("took nothing", said)
+
+    def test_drops_and_counts_what_is_no_sentence(self):
+        text = "****** program startup ******\r\n\r\n" + recording([10.0] * 3) + "bye\r\n"
+        updates, _, said = self.replay(text)
+        self.assertEqual(len(updates), 3)
+        self.assertIn("no sentences left out: 2", said)
+
+    def test_takes_an_epoch_larger_than_the_engines_buffer(self):
+        noise = "".join(sentence("GPGLL,5545.0000,N,03736.0000,E,%06d,A" % i) + "\r\n"
+                        for i in range(200))
+        text = "".join(noise + rmc(21600 + i, 10.0 + i) + "\r\n" for i in range(4))
+        updates, _, _ = self.replay(text)
+        self.assertEqual([sensors["Speed"] for sensors in updates],
+                         ["18.5 km/h", "20.4 km/h", "22.2 km/h", "24.1 km/h"])
+
+    def test_ends_without_updates_when_there_is_no_rmc(self):
+        updates, _, said = self.replay("".join(gga(i) + "\r\n" for i in range(100)))
+        self.assertEqual(updates, [])
+        self.assertIn("there are none", said)
+
+    def test_ends_at_once_when_empty(self):
+        updates, _, _ = self.replay("")
+        self.assertEqual(updates, [])
+
+    def test_reads_standard_input(self):
+        result = self.run_host("--nmea", "-", "--json", text=recording([10.0] * 4))
+        self.assertEqual(result.returncode, 0)
+        self.assertEqual(len(result.stdout.splitlines()), 5)
+
+
+class Bridge(HostTest):
+    def test_makes_other_talkers_and_fractions_what_the_engine_takes(self):
+        updates, _, said = self.replay(recording([10.0] * 4, talker="GN", fraction=".25"))
+        self.assertEqual(len(updates), 4)
+        self.assertEqual([sensors["Current time"] for sensors in updates],
+                         ["6:00:00", "6:00:01", "6:00:02", "6:00:03"])
+        self.assertEqual(updates[0]["Sattelites used"], "8")
+        self.assertEqual(said.count("speaks as GN"), 1)
+        self.assertEqual(said.count("fractions of seconds are cut"), 1)
+        self.assertIn("other talkers read as GP: 8", said)
+
+    def test_says_nothing_when_there_is_nothing_to_do(self):
+        _, _, said = self.replay(recording([10.0] * 4))
+        self.assertNotIn("read as GP", said)
+        self.assertNotIn("cut", said)
+
+    def test_leaves_them_alone_when_raw(self):
+        updates, _, said = self.replay(recording([10.0] * 4, talker="GN"), "--raw")
+        self.assertEqual(updates, [])
+        self.assertNotIn("read as GP", said)
+
+    def test_raw_takes_the_times_of_the_recording_even_so(self):
+        # The engine takes its own clock's time, which follows the recording.
+        updates, _, _ = self.replay(recording([10.0] * 4, fraction=".25"), "--raw")
+        self.assertEqual([sensors["Current time"] for sensors in updates],
+                         ["6:00:00", "6:00:01", "6:00:02", "6:00:03"])
+
+    def test_keeps_the_speed_right_beside_a_vtg(self):
+        vtg = sentence("GPVTG,090.0,T,080.0,M,010.0,N,018.5,K,A") + "\r\n"
+        text = "".join(rmc(21600 + i, 10.0) + "\r\n" + vtg for i in range(3))
+        updates, registry, said = self.replay(text)
+        self.assertEqual({sensors["Speed"] for sensors in updates}, {"18.5 km/h"})
+        self.assertAlmostEqual(float(registry["Max speed"]), 18.52, places=3)
+        self.assertIn("VTG speeds put in their place: 3", said)
+
+
+class Language(HostTest):
+    def check_russian(self, updates):
+        self.assertEqual(updates[-1]["Скорость"], "18.5 км/ч")
+        self.assertEqual(updates[-1]["Статус GPS"], "OK")
+        self.assertEqual(updates[-1]["Широта"], "55°45'0'' NL")
+        self.assertIn("Разгон 0-100 км/ч", updates[-1])
+
+    def test_is_russian_when_asked_for(self):
+        updates, registry, _ = self.replay(recording([10.0] * 3), "--lang", "ru")
+        self.check_russian(updates)
+        self.assertAlmostEqual(float(registry["Максимальная скорость"]), 18.52, places=3)
+
+    def test_is_russian_in_a_russian_environment_and_keeps_decimal_points(self):
+        updates, _, _ = self.replay(recording([10.0] * 3), LC_ALL="ru_RU.UTF-8")
+        self.check_russian(updates)
+
+    def test_is_english_in_a_russian_environment_when_asked_for(self):
+        updates, _, _ = self.replay(recording([10.0] * 3), "--lang", "en", LC_ALL="ru_RU.UTF-8")
+        self.assertEqual(updates[-1]["Speed"], "18.5 km/h")
+
+    def test_keeps_decimal_points_where_commas_are_usual(self):
+        updates, _, _ = self.replay(recording([10.0] * 3), LC_ALL="de_DE.UTF-8")
+        self.assertEqual(updates[-1]["Speed"], "18.5 km/h")
+
+
+class TripTest(HostTest):
+    def distance(self, *arguments):
+        # 10 s at 36 km/h are 100 m.
+        return float(self.replay(recording([36 / 1.852] * 11), *arguments)[1]["Distance"])
+
+    def test_goes_on_after_a_restart(self):
+        self.assertAlmostEqual(self.distance(), 0.1, places=4)
+        updates, registry, said = self.replay(recording([36 / 1.852] * 11))
+        self.assertIn("going on with the trip of the last run, 100 m", said)
+        self.assertEqual(updates[0]["Distance"], "100 m")
+        self.assertAlmostEqual(float(registry["Distance"]), 0.2, places=4)
+        self.assertEqual(registry["Elapsed"], "20")
+
+    def test_starts_over_when_asked_for(self):
+        self.distance()
+        self.assertAlmostEqual(self.distance("--new-trip"), 0.1, places=4)
+        self.assertAlmostEqual(self.distance(), 0.2, places=4)
+
+    def test_goes_on_in_another_language(self):
+        self.distance()
+        _, registry, _ = self.replay(recording([36 / 1.852] * 11), "--lang", "ru")
+        self.assertAlmostEqual(float(registry["Пройденный путь"]), 0.2, places=4)
+
+    def test_of_recordings_is_not_that_of_the_demo(self):
+        self.distance()
+        _, registry, said = self.play("--demo")
+        self.assertNotIn("going on", said)
+        self.assertGreater(float(registry["Distance"]), 10)
+        self.assertAlmostEqual(self.distance(), 0.2, places=4)
+
+    def test_one_figure_starts_over_by_name(self):
+        self.distance()
+        _, registry, _ = self.replay(recording([36 / 1.852] * 11), "--reset", "distance")
+        self.assertAlmostEqual(float(registry["Distance"]), 0.1, places=4)
+        self.assertEqual(registry["Elapsed"], "20")
+
+    def test_an_unknown_figure_is_refused(self):
+        result = self.run_host("--reset", "Warp factor")
+        self.assertEqual(result.returncode, 2)
+        self.assertIn('no "Warp factor" among GPS status, ', result.stderr)
+
+
+class Extras(HostTest):
+    def test_writes_and_reports_the_route(self):
+        text = "".join(
+            gga(21600 + i, altitude=150 + i) + "\r\n" +
+            sentence("GPRMC,%s,A,55%07.4f,N,037%07.4f,E,10.0,045.0,010624,,,A"
+                     % (clock(21600 + i), 45 + i / 100, 36 + i / 100)) + "\r\n"
+            for i in range(5))
+        folder = os.path.join(self.folder.name, "new", "tracks")
+        _, _, said = self.replay(text, "--kml", folder)
+        path = os.path.join(folder, "Track0001.kml")
+        self.assertIn("track written to " + path, said)
+        points = xml.etree.ElementTree.parse(path).getroot().findtext(".//{*}coordinates").split()
+        self.assertEqual(len(points), 5)
+        # The folder is remembered.
+        _, _, said = self.replay(text, "--kml")
+        self.assertIn(os.path.join(folder, "Track0002.kml"), said)
+
+    def test_writes_the_route_at_home_at_first(self):
+        _, _, said = self.replay(recording([10.0] * 3), "--kml")
+        self.assertIn(os.path.join(os.path.realpath(self.home), "Tracks", "Track0001.kml"), said)
+
+    def test_tells_that_there_was_nothing_to_write(self):
+        _, _, said = self.replay("", "--kml")
+        self.assertIn("no track written", said)
+
+    def test_keeps_limits_and_reports_sounds(self):
+        sounds = os.path.join(self.home, "Wav")
+        os.makedirs(sounds)
+        for name in ("Limit.wav", "LimitDown.wav", "Zero.wav"):
+            with open(os.path.join(sounds, name), "wb"):
+                pass
+        speeds = [kmh / 1.852 for kmh in (55, 61, 65, 72, 58, 0, 0)]
+        _, _, said = self.replay(recording(speeds), "--limit", "60", "--beep-on-zero")
+        # At 61 and 65 within the band of 10; nothing at 72; the fall to 58; the stop.
+        self.assertIn("sounds played: Limit.wav: 2, LimitDown.wav: 1, Zero.wav: 1", said)
+        _, _, said = self.replay(recording(speeds))
+        self.assertIn("Limit.wav: 2", said)
+        _, _, said = self.replay(recording(speeds), "--limit", "none", "--no-beep-on-zero")
+        self.assertNotIn("sounds", said)
+
+    def test_a_new_limit_replaces_all_old_ones(self):
+        self.replay("", "--limit", "60:5", "--limit", "90")
+        self.replay("", "--limit", "50:7")
+        settings = self.settings()
+        for line in ("Limit1=50", "LimitInter1=7", "UseSound1=true", "UseSound2=false",
+                     "UseSound3=false"):
+            self.assertIn(line, settings)
+
+    def test_keeps_who_gets_messages(self):
+        self.replay("", "--sms-to", "+111, 222", "--sms-text", "%Speed% km/h")
+        self.assertIn("Address=+111,222", self.settings())
+        self.assertIn("Text=%Speed% km/h", self.settings())
+
+    def test_cannot_send_to_nobody(self):
+        result = self.run_host("--sms-every", "5")
+        self.assertEqual(result.returncode, 2)
+        self.assertIn("--sms-to", result.stderr)
+
+    def test_links_what_lies_beside_the_engine(self):
+        self.replay("")
+        for name in ("Pics", "Wav", "lcd-u.ttf"):
+            beside = os.path.join(os.path.dirname(os.path.abspath(PROGRAM)), name)
+            self.assertEqual(os.path.exists(os.path.join(self.home, name)),
+                             os.path.exists(beside), name)
+
+
+class Errors(HostTest):
+    def check(self, status, words, *arguments):
+        result = self.run_host(*arguments)
+        self.assertEqual(result.returncode, status, result.stderr)
+        self.assertEqual(result.stdout, "")
+        lines = result.stderr.splitlines()
+        self.assertEqual(len(lines), 1, result.stderr)
+        self.assertTrue(lines[0].startswith("ferolin-host: "))
+        self.assertIn(words, lines[0])
+
+    def test_a_missing_file(self):
+        self.check(1, "cannot read /nonexistent.nmea: No such file", "--nmea", "/nonexistent.nmea")
+
+    def test_a_folder_for_a_file(self):
+        self.check(1, "folder", "--nmea", self.folder.name)
+
+    def test_a_missing_port(self):
+        self.check(1, "cannot open /dev/nonexistent", "--port", "/dev/nonexistent")
+        self.check(1, "cannot open /dev/nonexistent", "--port", "/dev/nonexistent", "--raw")
+
+    def test_a_port_that_is_none(self):
+        self.check(1, "no serial port", "--port", "/dev/null")
+
+    def test_a_port_that_was_never_named(self):
+        self.check(2, "--port needs DEVICE", "--port")
+
+    def test_a_home_that_cannot_be_written(self):
+        result = subprocess.run([PROGRAM, "--home", "/proc/home"], capture_output=True,
+                                encoding="utf-8", timeout=PATIENCE, check=False)
+        self.assertEqual(result.returncode, 1)
+        self.assertEqual(result.stderr, "ferolin-host: cannot write to the folder /proc/home\n")
+
+    def test_tracks_that_cannot_be_written(self):
+        self.check(1, "cannot write tracks to /proc/tracks", "--kml", "/proc/tracks")
+
+    def test_wrong_arguments(self):
+        self.check(2, "unknown option --bogus", "--bogus")
+        self.check(2, "--nmea drive.nmea", "drive.nmea")
+        self.check(2, "9601", "--port", "/dev/ttyS0", "--baud", "9601")
+        self.check(2, "only one source", "--demo", "--gpsd")
+
+    def test_output_that_cannot_be_written(self):
+        with open("/dev/full", "wb") as full:
+            result = subprocess.run([PROGRAM, "--home", self.home, "--json"], stdout=full,
+                                    stderr=subprocess.PIPE, encoding="utf-8", timeout=PATIENCE,
+                                    check=False)
+        self.assertEqual(result.returncode, 1)
+        self.assertIn("No space left", result.stderr)
+
+    def test_help_and_version(self):
+        result = self.run_host("--help")
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        self.assertIn("Examples:", result.stdout)
+        result = self.run_host("--version")
+        self.assertRegex(result.stdout, r"^ferolin-host \d+\.\d+\.\d+\n$")
+
+
+class Stopping(HostTest):
+    def check_stop(self, number):
+        process = self.start_host("--rate", "1", "--json")
+        first = json.loads(process.stdout.readline())
+        self.assertEqual(first["update"], 1)
+        process.send_signal(number)
+        output, said = process.communicate(timeout=PATIENCE)
+        self.assertEqual(process.returncode, 0, said)
+        self.assertIs(json.loads(output.splitlines()[-1])["end"], True)
+        self.assertIn("[HostDemoTrip]", self.settings())
+
+    def test_ctrl_c_unloads_cleanly(self):
+        self.check_stop(signal.SIGINT)
+
+    def test_being_terminated_unloads_cleanly(self):
+        self.check_stop(signal.SIGTERM)
+
+    def test_a_reader_that_goes_away_ends_it_quietly(self):
+        process = self.start_host("--json")
+        process.stdout.readline()
+        process.stdout.close()
+        said = process.stderr.read().decode()
+        self.assertEqual(process.wait(timeout=PATIENCE), 0, said)
+        self.assertNotIn("cannot", said)
+        self.assertIn("[HostDemoTrip]", self.settings())
+
+    def test_waiting_for_standard_input_is_ended_by_ctrl_c(self):
+        process = self.start_host("--nmea", "-", "--json", stdin=subprocess.PIPE)
+        self.addCleanup(process.stdin.close)
+        process.stdin.write(recording([10.0] * 2).encode())
+        process.stdin.flush()
+        process.stdout.readline()
+        process.send_signal(signal.SIGINT)
+        self.assertEqual(process.wait(timeout=PATIENCE), 0)
+
+
+class Terminal(HostTest):
+    def watch(self, *arguments, until, size=(24, 80)):
+        """Runs on a terminal until the pattern appears, then presses Ctrl-C. Returns what was shown."""
+        master, slave = pty.openpty()
+        self.addCleanup(os.close, master)
+        termios.tcsetwinsize(slave, size)
+        process = self.start_host(*arguments, stdin=slave, stdout=slave, stderr=slave,
+                                  start_new_session=True)
+        os.close(slave)
+        shown = b""
+        pressed = False
+        deadline = time.monotonic() + PATIENCE
+        while time.monotonic() < deadline:
+            if select.select([master], [], [], 0.1)[0]:
+                try:
+                    shown += os.read(master, 65536)
+                except OSError:
+                    break
+            if not pressed and re.search(until, shown.decode(errors="replace")):
+                process.send_signal(signal.SIGINT)
+                pressed = True
+        self.assertTrue(pressed, shown[-400:])
+        self.assertEqual(process.wait(timeout=PATIENCE), 0)
+        return shown.decode()
+
+    def test_shows_a_live_table_and_restores_the_screen(self):
+        shown = self.watch("--rate", "20", until=r"update [4-9]\d\b")
+        self.assertTrue(shown.startswith("\x1b[?1049h\x1b[?25l"))
+        table, _, after = shown.partition("\x1b[?25h\x1b[?1049l")
+        self.assertIn("simulated drive", table)
+        for name in NAMES:
+            self.assertIn(name, table)
+            self.assertIn(name, after)
+        self.assertNotIn("\x1b", after)
+        self.assertIn("ferolin-host: ", after)
+        self.assertNotIn("ferolin-host: ", table)
+
+    def test_shows_progress_of_a_recording(self):
+        path = self.write(recording([10.0] * 400))
+        shown = self.watch("--nmea", path, "--rate", "50", until=r"update 1\d\d\b")
+        self.assertRegex(shown, r"\[#+\.+\] +(2[5-9]|[34]\d) %")
+
+    def test_fits_a_small_terminal(self):
+        shown = self.watch("--rate", "20", until=r"update [2-9]\d\b", size=(10, 50))
+        table = shown.partition("\x1b[?25h")[0]
+        for picture in re.split(r"\x1b\[H", table)[1:]:
+            lines = re.sub(r"\x1b\[[0-9?]*[a-zA-Z]", "", picture).split("\r\n")
+            self.assertLessEqual(len(lines), 10)
+            self.assertLessEqual(max(map(len, lines)), 50)
+
+
+class Receiver(HostTest):
+    """A receiver at a serial port, played by a pseudo-terminal."""
+
+    def setUp(self):
+        super().setUp()
+        self.master, self.slave = pty.openpty()
+        tty.setraw(self.slave)
+        self.addCleanup(os.close, self.master)
+        self.addCleanup(os.close, self.slave)
+        self.device = os.ttyname(self.slave)
+
+    def baud_rate(self):
+        # struct termios2 ends in the two speeds as plain numbers.
+        settings = fcntl.ioctl(self.slave, TCGETS2, bytes(44))
+        return struct.unpack("=4I20B2I", settings)[-1]
+
+    def drive(self, *arguments, talker="GN", seconds=3):
+        process = self.start_host("--json", *arguments)
+        updates = []
+        for second in range(seconds):
+            text = "%s\r\n%s\r\n" % (gga(21600 + second, talker),
+                                     rmc(21600 + second, 10.0 + second, talker))
+            deadline = time.monotonic() + PATIENCE
+            # What is sent before the port is open is lost on a real one as well.
+            while len(updates) <= second and time.monotonic() < deadline:
+                os.write(self.master, text.encode())
+                if select.select([process.stdout], [], [], 2)[0]:
+                    updates.append(json.loads(process.stdout.readline())["sensors"])
+        process.send_signal(signal.SIGTERM)
+        _, said = process.communicate(timeout=PATIENCE)
+        self.assertEqual(process.returncode, 0, said)
+        return updates, said.decode()
+
+    def test_is_read_through_the_bridge(self):
+        updates, said = self.drive("--port", self.device)
+        self.assertEqual(len(updates), 3)
+        self.assertEqual(updates[0]["Speed"], "18.5 km/h")
+        self.assertIn("speaks as GN", said)
+
+    def test_is_read_by_the_engine_itself_when_raw(self):
+        updates, said = self.drive("--port", self.device, "--raw", "--baud", "9600", talker="GP")
+        self.assertEqual(len(updates), 3)
+        self.assertNotIn("read as GP", said)
+        self.assertEqual(self.baud_rate(), 9600)
+
+    def test_gets_the_baud_rate_and_is_remembered(self):
+        self.drive("--port", self.device, "--baud", "38400", seconds=1)
+        self.assertEqual(self.baud_rate(), 38400)
+        self.assertIn("Device=" + self.device, self.settings())
+        self.assertIn("Baud=38400", self.settings())
+        updates, said = self.drive("--port", seconds=1)
+        self.assertEqual(len(updates), 1)
+        self.assertIn("from " + self.device, said)
+
+    def test_keeps_a_trip_apart_from_recordings(self):
+        self.replay(recording([100.0] * 11))
+        _, said = self.drive("--port", self.device, seconds=1)
+        self.assertNotIn("going on", said)
+
+
+if __name__ == "__main__":
+    PROGRAM = sys.argv.pop(1)
+    unittest.main()
