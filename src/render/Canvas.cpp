@@ -1,0 +1,271 @@
+#include "render/Canvas.h"
+
+#include "render/InvertFlags.h"
+#include "render/Rotation.h"
+#include "text/CodePage.h"
+
+namespace ferolin {
+
+constinit Canvas theCanvas;
+
+namespace {
+
+constexpr int LOGICAL_DPI = 96;
+constexpr LONG PIXELS_PER_METRE = 3780;  // 96 dpi
+
+HBITMAP CreateBitmap16(HDC dc, LONG width, LONG height, void** bits) {
+  BITMAPINFO info = {};
+  info.bmiHeader.biSize = sizeof info.bmiHeader;
+  info.bmiHeader.biWidth = width;
+  info.bmiHeader.biHeight = height;
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 16;
+  info.bmiHeader.biCompression = BI_RGB;
+  info.bmiHeader.biXPelsPerMeter = PIXELS_PER_METRE;
+  info.bmiHeader.biYPelsPerMeter = PIXELS_PER_METRE;
+  return CreateDIBSection(dc, &info, DIB_RGB_COLORS, bits, nullptr, 0);
+}
+
+/// Without a context there is no resolution to be had; nothing is shown then either.
+LONG ToLogical(LONG pixels, HDC dc, int resolution) {
+  const int dpi = GetDeviceCaps(dc, resolution);
+  return dpi > 0 ? pixels * LOGICAL_DPI / dpi : pixels;
+}
+
+/// Of the view that fills the window: a window that lies on its side shows an upright one.
+SIZE FrameSize(HDC dc, SIZE client) {
+  const SIZE size = {ToLogical(client.cx, dc, LOGPIXELSX), ToLogical(client.cy, dc, LOGPIXELSY)};
+  return theInvertFlags.orient ? SIZE{size.cy, size.cx} : size;
+}
+
+SIZE ClientSize(HWND window) {
+  RECT client = {};
+  GetClientRect(window, &client);
+  return {client.right - client.left, client.bottom - client.top};
+}
+
+bool HasSize(const Surface& surface, SIZE wanted) {
+  const SIZE size = surface.GetSize();
+  return surface.HasBitmap() && size.cx == wanted.cx && size.cy == wanted.cy;
+}
+
+}  // namespace
+
+void Canvas::BeginFrame(HWND frameWindow) {
+  window = frameWindow;
+  const HDC windowDC = ::GetDC(window);
+  const SIZE client = ClientSize(window);
+  const SIZE frame = FrameSize(windowDC, client);
+  backBuffer.EnsureDC(windowDC);
+  if (!HasSize(backBuffer, frame)) {
+    backBufferBits = nullptr;
+    backBuffer.SetBitmap(CreateBitmap16(windowDC, frame.cx, frame.cy, &backBufferBits));
+  }
+  presentBuffer.EnsureDC(windowDC);
+  if (!HasSize(presentBuffer, client)) {
+    presentBuffer.SetBitmap(CreateCompatibleBitmap(windowDC, client.cx, client.cy));
+  }
+  if (windowDC != nullptr) {
+    ReleaseDC(window, windowDC);
+  }
+}
+
+void Canvas::FillBackground(COLORREF color) {
+  const RECT frame = GetFrameRect();
+  const HBRUSH brush = CreateSolidBrush(color);
+  FillRect(GetDrawingDC(), &frame, brush);
+  DeleteObject(brush);
+}
+
+RECT Canvas::GetFrameRect() const {
+  const SIZE size = backBuffer.GetSize();
+  return {0, 0, size.cx, size.cy};
+}
+
+/// Flipping and inverting come after turning, in the window's coordinates.
+void Canvas::PresentTransformed() {
+  const SIZE size = presentBuffer.GetSize();
+  const Side across = SideOf(size.cx, theInvertFlags.horz != 0);
+  const Side down = SideOf(size.cy, theInvertFlags.vert != 0);
+  const DWORD operation = theInvertFlags.color ? NOTSRCCOPY : SRCCOPY;
+  if (theInvertFlags.orient) {
+    PresentRotated(across, down, operation);
+    return;
+  }
+  const SIZE frame = backBuffer.GetSize();
+  StretchBlt(GetPresentDC(), across.start, down.start, across.extent, down.extent, GetDrawingDC(),
+             0, 0, frame.cx, frame.cy, operation);
+}
+
+/// An extent below zero mirrors. It runs back from its start, which belongs to it: from the last
+/// pixel, not from the one behind it.
+Canvas::Side Canvas::SideOf(LONG length, bool flipped) {
+  return flipped ? Side{length - 1, -length} : Side{0, length};
+}
+
+/// The turned copy lives for one frame only: it is as large as the back buffer, and memory is what
+/// handhelds lack.
+void Canvas::PresentRotated(const Side& across, const Side& down, DWORD operation) {
+  const SIZE frame = backBuffer.GetSize();
+  void* bits = nullptr;
+  const HBITMAP turned = CreateBitmap16(GetPresentDC(), frame.cy, frame.cx, &bits);
+  if (turned == nullptr) {
+    return;
+  }
+  RotateClockwise(static_cast<const std::uint16_t*>(backBufferBits), frame.cx, frame.cy,
+                  static_cast<std::uint16_t*>(bits));
+  {
+    const Selection selection(GetDrawingDC(), turned);
+    StretchBlt(GetPresentDC(), across.start, down.start, across.extent, down.extent, GetDrawingDC(),
+               0, 0, frame.cy, frame.cx, operation);
+  }
+  DeleteObject(turned);
+}
+
+void Canvas::FlushToWindow() {
+  const HDC windowDC = ::GetDC(window);
+  if (windowDC == nullptr) {
+    return;
+  }
+  const SIZE client = ClientSize(window);
+  BitBlt(windowDC, 0, 0, client.cx, client.cy, GetPresentDC(), 0, 0, SRCCOPY);
+  ReleaseDC(window, windowDC);
+}
+
+void Canvas::ReleaseAll() {
+  if (GetDrawingDC() != nullptr) {
+    ReplacePenAndBrush(GetStockObject(BLACK_PEN), GetStockObject(WHITE_BRUSH));
+  }
+  backBuffer.Release();
+  backBufferBits = nullptr;
+  presentBuffer.Release();
+}
+
+void Canvas::DrawLine(COLORREF color, int penWidth, int x1, int y1, int x2, int y2) {
+  const HPEN pen = CreatePen(PS_SOLID, penWidth, color);
+  DrawLineWithPen(pen, x1, y1, x2, y2);
+  DeleteObject(pen);
+}
+
+void Canvas::DrawThinLine(COLORREF color, int x1, int y1, int x2, int y2) {
+  DrawLine(color, 1, x1, y1, x2, y2);
+}
+
+void Canvas::DrawLineWithPen(HPEN pen, int x1, int y1, int x2, int y2) {
+  const Selection selection(GetDrawingDC(), pen);
+  MoveToEx(GetDrawingDC(), x1, y1, nullptr);
+  LineTo(GetDrawingDC(), x2, y2);
+}
+
+void Canvas::DrawPolyline(COLORREF color, int penWidth, const POINT* points, int count) {
+  if (count < 2) {
+    return;
+  }
+  const HPEN pen = CreatePen(PS_SOLID, penWidth, color);
+  {
+    const Selection selection(GetDrawingDC(), pen);
+    Polyline(GetDrawingDC(), points, count);
+  }
+  DeleteObject(pen);
+}
+
+/// Walks a quarter from its top or bottom to its side, always choosing the pixel nearest to the
+/// circle, and mirrors it.
+void Canvas::DrawCircleOutline(COLORREF color, int centerX, int centerY, int radius) {
+  const HDC dc = GetDrawingDC();
+  int across = 0;
+  int error = 2 - 2 * radius;
+  for (int up = radius; up >= 0;) {
+    SetPixel(dc, centerX + across, centerY + up, color);
+    SetPixel(dc, centerX + across, centerY - up, color);
+    SetPixel(dc, centerX - across, centerY + up, color);
+    SetPixel(dc, centerX - across, centerY - up, color);
+    if (error < 0 && 2 * (error + up) - 1 < 1) {
+      ++across;
+      error += 2 * across + 1;
+    } else if (error >= 1 && 2 * (error - across) - 1 >= 1) {
+      --up;
+      error += 1 - 2 * up;
+    } else {
+      ++across;
+      error += 2 * (across - up);
+      --up;
+    }
+  }
+}
+
+void Canvas::DrawFilledCircle(COLORREF penColor, int penWidth, COLORREF fillColor, int centerX,
+                              int centerY, int radius) {
+  const HPEN pen = CreatePen(PS_SOLID, penWidth, penColor);
+  const HBRUSH brush = CreateSolidBrush(fillColor);
+  {
+    const Selection penSelection(GetDrawingDC(), pen);
+    const Selection brushSelection(GetDrawingDC(), brush);
+    Ellipse(GetDrawingDC(), centerX - radius, centerY - radius, centerX + radius, centerY + radius);
+  }
+  DeleteObject(brush);
+  DeleteObject(pen);
+}
+
+void Canvas::DrawRectangle(COLORREF penColor, int penWidth, COLORREF fillColor, const RECT& rect) {
+  ReplacePenAndBrush(CreatePen(PS_SOLID, penWidth, penColor), CreateSolidBrush(fillColor));
+  Rectangle(GetDrawingDC(), rect.left, rect.top, rect.right, rect.bottom);
+}
+
+void Canvas::DrawRoundRect(COLORREF penColor, int penWidth, COLORREF fillColor, int left, int top,
+                           int right, int bottom) {
+  constexpr int CORNER = 3;
+  ReplacePenAndBrush(CreatePen(PS_SOLID, penWidth, penColor), CreateSolidBrush(fillColor));
+  RoundRect(GetDrawingDC(), left, top, right, bottom, CORNER, CORNER);
+}
+
+void Canvas::DrawRoundRectR(COLORREF penColor, int penWidth, COLORREF fillColor, const RECT& rect) {
+  DrawRoundRect(penColor, penWidth, fillColor, rect.left, rect.top, rect.right, rect.bottom);
+}
+
+void Canvas::ReplacePenAndBrush(HGDIOBJ pen, HGDIOBJ brush) {
+  DeleteObject(SelectObject(GetDrawingDC(), pen));
+  DeleteObject(SelectObject(GetDrawingDC(), brush));
+}
+
+void Canvas::SetClipRegion(HRGN region) {
+  SelectClipRgn(GetDrawingDC(), region);
+}
+
+HFONT Canvas::MakeFont(WideStringView face, int height, int angle) {
+  constexpr int TENTHS = 10;
+  LOGFONTW description = {};
+  description.lfHeight = height;
+  description.lfEscapement = angle * TENTHS;
+  description.lfOrientation = angle * TENTHS;
+  description.lfWeight = FW_NORMAL;
+  CopyWide(description.lfFaceName, face);
+  return CreateFontIndirectW(&description);
+}
+
+HFONT Canvas::MakeFontA(std::string_view face, int height, int angle) {
+  return MakeFont(Widen(face), height, angle);
+}
+
+SIZE Canvas::MeasureText(HFONT font, LPCWSTR text) {
+  const Selection selection(GetDrawingDC(), font);
+  RECT rect = {};
+  DrawTextW(GetDrawingDC(), text, -1, &rect, DT_CALCRECT);
+  return {rect.right - rect.left, rect.bottom - rect.top};
+}
+
+void Canvas::DrawText(HFONT font, LPCWSTR text, int x, int y, COLORREF color) {
+  const HDC dc = GetDrawingDC();
+  const SIZE size = MeasureText(font, text);
+  const COLORREF previousColor = SetTextColor(dc, color);
+  const int previousMode = SetBkMode(dc, TRANSPARENT);
+  {
+    const Selection selection(dc, font);
+    RECT rect = {x, y, x + size.cx, y + size.cy};
+    DrawTextW(dc, text, -1, &rect, DT_NOCLIP);
+  }
+  SetTextColor(dc, previousColor);
+  SetBkMode(dc, previousMode);
+}
+
+}  // namespace ferolin

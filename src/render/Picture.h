@@ -1,0 +1,52 @@
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+
+#include "render/Surface.h"
+#include "text/WideString.h"
+
+struct IImage;
+struct IImagingFactory;
+
+namespace ferolin {
+
+/// A picture file, decoded into 32-bit pixels whose colours are multiplied by their alpha. Loaded
+/// once and drawn many times. Without pixels (not loaded) it has size 0 x 0 and draws nothing.
+/// Loading needs COM on the calling thread; there is no lock.
+class Picture {
+ public:
+  Picture() = default;
+  ~Picture() { Release(); }
+  Picture(const Picture&) = delete;
+  Picture& operator=(const Picture&) = delete;
+
+  /// Drops what it held and decodes the file. False when that cannot be read as a picture. One that
+  /// can be read but not converted counts as loaded and is wholly transparent.
+  bool Load(const WideString& path);
+
+  SIZE GetSize() const { return surface.GetSize(); }
+
+  /// Draws the whole picture into the rectangle, scaled; alpha is ignored.
+  void Draw(HDC dc, const RECT& target) const;
+
+  /// The same, blended: alpha counts, weakened further by `alpha` (0 invisible to 255 as it is).
+  void DrawBlended(HDC dc, const RECT& target, BYTE alpha) const;
+
+  void Release();
+
+ private:
+  void Decode(IImagingFactory& factory, IImage& image);
+
+  Surface surface;
+};
+
+/// The picture in that file; null when it cannot be loaded. Views then go without it.
+std::unique_ptr<Picture> LoadPicture(const WideString& path);
+
+/// Multiplies the colours of `count` pixels (bytes B, G, R, A) by their alpha, divided by 256: an
+/// opaque 255 becomes 254.
+void PremultiplyAlpha(BYTE* pixels, std::size_t count);
+
+}  // namespace ferolin

@@ -1,0 +1,41 @@
+// A window on a screen of a test's choice, and the canvas over it.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <cstdint>
+
+#include "render/Canvas.h"
+
+namespace ferolin {
+
+constexpr COLORREF BLACK = RGB(0, 0, 0);
+constexpr COLORREF WHITE = RGB(255, 255, 255);
+constexpr COLORREF RED = RGB(255, 0, 0);
+constexpr COLORREF GREEN = RGB(0, 255, 0);
+constexpr COLORREF BLUE = RGB(0, 0, 255);
+
+class FrameTest : public testing::Test {
+ protected:
+  FrameTest();
+  ~FrameTest() override;
+
+  /// Opens a window that fills a screen of that size, and begins a black frame in it.
+  void Open(int width, int height, int dpi = 96);
+
+  /// Colour of a pixel of the back buffer, and of the window after presenting.
+  COLORREF At(int x, int y) const { return GetPixel(theCanvas.GetDrawingDC(), x, y); }
+  COLORREF WindowAt(int x, int y) const;
+
+  /// Pixels of the back buffer that are not black.
+  int CountInk() const;
+  /// The smallest rectangle that holds them; all zero when there are none.
+  RECT InkBounds() const;
+
+  void Present();
+
+  HWND window = nullptr;
+};
+
+}  // namespace ferolin
