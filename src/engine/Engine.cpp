@@ -13,6 +13,7 @@
 #include "sms/SmsReporter.h"
 #include "text/CodePage.h"
 #include "track/TrackKmlWriter.h"
+#include "widgets/Widget.h"
 
 namespace ferolin {
 
@@ -40,6 +41,7 @@ Engine::Engine()
     return;
   }
   BuildSensorTable();
+  BuildWidgetTable();
   wndMessageId = RegisterWindowMessageW(TEXT("UpdateGPS"));
 }
 
@@ -62,6 +64,9 @@ void Engine::AttachModule(HMODULE module) {
   CopyText(moduleDir, whole.substr(0, whole.rfind('\\')));
   LoadAllSettings();
   AddFontResourceW(GetFontPath().c_str());
+  for (int index = 0; index < widgetCount; ++index) {
+    GetWidget(index)->LoadSettings(*iniStore);
+  }
 }
 
 void Engine::LoadAllSettings() {
@@ -74,6 +79,9 @@ void Engine::LoadAllSettings() {
 void Engine::Shutdown() {
   if (writeKml) {
     WriteTrackKml(fix->track, GetLogFolder());
+  }
+  for (int index = 0; index < widgetCount; ++index) {
+    GetWidget(index)->SaveSettings(*iniStore);
   }
   smsReporter->SaveSettings(*iniStore);
   speedEvents->SaveSettings(*iniStore);
@@ -124,6 +132,18 @@ WideString Engine::GetLogFolder() {
 Sensor* Engine::GetSensor(int index) const {
   return index >= 0 && index < sensorCount ? sensors[static_cast<std::size_t>(index)].get()
                                            : nullptr;
+}
+
+Widget* Engine::GetWidget(int index) const {
+  return index >= 0 && index < widgetCount ? widgets[static_cast<std::size_t>(index)].get()
+                                           : nullptr;
+}
+
+void Engine::PostToHost(UINT message, WPARAM wParam, LPARAM lParam) const {
+  const HWND window = hostWindow;
+  if (window != nullptr && IsWindow(window)) {
+    PostMessageW(window, message, wParam, lParam);
+  }
 }
 
 }  // namespace ferolin

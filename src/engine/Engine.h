@@ -20,16 +20,20 @@ class LocaleHelper;
 class Sensor;
 class SmsReporter;
 class SpeedEvents;
+class Widget;
 
-/// The engine: one object for the whole process, made when the library is attached and deleted when it is detached. It
-/// owns the fix with its track, the sensors, the settings, SMS reports and speed events, runs the reader thread, and does
-/// what follows from every accepted position.
+/// The engine: one object for the whole process, made when the library is attached and deleted when
+/// it is detached. It owns the fix with its track, the sensors, the views, the settings, SMS
+/// reports and speed events, runs the reader thread, does what follows from every accepted
+/// position, and has the current view redrawn.
 ///
-/// Threads: the host's (all exports, attach, detach), the reader's (`OnUpdate` and all that it calls) and one redraw
-/// thread at a time. `dataLock` guards the fix, the track, the sensors, SMS reports and speed events. Nobody waits for a
-/// thread while holding it. The single words beside them are SharedWords.
+/// Threads: the host's (all exports, attach, detach), the reader's (`OnUpdate` and all that it
+/// calls) and one redraw thread at a time. `dataLock` guards the fix, the track, the sensors, the
+/// views with the canvas, SMS reports and speed events. Nobody waits for a thread while holding it.
+/// The single words beside them are SharedWords.
 class Engine {
  public:
+  static constexpr std::size_t MAX_WIDGETS = 10;
   static constexpr std::size_t MAX_SENSORS = 50;
   static constexpr std::size_t TEXT_SIZE = 260;
   static constexpr int KEEP_PORT_SPEED = -9999;
@@ -41,25 +45,27 @@ class Engine {
 
   // ---- Life-cycle, on the host's thread ----
 
-  /// False when the memory for one of the owned objects could not be had. Such an engine can only be deleted.
+  /// False when the memory for one of the owned objects could not be had. Such an engine can only
+  /// be deleted.
   bool IsComplete() const;
 
-  /// Start-up after construction: finds the library's folder, loads the settings file and registers the display font. A
-  /// null module loads nothing.
+  /// Start-up after construction: finds the library's folder, loads the settings file and registers
+  /// the display font. A null module loads nothing.
   void AttachModule(HMODULE module);
 
-  /// Writes the track (if chosen) and the settings, and gives back what the device lent. Called once, after StopCallBack
-  /// and right before deletion.
+  /// Writes the track (if chosen) and the settings, and gives back what the device lent. Called
+  /// once, after StopCallBack and right before deletion.
   void Shutdown();
 
   // ---- Start and stop, on the host's thread ----
 
-  /// Notifies `host` from now on and starts the reader unless it runs; null stops. 1 on success, 0 when no thread could
-  /// be started.
+  /// Notifies `host` from now on and starts the reader unless it runs; null stops. 1 on success, 0
+  /// when no thread could be started.
   int StartCallBack(HWND host);
   int StopCallBack();
 
-  /// Stops the reader if it runs and starts it on the source now chosen. 1 when its thread was started, else 0.
+  /// Stops the reader if it runs and starts it on the source now chosen. 1 when its thread was
+  /// started, else 0.
   int StartReader();
 
   /// Ends the reader and waits for it; always 1.
@@ -69,10 +75,19 @@ class Engine {
 
   // ---- Update cycle, on the reader's thread ----
 
-  /// Takes one NMEA sentence or one position of the GPS API (null: none to be had). When it is accepted, everything that
-  /// depends on the fix is brought up to date and the host is told.
+  /// Takes one NMEA sentence or one position of the GPS API (null: none to be had). When it is
+  /// accepted, everything that depends on the fix is brought up to date and the host is told.
   void OnUpdate(const char* sentence);
   void OnUpdate(const GPS_POSITION* position);
+
+  // ---- Drawing, on any thread, without the data lock ----
+
+  /// Has the current view drawn on a thread of its own, after waiting for the redraw before to end.
+  /// Nothing happens when the render window is not to be seen or no view is current.
+  void RequestRedraw();
+
+  /// Posts to the host, unless it has stopped or its window is gone.
+  void PostToHost(UINT message, WPARAM wParam, LPARAM lParam) const;
 
   // ---- Settings that the host makes, on the host's thread ----
 
@@ -92,6 +107,11 @@ class Engine {
   Sensor* GetSensor(int index) const;
   int GetSensorCount() const { return sensorCount; }
 
+  /// Null for an index out of range.
+  Widget* GetWidget(int index) const;
+  int GetWidgetCount() const { return widgetCount; }
+  Widget* GetCurrentWidget() const { return GetWidget(curRenderWidget); }
+
   SharedWord<DWORD> useGpsApi = 1;
 
  private:
@@ -102,10 +122,13 @@ class Engine {
 
  private:
   HMODULE moduleHandle = nullptr;
+  std::array<std::unique_ptr<Widget>, MAX_WIDGETS> widgets;
+  std::int32_t widgetCount = 0;
   std::array<std::unique_ptr<Sensor>, MAX_SENSORS> sensors;
   std::int32_t sensorCount = 0;
   SharedWord<HANDLE> powerRequirement = INVALID_HANDLE_VALUE;
   SharedWord<HANDLE> readerThread = INVALID_HANDLE_VALUE;
+  HANDLE redrawThread = INVALID_HANDLE_VALUE;  ///< the last one started; guarded by redrawLock
 
  public:
   std::unique_ptr<FixRecord> fix;
@@ -139,7 +162,12 @@ class Engine {
   mutable Lock dataLock;
 
  private:
+  /// Held from before the wait for one redraw until the next is started, so that there are never
+  /// two. The redraw thread never takes it.
+  Lock redrawLock;
+
   void BuildSensorTable();
+  void BuildWidgetTable();
   void LoadAllSettings();
   std::string GetSettingsPath(const char* fileName) const;
   WideString GetFontPath() const;
@@ -149,19 +177,23 @@ class Engine {
   void DropReader();
   void ReadSerialPort();
   void PollGpsApi();
-  static DWORD WINAPI ReaderThreadProc(LPVOID engine);
+  static DWORD WINAPI ReaderThreadProc(LPVOID argument);
 
   void UpdateFromFix();
   void FinishUpdate();
-  void NotifyHost() const;
   void KeepPower();
+
+  bool CanRedraw() const;
+  void WaitForRedraw();
+  void Redraw();
+  static DWORD WINAPI RedrawThreadProc(LPVOID argument);
 };
 
 /// The one engine; null before attach and after detach, or when its memory could not be had.
 extern Engine* theEngine;
 
-/// Attaches (DLL_PROCESS_ATTACH) and detaches (DLL_PROCESS_DETACH) the library. Called by the loader on the host's thread;
-/// always TRUE.
+/// Attaches (DLL_PROCESS_ATTACH) and detaches (DLL_PROCESS_DETACH) the library. Called by the
+/// loader on the host's thread; always TRUE.
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID reserved);
 
 }  // namespace ferolin

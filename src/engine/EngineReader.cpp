@@ -1,6 +1,7 @@
 // The reader thread: starting it on the chosen source, its loops, and ending it.
 
 #include "engine/Engine.h"
+#include "engine/Threads.h"
 #include "gps/GpsApiLibrary.h"
 #include "gps/SentenceSplitter.h"
 #include "gps/SerialPort.h"
@@ -12,19 +13,6 @@ namespace {
 constexpr DWORD READ_PAUSE_MS = 100;
 constexpr DWORD POLL_PAUSE_MS = 1000;
 constexpr DWORD WAIT_PAUSE_MS = 100;
-
-bool IsThreadRunning(HANDLE thread) {
-  DWORD exitCode = 0;
-  return thread != INVALID_HANDLE_VALUE && GetExitCodeThread(thread, &exitCode) &&
-         exitCode == STILL_ACTIVE;
-}
-
-/// There is no time-out: a thread that never ends blocks for ever.
-void WaitForThread(HANDLE thread, DWORD pauseMs) {
-  while (IsThreadRunning(thread)) {
-    Sleep(pauseMs);
-  }
-}
 
 }  // namespace
 
@@ -38,7 +26,9 @@ int Engine::StartCallBack(HWND host) {
 
 int Engine::StopCallBack() {
   hostWindow = nullptr;
-  return StopReader();
+  const int result = StopReader();
+  WaitForRedraw();
+  return result;
 }
 
 bool Engine::IsReaderRunning() const {
@@ -61,7 +51,8 @@ int Engine::StartReader() {
   return thread != nullptr ? 1 : 0;
 }
 
-/// A port that is not there is no error: the reader then ends at once. Only a port whose settings cannot be read is.
+/// A port that is not there is no error: the reader then ends at once. Only a port whose settings
+/// cannot be read is.
 bool Engine::OpenComPort() {
   comPort = OpenSerialPort(comPortName.data());
   return comPort == INVALID_HANDLE_VALUE || ApplyBaudRate(comPort, comPortSpeed);
@@ -74,6 +65,7 @@ int Engine::StopReader() {
   CloseSource();
   WaitForThread(readerThread, WAIT_PAUSE_MS);
   DropReader();
+  WaitForRedraw();
   return 1;
 }
 
@@ -86,8 +78,9 @@ void Engine::DropReader() {
   }
 }
 
-/// Ends the reader's loop: it runs only while the handle of its source is valid, and closing the port ends a pending read.
-/// The field is cleared first, so that the loop never takes up a handle that is closed already.
+/// Ends the reader's loop: it runs only while the handle of its source is valid, and closing the
+/// port ends a pending read. The field is cleared first, so that the loop never takes up a handle
+/// that is closed already.
 void Engine::CloseSource() {
   if (gpsApiHandle != -1) {
     gpsApiHandle = -1;

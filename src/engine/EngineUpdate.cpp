@@ -7,6 +7,7 @@
 #include "gps/FixRecord.h"
 #include "sensors/Sensor.h"
 #include "sms/SmsReporter.h"
+#include "widgets/Widget.h"
 
 namespace ferolin {
 
@@ -43,25 +44,22 @@ void Engine::UpdateFromFix() {
   for (int index = 0; index < sensorCount; ++index) {
     GetSensor(index)->Update(*fix);
   }
+  for (int index = 0; index < widgetCount; ++index) {
+    GetWidget(index)->Attach();
+  }
   smsReporter->Tick();
   speedEvents->Check(*fix);
 }
 
 /// Everything that reaches out of the engine, without the lock.
 void Engine::FinishUpdate() {
-  NotifyHost();
+  PostToHost(wndMessageId, 0, 0);
   KeepPower();
+  RequestRedraw();
 }
 
-void Engine::NotifyHost() const {
-  const HWND window = hostWindow;
-  if (window != nullptr && IsWindow(window)) {
-    PostMessageW(window, wndMessageId, 0, 0);
-  }
-}
-
-/// A release that fails is tried again at the next update; a requirement that could not be had (null) is not asked for
-/// again.
+/// A release that fails is tried again at the next update; a requirement that could not be had
+/// (null) is not asked for again.
 void Engine::KeepPower() {
   if (alwaysTurnOn) {
     SystemIdleTimerReset();

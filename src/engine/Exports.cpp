@@ -1,4 +1,5 @@
-// The exported functions: each answers its default without an engine and otherwise passes the call on.
+// The exported functions: each answers its default without an engine and otherwise passes the call
+// on.
 
 #include <ferolin.h>
 
@@ -15,15 +16,16 @@
 #include "settings/IniStore.h"
 #include "sms/SmsReporter.h"
 #include "text/CodePage.h"
+#include "widgets/Widget.h"
 
 using ferolin::Engine;
-using ferolin::FixRecord;
 using ferolin::LockGuard;
 using ferolin::Narrow;
 using ferolin::Sensor;
 using ferolin::SpeedEvent;
 using ferolin::theEngine;
 using ferolin::theInvertFlags;
+using ferolin::Widget;
 
 namespace {
 
@@ -103,6 +105,10 @@ void WithEngine(Use use) {
     const LockGuard guard(theEngine->dataLock);
     use(*theEngine);
   }
+}
+
+Widget* CurrentWidget() {
+  return theEngine != nullptr ? theEngine->GetCurrentWidget() : nullptr;
 }
 
 template <class Value>
@@ -217,14 +223,16 @@ int WINAPI SetSensorRegistryString(int index, LPCWSTR text) {
 // Views and drawing.
 
 int WINAPI GetWidgetsCount() {
-  return 0;
+  return theEngine != nullptr ? theEngine->GetWidgetCount() : 0;
 }
 
-int WINAPI GetWidgetName(int, char* buffer, int size) {
+int WINAPI GetWidgetName(int index, char* buffer, int size) {
   if (theEngine == nullptr) {
     EmptyOut(buffer, size);
+    return 0;
   }
-  return 0;
+  const Widget* widget = theEngine->GetWidget(index);
+  return widget != nullptr ? CopyIfFits(buffer, size, widget->GetName()) : 0;
 }
 
 int WINAPI GetCurRenderWidget() {
@@ -281,13 +289,33 @@ void WINAPI SetInvertOrient(int flag) {
 
 void WINAPI OnClick(HWND, int, int) {}
 
-void WINAPI OnDoubleClick() {}
+void WINAPI OnDoubleClick() {
+  WithEngine([](const Engine& engine) {
+    if (Widget* widget = engine.GetCurrentWidget()) {
+      widget->ToggleBars();
+    }
+  });
+}
 
-void WINAPI OnMouseDown(HWND, int, int) {}
+// The current view takes the data lock itself: it may have to wait for a redraw.
 
-void WINAPI OnMouseMove(HWND, int, int) {}
+void WINAPI OnMouseDown(HWND window, int x, int y) {
+  if (Widget* widget = CurrentWidget()) {
+    widget->OnMouseDown(window, {x, y});
+  }
+}
 
-void WINAPI OnMouseUp(HWND, int, int) {}
+void WINAPI OnMouseMove(HWND window, int x, int y) {
+  if (Widget* widget = CurrentWidget()) {
+    widget->OnMouseMove(window, {x, y});
+  }
+}
+
+void WINAPI OnMouseUp(HWND window, int x, int y) {
+  if (Widget* widget = CurrentWidget()) {
+    widget->OnMouseUp(window, {x, y});
+  }
+}
 
 // Options.
 

@@ -3,6 +3,7 @@
 #include <new>
 
 #include "engine/Engine.h"
+#include "render/Canvas.h"
 
 namespace ferolin {
 
@@ -27,6 +28,9 @@ void Attach(HMODULE module) {
 void Detach() {
   if (theEngine != nullptr) {
     theEngine->StopCallBack();
+  }
+  theCanvas.ReleaseAll();
+  if (theEngine != nullptr) {
     theEngine->Shutdown();
     delete theEngine;
     theEngine = nullptr;

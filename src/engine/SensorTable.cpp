@@ -90,8 +90,8 @@ constexpr SensorPointer (*SENSORS[])() = {
 
 }  // namespace
 
-/// Sensors show the empty fix from the start, so that a host has something to list before the first update. Should the
-/// memory run out, the list ends there.
+/// Sensors show the empty fix from the start, so that a host has something to list before the first
+/// update. Should the memory run out, the list ends there.
 void Engine::BuildSensorTable() {
   static_assert(std::size(SENSORS) <= MAX_SENSORS);
   for (const auto makeSensor : SENSORS) {

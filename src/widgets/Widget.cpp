@@ -1,0 +1,185 @@
+#include "widgets/Widget.h"
+
+#include <cstdlib>
+
+#include "engine/Engine.h"
+#include "render/Canvas.h"
+#include "sensors/Sensor.h"
+#include "sms/SmsReporter.h"
+#include "text/Number.h"
+
+namespace ferolin {
+
+namespace {
+
+/// What the host is told. The arrows' codes are also those of swipes.
+enum HostCode : LPARAM {
+  PREVIOUS_VIEW = 1,
+  NEXT_VIEW = 2,
+  RESET_ALL = 3,
+  SEND_SMS = 4,
+  OPTIONS = 5,
+  CLOSE = 6,
+  FLIP_HORIZONTALLY = 7,
+  ROTATE_SCREEN = 8,
+};
+
+struct NavigationButton {
+  const WCHAR* file;
+  LPARAM code;
+};
+
+/// The own bar is filled from the right when it lies at the bottom, so that the arrows point
+/// outwards.
+constexpr NavigationButton NAVIGATION_BUTTONS[] = {
+    {TEXT("\\Pics\\BtnRight.png"), NEXT_VIEW},
+    {TEXT("\\Pics\\BtnFlipHor.png"), FLIP_HORIZONTALLY},
+    {TEXT("\\Pics\\BtnRotateScreen.png"), ROTATE_SCREEN},
+    {TEXT("\\Pics\\BtnLeft.png"), PREVIOUS_VIEW},
+};
+
+bool IsShown(HWND window) {
+  return IsWindow(window) && IsWindowVisible(window);
+}
+
+}  // namespace
+
+Widget::Widget(std::string widgetName, Engine& owner)
+    : engine(owner), name(std::move(widgetName)) {}
+
+void Widget::DrawOverlay(Canvas& canvas) {
+  const HWND window = engine.renderWindow;
+  RECT client;
+  if (IsShown(window) && GetClientRect(window, &client)) {
+    commonBar.Draw(canvas.GetPresentDC(), client);
+    ownBar.Draw(canvas.GetPresentDC(), client);
+  }
+}
+
+/// Without an SMS library an empty place keeps the other buttons where they always are.
+void Widget::CreateCommonButtons() {
+  if (!commonBar.IsEmpty()) {
+    return;
+  }
+  AddButton(commonBar, TEXT("\\Pics\\BtnResetAll.png"), RESET_ALL);
+  if (engine.smsReporter->CanSend()) {
+    AddButton(commonBar, TEXT("\\Pics\\BtnSMS.png"), SEND_SMS);
+  } else {
+    commonBar.Add(WideString(), {0, 0, 0});
+  }
+  AddButton(commonBar, TEXT("\\Pics\\BtnOptions.png"), OPTIONS);
+  AddButton(commonBar, TEXT("\\Pics\\BtnClose.png"), CLOSE);
+}
+
+void Widget::CreateNavigationButtons() {
+  if (!ownBar.IsEmpty()) {
+    return;
+  }
+  for (const NavigationButton& button : NAVIGATION_BUTTONS) {
+    AddButton(ownBar, button.file, button.code);
+  }
+}
+
+void Widget::AddButton(ButtonBar& bar, const WCHAR* file, LPARAM code) {
+  bar.Add(engine.GetModuleDir() + file, {engine.wndMessageId, 0, code});
+}
+
+void Widget::Attach() {
+  CreateCommonButtons();
+  CreateOwnButtons();
+  RECT rect;
+  if (!GetWindowRect(engine.renderWindow, &rect)) {
+    return;
+  }
+  const bool isPortrait = rect.right - rect.left <= rect.bottom - rect.top;
+  commonBar.SetSide(isPortrait ? BarSide::TOP : BarSide::LEFT);
+  ownBar.SetSide(isPortrait ? BarSide::BOTTOM : BarSide::RIGHT);
+}
+
+void Widget::OnMouseDown(HWND window, POINT point) {
+  const LockGuard guard(engine.dataLock);
+  mouseDownPoint = point;
+  if (const int index = commonBar.HitTest(window, point.x, point.y);
+      index != ButtonBar::NO_BUTTON) {
+    commonBar.Press(index);
+  } else {
+    ownBar.Press(ownBar.HitTest(window, point.x, point.y));
+  }
+  PresentAgain();
+}
+
+void Widget::OnMouseUp(HWND window, POINT point) {
+  bool wasPressed = false;
+  {
+    const LockGuard guard(engine.dataLock);
+    wasPressed |= ownBar.ReleaseButtons();
+    wasPressed |= commonBar.ReleaseButtons();
+    PresentAgain();
+  }
+  if (wasPressed) {
+    engine.RequestRedraw();
+  }
+  const LockGuard guard(engine.dataLock);
+  if (PostButtonAt(window, point)) {
+    ShowBars();
+  } else {
+    PostSwipe(window, point);
+  }
+}
+
+/// The back buffer still holds the last frame: only the bars change.
+void Widget::PresentAgain() {
+  theCanvas.BeginFrame(engine.renderWindow);
+  theCanvas.PresentTransformed();
+  DrawOverlay(theCanvas);
+  theCanvas.FlushToWindow();
+}
+
+/// Posts what the button at that point stands for; false when there is none.
+bool Widget::PostButtonAt(HWND window, POINT point) {
+  const Button* button = commonBar.GetButton(commonBar.HitTest(window, point.x, point.y));
+  if (button == nullptr) {
+    button = ownBar.GetButton(ownBar.HitTest(window, point.x, point.y));
+  }
+  if (button == nullptr) {
+    return false;
+  }
+  engine.PostToHost(button->message.message, button->message.wParam, button->message.lParam);
+  return true;
+}
+
+/// A swipe goes more across than up or down, and over more than half of the window.
+void Widget::PostSwipe(HWND window, POINT point) {
+  const int dx = point.x - mouseDownPoint.x;
+  const int dy = point.y - mouseDownPoint.y;
+  RECT rect = {};
+  GetWindowRect(window, &rect);
+  if (std::abs(dx) > std::abs(dy) && std::abs(dx) > (rect.right - rect.left) / 2) {
+    engine.PostToHost(engine.wndMessageId, 0, dx < 1 ? NEXT_VIEW : PREVIOUS_VIEW);
+  }
+}
+
+void Widget::ToggleBars() {
+  if (commonBar.IsVisible()) {
+    commonBar.Hide();
+    ownBar.Hide();
+  } else {
+    ShowBars();
+  }
+}
+
+void Widget::ShowBars() {
+  commonBar.Show();
+  ownBar.Show();
+}
+
+const char* Widget::GetSensorText(int index) const {
+  const Sensor* sensor = engine.GetSensor(index);
+  return sensor != nullptr ? sensor->GetValueText() : "";
+}
+
+double Widget::GetSensorNumber(int index) const {
+  return ParseDouble(GetSensorText(index));
+}
+
+}  // namespace ferolin

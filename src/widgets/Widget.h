@@ -1,0 +1,73 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "widgets/ButtonBar.h"
+
+namespace ferolin {
+
+class Canvas;
+class Engine;
+class IniStore;
+
+/// A full-screen view that is drawn into the host's render window, with two bars of buttons over
+/// it: the common ones and its own. Touches come from the host; taps on buttons and long horizontal
+/// swipes are answered by posting a code to it.
+///
+/// Threads: attached on the reader's, drawn on the redraw thread, touched on the host's. Drawing,
+/// attaching and the bars are guarded by the engine's data lock; mouse handlers take it themselves,
+/// because releasing a button asks for a redraw, which waits for a thread. Settings are loaded and
+/// saved while no other thread runs.
+class Widget {
+ public:
+  /// `widgetName` is 8-bit text in the ANSI code page. The engine owns the widget.
+  Widget(std::string widgetName, Engine& owner);
+  Widget(const Widget&) = delete;
+  Widget& operator=(const Widget&) = delete;
+
+  /// Draws the bars over a presented frame, when the render window is there and visible.
+  virtual void DrawOverlay(Canvas& canvas);
+  /// Both fill an empty bar and leave one alone that has buttons.
+  virtual void CreateCommonButtons();
+  virtual void CreateOwnButtons() {}
+  virtual ~Widget() = default;
+  /// Draws one whole frame into the window.
+  virtual void Draw(HWND) {}
+  /// Makes what is missing and lays the bars out for the shape of the render window. Called with
+  /// every update.
+  virtual void Attach();
+  virtual const char* GetName() const { return name.c_str(); }
+  virtual void SaveSettings(IniStore&) const {}
+  virtual void LoadSettings(const IniStore&) {}
+  virtual void OnMouseUp(HWND window, POINT point);
+  virtual void OnMouseDown(HWND window, POINT point);
+  virtual void OnMouseMove(HWND, POINT) {}
+  virtual void ToggleBars();
+  virtual void ShowBars();
+
+ protected:
+  /// The arrows, flipping and turning.
+  void CreateNavigationButtons();
+  /// A button of the bar with a code for the host; `file` is a path below the library's folder.
+  void AddButton(ButtonBar& bar, const WCHAR* file, LPARAM code);
+
+  /// Value of the sensor at that index, and the number at its start (0 when there is none).
+  const char* GetSensorText(int index) const;
+  double GetSensorNumber(int index) const;
+
+  Engine& engine;
+  ButtonBar commonBar{BarSide::TOP};
+  ButtonBar ownBar{BarSide::BOTTOM};
+
+ private:
+  void PresentAgain();
+  bool PostButtonAt(HWND window, POINT point);
+  void PostSwipe(HWND window, POINT point);
+
+  std::string name;
+  POINT mouseDownPoint = {};
+};
+
+}  // namespace ferolin

@@ -1,0 +1,153 @@
+#include "ViewTest.h"
+#include "render/Canvas.h"
+#include "widgets/ButtonBar.h"
+
+namespace ferolin {
+
+namespace {
+
+constexpr RECT CLIENT = {0, 0, 240, 320};
+
+TEST(ButtonBar, FadesOverItsLastFrames) {
+  EXPECT_EQ(192, FadedAlpha(8));
+  EXPECT_EQ(192, FadedAlpha(5));
+  EXPECT_EQ(192, FadedAlpha(4));
+  EXPECT_EQ(144, FadedAlpha(3));
+  EXPECT_EQ(96, FadedAlpha(2));
+  EXPECT_EQ(48, FadedAlpha(1));
+  EXPECT_EQ(0, FadedAlpha(0));
+}
+
+class ButtonBarTest : public ViewTest {
+ protected:
+  ButtonBarTest() {
+    Open(240, 320);
+    theCanvas.BeginFrame(window);
+    bar.Add(folder.DevicePath("Pics/BtnClose.png"), {1000, 0, 6});
+    bar.Add(folder.DevicePath("Pics/BtnMissing.png"), {1000, 0, 7});
+    bar.Show();
+  }
+
+  void DrawBar() { bar.Draw(theCanvas.GetPresentDC(), CLIENT); }
+
+  /// Frames that the bars are drawn in until `bar` is hidden.
+  int CountFrames(ButtonBar* second = nullptr) {
+    int frames = 0;
+    while (bar.IsVisible()) {
+      DrawBar();
+      if (second != nullptr) {
+        second->Draw(theCanvas.GetPresentDC(), CLIENT);
+      }
+      ++frames;
+    }
+    return frames;
+  }
+
+  ButtonBar bar{BarSide::TOP};
+};
+
+TEST_F(ButtonBarTest, IsVisibleFromTheStart) {
+  EXPECT_TRUE(ButtonBar(BarSide::TOP).IsVisible());
+}
+
+TEST_F(ButtonBarTest, HidesInTheFrameAfterItsCountdownRanOut) {
+  // Eight frames take the countdown from 8 to 0, the ninth hides the bar.
+  EXPECT_EQ(9, CountFrames());
+}
+
+TEST_F(ButtonBarTest, SharesItsCountdownWithTheOtherBars) {
+  ButtonBar second(BarSide::BOTTOM);
+  // Two counts a frame: 8 to 0 in four frames, both hide in the fifth.
+  EXPECT_EQ(5, CountFrames(&second));
+  EXPECT_FALSE(second.IsVisible());
+}
+
+TEST_F(ButtonBarTest, DoesNotCountWhileHidden) {
+  ButtonBar hidden(BarSide::BOTTOM);
+  hidden.Hide();
+  bar.Show();
+  EXPECT_EQ(9, CountFrames(&hidden));
+}
+
+TEST_F(ButtonBarTest, HidingEndsTheCountdownOfAll) {
+  ButtonBar other(BarSide::BOTTOM);
+  other.Hide();
+  EXPECT_EQ(1, CountFrames());
+}
+
+TEST_F(ButtonBarTest, StaysUpWhenItIsTouched) {
+  for (int frame = 0; frame < 7; ++frame) {
+    DrawBar();
+  }
+  EXPECT_EQ(ButtonBar::NO_BUTTON, bar.HitTest(window, 120, 200)) << "beside all buttons";
+  EXPECT_EQ(9, CountFrames());
+}
+
+TEST_F(ButtonBarTest, IsNotHitWhileHidden) {
+  bar.Hide();
+  EXPECT_EQ(ButtonBar::NO_BUTTON, bar.HitTest(window, 30, 30));
+  EXPECT_FALSE(bar.IsVisible());
+  bar.Show();
+  bar.Hide();
+  ButtonBar other(BarSide::TOP);
+  other.Draw(theCanvas.GetPresentDC(), CLIENT);
+  EXPECT_FALSE(other.IsVisible()) << "the touch did not start the countdown";
+}
+
+TEST_F(ButtonBarTest, IsHitOnItsEdgesAndWithoutPicture) {
+  EXPECT_EQ(0, bar.HitTest(window, 5, 1));
+  EXPECT_EQ(0, bar.HitTest(window, 55, 51));
+  EXPECT_EQ(ButtonBar::NO_BUTTON, bar.HitTest(window, 56, 51));
+  EXPECT_EQ(1, bar.HitTest(window, 65, 51)) << "an empty place can be tapped";
+  EXPECT_EQ(ButtonBar::NO_BUTTON, bar.HitTest(window, 130, 20));
+}
+
+TEST_F(ButtonBarTest, HasTheSizeOfButtonsThatTheScreenAsksFor) {
+  Open(480, 640, 192);
+  // 100 x 100, 480 / 100 = 4 a line, 120 each.
+  EXPECT_EQ(0, bar.HitTest(window, 10, 1));
+  EXPECT_EQ(0, bar.HitTest(window, 110, 101));
+  EXPECT_EQ(ButtonBar::NO_BUTTON, bar.HitTest(window, 111, 101));
+}
+
+TEST_F(ButtonBarTest, IsHitNowhereInAWindowThatIsGone) {
+  EXPECT_EQ(ButtonBar::NO_BUTTON, bar.HitTest(reinterpret_cast<HWND>(12345), 30, 30));
+}
+
+TEST_F(ButtonBarTest, ForgetsPressedButtonsAtOnce) {
+  EXPECT_FALSE(bar.ReleaseButtons());
+  bar.Press(1);
+  bar.Press(ButtonBar::NO_BUTTON);
+  bar.Press(2);
+  EXPECT_TRUE(bar.GetButton(1)->pressed);
+  EXPECT_TRUE(bar.ReleaseButtons());
+  EXPECT_FALSE(bar.ReleaseButtons());
+}
+
+TEST_F(ButtonBarTest, KnowsNoButtonOutOfRange) {
+  EXPECT_EQ(nullptr, bar.GetButton(-1));
+  EXPECT_EQ(nullptr, bar.GetButton(2));
+  EXPECT_EQ(6, bar.GetButton(0)->message.lParam);
+  EXPECT_EQ(nullptr, bar.GetButton(1)->picture);
+}
+
+TEST_F(ButtonBarTest, DrawsPressedButtonsAtFullStrength) {
+  theCanvas.FillBackground(RGB(0, 0, 0));
+  const auto brightness = [&] {
+    theCanvas.PresentTransformed();
+    DrawBar();
+    int sum = 0;
+    for (int x = 5; x < 55; ++x) {
+      sum += GetGValue(GetPixel(theCanvas.GetPresentDC(), x, 26)) +
+             GetRValue(GetPixel(theCanvas.GetPresentDC(), x, 26));
+    }
+    return sum;
+  };
+  const int released = brightness();
+  bar.Press(0);
+  EXPECT_GT(brightness(), released);
+}
+
+}  // namespace
+
+}  // namespace ferolin

@@ -1,0 +1,185 @@
+// Redraws on their own thread, as updates and touches ask for them.
+
+#include <ferolin.h>
+
+#include "ViewTest.h"
+#include "render/Canvas.h"
+
+namespace ferolin {
+
+namespace {
+
+class RedrawTest : public ViewTest {
+ protected:
+  RedrawTest() {
+    Open(240, 320);
+    Drive("120000", 50);
+    engine->curRenderWidget = FULL_SCREEN_SPEED;
+    Redraw();
+  }
+
+  void Redraw() {
+    engine->RequestRedraw();
+    engine->StopCallBack();
+    engine->StartCallBack(window);
+  }
+
+  std::uint64_t Version() const { return handheld::WindowPixelsVersion(window); }
+
+  bool HasButtons() {
+    TakePosted();
+    ::OnMouseDown(window, 210, 26);
+    ::OnMouseUp(window, 210, 26);
+    return !TakePosted().empty();
+  }
+
+  /// What the view drew last: touches alone do not change it.
+  std::vector<COLORREF> Frame() {
+    engine->StopCallBack();
+    std::vector<COLORREF> pixels;
+    for (int y = 0; y < 320; y += 3) {
+      for (int x = 0; x < 240; x += 3) {
+        pixels.push_back(GetPixel(theCanvas.GetDrawingDC(), x, y));
+      }
+    }
+    return pixels;
+  }
+};
+
+TEST_F(RedrawTest, DrawsTheCurrentView) {
+  const auto speed = Shown().rows;
+  engine->curRenderWidget = SPEEDOMETER;
+  Redraw();
+  EXPECT_NE(speed, Shown().rows);
+}
+
+TEST_F(RedrawTest, FollowsAnAcceptedUpdate) {
+  const std::uint64_t version = Version();
+  engine->OnUpdate("$GPRMC,120001,A,5545.000,N,03737.000,E,54.0,0.0,230324,,*00");
+  engine->StopCallBack();
+  EXPECT_NE(version, Version());
+}
+
+TEST_F(RedrawTest, DoesNotFollowASentenceThatChangesNothing) {
+  const std::uint64_t version = Version();
+  engine->OnUpdate("$GPZDA,120001,23,03,2024,00,00*00");
+  engine->StopCallBack();
+  EXPECT_EQ(version, Version());
+}
+
+TEST_F(RedrawTest, IsDroppedWhileTheWindowIsHidden) {
+  ShowWindow(window, SW_HIDE);
+  TakePosted();
+  const std::uint64_t version = Version();
+  const int handles = handheld::HandlesAlive();
+  engine->RequestRedraw();
+  EXPECT_EQ(handles, handheld::HandlesAlive()) << "no thread was started";
+  engine->OnUpdate("$GPRMC,120001,A,5545.000,N,03737.000,E,54.0,0.0,230324,,*00");
+  EXPECT_EQ(std::vector<LPARAM>{0}, TakePosted()) << "but the host hears of the update";
+  ShowWindow(window, SW_SHOW);
+  EXPECT_EQ(version, Version());
+}
+
+TEST_F(RedrawTest, IsDroppedWithoutAWindowOrAView) {
+  const std::uint64_t version = Version();
+  const int handles = handheld::HandlesAlive();
+  engine->curRenderWidget = -1;
+  engine->RequestRedraw();
+  engine->curRenderWidget = engine->GetWidgetCount();
+  engine->RequestRedraw();
+  engine->curRenderWidget = SPEEDOMETER;
+  engine->renderWindow = nullptr;
+  engine->RequestRedraw();
+  EXPECT_EQ(handles, handheld::HandlesAlive());
+  EXPECT_EQ(version, Version());
+}
+
+TEST_F(RedrawTest, ShowsTheButtonsOfAnotherView) {
+  ShowBars(SPEEDOMETER, false);
+  engine->curRenderWidget = SPEEDOMETER;
+  Redraw();
+  EXPECT_TRUE(HasButtons());
+}
+
+TEST_F(RedrawTest, LeavesTheButtonsOfTheSameViewHidden) {
+  ShowBars(FULL_SCREEN_SPEED, false);
+  Redraw();
+  EXPECT_FALSE(HasButtons());
+}
+
+TEST_F(RedrawTest, RemembersAViewThatWasHiddenWhenItsTurnCame) {
+  ShowBars(SPEEDOMETER, false);
+  engine->curRenderWidget = SPEEDOMETER;
+  Redraw();
+  engine->curRenderWidget = FULL_SCREEN_SPEED;
+  ShowBars(FULL_SCREEN_SPEED, false);
+  Redraw();
+  EXPECT_TRUE(HasButtons()) << "back again";
+}
+
+TEST_F(RedrawTest, FollowsAReleasedButtonButNoOtherTouch) {
+  ShowBars(FULL_SCREEN_SPEED, true);
+  const auto drawn = Frame();
+  Drive("120001", 188);
+  ::OnMouseDown(window, 120, 160);
+  ::OnMouseUp(window, 120, 160);
+  EXPECT_EQ(drawn, Frame()) << "a touch beside the buttons";
+  ::OnMouseDown(window, 210, 26);
+  EXPECT_EQ(drawn, Frame()) << "a button that is still held";
+  ::OnMouseUp(window, 120, 160);
+  EXPECT_NE(drawn, Frame());
+}
+
+TEST_F(RedrawTest, NeverRunsTwiceAtATime) {
+  engine->curRenderWidget = SPEEDOMETER;
+  Redraw();
+  const int handles = handheld::HandlesAlive();
+  const int objects = handheld::GdiObjectsAlive();
+  struct Requests {
+    static DWORD WINAPI Make(LPVOID engine) {
+      for (int request = 0; request < 30; ++request) {
+        static_cast<Engine*>(engine)->RequestRedraw();
+      }
+      return 0;
+    }
+  };
+  const HANDLE reader = CreateThread(nullptr, 0, &Requests::Make, engine.get(), 0, nullptr);
+  for (int touch = 0; touch < 30; ++touch) {
+    engine->curRenderWidget = touch % 2;
+    ShowBars(touch % 2, true);
+    ::OnMouseDown(window, 210, 26);
+    ::OnMouseUp(window, 210, 26);
+  }
+  DWORD exitCode = STILL_ACTIVE;
+  while (GetExitCodeThread(reader, &exitCode) && exitCode == STILL_ACTIVE) {
+    Sleep(10);
+  }
+  CloseHandle(reader);
+  engine->StopCallBack();
+  EXPECT_EQ(handles, handheld::HandlesAlive());
+  EXPECT_EQ(objects, handheld::GdiObjectsAlive());
+}
+
+TEST_F(RedrawTest, LeavesNothingBehindOverManyFrames) {
+  engine->curRenderWidget = SPEEDOMETER;
+  Redraw();
+  const int objects = handheld::GdiObjectsAlive();
+  for (int frame = 0; frame < 500; ++frame) {
+    Draw(SPEEDOMETER);
+    Draw(FULL_SCREEN_SPEED);
+  }
+  EXPECT_EQ(objects, handheld::GdiObjectsAlive());
+}
+
+TEST_F(RedrawTest, EndsBeforeStoppingReturnsAlsoWithoutAReader) {
+  engine->StopCallBack();
+  const int handles = handheld::HandlesAlive();
+  engine->RequestRedraw();
+  EXPECT_EQ(handles + 1, handheld::HandlesAlive());
+  engine->StopCallBack();
+  EXPECT_EQ(handles, handheld::HandlesAlive());
+}
+
+}  // namespace
+
+}  // namespace ferolin

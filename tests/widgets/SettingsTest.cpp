@@ -1,0 +1,121 @@
+#include <fstream>
+
+#include "ViewTest.h"
+#include "text/Cp1251.h"
+
+namespace ferolin {
+
+namespace {
+
+// In code page 1251 whatever the device's language is.
+constexpr Cp1251Text SPEED_COMMENT = u"Настройки виджета полноэкранной скорости";
+constexpr Cp1251Text SPEEDOMETER_COMMENT = u"Настройки виджета спидометра";
+
+std::string Comment(const Cp1251Text& text) {
+  return std::string("Comment=") + text.Get();
+}
+
+class ViewSettingsTest : public ViewTest {
+ protected:
+  /// Lines of a section of the saved file, without the blank before each.
+  std::vector<std::string> SavedSection(const std::string& section) {
+    engine->Shutdown();
+    std::ifstream file(folder.Path("TachyMo.ini"));
+    std::vector<std::string> lines;
+    bool inside = false;
+    for (std::string line; std::getline(file, line);) {
+      line = line.substr(1);
+      if (line.starts_with('[')) {
+        inside = line == '[' + section + ']';
+      } else if (inside) {
+        lines.push_back(line);
+      }
+    }
+    return lines;
+  }
+};
+
+// New keys go to the top of a section, below them the ones that were there before: all but the
+// first are in reverse.
+
+TEST_F(ViewSettingsTest, SaveTheDefaultsOfTheFullScreenSpeed) {
+  Load();
+  EXPECT_EQ((std::vector<std::string>{
+                "TimeTextColor=8453888",
+                "SpeedTextColor=16777215",
+                "BackGroundColor=0",
+                Comment(SPEED_COMMENT),
+            }),
+            SavedSection("FullScreenSpeedWidget"));
+}
+
+TEST_F(ViewSettingsTest, SaveTheDefaultsOfTheSpeedometer) {
+  Load();
+  EXPECT_EQ((std::vector<std::string>{
+                "ClockFontSize=32",
+                "SpeedFontSize=40",
+                "OdomerFontSize=28",
+                "FastestFontSize=14",
+                "AccelFontSize=18",
+                "ClockTextFontName=LCD",
+                "SpeedTextFontName=LCD",
+                "OdomerTextFontName=Times New Roman",
+                "FastestTextFontName=Times New Roman",
+                "AccelTextFontName=Times New Roman",
+                "ClockTextColor=8453888",
+                "SouthArrowColor=255",
+                "NorthArrowColor=16711680",
+                "FastestColor=8453888",
+                "AccelTextColor=65408",
+                "OdomerTextColor=16711935",
+                "AvgSpeedArrowColor=65280",
+                "MaxSpeedArrowColor=255",
+                "SpeedTextColor=16776960",
+                "SpeedArrowColor=255",
+                "BackGroundColor=0",
+                Comment(SPEEDOMETER_COMMENT),
+            }),
+            SavedSection("SpeedometerWidget"));
+}
+
+TEST_F(ViewSettingsTest, ReplaceOnlyWhatTheFileHolds) {
+  folder.Write("Tachymo.ini",
+               "[FullScreenSpeedWidget]\n"
+               "SpeedTextColor=65535\n"
+               "TimeTextColor=\n");
+  Load();
+  EXPECT_EQ((std::vector<std::string>{
+                "BackGroundColor=0",
+                Comment(SPEED_COMMENT),
+                "SpeedTextColor=65535",
+                "TimeTextColor=8453888",
+            }),
+            SavedSection("FullScreenSpeedWidget"));
+}
+
+TEST_F(ViewSettingsTest, KeepFacesAndSizes) {
+  folder.Write("Tachymo.ini",
+               "[SpeedometerWidget]\n"
+               "SpeedTextFontName=Arial\n"
+               "SpeedFontSize=44\n"
+               "NorthArrowColor=1\n");
+  Load();
+  const std::vector<std::string> saved = SavedSection("SpeedometerWidget");
+  for (const char* line : {"SpeedTextFontName=Arial", "SpeedFontSize=44", "NorthArrowColor=1",
+                           "ClockTextFontName=LCD", "SouthArrowColor=255"}) {
+    EXPECT_NE(saved.end(), std::find(saved.begin(), saved.end(), line)) << line;
+  }
+}
+
+TEST_F(ViewSettingsTest, ColourTheView) {
+  folder.Write("Tachymo.ini", "[FullScreenSpeedWidget]\nBackGroundColor=16711680\n");
+  Open(240, 320);
+  Drive("120000", 50);
+  ShowBars(FULL_SCREEN_SPEED, false);
+  Draw(FULL_SCREEN_SPEED);
+  EXPECT_EQ(RGB(0, 0, 255), ShownAt(120, 319));
+}
+
+}  // namespace
+
+}  // namespace ferolin

@@ -1,0 +1,161 @@
+// Whole views, compared with pictures that were looked at.
+
+#include "Golden.h"
+#include "ViewTest.h"
+#include "render/InvertFlags.h"
+#include "sensors/Sensor.h"
+#include "text/Format.h"
+
+namespace ferolin {
+
+namespace {
+
+constexpr bool IS_RUSSIAN = std::string_view(LANGUAGE) == "RUS";
+
+class ViewPictures : public ViewTest {
+ protected:
+  ViewPictures() : ViewTest(LANGUAGE) {}
+
+  /// A drive as one looks at it on a Sunday afternoon.
+  void TakeATrip(double kmh = 87) {
+    Drive("143027", kmh, 40);
+    SetSatellites(8);
+    Set(FASTEST_100, "100;3470");
+    Set(FASTEST_402, "402;15820");
+    Set(FASTEST_1000, "1000;34150");
+    Set(DISTANCE, "148.37");
+    Set(AVERAGE_SPEED, "148.37;7632");
+    Set(MAX_SPEED, "131.6");
+    Set(ACCEL_60, "60;6.42");
+    Set(ACCEL_100, "100;12.85");
+    Set(ACCEL_150, "150;31.07");
+  }
+
+  void Set(int sensor, const char* state) {
+    ASSERT_EQ(1, engine->GetSensor(sensor)->SetRegistryString(state)) << sensor;
+  }
+
+  void Expect(int view, const std::string& name, bool withBars = false) {
+    ShowBars(view, withBars);
+    Draw(view);
+    ExpectGolden((IS_RUSSIAN ? "russian-" : "") + name, Shown());
+  }
+};
+
+const char* NameOf(int view) {
+  return view == SPEEDOMETER ? "speedometer" : "speed";
+}
+
+struct SizeCase {
+  int view, width, height;
+};
+
+class ViewPicturesOfSize : public ViewPictures, public testing::WithParamInterface<SizeCase> {};
+
+TEST_P(ViewPicturesOfSize, Match) {
+  const auto [view, width, height] = GetParam();
+  Open(width, height);
+  TakeATrip();
+  Expect(view, Format("%s-%ix%i", NameOf(view), width, height));
+}
+
+std::vector<SizeCase> AllSizes() {
+  std::vector<SizeCase> cases;
+  for (const int view : {SPEEDOMETER, FULL_SCREEN_SPEED}) {
+    for (const auto& [width, height] :
+         {std::pair(240, 320), std::pair(320, 240), std::pair(480, 640), std::pair(640, 480),
+          std::pair(480, 800), std::pair(800, 480)}) {
+      cases.push_back({view, width, height});
+    }
+  }
+  return cases;
+}
+
+INSTANTIATE_TEST_SUITE_P(Sizes, ViewPicturesOfSize, testing::ValuesIn(AllSizes()));
+
+/// Bits: vertical, horizontal, colour, orientation.
+class ViewPicturesWithFlags : public ViewPictures, public testing::WithParamInterface<int> {
+ protected:
+  void SetUp() override {
+    if (IS_RUSSIAN) {
+      GTEST_SKIP() << "the flags know no language";
+    }
+  }
+};
+
+TEST_P(ViewPicturesWithFlags, Match) {
+  const int flags = GetParam();
+  theInvertFlags.vert = flags & 1;
+  theInvertFlags.horz = flags >> 1 & 1;
+  theInvertFlags.color = flags >> 2 & 1;
+  theInvertFlags.orient = static_cast<std::uint8_t>(flags >> 3 & 1);
+  Open(320, 240);
+  TakeATrip();
+  Expect(SPEEDOMETER, Format("flags-%i", flags), true);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, ViewPicturesWithFlags, testing::Range(0, 16));
+
+struct SpeedCase {
+  double kmh;
+  int width, height;
+};
+
+class ViewPicturesAtSpeed : public ViewPictures, public testing::WithParamInterface<SpeedCase> {};
+
+TEST_P(ViewPicturesAtSpeed, Match) {
+  const auto [kmh, width, height] = GetParam();
+  Open(width, height);
+  Drive("235959", kmh, 359);
+  SetSatellites(12);
+  handheld::SetBattery(BATTERY_FLAG_CHARGING, 5);
+  Set(DISTANCE, "99999");
+  Set(FASTEST_100, "100;999999");
+  Set(FASTEST_402, "402;9999999");
+  Set(FASTEST_1000, "1000;99999999");
+  for (const int view : {SPEEDOMETER, FULL_SCREEN_SPEED}) {
+    Expect(view, Format("%s-%gkmh-%ix%i", NameOf(view), kmh, width, height));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Extremes, ViewPicturesAtSpeed,
+                         testing::Values(SpeedCase{0, 240, 320}, SpeedCase{220, 240, 320},
+                                         SpeedCase{221, 320, 240}, SpeedCase{999, 240, 320},
+                                         SpeedCase{999, 320, 240}));
+
+TEST_F(ViewPictures, MatchBeforeAFix) {
+  Open(240, 320);
+  engine->OnUpdate("$GPRMC,000000,V,,,,,,,230324,,*00");
+  Expect(SPEEDOMETER, "speedometer-no-fix");
+  Expect(FULL_SCREEN_SPEED, "speed-no-fix");
+}
+
+TEST_F(ViewPictures, MatchWithoutPictures) {
+  for (const auto& entry : std::filesystem::directory_iterator(folder.Path("Pics"))) {
+    if (entry.path().filename() != "speedometer.png") {
+      std::filesystem::remove(entry.path());
+    }
+  }
+  Open(320, 240);
+  TakeATrip();
+  Expect(SPEEDOMETER, "speedometer-no-pictures", true);
+  Expect(FULL_SCREEN_SPEED, "speed-no-pictures", true);
+}
+
+TEST_F(ViewPictures, MatchWithBars) {
+  Open(240, 320);
+  TakeATrip();
+  Expect(SPEEDOMETER, "speedometer-bars", true);
+  Expect(FULL_SCREEN_SPEED, "speed-bars", true);
+}
+
+TEST_F(ViewPictures, MatchOnAFineScreen) {
+  Open(480, 800, 192);
+  TakeATrip();
+  Expect(SPEEDOMETER, "speedometer-480x800-192dpi", true);
+  Expect(FULL_SCREEN_SPEED, "speed-480x800-192dpi", true);
+}
+
+}  // namespace
+
+}  // namespace ferolin

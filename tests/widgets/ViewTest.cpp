@@ -1,0 +1,141 @@
+#include "ViewTest.h"
+
+#include <objbase.h>
+#include <stdlib.h>
+
+#include "gps/FixRecord.h"
+#include "render/Canvas.h"
+#include "render/InvertFlags.h"
+#include "text/Format.h"
+
+namespace ferolin {
+
+namespace {
+
+LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  return DefWindowProcW(window, message, wParam, lParam);
+}
+
+void CopyPictures(const testing_support::TempFolder& folder) {
+  namespace fs = std::filesystem;
+  folder.MakeFolder("Pics");
+  for (const auto& entry : fs::directory_iterator(ASSETS_FOLDER "/Pics")) {
+    fs::create_symlink(entry.path(), fs::path(folder.Path("Pics")) / entry.path().filename());
+  }
+  fs::create_symlink(ASSETS_FOLDER "/lcd-u.ttf", folder.Path("lcd-u.ttf"));
+}
+
+}  // namespace
+
+ViewTest::ViewTest(const char* language) {
+  setenv("FONTCONFIG_FILE", FONTS_FILE, 1);
+  CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+  handheld::SetLanguage(language);
+  handheld::SetTimeZone("UTC0");
+  handheld::SetBattery(0, 65);
+  handheld::SetTimeRate(1000);
+  WNDCLASSW windowClass = {};
+  windowClass.lpfnWndProc = &OnMessage;
+  windowClass.lpszClassName = TEXT("ViewTest");
+  RegisterClassW(&windowClass);
+  CopyPictures(folder);
+}
+
+ViewTest::~ViewTest() {
+  if (engine != nullptr) {
+    engine->StopCallBack();
+    theCanvas.ReleaseAll();
+    engine->Shutdown();
+  }
+  theEngine = nullptr;
+  engine.reset();
+  theInvertFlags.vert = 0;
+  theInvertFlags.horz = 0;
+  theInvertFlags.color = 0;
+  theInvertFlags.orient = 0;
+  if (window != nullptr) {
+    DestroyWindow(window);
+  }
+  handheld::SetBatteryFailing(false);
+  handheld::SetTimeRate(1);
+  handheld::SetModuleDirectory("");
+  handheld::ForgetMessagesPosted();
+  CoUninitialize();
+}
+
+void ViewTest::Open(int width, int height, int dpi) {
+  if (window != nullptr) {
+    DestroyWindow(window);
+  }
+  handheld::SetScreen(width, height, dpi);
+  window = CreateWindowExW(0, TEXT("ViewTest"), TEXT(""), WS_VISIBLE, CW_USEDEFAULT, CW_USEDEFAULT,
+                           CW_USEDEFAULT, CW_USEDEFAULT, nullptr, nullptr, nullptr, nullptr);
+  if (engine == nullptr) {
+    Load();
+  }
+  engine->renderWindow = window;
+  engine->SetUseGpsApi(0);
+  engine->StartCallBack(window);
+}
+
+/// Any loaded library will do: it only has to lie in the folder.
+void ViewTest::Load() {
+  handheld::SetModuleDirectory(folder.Path());
+  const HMODULE module = LoadLibraryW(handheld::DevicePath(ANY_LIBRARY).c_str());
+  engine = std::make_unique<Engine>();
+  engine->AttachModule(module);
+  FreeLibrary(module);
+  theEngine = engine.get();
+}
+
+void ViewTest::RemovePicture(const std::string& name) const {
+  std::filesystem::remove(folder.Path("Pics/" + name));
+}
+
+void ViewTest::Drive(const std::string& time, double kmh, double course) {
+  // No redraw thread: these tests draw by hand.
+  const int current = engine->curRenderWidget;
+  engine->curRenderWidget = -1;
+  const std::string sentence =
+      Format("$GPRMC,%s,A,5545.000,N,03737.000,E,%.4f,%.1f,230324,,*00", time, kmh / 1.852, course);
+  engine->OnUpdate(sentence.c_str());
+  engine->curRenderWidget = current;
+}
+
+void ViewTest::SetSatellites(int count) {
+  engine->fix->satellitesUsed = count;
+}
+
+void ViewTest::Draw(int index) {
+  const LockGuard guard(engine->dataLock);
+  View(index).Draw(window);
+}
+
+void ViewTest::ShowBars(int index, bool show) {
+  const LockGuard guard(engine->dataLock);
+  View(index).ShowBars();
+  if (!show) {
+    View(index).ToggleBars();
+  }
+}
+
+COLORREF ViewTest::ShownAt(int x, int y) const {
+  const handheld::Pixels pixels = Shown();
+  if (x < 0 || y < 0 || x >= pixels.width || y >= pixels.height) {
+    return CLR_INVALID;
+  }
+  const std::uint32_t pixel = pixels.rows[static_cast<std::size_t>(y * pixels.width + x)];
+  return RGB(static_cast<BYTE>(pixel >> 16), static_cast<BYTE>(pixel >> 8),
+             static_cast<BYTE>(pixel));
+}
+
+std::vector<LPARAM> ViewTest::TakePosted() const {
+  std::vector<LPARAM> codes;
+  for (const MSG& message : handheld::MessagesPosted()) {
+    codes.push_back(message.lParam);
+  }
+  handheld::ForgetMessagesPosted();
+  return codes;
+}
+
+}  // namespace ferolin

@@ -1,0 +1,69 @@
+// An engine with its pictures and font, and a window that its views are drawn into.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <handheld.h>
+#include <windows.h>
+
+#include <memory>
+#include <string>
+
+#include "engine/Engine.h"
+#include "support/TempFolder.h"
+#include "widgets/Widget.h"
+
+namespace ferolin {
+
+/// Places in the engine's lists.
+enum ViewIndex { SPEEDOMETER = 0, FULL_SCREEN_SPEED = 1 };
+enum SensorIndex {
+  FASTEST_100 = 3,
+  FASTEST_402 = 4,
+  FASTEST_1000 = 5,
+  DISTANCE = 6,
+  AVERAGE_SPEED = 8,
+  SPEED = 9,
+  MAX_SPEED = 10,
+  ACCEL_10 = 11,
+  ACCEL_30 = 12,
+  ACCEL_60 = 13,
+  ACCEL_100 = 14,
+  ACCEL_150 = 15,
+  ACCEL_200 = 16,
+};
+
+class ViewTest : public testing::Test {
+ protected:
+  /// A battery at 65 %, not charging; English unless the test's program says otherwise.
+  explicit ViewTest(const char* language = "ENU");
+  ~ViewTest() override;
+
+  /// Opens a window that fills a screen of that size; it becomes the engine's render and host
+  /// window.
+  void Open(int width, int height, int dpi = 96);
+
+  /// Starts the engine in its folder. Pictures that a test wants to be missing are removed before.
+  void Load();
+  void RemovePicture(const std::string& name) const;
+
+  /// An accepted position: local time "hhmmss", speed in km/h, course in degrees.
+  void Drive(const std::string& time, double kmh, double course = 0);
+  void SetSatellites(int count);
+
+  Widget& View(int index) const { return *engine->GetWidget(index); }
+  /// Draws a frame on this thread, at once.
+  void Draw(int index);
+  /// Shows the bars or hides them.
+  void ShowBars(int index, bool show);
+  handheld::Pixels Shown() const { return handheld::WindowPixels(window); }
+  COLORREF ShownAt(int x, int y) const;
+
+  /// lParams of the messages posted since the last call, in order.
+  std::vector<LPARAM> TakePosted() const;
+
+  testing_support::TempFolder folder;
+  std::unique_ptr<Engine> engine;
+  HWND window = nullptr;
+};
+
+}  // namespace ferolin
