@@ -1,0 +1,99 @@
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+
+#include "gps/GpsApiLibrary.h"
+#include "handheld.h"
+#include "text/LibraryEntry.h"
+
+namespace ferolin {
+namespace {
+
+class GpsApiLibraryTest : public testing::Test {
+ protected:
+  void TearDown() override { handheld::SetModuleDirectory(""); }
+
+  /// From now on the library found is the one in this folder.
+  static void Provide(const char* kind) {
+    handheld::SetModuleDirectory(std::string(STAND_IN_FOLDER "/") + kind);
+  }
+};
+
+/// The stand-in, to ask what it was asked.
+class StandIn {
+ public:
+  StandIn() : module(LoadLibraryW(TEXT("Dastrel.DLL"))) {
+    FindEntry(module, TEXT("CountStarts"), countStarts);
+    FindEntry(module, TEXT("CountStops"), countStops);
+    FindEntry(module, TEXT("SetPosition"), setPosition);
+  }
+  ~StandIn() { FreeLibrary(module); }
+
+  HMODULE module;
+  int (*countStarts)() = nullptr;
+  int (*countStops)() = nullptr;
+  void (*setPosition)(const GPS_POSITION*) = nullptr;
+};
+
+TEST_F(GpsApiLibraryTest, CallsReachTheLibrary) {
+  Provide("complete");
+  const StandIn standIn;
+  ASSERT_NE(standIn.countStarts, nullptr);
+  const GpsApiLibrary library;
+  library.Start();
+  library.Start();
+  library.Stop();
+  EXPECT_EQ(standIn.countStarts(), 2);
+  EXPECT_EQ(standIn.countStops(), 1);
+}
+
+TEST_F(GpsApiLibraryTest, PositionIsCopiedWhole) {
+  Provide("complete");
+  const StandIn standIn;
+  ASSERT_NE(standIn.setPosition, nullptr);
+  GPS_POSITION given;
+  std::memset(&given, 0x5A, sizeof given);
+  standIn.setPosition(&given);
+  const GpsApiLibrary library;
+  GPS_POSITION taken = {};
+  ASSERT_TRUE(library.GetPosition(taken));
+  EXPECT_EQ(std::memcmp(&taken, &given, 344), 0);
+}
+
+TEST_F(GpsApiLibraryTest, MissingLibraryIsSilent) {
+  const GpsApiLibrary library;
+  library.Start();
+  library.Stop();
+  GPS_POSITION position;
+  std::memset(&position, 0x5A, sizeof position);
+  const GPS_POSITION before = position;
+  EXPECT_FALSE(library.GetPosition(position));
+  EXPECT_EQ(std::memcmp(&position, &before, sizeof position), 0);
+}
+
+TEST_F(GpsApiLibraryTest, MissingEntriesAreSilent) {
+  Provide("empty");
+  const GpsApiLibrary library;
+  library.Start();
+  library.Stop();
+  GPS_POSITION position = {};
+  EXPECT_FALSE(library.GetPosition(position));
+}
+
+TEST_F(GpsApiLibraryTest, LibraryIsFreedAtTheEnd) {
+  Provide("complete");
+  { const GpsApiLibrary library; }
+  // Loaded afresh, the stand-in has forgotten what it was asked before.
+  {
+    const StandIn standIn;
+    const GpsApiLibrary library;
+    library.Start();
+    EXPECT_EQ(standIn.countStarts(), 1);
+  }
+  const StandIn again;
+  EXPECT_EQ(again.countStarts(), 0);
+}
+
+}  // namespace
+}  // namespace ferolin

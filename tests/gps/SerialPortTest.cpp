@@ -1,0 +1,132 @@
+#include "gps/SerialPort.h"
+
+// The kernel's own terminal structure tells rates as numbers; <termios.h> cannot be had beside it.
+#include <asm/termbits.h>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <stdlib.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <string>
+
+#include "handheld.h"
+#include "support/TempFolder.h"
+
+namespace ferolin {
+namespace {
+
+/// A pseudo-terminal of 4800 baud stands behind "COM7".
+class SerialPortTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    char name[128];
+    receiver = posix_openpt(O_RDWR | O_NOCTTY);
+    ASSERT_EQ(grantpt(receiver), 0);
+    ASSERT_EQ(unlockpt(receiver), 0);
+    ASSERT_EQ(ptsname_r(receiver, name, sizeof name), 0);
+    line = open(name, O_RDWR | O_NOCTTY);
+    termios2 settings = LineSettings();
+    settings.c_lflag = 0;
+    settings.c_iflag = 0;
+    settings.c_oflag = 0;
+    settings.c_cflag = CS8 | CREAD | CLOCAL | BOTHER;
+    settings.c_ispeed = 4800;
+    settings.c_ospeed = 4800;
+    ASSERT_EQ(ioctl(line, TCSETS2, &settings), 0);
+    ASSERT_EQ(LineSpeed(), 4800U);
+    handheld::MapSerialPort("COM7", name);
+  }
+
+  void TearDown() override {
+    if (port != INVALID_HANDLE_VALUE) {
+      CloseHandle(port);
+    }
+    handheld::MapSerialPort("COM7", "");
+    close(line);
+    close(receiver);
+  }
+
+  void Open() {
+    port = OpenSerialPort("COM7");
+    ASSERT_NE(port, INVALID_HANDLE_VALUE);
+  }
+
+  termios2 LineSettings() const {
+    termios2 settings = {};
+    ioctl(line, TCGETS2, &settings);
+    return settings;
+  }
+
+  speed_t LineSpeed() const { return LineSettings().c_ospeed; }
+
+  int receiver = -1;
+  int line = -1;
+  HANDLE port = INVALID_HANDLE_VALUE;
+};
+
+TEST_F(SerialPortTest, PortIsNamedWithoutItsColon) {
+  Open();
+}
+
+TEST_F(SerialPortTest, MissingPortIsInvalid) {
+  EXPECT_EQ(OpenSerialPort("COM99"), INVALID_HANDLE_VALUE);
+  EXPECT_EQ(OpenSerialPort(""), INVALID_HANDLE_VALUE);
+}
+
+TEST_F(SerialPortTest, OpenPortIsNotShared) {
+  Open();
+  EXPECT_EQ(OpenSerialPort("COM7"), INVALID_HANDLE_VALUE);
+}
+
+TEST_F(SerialPortTest, OpenPortIsRead) {
+  Open();
+  ASSERT_EQ(write(receiver, "$A\r\n", 4), 4);
+  char bytes[16];
+  DWORD count = 0;
+  ASSERT_TRUE(ReadFile(port, bytes, sizeof bytes, &count, nullptr));
+  EXPECT_EQ(std::string(bytes, count), "$A\r\n");
+}
+
+TEST_F(SerialPortTest, EveryRateOfReceiversIsSet) {
+  Open();
+  for (const int rate : {300, 2400, 4800, 9600, 19200, 38400, 57600, 115200}) {
+    EXPECT_TRUE(ApplyBaudRate(port, rate)) << rate;
+    EXPECT_EQ(LineSpeed(), static_cast<speed_t>(rate));
+  }
+}
+
+TEST_F(SerialPortTest, OtherRatesLeaveThePortAsItIs) {
+  Open();
+  for (const int rate : {14400, 1200, 600, 110, 230400, 1, 0, -1, -9999, -9600}) {
+    EXPECT_TRUE(ApplyBaudRate(port, rate)) << rate;
+    EXPECT_EQ(LineSpeed(), 4800U) << rate;
+  }
+}
+
+TEST_F(SerialPortTest, NothingButTheRateIsTouched) {
+  Open();
+  const termios2 before = LineSettings();
+  ASSERT_TRUE(ApplyBaudRate(port, 9600));
+  const termios2 after = LineSettings();
+  EXPECT_EQ(after.c_iflag, before.c_iflag);
+  EXPECT_EQ(after.c_oflag, before.c_oflag);
+  EXPECT_EQ(after.c_lflag, before.c_lflag);
+  constexpr tcflag_t RATE_BITS = CBAUD | CBAUD << IBSHIFT;
+  EXPECT_EQ(after.c_cflag & ~RATE_BITS, before.c_cflag & ~RATE_BITS);
+}
+
+TEST_F(SerialPortTest, SettingsThatCannotBeReadAreAnErrorOnlyForAKnownRate) {
+  const testing_support::TempFolder folder;
+  folder.Write("file", "no port");
+  const HANDLE file = CreateFileW(folder.DevicePath("file").c_str(), GENERIC_READ, 0, nullptr,
+                                  OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  ASSERT_NE(file, INVALID_HANDLE_VALUE);
+  EXPECT_FALSE(ApplyBaudRate(file, 9600));
+  EXPECT_TRUE(ApplyBaudRate(file, 14400));
+  EXPECT_TRUE(ApplyBaudRate(file, -9999));
+  CloseHandle(file);
+}
+
+}  // namespace
+}  // namespace ferolin
