@@ -1,0 +1,57 @@
+#include <gtest/gtest.h>
+
+#include "gps/FixRecord.h"
+#include "sensors/Sensor.h"
+
+namespace ferolin {
+namespace {
+
+class Counter : public Sensor {
+ public:
+  using Sensor::Sensor;
+  void Update(const FixRecord& fix) override { SetText("%i", fix.satellitesUsed); }
+};
+
+TEST(SensorTest, NameIsFixedAtConstruction) {
+  const Counter sensor("Count");
+  EXPECT_STREQ(sensor.GetName(), "Count");
+}
+
+TEST(SensorTest, TextIsWrittenByTheFirstUpdate) {
+  Counter sensor("Count");
+  FixRecord fix;
+  fix.satellitesUsed = 7;
+  sensor.Update(fix);
+  EXPECT_STREQ(sensor.GetValueText(), "7");
+}
+
+TEST(SensorTest, ResetEmptiesTheText) {
+  Counter sensor("Count");
+  const FixRecord fix;
+  sensor.Update(fix);
+  sensor.Reset();
+  EXPECT_STREQ(sensor.GetValueText(), "");
+  sensor.Update(fix);
+  EXPECT_STREQ(sensor.GetValueText(), "0");
+}
+
+TEST(SensorTest, SensorWithoutStateIsNotSaveable) {
+  EXPECT_EQ(Counter("Count").IsSaveable(), 0);
+}
+
+TEST(SensorTest, SensorWithoutStateLeavesTheBufferAlone) {
+  char buffer[] = "before";
+  Counter("Count").GetRegistryString(buffer, sizeof buffer);
+  EXPECT_STREQ(buffer, "before");
+}
+
+TEST(SensorTest, SensorWithoutStateTakesNone) {
+  Counter sensor("Count");
+  const FixRecord fix;
+  sensor.Update(fix);
+  EXPECT_EQ(sensor.SetRegistryString("12"), 0);
+  EXPECT_STREQ(sensor.GetValueText(), "0");
+}
+
+}  // namespace
+}  // namespace ferolin
