@@ -58,6 +58,9 @@ class FixRecord {
   float latitude = MISSING_FLOAT;   ///< ddmm.mmmm, negative = South
   float course = MISSING_FLOAT;     ///< degrees from true north
   float speedKmh = MISSING_FLOAT;
+  /// Part of the record's layout; nothing reads or writes it.
+  std::array<float, 9> reserved = {MISSING_FLOAT, MISSING_FLOAT, MISSING_FLOAT, MISSING_FLOAT,
+                                   MISSING_FLOAT, MISSING_FLOAT, MISSING_FLOAT};
   SYSTEMTIME utcTime = {};
   SYSTEMTIME localTime = {};  ///< zero until the first update
   float pdop = MISSING_FLOAT;

@@ -29,7 +29,7 @@ void DistanceSensor::Update(const FixRecord& fix) {
     return;
   }
   const std::int64_t time = FileTimeOf(fix.localTime);
-  if (!IsMissing(lastSpeed) && time >= lastTime) {
+  if (!IsMissing(lastSpeed) && lastTime != 0 && time >= lastTime) {
     const float seconds = static_cast<float>(time - lastTime) * 1e-7F;
     const double hours = static_cast<double>(seconds) * HOURS_PER_SECOND;
     const float meanSpeed = (fix.speedKmh + lastSpeed) * 0.5F;

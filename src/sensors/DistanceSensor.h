@@ -19,7 +19,7 @@ class DistanceSensor : public SaveableSensor {
  private:
   void ShowDistance();
 
-  std::int64_t lastTime = 0;        ///< file time of the previous fix
+  std::int64_t lastTime = 0;        ///< file time of the previous fix, 0 when it had none
   float lastSpeed = MISSING_FLOAT;  ///< km/h, missing when the chain is broken
   float distanceKm = 0;
 };

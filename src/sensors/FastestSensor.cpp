@@ -50,7 +50,7 @@ void FastestSensor::Update(const FixRecord& fix) {
   if (fix.speedKmh == 0.0F) {
     BreakRun();
   }
-  if (!IsMissing(lastSpeed) && time >= lastTime) {
+  if (!IsMissing(lastSpeed) && lastTime != 0 && time >= lastTime) {
     const std::int64_t stepMs = (time - lastTime) / FILE_TIME_PER_MILLISECOND;
     const std::int64_t wholeSeconds = stepMs / 1000;
     const float meanSpeed = (lastSpeed + fix.speedKmh) * 0.5F;

@@ -27,7 +27,7 @@ class FastestSensor : public SaveableSensor {
   void RecordRun(int start, float sum, std::int64_t time);
   void ShowBest();
 
-  std::int64_t lastTime = 0;  ///< file time of the previous fix
+  std::int64_t lastTime = 0;  ///< file time of the previous fix, 0 when it had none
   std::int64_t bestTime = 0;  ///< milliseconds, 0 when there is no record
   float lastSpeed = MISSING_FLOAT;
   float targetDistance;  ///< metres

@@ -31,6 +31,13 @@ TEST(FixRecordTest, FreshRecordKnowsNoNumber) {
   EXPECT_EQ(fix.ggaField10, -9999.0F);
 }
 
+TEST(FixRecordTest, FreshRecordKeepsItsSpareSlotsMissing) {
+  const FixRecord fix;
+  for (std::size_t slot = 0; slot < 7; ++slot) {
+    EXPECT_EQ(fix.reserved[slot], -9999.0F) << slot;
+  }
+}
+
 TEST(FixRecordTest, FreshRecordHasNoFixNoSatellitesUsedAndNoPoints) {
   const FixRecord fix;
   EXPECT_EQ(fix.fixValid, 0);

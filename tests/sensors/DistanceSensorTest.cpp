@@ -69,6 +69,12 @@ TEST_F(DistanceSensorTest, ClockThatGoesBackOnlySeedsAfresh) {
   EXPECT_EQ(drive.At(6, 36).Text(), "110 m");
 }
 
+TEST_F(DistanceSensorTest, FixWithoutATimeAddsNothingBeforeOrBehindIt) {
+  drive.Every(0, 11, 36).Timeless(36).At(12, 36);
+  EXPECT_EQ(drive.State(), "0.1");
+  EXPECT_EQ(drive.At(13, 36).Text(), "110 m");
+}
+
 TEST_F(DistanceSensorTest, UnitAndDecimalsDependOnTheDistance) {
   EXPECT_EQ(TextOfRestored("0.5"), "500 m");
   EXPECT_EQ(TextOfRestored("0.0004"), "0 m");

@@ -24,6 +24,15 @@ class Drive {
   /// A valid fix that has no speed.
   Drive& WithoutSpeedAt(double seconds) { return Update(seconds, MISSING_FLOAT, 1); }
 
+  /// A valid fix whose time is none, as a receiver sends that does not know the date yet.
+  Drive& Timeless(float speedKmh) {
+    fix.localTime = {};
+    fix.speedKmh = speedKmh;
+    fix.fixValid = 1;
+    sensor.Update(fix);
+    return *this;
+  }
+
   /// Valid fixes at an even pace of one second, `count` of them.
   Drive& Every(double firstSecond, int count, float speedKmh) {
     for (int number = 0; number < count; ++number) {

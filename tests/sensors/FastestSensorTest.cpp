@@ -105,6 +105,11 @@ TEST_F(FastestSensorTest, ClockThatGoesBackAddsNoSegment) {
   EXPECT_EQ(drive.At(21, 36).Text(), "40.20 s");
 }
 
+TEST_F(FastestSensorTest, FixWithoutATimeAddsNoSegment) {
+  drive.Timeless(36).At(0, 36).At(1, 36);
+  EXPECT_EQ(drive.Text(), "");
+}
+
 /// Half a second is no whole one, so its segment has no length. A following one of 200 m is longer than the target by
 /// itself, and there is nothing to take a share of.
 TEST_F(FastestSensorTest, SegmentWithoutLengthIsNoStartOfARun) {
