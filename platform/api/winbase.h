@@ -51,6 +51,12 @@ struct OVERLAPPED;
 
 struct WIN32_FIND_DATAW {
   DWORD dwFileAttributes;
+  FILETIME ftCreationTime;
+  FILETIME ftLastAccessTime;
+  FILETIME ftLastWriteTime;
+  DWORD nFileSizeHigh;
+  DWORD nFileSizeLow;
+  DWORD dwOID;
   WCHAR cFileName[MAX_PATH];
 };
 
