@@ -1,0 +1,42 @@
+// Structures that the device fills or reads must have the device's layout to the byte. Sizes as the device's own
+// compiler makes them: no packing, doubles at multiples of 8.
+
+#include <gpsapi.h>
+#include <imaging.h>
+#include <pm.h>
+#include <windows.h>
+
+#include <cstddef>
+
+static_assert(sizeof(WCHAR) == 2);
+static_assert(sizeof(void*) == 4);
+static_assert(alignof(double) == 8);
+
+static_assert(sizeof(FILETIME) == 8);
+static_assert(sizeof(SYSTEMTIME) == 16);
+static_assert(sizeof(WIN32_FIND_DATAW) == 560);
+static_assert(offsetof(WIN32_FIND_DATAW, cFileName) == 40);
+static_assert(sizeof(DCB) == 28);
+static_assert(offsetof(DCB, ByteSize) == 18);
+// The device's is 20 bytes long.
+static_assert(sizeof(CRITICAL_SECTION) >= 20);
+static_assert(sizeof(SYSTEM_POWER_STATUS_EX) == 24);
+static_assert(offsetof(SYSTEM_POWER_STATUS_EX, BackupBatteryLifeTime) == 16);
+
+static_assert(sizeof(MSG) == 28);
+static_assert(sizeof(WNDCLASSW) == 40);
+static_assert(sizeof(RECT) == 16);
+static_assert(sizeof(BITMAP) == 24);
+static_assert(offsetof(BITMAP, bmBits) == 20);
+static_assert(sizeof(BITMAPINFO) == 44);
+static_assert(sizeof(LOGFONTW) == 92);
+static_assert(sizeof(BLENDFUNCTION) == 4);
+
+static_assert(sizeof(ImageInfo) == 64);
+static_assert(offsetof(ImageInfo, Xdpi) == 40);
+static_assert(sizeof(BitmapData) == 24);
+static_assert(sizeof(GPS_POSITION) == 344);
+
+// Enumerations are whole words (-fno-short-enums).
+static_assert(sizeof(CEDEVICE_POWER_STATE) == 4);
+static_assert(sizeof(InterpolationHint) == 4);

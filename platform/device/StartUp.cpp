@@ -1,0 +1,78 @@
+// Start-up code: what the device's loader calls when the library comes and goes.
+
+#include <windows.h>
+
+#include <cstddef>
+#include <cstdlib>
+#include <span>
+
+extern "C" {
+
+using Initializer = void (*)();
+// From the linker script: the constructors of static objects.
+extern const Initializer initializersBegin[];
+extern const Initializer initializersEnd[];
+
+BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID reserved);
+
+/// Names the library in registrations of destructors; there is only this one.
+void* __dso_handle = &__dso_handle;
+
+}  // extern "C"
+
+namespace {
+
+/// A destructor to be run when the library goes.
+struct Cleanup {
+  void (*destroy)(void*);
+  void* object;
+  Cleanup* before;
+};
+
+Cleanup* newestCleanup = nullptr;
+
+void Construct() {
+  for (const Initializer initialize : std::span(
+           initializersBegin, static_cast<std::size_t>(initializersEnd - initializersBegin))) {
+    initialize();
+  }
+}
+
+void Destruct() {
+  while (newestCleanup != nullptr) {
+    Cleanup* cleanup = newestCleanup;
+    newestCleanup = cleanup->before;
+    cleanup->destroy(cleanup->object);
+    std::free(cleanup);
+  }
+}
+
+}  // namespace
+
+extern "C" {
+
+/// Called by the compiler's code behind each constructor of a static object. Without memory the object is never
+/// destroyed.
+int __aeabi_atexit(void* object, void (*destroy)(void*), void*) {
+  auto* cleanup = static_cast<Cleanup*>(std::malloc(sizeof(Cleanup)));
+  if (cleanup == nullptr) {
+    return -1;
+  }
+  *cleanup = {destroy, object, newestCleanup};
+  newestCleanup = cleanup;
+  return 0;
+}
+
+/// The device enters through DeviceEntry, see Edge.cpp.
+BOOL StartUp(HINSTANCE module, DWORD reason, LPVOID reserved) {
+  if (reason == DLL_PROCESS_ATTACH) {
+    Construct();
+  }
+  const BOOL isWilling = DllMain(module, reason, reserved);
+  if (reason == DLL_PROCESS_DETACH || (reason == DLL_PROCESS_ATTACH && !isWilling)) {
+    Destruct();
+  }
+  return isWilling;
+}
+
+}  // extern "C"
