@@ -1,0 +1,114 @@
+#include "CoreDll.h"
+
+#include <crt.h>
+#include <dlfcn.h>
+#include <windows.h>
+
+#include <algorithm>
+#include <bit>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <map>
+#include <memory>
+#include <string_view>
+
+#include "Crossing.h"
+
+namespace {
+
+// Threads: their procedures lie in the library.
+
+struct ThreadStart {
+  LPTHREAD_START_ROUTINE procedure;
+  LPVOID argument;
+};
+
+DWORD RunThread(LPVOID argument) {
+  const std::unique_ptr<ThreadStart> start(static_cast<ThreadStart*>(argument));
+  return CallDevice(start->argument, 0, nullptr, reinterpret_cast<void*>(start->procedure));
+}
+
+HANDLE StartThread(SECURITY_ATTRIBUTES* security, DWORD stackSize, LPTHREAD_START_ROUTINE procedure,
+                   LPVOID argument, DWORD flags, LPDWORD threadId) {
+  auto start = std::make_unique<ThreadStart>(procedure, argument);
+  const HANDLE thread = CreateThread(security, stackSize, RunThread, start.get(), flags, threadId);
+  if (thread != nullptr) {
+    start.release();
+  }
+  return thread;
+}
+
+// Printing: the device packs variadic arguments, so that a double is simply the next two words. It returns -1 for text
+// longer than the buffer and ends only shorter text with a zero.
+
+int PrintPacked(char* out, std::size_t size, const char* format, ...) {
+  va_list words;
+  va_start(words, format);
+  char text[512];
+  const std::string_view conversion = format;
+  if (conversion.find_first_of("eEfgG") != std::string_view::npos) {
+    const std::uint64_t low = va_arg(words, std::uint32_t);
+    const std::uint64_t high = va_arg(words, std::uint32_t);
+    CrtPrintDouble(text, sizeof text, format, std::bit_cast<double>(high << 32 | low));
+  } else {
+    CrtPrintInt(text, sizeof text, format, va_arg(words, int));
+  }
+  va_end(words);
+  const std::size_t length = std::strlen(text);
+  std::memcpy(out, text, std::min(length + 1, size));
+  return length <= size ? static_cast<int>(length) : -1;
+}
+
+// Libraries: COREDLL itself can be asked for.
+
+int coreDll;
+const auto CORE_DLL = reinterpret_cast<HMODULE>(&coreDll);
+
+HMODULE LoadLibraryOrCoreDll(LPCWSTR name) {
+  return name != nullptr && std::u16string_view(name) == u"coredll.dll" ? CORE_DLL
+                                                                        : LoadLibraryW(name);
+}
+
+FARPROC FindProcedure(HMODULE module, LPCWSTR name) {
+  if (module != CORE_DLL) {
+    return GetProcAddressW(module, name);
+  }
+  const std::u16string_view wide = name;
+  return reinterpret_cast<FARPROC>(FindDeviceFunction({wide.begin(), wide.end()}));
+}
+
+[[noreturn]] void EndByException(DWORD code) {
+  std::fprintf(stderr, "The device's library raised exception %08X\n", code);
+  std::abort();
+}
+
+template <class Function>
+void* AddressOf(Function* function) {
+  return reinterpret_cast<void*>(function);
+}
+
+const std::map<std::string_view, void*> ADAPTED = {
+    {"CreateThread", AddressOf(StartThread)},
+    {"GetProcAddressW", AddressOf(FindProcedure)},
+    {"LoadLibraryW", AddressOf(LoadLibraryOrCoreDll)},
+    {"RaiseException", AddressOf(EndByException)},
+    {"_atoi64", AddressOf(CrtParseInt64)},
+    {"_msize", AddressOf(CrtBlockSize)},
+    {"_snprintf", AddressOf(PrintPacked)},
+    {"atof", AddressOf(CrtParseDouble)},
+};
+
+}  // namespace
+
+void* FindDeviceFunction(const std::string& name) {
+  static std::map<std::string, void*> known;
+  const auto before = known.find(name);
+  if (before != known.end()) {
+    return before->second;
+  }
+  const auto adapted = ADAPTED.find(name);
+  void* function = adapted != ADAPTED.end() ? adapted->second : dlsym(RTLD_DEFAULT, name.c_str());
+  return function == nullptr ? nullptr : known[name] = MakeWayOut(name, function);
+}
