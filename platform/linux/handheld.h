@@ -1,18 +1,21 @@
-// What the handheld that the Linux home pretends to be is like: set by hosts before they load the engine, and by
-// tests, which also read here what was asked of the device. Every function may be called from any thread.
+// What the handheld that the Linux home pretends to be is like: set by hosts before they load the
+// engine, and by tests, which also read here what was asked of the device. Every function may be
+// called from any thread.
 #pragma once
 
+#include <windows.h>
+
+#include <cstdint>
 #include <string>
 #include <vector>
-
-#include <windows.h>
 
 namespace handheld {
 
 // Language.
 
-/// Three-letter abbreviation of the user's language ("ENU", "RUS"). At start taken from LC_ALL, LC_MESSAGES or
-/// LANG: "RUS" for Russian, else "ENU". Also chooses the ANSI code page that goes with it (1251 or 1252).
+/// Three-letter abbreviation of the user's language ("ENU", "RUS"). At start taken from LC_ALL,
+/// LC_MESSAGES or LANG: "RUS" for Russian, else "ENU". Also chooses the ANSI code page that goes
+/// with it (1251 or 1252).
 void SetLanguage(const char* abbreviation);
 
 /// Makes GetLocaleInfoW fail (true) or answer again (false).
@@ -30,27 +33,33 @@ std::string Utf8FromWide(const std::u16string& wide);
 
 // Clock.
 
-/// Sets the device's clock to this moment (UTC); it runs on from there at the time rate.
+/// Sets the device's clock to this moment (UTC); it runs on from there at the time rate. Until then
+/// it shows the machine's time. Fields that name no moment change nothing.
 void SetClock(const SYSTEMTIME& utc);
 
-/// Stops the clock (true) so that it stands at the moment last set or reached, or lets it run (false).
+/// Stops the clock (true) so that it stands at the moment last set or reached, or lets it run
+/// (false). The tick count and Sleep go on either way.
 void SetClockStopped(bool stopped);
 
-/// How many times faster than real time the device lives: its clock, its tick count and every Sleep. 1 at start.
-/// Must be above 0; 1000 makes a Sleep of 100 ms last 0.1 ms.
+/// How many times faster than real time the device lives: its clock, its tick count and every
+/// Sleep. 1 at start. Must be above 0; 1000 makes a Sleep of 100 ms last 0.1 ms.
 void SetTimeRate(double rate);
 
-/// POSIX time zone such as "UTC0" or "MSK-3", or a name such as "Europe/Moscow". The process's zone at start.
+/// POSIX time zone such as "UTC0" or "MSK-3", or a name such as "Europe/Moscow"; UTC if it is
+/// neither. The process's zone at start. As on the device, FileTimeToLocalFileTime and its inverse
+/// use the offset that holds at the moment the device's clock shows, not at the moment converted.
 void SetTimeZone(const char* zone);
 
 // Power.
 
-/// Answers of GetSystemPowerStatusEx from now on, instead of the machine's own battery.
+/// Answers of GetSystemPowerStatusEx from now on, instead of the machine's own battery (which is
+/// asked every two seconds at most). Without a battery the flag is 128 and the percentage 255.
 void SetBattery(BYTE flag, BYTE percent);
 void SetBatteryFailing(bool failing);
 /// Makes ReleasePowerRequirement fail (true) or succeed (false).
 void SetPowerReleaseFailing(bool failing);
-/// Number of power requirements now held, and ever taken.
+/// Number of power requirements now held, and ever taken. While one is held, logind (when there is
+/// one) is asked to keep the machine from idling.
 int PowerRequirementsHeld();
 int PowerRequirementsTaken();
 /// Calls of SystemIdleTimerReset so far.
@@ -58,32 +67,48 @@ int IdleTimerResets();
 
 // Serial ports.
 
-/// Makes a port name such as "COM1:" open this device (a path such as /dev/ttyUSB0 or a pseudo-terminal's slave).
-/// An empty path removes the port.
+/// Makes a port name such as "COM1:" open this device (a path such as /dev/ttyUSB0 or a
+/// pseudo-terminal's slave). An empty path removes the port. A device that disappears while its
+/// port is open is looked for again about once a second, except directly under /dev/pts, where the
+/// same path soon means another terminal.
 void MapSerialPort(const std::string& port, const std::string& devicePath);
 
 // Modules.
 
-/// Folder that loaded libraries seem to lie in (a Linux path): the answer of GetModuleFileNameW becomes this
-/// folder and the library's file name. Empty at start: the library's real folder.
+/// Folder that loaded libraries seem to lie in (a Linux path): the answer of GetModuleFileNameW
+/// becomes this folder and the library's file name. Empty at start: the library's real folder.
 void SetModuleDirectory(const std::string& path);
-/// Further folder in which LoadLibraryW looks for libraries named without a path (a Linux path). The folder of
-/// the running program and the module directory are always searched.
+/// Further folder in which LoadLibraryW looks for libraries named without a path (a Linux path).
+/// The folder of the running program and the module directory are always searched.
 void AddLibraryDirectory(const std::string& path);
 
-/// A Linux path in the device's spelling (backslashes) and back. File names are looked up without regard to case.
+/// A Linux path in the device's spelling (backslashes) and back. File names are looked up without
+/// regard to case.
 std::u16string DevicePath(const std::string& path);
 std::string LinuxPath(const std::u16string& devicePath);
 
 // Screen.
 
-/// Size in pixels and resolution in dots per inch of the screen; windows created later fill it. 240 x 320 at 96
-/// dpi at start.
+/// Size in pixels and resolution in dots per inch of the screen; windows created later with
+/// CW_USEDEFAULT fill it. 240 x 320 at 96 dpi at start.
 void SetScreen(int width, int height, int dpi);
+
+/// What a window shows: `height` rows of `width` pixels from the top, each 0x00RRGGBB.
+struct Pixels {
+  int width = 0;
+  int height = 0;
+  std::vector<std::uint32_t> rows;
+};
+/// Copy of what was drawn into the window so far; empty when nothing ever was, or the window is
+/// gone.
+Pixels WindowPixels(HWND window);
+/// Changes whenever something is drawn into the window; 0 when nothing ever was.
+std::uint64_t WindowPixelsVersion(HWND window);
 
 // Messages.
 
-/// Every message posted through PostMessageW so far that found its window, in order, across all threads.
+/// Messages posted through PostMessageW so far that found their window, in order, across all
+/// threads: the latest 65536 of them.
 std::vector<MSG> MessagesPosted();
 void ForgetMessagesPosted();
 
@@ -93,7 +118,7 @@ struct Sound {
   std::u16string path;
   DWORD flags;
 };
-/// Every sound that PlaySoundW was asked for and whose file exists, in order.
+/// Sounds that PlaySoundW was asked for and whose file exists, in order: the latest 65536 of them.
 std::vector<Sound> SoundsStarted();
 void ForgetSoundsStarted();
 
@@ -101,5 +126,9 @@ void ForgetSoundsStarted();
 
 /// Handles now open (files, ports, searches, threads, power requirements).
 int HandlesAlive();
+
+/// Drawing objects now alive (device contexts, bitmaps, pens, brushes, fonts, regions), without the
+/// system's own.
+int GdiObjectsAlive();
 
 }  // namespace handheld
