@@ -1,0 +1,26 @@
+// Moments in the device's file time (units of 100 ns since the start of 1601) and their calendar
+// fields.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <optional>
+
+namespace handheld::Calendar {
+
+/// Start of 1970.
+constexpr std::int64_t UNIX_EPOCH = 116'444'736'000'000'000;
+constexpr std::int64_t UNITS_PER_SECOND = 10'000'000;
+
+/// Between a moment and the two halves that the API carries it in.
+std::int64_t Join(const FILETIME& file);
+FILETIME Split(std::int64_t moment);
+
+/// Nothing for fields that name no moment from 1601 on; the day of the week is not looked at.
+std::optional<std::int64_t> FromFields(const SYSTEMTIME& fields);
+
+/// Nothing for negative moments.
+std::optional<SYSTEMTIME> ToFields(std::int64_t moment);
+
+}  // namespace handheld::Calendar
