@@ -39,6 +39,8 @@ constexpr UINT WM_LBUTTONDBLCLK = 0x0203;
 
 constexpr DWORD WS_POPUP = 0x80000000;
 constexpr DWORD WS_VISIBLE = 0x10000000;
+/// Place or size of a new window that fills the screen.
+constexpr int CW_USEDEFAULT = static_cast<int>(0x80000000);
 constexpr int SW_HIDE = 0;
 constexpr int SW_SHOW = 5;
 constexpr UINT PM_REMOVE = 1;
