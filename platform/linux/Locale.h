@@ -1,0 +1,8 @@
+// The user's language.
+#pragma once
+
+namespace handheld {
+
+bool IsRussian();
+
+}  // namespace handheld
