@@ -1,0 +1,70 @@
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+
+#include "Burst.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+using handheld::Burst;
+
+class BurstTest : public testing::Test {
+ protected:
+  void Add(const std::string& bytes, Burst::Duration at = 0ms) {
+    std::memcpy(burst.Free(), bytes.data(), bytes.size());
+    burst.Add(bytes.size(), start + at);
+  }
+
+  const Burst::Time start{};
+  char buffer[32];
+  Burst burst{buffer, sizeof(buffer)};
+};
+
+TEST_F(BurstTest, FillsUp) {
+  EXPECT_TRUE(burst.IsEmpty());
+  Add(std::string(31, 'x'));
+  EXPECT_FALSE(burst.IsFull());
+  EXPECT_EQ(1u, burst.FreeSize());
+  Add("x");
+  EXPECT_TRUE(burst.IsFull());
+}
+
+TEST_F(BurstTest, WaitsTheFullPauseInRealTime) {
+  Add("$GPRMC\r\n");
+  EXPECT_EQ(20ms, burst.Pause(1));
+  EXPECT_EQ(20ms, burst.Pause(0.5));
+}
+
+TEST_F(BurstTest, WaitsLessAfterACompleteLineWhenTimeRunsFaster) {
+  Add("$GPRMC\r\n");
+  EXPECT_EQ(2ms, burst.Pause(10));
+  EXPECT_EQ(200us, burst.Pause(1000));
+  EXPECT_EQ(200us, burst.Pause(1e9));
+}
+
+TEST_F(BurstTest, WaitsTheFullPauseInTheMiddleOfALine) {
+  Add("$GPRMC\r\n$GP");
+  EXPECT_EQ(20ms, burst.Pause(1000));
+}
+
+TEST_F(BurstTest, IsOverdueAfterAQuarterOfASecond) {
+  EXPECT_FALSE(burst.IsOverdue(start + 1h));
+  Add("a", 0ms);
+  Add("b", 200ms);
+  EXPECT_FALSE(burst.IsOverdue(start + 250ms));
+  EXPECT_TRUE(burst.IsOverdue(start + 251ms));
+}
+
+TEST_F(BurstTest, KnowsItsWholeLines) {
+  EXPECT_EQ(0u, burst.WholeLines());
+  Add("abc");
+  EXPECT_EQ(0u, burst.WholeLines());
+  Add("\r\nde");
+  EXPECT_EQ(5u, burst.WholeLines());
+  Add("\n");
+  EXPECT_EQ(8u, burst.WholeLines());
+}
+
+}  // namespace

@@ -1,0 +1,29 @@
+#include <gtest/gtest.h>
+
+#include "Fonts.h"
+#include "TemporaryFolder.h"
+
+namespace {
+
+TEST(Fonts, MustExist) {
+  const TemporaryFolder folder;
+  EXPECT_EQ(0, AddFontResourceW(folder.DevicePath("none.ttf").c_str()));
+  EXPECT_FALSE(RemoveFontResourceW(folder.DevicePath("none.ttf").c_str()));
+  EXPECT_EQ(0, AddFontResourceW(nullptr));
+}
+
+TEST(Fonts, GoWhenRemovedAsOftenAsAdded) {
+  const TemporaryFolder folder;
+  folder.Write("lcd-u.ttf", "");
+  const std::u16string path = folder.DevicePath("LCD-U.ttf");
+  EXPECT_EQ(1, AddFontResourceW(path.c_str()));
+  EXPECT_EQ(1, AddFontResourceW(path.c_str()));
+  EXPECT_EQ(std::vector<std::string>{folder.Path("lcd-u.ttf")}, handheld::RegisteredFonts());
+  EXPECT_TRUE(RemoveFontResourceW(path.c_str()));
+  EXPECT_EQ(1u, handheld::RegisteredFonts().size());
+  EXPECT_TRUE(RemoveFontResourceW(path.c_str()));
+  EXPECT_TRUE(handheld::RegisteredFonts().empty());
+  EXPECT_FALSE(RemoveFontResourceW(path.c_str()));
+}
+
+}  // namespace

@@ -1,0 +1,212 @@
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "Modules.h"
+#include "TemporaryFolder.h"
+#include "modules/Probe.h"
+
+namespace {
+
+std::vector<bool> detachments;
+
+void NoteDetachment(bool isProcessEnding, bool) {
+  detachments.push_back(isProcessEnding);
+}
+
+template <typename Function>
+Function* Symbol(HMODULE module, const char16_t* name) {
+  return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddressW(module, name)));
+}
+
+std::u16string PathOf(HMODULE module) {
+  char16_t path[260];
+  return std::u16string(path, GetModuleFileNameW(module, path, 260));
+}
+
+class ModulesTest : public testing::Test {
+ protected:
+  ModulesTest() {
+    handheld::AddLibraryDirectory(TEST_MODULES);
+    detachments.clear();
+  }
+};
+
+TEST_F(ModulesTest, AreFoundByTheirDeviceName) {
+  const HMODULE module = LoadLibraryW(u"PROBE.Dll");
+  ASSERT_NE(nullptr, module);
+  EXPECT_TRUE(FreeLibrary(module));
+}
+
+TEST_F(ModulesTest, AreFoundByPath) {
+  const std::u16string path = handheld::DevicePath(std::string(TEST_MODULES) + "/Probe.dll");
+  const HMODULE module = LoadLibraryW(path.c_str());
+  ASSERT_NE(nullptr, module);
+  FreeLibrary(module);
+  const std::u16string linuxName = handheld::DevicePath(std::string(TEST_MODULES) + "/libprobe.so");
+  const HMODULE again = LoadLibraryW(linuxName.c_str());
+  EXPECT_NE(nullptr, again);
+  FreeLibrary(again);
+}
+
+TEST_F(ModulesTest, AreFoundInTheModuleDirectoryWhateverTheirCase) {
+  const TemporaryFolder folder;
+  std::filesystem::copy_file(std::string(TEST_MODULES) + "/libplain.so",
+                             folder.Path("libPlain2.so"));
+  EXPECT_EQ(nullptr, LoadLibraryW(u"plain2.dll"));
+  handheld::SetModuleDirectory(folder.Path());
+  const HMODULE module = LoadLibraryW(u"plain2.dll");
+  EXPECT_NE(nullptr, module);
+  FreeLibrary(module);
+  handheld::SetModuleDirectory("");
+}
+
+TEST_F(ModulesTest, ThatDoNotExistAreNotLoaded) {
+  for (const char16_t* name : {u"None.dll", u"", u"\\none\\Probe.dll", u".dll", u"probe.exe"}) {
+    EXPECT_EQ(nullptr, LoadLibraryW(name));
+    EXPECT_EQ(ERROR_MOD_NOT_FOUND, GetLastError());
+  }
+  EXPECT_EQ(nullptr, LoadLibraryW(nullptr));
+}
+
+TEST_F(ModulesTest, ThatAreNoLibrariesAreNotLoaded) {
+  const TemporaryFolder folder;
+  folder.Write("libbroken.so", "not a library");
+  EXPECT_EQ(nullptr, LoadLibraryW(folder.DevicePath("Broken.dll").c_str()));
+  EXPECT_EQ(ERROR_MOD_NOT_FOUND, GetLastError());
+}
+
+TEST_F(ModulesTest, AttachOnceAndDetachWithTheLastReference) {
+  const HMODULE module = LoadLibraryW(u"Probe.dll");
+  ASSERT_NE(nullptr, module);
+  Symbol<void(ProbeObserver)>(module, u"ProbeObserve")(NoteDetachment);
+  EXPECT_EQ(module, Symbol<HINSTANCE()>(module, u"ProbeModule")());
+  EXPECT_EQ(module, LoadLibraryW(u"Probe.dll"));
+  EXPECT_EQ(1, Symbol<int()>(module, u"ProbeAttachments")());
+
+  EXPECT_TRUE(FreeLibrary(module));
+  EXPECT_TRUE(detachments.empty());
+  EXPECT_TRUE(FreeLibrary(module));
+  EXPECT_EQ(std::vector<bool>{false}, detachments);
+  EXPECT_FALSE(FreeLibrary(module));
+  EXPECT_EQ(ERROR_INVALID_HANDLE, GetLastError());
+}
+
+TEST_F(ModulesTest, AttachAgainWhenLoadedAgain) {
+  for (int i = 0; i < 3; ++i) {
+    const HMODULE module = LoadLibraryW(u"Probe.dll");
+    ASSERT_NE(nullptr, module);
+    // Static data starts afresh: the library was really gone in between.
+    EXPECT_EQ(1, Symbol<int()>(module, u"ProbeAttachments")());
+    FreeLibrary(module);
+  }
+}
+
+TEST_F(ModulesTest, ThatRefuseToAttachAreNotLoaded) {
+  EXPECT_EQ(nullptr, LoadLibraryW(u"Refusing.dll"));
+  constexpr DWORD ERROR_DLL_INIT_FAILED = 1114;
+  EXPECT_EQ(ERROR_DLL_INIT_FAILED, GetLastError());
+  EXPECT_EQ(nullptr, LoadLibraryW(u"Refusing.dll"));
+}
+
+TEST_F(ModulesTest, NeedNoEntry) {
+  const HMODULE module = LoadLibraryW(u"Plain.dll");
+  ASSERT_NE(nullptr, module);
+  EXPECT_EQ(42, Symbol<int()>(module, u"PlainAnswer")());
+  EXPECT_TRUE(FreeLibrary(module));
+}
+
+TEST_F(ModulesTest, HandOutTheirOwnSymbolsOnly) {
+  const HMODULE module = LoadLibraryW(u"Probe.dll");
+  EXPECT_NE(nullptr, GetProcAddressW(module, u"ProbeModule"));
+  for (const char16_t* name : {u"none", u"malloc", u"CloseHandle", u"DllMain"}) {
+    EXPECT_EQ(nullptr, GetProcAddressW(module, name));
+    EXPECT_EQ(ERROR_PROC_NOT_FOUND, GetLastError());
+  }
+  EXPECT_EQ(nullptr, GetProcAddressW(module, nullptr));
+  EXPECT_EQ(nullptr, GetProcAddressW(nullptr, u"ProbeModule"));
+  FreeLibrary(module);
+  EXPECT_EQ(nullptr, GetProcAddressW(module, u"ProbeModule"));
+}
+
+TEST_F(ModulesTest, TellTheirPath) {
+  const HMODULE module = LoadLibraryW(u"Probe.dll");
+  EXPECT_EQ(
+      handheld::DevicePath(std::filesystem::canonical(TEST_MODULES).string() + "/libprobe.so"),
+      PathOf(module));
+  FreeLibrary(module);
+  EXPECT_EQ(u"", PathOf(module));
+  EXPECT_EQ(ERROR_MOD_NOT_FOUND, GetLastError());
+}
+
+TEST_F(ModulesTest, SeemToLieInTheModuleDirectory) {
+  const HMODULE module = LoadLibraryW(u"Probe.dll");
+  handheld::SetModuleDirectory("/storage card/Ferolin");
+  EXPECT_EQ(u"\\storage card\\Ferolin\\libprobe.so", PathOf(module));
+  handheld::SetModuleDirectory("");
+  FreeLibrary(module);
+}
+
+TEST_F(ModulesTest, TheNullModuleIsTheProgram) {
+  EXPECT_EQ(handheld::DevicePath(std::filesystem::canonical("/proc/self/exe").string()),
+            PathOf(nullptr));
+}
+
+TEST_F(ModulesTest, PathsAreCutToTheBuffer) {
+  const std::u16string whole = PathOf(nullptr);
+  char16_t path[5] = {u'x', u'x', u'x', u'x', u'x'};
+  EXPECT_EQ(4u, GetModuleFileNameW(nullptr, path, 4));
+  EXPECT_EQ(ERROR_INSUFFICIENT_BUFFER, GetLastError());
+  EXPECT_EQ(whole.substr(0, 3), std::u16string(path));
+  EXPECT_EQ(u'x', path[4]);
+  EXPECT_EQ(0u, GetModuleFileNameW(nullptr, path, 0));
+  EXPECT_EQ(0u, GetModuleFileNameW(nullptr, nullptr, 5));
+}
+
+TEST_F(ModulesTest, AreLoadedAndFreedByManyThreads) {
+  std::vector<std::thread> threads;
+  std::atomic<int> loaded{0};
+  for (int i = 0; i < 4; ++i) {
+    threads.emplace_back([&loaded] {
+      for (int k = 0; k < 20; ++k) {
+        const HMODULE module = LoadLibraryW(u"Probe.dll");
+        if (module == nullptr) {
+          continue;
+        }
+        // However the threads meet, nobody sees it before or after its entry ran.
+        if (Symbol<int()>(module, u"ProbeAttachments")() == 1) {
+          ++loaded;
+        }
+        FreeLibrary(module);
+      }
+    });
+  }
+  for (std::thread& thread : threads) {
+    thread.join();
+  }
+  EXPECT_EQ(80, loaded);
+}
+
+/// Loads the library, lets it report its detachment, and ends the process in the ordinary way.
+[[noreturn]] void ExitWithLibraryLoaded() {
+  const HMODULE module = LoadLibraryW(u"Probe.dll");
+  Symbol<void(ProbeObserver)>(module, u"ProbeObserve")([](bool isEnding, bool areStaticsAlive) {
+    std::fprintf(stderr, "detached, ending %d, statics alive %d\n", isEnding, areStaticsAlive);
+  });
+  std::exit(0);
+}
+
+TEST(ModulesDeathTest, AreDetachedWhenTheProcessEnds) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  handheld::AddLibraryDirectory(TEST_MODULES);
+  EXPECT_EXIT(ExitWithLibraryLoaded(), testing::ExitedWithCode(0),
+              "detached, ending 1, statics alive 1");
+}
+
+}  // namespace

@@ -1,0 +1,239 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "WindowTable.h"
+#include "handheld.h"
+
+namespace {
+
+std::vector<MSG> heard;
+
+LRESULT CALLBACK Hear(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  heard.push_back({window, message, wParam, lParam, 0, {}});
+  return DefWindowProcW(window, message, wParam, lParam);
+}
+
+WNDCLASSW ClassNamed(const char16_t* name, WNDPROC procedure = Hear) {
+  WNDCLASSW windowClass = {};
+  windowClass.lpszClassName = name;
+  windowClass.lpfnWndProc = procedure;
+  return windowClass;
+}
+
+class Windows : public testing::Test {
+ protected:
+  Windows() {
+    const WNDCLASSW windowClass = ClassNamed(u"Test");
+    RegisterClassW(&windowClass);
+    heard.clear();
+  }
+  ~Windows() override { handheld::SetScreen(240, 320, 96); }
+
+  static HWND Create(DWORD style = WS_POPUP, HWND parent = nullptr) {
+    return CreateWindowExW(0, u"Test", u"Speed", style, 10, 20, 100, 200, parent, nullptr, nullptr,
+                           nullptr);
+  }
+};
+
+TEST_F(Windows, ClassesRegisterOnce) {
+  const WNDCLASSW first = ClassNamed(u"Once");
+  EXPECT_NE(0, RegisterClassW(&first));
+  const WNDCLASSW second = ClassNamed(u"ONCE");
+  EXPECT_EQ(0, RegisterClassW(&second));
+}
+
+TEST_F(Windows, ClassesNeedANameAndAProcedure) {
+  const WNDCLASSW nameless = ClassNamed(nullptr);
+  EXPECT_EQ(0, RegisterClassW(&nameless));
+  EXPECT_EQ(ERROR_INVALID_PARAMETER, GetLastError());
+  const WNDCLASSW idle = ClassNamed(u"Idle", nullptr);
+  EXPECT_EQ(0, RegisterClassW(&idle));
+  EXPECT_EQ(0, RegisterClassW(nullptr));
+}
+
+TEST_F(Windows, NeedAClass) {
+  EXPECT_EQ(nullptr,
+            CreateWindowExW(0, u"Unknown", u"", 0, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr));
+  EXPECT_EQ(nullptr,
+            CreateWindowExW(0, nullptr, u"", 0, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr));
+}
+
+TEST_F(Windows, AreMadeFromAnAtomToo) {
+  const WNDCLASSW windowClass = ClassNamed(u"ByAtom");
+  const ULONG_PTR atom = RegisterClassW(&windowClass);
+  const HWND window = CreateWindowExW(0, reinterpret_cast<LPCWSTR>(atom), u"", 0, 0, 0, 1, 1,
+                                      nullptr, nullptr, nullptr, nullptr);
+  EXPECT_TRUE(IsWindow(window));
+  DestroyWindow(window);
+}
+
+TEST_F(Windows, LieWhereTheyWereAskedToBe) {
+  const HWND window = Create();
+  ASSERT_TRUE(IsWindow(window));
+  RECT rect = {};
+  EXPECT_TRUE(GetWindowRect(window, &rect));
+  EXPECT_EQ(10, rect.left);
+  EXPECT_EQ(20, rect.top);
+  EXPECT_EQ(110, rect.right);
+  EXPECT_EQ(220, rect.bottom);
+  EXPECT_TRUE(GetClientRect(window, &rect));
+  EXPECT_EQ(0, rect.left);
+  EXPECT_EQ(0, rect.top);
+  EXPECT_EQ(100, rect.right);
+  EXPECT_EQ(200, rect.bottom);
+  DestroyWindow(window);
+}
+
+TEST_F(Windows, MayBeEmpty) {
+  const HWND window =
+      CreateWindowExW(0, u"Test", u"", 0, 5, 5, 0, 0, nullptr, nullptr, nullptr, nullptr);
+  RECT rect = {1, 1, 1, 1};
+  EXPECT_TRUE(GetClientRect(window, &rect));
+  EXPECT_EQ(0, rect.right);
+  EXPECT_EQ(0, rect.bottom);
+  DestroyWindow(window);
+}
+
+TEST_F(Windows, FillTheScreenWhenLeftToTheSystem) {
+  handheld::SetScreen(480, 640, 192);
+  const HWND window =
+      CreateWindowExW(0, u"Test", u"", 0, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
+                      CW_USEDEFAULT, nullptr, nullptr, nullptr, nullptr);
+  RECT rect = {};
+  EXPECT_TRUE(GetWindowRect(window, &rect));
+  EXPECT_EQ(0, rect.left);
+  EXPECT_EQ(480, rect.right);
+  EXPECT_EQ(640, rect.bottom);
+  DestroyWindow(window);
+}
+
+TEST_F(Windows, KeepTheirTitle) {
+  const HWND window = Create();
+  char16_t text[4];
+  EXPECT_EQ(3, GetWindowTextW(window, text, 4));
+  EXPECT_EQ(u"Spe", std::u16string(text));
+  char16_t room[10];
+  EXPECT_EQ(5, GetWindowTextW(window, room, 10));
+  EXPECT_EQ(u"Speed", std::u16string(room));
+  EXPECT_EQ(0, GetWindowTextW(window, room, 0));
+  EXPECT_EQ(0, GetWindowTextW(nullptr, room, 10));
+  EXPECT_EQ(u"", std::u16string(room));
+  DestroyWindow(window);
+}
+
+TEST_F(Windows, ShowAndHide) {
+  const HWND window = Create();
+  EXPECT_FALSE(IsWindowVisible(window));
+  EXPECT_FALSE(ShowWindow(window, SW_SHOW));
+  EXPECT_TRUE(IsWindowVisible(window));
+  EXPECT_TRUE(ShowWindow(window, SW_HIDE));
+  EXPECT_FALSE(IsWindowVisible(window));
+  DestroyWindow(window);
+}
+
+TEST_F(Windows, LearnTheirSizeWhenFirstShown) {
+  const HWND window = Create(WS_VISIBLE);
+  EXPECT_TRUE(IsWindowVisible(window));
+  ShowWindow(window, SW_HIDE);
+  ShowWindow(window, SW_SHOW);
+  ASSERT_EQ(1u, heard.size());
+  EXPECT_EQ(WM_SIZE, heard[0].message);
+  EXPECT_EQ(100, LOWORD(static_cast<ULONG_PTR>(heard[0].lParam)));
+  EXPECT_EQ(200, HIWORD(static_cast<ULONG_PTR>(heard[0].lParam)));
+  DestroyWindow(window);
+}
+
+TEST_F(Windows, HearOfTheirEnd) {
+  const HWND window = Create();
+  EXPECT_TRUE(DestroyWindow(window));
+  ASSERT_EQ(1u, heard.size());
+  EXPECT_EQ(WM_DESTROY, heard[0].message);
+  EXPECT_EQ(window, heard[0].hwnd);
+  EXPECT_FALSE(IsWindow(window));
+  EXPECT_FALSE(DestroyWindow(window));
+  EXPECT_EQ(ERROR_INVALID_WINDOW_HANDLE, GetLastError());
+}
+
+TEST_F(Windows, GoWithTheirParent) {
+  const HWND parent = Create();
+  const HWND child = Create(0, parent);
+  const HWND other = Create();
+  EXPECT_EQ(parent, GetParent(child));
+  EXPECT_EQ(nullptr, GetParent(parent));
+  DestroyWindow(parent);
+  EXPECT_FALSE(IsWindow(child));
+  EXPECT_TRUE(IsWindow(other));
+  ASSERT_EQ(2u, heard.size());
+  EXPECT_EQ(parent, heard[0].hwnd);
+  EXPECT_EQ(child, heard[1].hwnd);
+  DestroyWindow(other);
+}
+
+TEST_F(Windows, NeedALivingParent) {
+  const HWND parent = Create();
+  DestroyWindow(parent);
+  EXPECT_EQ(nullptr, Create(0, parent));
+  EXPECT_EQ(ERROR_INVALID_WINDOW_HANDLE, GetLastError());
+}
+
+TEST_F(Windows, AreDestroyedByTheirOwnThreadOnly) {
+  const HWND window = Create();
+  std::thread([window] {
+    EXPECT_FALSE(DestroyWindow(window));
+    EXPECT_EQ(ERROR_ACCESS_DENIED, GetLastError());
+  }).join();
+  EXPECT_TRUE(IsWindow(window));
+  DestroyWindow(window);
+}
+
+TEST_F(Windows, EndWithTheirThread) {
+  HWND window = nullptr;
+  std::thread([&window] {
+    window = Create();
+    EXPECT_TRUE(IsWindow(window));
+  }).join();
+  EXPECT_FALSE(IsWindow(window));
+}
+
+TEST_F(Windows, CloseByDestroying) {
+  const HWND window = Create();
+  EXPECT_EQ(0, DefWindowProcW(window, WM_CLOSE, 0, 0));
+  EXPECT_FALSE(IsWindow(window));
+}
+
+TEST_F(Windows, MisuseIsAnswered) {
+  RECT rect;
+  EXPECT_FALSE(IsWindow(nullptr));
+  EXPECT_FALSE(IsWindowVisible(nullptr));
+  EXPECT_FALSE(GetClientRect(nullptr, &rect));
+  EXPECT_EQ(ERROR_INVALID_WINDOW_HANDLE, GetLastError());
+  EXPECT_FALSE(GetWindowRect(nullptr, &rect));
+  EXPECT_FALSE(ShowWindow(nullptr, SW_SHOW));
+  EXPECT_EQ(nullptr, GetParent(nullptr));
+  const HWND window = Create();
+  EXPECT_FALSE(GetClientRect(window, nullptr));
+  EXPECT_FALSE(GetWindowRect(window, nullptr));
+  DestroyWindow(window);
+}
+
+TEST_F(Windows, StandInTheTable) {
+  const HWND window = Create(WS_VISIBLE);
+  auto& table = handheld::WindowTable::Instance();
+  EXPECT_TRUE(table.SetRect(window, {0, 0, 30, 40}));
+  RECT rect = {};
+  GetClientRect(window, &rect);
+  EXPECT_EQ(30, rect.right);
+  const auto entry = table.Find(window);
+  ASSERT_TRUE(entry);
+  EXPECT_TRUE(entry->isVisible);
+  EXPECT_EQ(1u, table.All().size());
+  DestroyWindow(window);
+  EXPECT_FALSE(table.Find(window));
+  EXPECT_FALSE(table.SetRect(window, {}));
+  EXPECT_FALSE(table.SetVisible(window, true));
+}
+
+}  // namespace

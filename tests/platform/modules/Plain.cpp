@@ -1,0 +1,4 @@
+// Library without an entry function.
+extern "C" int PlainAnswer() {
+  return 42;
+}
