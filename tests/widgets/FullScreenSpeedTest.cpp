@@ -81,9 +81,8 @@ TEST_F(FullScreenSpeedTest, MovesDownByHalfOfTheIcon) {
   FrameFor(888);
   const RECT withIcon = Bounds(SPEED_COLOR, BELOW_ICONS);
   RemovePicture("GPS-0.png");
-  engine.reset();
-  Load();
-  engine->renderWindow = window;
+  Unload();
+  Open(240, 320);
   FrameFor(888);
   const RECT without = Bounds(SPEED_COLOR, BELOW_ICONS);
   // (48 - 140 + 320) / 2 = 114 against 90.

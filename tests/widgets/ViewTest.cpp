@@ -42,13 +42,7 @@ ViewTest::ViewTest(const char* language) {
 }
 
 ViewTest::~ViewTest() {
-  if (engine != nullptr) {
-    engine->StopCallBack();
-    theCanvas.ReleaseAll();
-    engine->Shutdown();
-  }
-  theEngine = nullptr;
-  engine.reset();
+  Unload();
   theInvertFlags.vert = 0;
   theInvertFlags.horz = 0;
   theInvertFlags.color = 0;
@@ -86,6 +80,16 @@ void ViewTest::Load() {
   engine->AttachModule(module);
   FreeLibrary(module);
   theEngine = engine.get();
+}
+
+void ViewTest::Unload() {
+  if (engine != nullptr) {
+    engine->StopCallBack();
+    theCanvas.ReleaseAll();
+    engine->Shutdown();
+  }
+  theEngine = nullptr;
+  engine.reset();
 }
 
 void ViewTest::RemovePicture(const std::string& name) const {

@@ -44,6 +44,8 @@ class ViewTest : public testing::Test {
 
   /// Starts the engine in its folder. Pictures that a test wants to be missing are removed before.
   void Load();
+  /// Ends the engine as detaching does.
+  void Unload();
   void RemovePicture(const std::string& name) const;
 
   /// An accepted position: local time "hhmmss", speed in km/h, course in degrees.
