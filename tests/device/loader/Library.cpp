@@ -1,5 +1,7 @@
 // Stands in for the engine's Linux library: loads the device's own and passes every call on to it.
 
+#include <sys/syscall.h>
+#include <unistd.h>
 #include <windows.h>
 
 #include <cstdio>
@@ -7,6 +9,7 @@
 #include <memory>
 #include <stdexcept>
 
+#include "../count/Counter.h"
 #include "CoreDll.h"
 #include "Crossing.h"
 #include "PeImage.h"
@@ -37,6 +40,12 @@ void FindExports() {
   }
 }
 
+/// Lets tests/device/count-instructions know whose instructions to count.
+void AnnounceRange() {
+  const auto begin = reinterpret_cast<std::uintptr_t>(image->GetBase());
+  syscall(SYS_sched_yield, counter::MARK, counter::SET_RANGE, begin, begin + image->GetSize());
+}
+
 BOOL CallEntry(HINSTANCE module, DWORD reason) {
   return static_cast<BOOL>(CallDevice(module, reason, nullptr, image->GetEntry()));
 }
@@ -51,6 +60,7 @@ extern "C" [[gnu::visibility("hidden")]] BOOL WINAPI DllMain(HINSTANCE module, D
           LibraryPath(),
           [](const std::string&, const std::string& name) { return FindDeviceFunction(name); });
       FindExports();
+      AnnounceRange();
     } catch (const std::runtime_error& error) {
       std::fprintf(stderr, "%s %s\n", LibraryPath().c_str(), error.what());
       image.reset();

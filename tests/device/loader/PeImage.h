@@ -19,6 +19,7 @@ class PeImage {
   PeImage& operator=(const PeImage&) = delete;
 
   void* GetBase() const { return base; }
+  std::size_t GetSize() const { return size; }
   void* GetEntry() const;
   /// Null when the image exports no such name.
   void* FindExport(const std::string& name) const;

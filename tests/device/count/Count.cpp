@@ -1,0 +1,121 @@
+// Does what is worth counting, in windows that CounterPlugin sees: updates without a view, and with each view. Prints
+// what each window's number stands for.
+
+#include <handheld.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <string>
+#include <thread>
+
+#include "../../e2e/EngineTest.h"
+#include "Counter.h"
+
+namespace {
+
+using e2e::Device;
+using e2e::EngineLibrary;
+using e2e::HostWindow;
+using e2e::Receiver;
+using e2e::Sentence;
+using namespace std::chrono_literals;
+
+constexpr unsigned REPEATS = 100;
+
+std::string TwoDigits(int number) {
+  return {static_cast<char>('0' + number / 10), static_cast<char>('0' + number % 10)};
+}
+
+std::string Time(int second) {
+  return "12" + TwoDigits(second / 60 % 60) + TwoDigits(second % 60);
+}
+
+std::string Place(int second) {
+  return "4807." + TwoDigits(second % 100) + "8,N,01131." + TwoDigits(second * 3 % 100) + "0,E";
+}
+
+std::string Rmc(int second) {
+  return Sentence("GPRMC," + Time(second) + ",A," + Place(second) + "," +
+                  TwoDigits(20 + second % 50) + ".4,084.4,230324,003.1,W");
+}
+
+std::string Epoch(int second) {
+  return Sentence("GPGGA," + Time(second) + "," + Place(second) + ",1,08,0.9,5" +
+                  TwoDigits(second % 100) + ".4,M,46.9,M,,") +
+         Sentence("GPGSA,A,3,04,05,,09,12,,,24,,,,,2.5,1.3,2.1") +
+         Sentence("GPGSV,3,1,12,01,40,083,46,02,17,308,41,12,07,344,39,14,22,228,45") +
+         Sentence("GPGSV,3,2,12,03,40,083,46,04,17,308,41,15,07,344,39,16,22,228,45") +
+         Sentence("GPGSV,3,3,12,05,40,083,46,06,17,308,41,17,07,344,39,18,22,228,45") +
+         Sentence("GPGLL," + Place(second) + "," + Time(second) + ",A") +
+         Sentence("GPZDA," + Time(second) + ",23,03,2024,00,00") + Rmc(second);
+}
+
+/// The engine on a drive that never ends.
+class Bench {
+ public:
+  Bench() {
+    engine.SetUseGPSAPI(0);
+    engine.SetComPortName(TEXT("COM1"));
+    engine.SetRenderWindow(host.Get());
+    engine.StartCallBack(host.Get());
+  }
+
+  int CountViews() const { return engine.GetWidgetsCount(); }
+  std::string ViewName(int view) const { return engine.WidgetName(view); }
+  void Show(int view) { engine.SetCurRenderWidget(view); }
+
+  /// Counts what `REPEATS` seconds take, after some that fill caches and buffers.
+  void Count(const std::string& what, std::string (*makeSecond)(int)) {
+    Go(5, makeSecond);
+    Tell(counter::BEGIN, 0, 0);
+    Go(REPEATS, makeSecond);
+    Tell(counter::END, ++windows, REPEATS);
+    std::printf("window %u: %s\n", windows, what.c_str());
+  }
+
+ private:
+  static void Tell(counter::Request request, unsigned first, unsigned second) {
+    syscall(SYS_sched_yield, counter::MARK, request, first, second);
+  }
+
+  void Go(unsigned seconds, std::string (*makeSecond)(int)) {
+    for (unsigned index = 0; index < seconds; ++index) {
+      receiver->Send(makeSecond(second++));
+      host.WaitFor(engine.GetWndMessageID(), 1, 60'000);
+      WaitForRest();
+    }
+  }
+
+  /// The frame is drawn after the notification, and the reader goes back to its port.
+  void WaitForRest() const {
+    std::uint64_t before;
+    std::uint64_t version = handheld::WindowPixelsVersion(host.Get());
+    do {
+      before = version;
+      std::this_thread::sleep_for(20ms);
+      version = handheld::WindowPixelsVersion(host.Get());
+    } while (version != before);
+  }
+
+  std::unique_ptr<Device> device = Device::Make();
+  std::unique_ptr<Receiver> receiver = device->Connect("COM1");
+  HostWindow host{800, 480};
+  EngineLibrary engine;
+  int second = 0;
+  unsigned windows = 0;
+};
+
+}  // namespace
+
+int main() {
+  Bench bench;
+  bench.Count("one RMC update", Rmc);
+  bench.Count("one epoch of eight sentences", Epoch);
+  for (int view = 0; view < bench.CountViews(); ++view) {
+    bench.Show(view);
+    bench.Count("one RMC update and a frame of " + bench.ViewName(view), Rmc);
+  }
+}
