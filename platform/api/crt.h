@@ -2,10 +2,10 @@
 // a host that has set a comma locale still gets decimal points.
 #pragma once
 
+#include <windef.h>
+
 #include <cstddef>
 #include <cstdint>
-
-#include <windef.h>
 
 extern "C" {
 /// Prints one value through a single printf conversion such as "%.1f" or "%g" into `out`, cut to `size` - 1

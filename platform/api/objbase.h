@@ -17,12 +17,13 @@ using REFIID = const IID&;
 using REFCLSID = const CLSID&;
 
 constexpr HRESULT S_OK = 0;
-constexpr HRESULT E_FAIL = static_cast<HRESULT>(0x80004005u);
-constexpr HRESULT E_NOINTERFACE = static_cast<HRESULT>(0x80004002u);
-constexpr HRESULT E_POINTER = static_cast<HRESULT>(0x80004003u);
-constexpr HRESULT E_INVALIDARG = static_cast<HRESULT>(0x80070057u);
-constexpr HRESULT E_OUTOFMEMORY = static_cast<HRESULT>(0x8007000Eu);
-constexpr HRESULT REGDB_E_CLASSNOTREG = static_cast<HRESULT>(0x80040154u);
+constexpr HRESULT E_FAIL = static_cast<HRESULT>(0x80004005U);
+constexpr HRESULT E_NOTIMPL = static_cast<HRESULT>(0x80004001U);
+constexpr HRESULT E_NOINTERFACE = static_cast<HRESULT>(0x80004002U);
+constexpr HRESULT E_POINTER = static_cast<HRESULT>(0x80004003U);
+constexpr HRESULT E_INVALIDARG = static_cast<HRESULT>(0x80070057U);
+constexpr HRESULT E_OUTOFMEMORY = static_cast<HRESULT>(0x8007000EU);
+constexpr HRESULT REGDB_E_CLASSNOTREG = static_cast<HRESULT>(0x80040154U);
 
 constexpr bool SUCCEEDED(HRESULT result) {
   return result >= 0;
@@ -37,7 +38,7 @@ struct IUnknown {
   virtual ULONG WINAPI AddRef() = 0;
   virtual ULONG WINAPI Release() = 0;
 
-protected:
+ protected:
   ~IUnknown() = default;
 };
 

@@ -1,0 +1,50 @@
+// Which source pixels go into which target pixels, along one axis of a scaled copy.
+#pragma once
+
+#include <vector>
+
+namespace handheld::gdi {
+
+/// How pixels are treated that share a target pixel when a picture shrinks.
+enum class Shrinking { KEEP_ALL, KEEP_ONE };
+
+/// Source pixels first .. last (with first <= last) of one target pixel.
+struct SourceRange {
+  int first;
+  int last;
+};
+
+/// Start and signed length of a picture's side. A negative length runs backwards from the start, which is included.
+struct Side {
+  int start;
+  int length;
+};
+
+/// The visible target pixels begin .. begin + ranges.size() - 1 of one axis, each with its source pixels.
+class AxisMap {
+ public:
+  /// Only targets within low .. high - 1 and sources within 0 .. sourceSize - 1 take part.
+  AxisMap(Side target, Side source, int low, int high, int sourceSize, Shrinking shrinking);
+
+  bool IsEmpty() const { return ranges.empty(); }
+  int Begin() const { return begin; }
+  int Count() const { return static_cast<int>(ranges.size()); }
+  const std::vector<SourceRange>& Ranges() const { return ranges; }
+
+  /// Every target pixel has the source pixel after its left neighbour's (step 1) or before it (step -1); 0: neither.
+  int Step() const { return step; }
+  /// No target pixel has more than one source pixel.
+  bool IsSingle() const { return isSingle; }
+
+ private:
+  void Stretch(Side target, Side source, int low, int high, int sourceSize);
+  void Shrink(Side target, Side source, int low, int high, int sourceSize, Shrinking shrinking);
+  void Classify();
+
+  int begin = 0;
+  std::vector<SourceRange> ranges;
+  int step = 0;
+  bool isSingle = true;
+};
+
+}  // namespace handheld::gdi

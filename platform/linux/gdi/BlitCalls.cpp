@@ -1,0 +1,73 @@
+// Calls that copy, scale and blend pictures.
+#include "Blits.h"
+#include "DeviceContext.h"
+#include "LastError.h"
+
+namespace handheld::gdi {
+
+namespace {
+
+BOOL Blit(HDC dc, const Box& to, HDC source, const Box& from, DWORD operation) {
+  return Guarded<BOOL>(FALSE, [&]() -> BOOL {
+    const UsedPair contexts(dc, source);
+    if (!contexts || (operation != SRCCOPY && operation != NOTSRCCOPY))
+      return FALSE;
+    StretchPixels(contexts.Target().Drawing(), to, contexts.Source().Pixels(), from,
+                  operation == SRCCOPY ? CopyMode::PLAIN : CopyMode::INVERTED);
+    return TRUE;
+  });
+}
+
+bool Contains(const Surface& surface, const Box& box) {
+  return box.x >= 0 && box.y >= 0 && box.width >= 0 && box.height >= 0 &&
+         box.width <= surface.width - box.x && box.height <= surface.height - box.y;
+}
+
+bool Overlap(const Box& a, const Box& b) {
+  return a.x < b.x + b.width && b.x < a.x + a.width && a.y < b.y + b.height && b.y < a.y + a.height;
+}
+
+BOOL Blend(HDC dc, const Box& to, HDC source, const Box& from, BLENDFUNCTION blend) {
+  return Guarded<BOOL>(FALSE, [&]() -> BOOL {
+    const UsedPair contexts(dc, source);
+    if (!contexts || to.width < 0 || to.height < 0)
+      return FALSE;
+    const Surface& pixels = contexts.Source().Pixels();
+    if (!Contains(pixels, from))
+      return FALSE;
+    const bool usesAlpha = (blend.AlphaFormat & AC_SRC_ALPHA) != 0;
+    // Only 32-bit pictures have an alpha channel.
+    if (usesAlpha && pixels.format != PixelFormat::ARGB8888)
+      return FALSE;
+    if (contexts.Target().Pixels().top == pixels.top && Overlap(to, from))
+      return FALSE;
+    BlendPixels(contexts.Target().Drawing(), to, pixels, from, blend.SourceConstantAlpha,
+                usesAlpha);
+    return TRUE;
+  });
+}
+
+}  // namespace
+
+extern "C" {
+
+BOOL WINAPI BitBlt(HDC dc, int x, int y, int width, int height, HDC source, int sourceX,
+                   int sourceY, DWORD operation) {
+  return Blit(dc, {x, y, width, height}, source, {sourceX, sourceY, width, height}, operation);
+}
+
+BOOL WINAPI StretchBlt(HDC dc, int x, int y, int width, int height, HDC source, int sourceX,
+                       int sourceY, int sourceWidth, int sourceHeight, DWORD operation) {
+  return Blit(dc, {x, y, width, height}, source, {sourceX, sourceY, sourceWidth, sourceHeight},
+              operation);
+}
+
+BOOL WINAPI AlphaBlend(HDC dc, int x, int y, int width, int height, HDC source, int sourceX,
+                       int sourceY, int sourceWidth, int sourceHeight, BLENDFUNCTION blend) {
+  return Blend(dc, {x, y, width, height}, source, {sourceX, sourceY, sourceWidth, sourceHeight},
+               blend);
+}
+
+}  // extern "C"
+
+}  // namespace handheld::gdi

@@ -1,0 +1,249 @@
+#include "Blits.h"
+
+#include <algorithm>
+#include <cstring>
+#include <type_traits>
+#include <vector>
+
+#include "AxisMap.h"
+
+namespace handheld::gdi {
+
+namespace {
+
+/// Row of source pixels brought to the target's width. Points into the source itself when nothing has to move.
+template <typename Pixel>
+const Pixel* GatherRow(const AxisMap& columns, const Pixel* row, std::vector<Pixel>& scratch) {
+  const std::vector<SourceRange>& ranges = columns.Ranges();
+  if (columns.Step() == 1)
+    return row + ranges.front().first;
+  const std::size_t count = ranges.size();
+  scratch.resize(count);
+  Pixel* out = scratch.data();
+  if (columns.Step() == -1) {
+    const Pixel* last = row + ranges.front().first;
+    for (std::size_t i = 0; i < count; ++i)
+      out[i] = *(last - i);
+  } else if (columns.IsSingle()) {
+    for (std::size_t i = 0; i < count; ++i)
+      out[i] = row[ranges[i].first];
+  } else {
+    for (std::size_t i = 0; i < count; ++i) {
+      Pixel all = row[ranges[i].first];
+      for (int from = ranges[i].first + 1; from <= ranges[i].last; ++from)
+        all &= row[from];
+      out[i] = all;
+    }
+  }
+  return out;
+}
+
+template <typename To, typename From>
+void ConvertRow(To* to, const From* from, int count, To flip) {
+  for (int i = 0; i < count; ++i) {
+    if constexpr (std::is_same_v<To, From>)
+      to[i] = from[i] ^ flip;
+    else if constexpr (sizeof(To) == 4)
+      to[i] = ArgbFrom555(from[i]) ^ flip;
+    else
+      to[i] = static_cast<To>(Rgb555FromArgb(from[i]) ^ flip);
+  }
+}
+
+template <typename To, typename From>
+void StretchRows(const Surface& target, const AxisMap& columns, const AxisMap& rows,
+                 const Surface& source, CopyMode mode) {
+  const To flip = mode == CopyMode::INVERTED ? static_cast<To>(~To{0}) : To{0};
+  const int count = columns.Count();
+  const auto size = static_cast<std::size_t>(count);
+  std::vector<From> gathered;
+  std::vector<From> combined;
+  const SourceRange* previous = nullptr;
+  for (int i = 0; i < rows.Count(); ++i) {
+    const SourceRange& range = rows.Ranges()[static_cast<std::size_t>(i)];
+    const int y = rows.Begin() + i;
+    To* to = target.Row<To>(y) + columns.Begin();
+    if (previous != nullptr && previous->first == range.first && previous->last == range.last) {
+      std::memcpy(to, target.Row<To>(y - 1) + columns.Begin(), size * sizeof(To));
+      continue;
+    }
+    previous = &range;
+    const From* from = GatherRow(columns, source.Row<const From>(range.first), gathered);
+    if (range.first != range.last) {
+      combined.assign(from, from + size);
+      for (int row = range.first + 1; row <= range.last; ++row) {
+        const From* more = GatherRow(columns, source.Row<const From>(row), gathered);
+        for (std::size_t k = 0; k < size; ++k)
+          combined[k] &= more[k];
+      }
+      from = combined.data();
+    }
+    if (std::is_same_v<To, From> && mode == CopyMode::PLAIN)
+      std::memcpy(to, from, size * sizeof(To));
+    else
+      ConvertRow(to, from, count, flip);
+  }
+}
+
+/// value / 255, rounded to the nearest, for value up to 255 * 255.
+constexpr std::uint32_t Divide255(std::uint32_t value) {
+  value += 128;
+  return (value + (value >> 8)) >> 8;
+}
+
+/// All four bytes times factor / 255.
+constexpr std::uint32_t Scale(std::uint32_t argb, std::uint32_t factor) {
+  std::uint32_t even = (argb & 0x00FF00FF) * factor + 0x00800080;
+  even = ((even + ((even >> 8) & 0x00FF00FF)) >> 8) & 0x00FF00FF;
+  std::uint32_t odd = ((argb >> 8) & 0x00FF00FF) * factor + 0x00800080;
+  odd = (odd + ((odd >> 8) & 0x00FF00FF)) & 0xFF00FF00;
+  return even | odd;
+}
+
+/// A byte each of both, weighted so that the sum is rounded only once.
+constexpr std::uint32_t Mix(std::uint32_t over, std::uint32_t under, std::uint32_t alpha) {
+  std::uint32_t result = 0;
+  for (int shift = 0; shift < 32; shift += 8) {
+    const std::uint32_t sum =
+        ((over >> shift) & 255) * alpha + ((under >> shift) & 255) * (255 - alpha);
+    result |= Divide255(sum) << shift;
+  }
+  return result;
+}
+
+template <typename Pixel>
+std::uint32_t Load(Pixel pixel) {
+  if constexpr (sizeof(Pixel) == 2)
+    return ArgbFrom555(pixel);
+  else
+    return pixel;
+}
+
+template <typename Pixel>
+Pixel Store(std::uint32_t argb) {
+  if constexpr (sizeof(Pixel) == 2)
+    return Rgb555FromArgb(argb);
+  else
+    return argb;
+}
+
+template <typename To>
+void BlendPremultiplied(To* to, const std::uint32_t* from, int count, std::uint32_t constantAlpha) {
+  for (int i = 0; i < count; ++i) {
+    const std::uint32_t over = constantAlpha == 255 ? from[i] : Scale(from[i], constantAlpha);
+    if (over == 0)
+      continue;
+    const std::uint32_t alpha = over >> 24;
+    to[i] = Store<To>(alpha == 255 ? over : over + Scale(Load(to[i]), 255 - alpha));
+  }
+}
+
+template <typename To>
+void BlendConstant(To* to, const std::uint32_t* from, int count, std::uint32_t constantAlpha) {
+  for (int i = 0; i < count; ++i)
+    to[i] = Store<To>(Mix(from[i] & 0x00FFFFFF, Load(to[i]), constantAlpha));
+}
+
+template <typename To, typename From>
+void BlendRows(const Surface& target, const AxisMap& columns, const AxisMap& rows,
+               const Surface& source, std::uint32_t constantAlpha, bool usesAlpha) {
+  std::vector<From> gathered;
+  std::vector<std::uint32_t> widened;
+  for (int i = 0; i < rows.Count(); ++i) {
+    const int row = rows.Ranges()[static_cast<std::size_t>(i)].first;
+    const From* from = GatherRow(columns, source.Row<const From>(row), gathered);
+    const std::uint32_t* over = nullptr;
+    if constexpr (sizeof(From) == 2) {
+      widened.resize(static_cast<std::size_t>(columns.Count()));
+      ConvertRow<std::uint32_t>(widened.data(), from, columns.Count(), 0);
+      over = widened.data();
+    } else {
+      over = from;
+    }
+    To* to = target.Row<To>(rows.Begin() + i) + columns.Begin();
+    if (usesAlpha)
+      BlendPremultiplied(to, over, columns.Count(), constantAlpha);
+    else
+      BlendConstant(to, over, columns.Count(), constantAlpha);
+  }
+}
+
+/// Calls body<To, From>() with the pixel types of both surfaces.
+template <typename Body>
+void WithPixelTypes(PixelFormat to, PixelFormat from, Body body) {
+  using Small = std::uint16_t;
+  using Large = std::uint32_t;
+  const bool isSmallFrom = from == PixelFormat::RGB555;
+  if (to == PixelFormat::RGB555)
+    isSmallFrom ? body.template operator()<Small, Small>()
+                : body.template operator()<Small, Large>();
+  else
+    isSmallFrom ? body.template operator()<Large, Small>()
+                : body.template operator()<Large, Large>();
+}
+
+/// A copy of the source to read from while the original is drawn over.
+class Snapshot {
+ public:
+  explicit Snapshot(const Surface& source) : copy(source) {
+    const std::size_t rowBytes = static_cast<std::size_t>(RowBytes(source.width, source.format));
+    memory.resize(rowBytes * static_cast<std::size_t>(source.height));
+    copy.top = memory.data();
+    copy.pitch = static_cast<std::ptrdiff_t>(rowBytes);
+    for (int y = 0; y < source.height; ++y)
+      std::memcpy(copy.Row<std::uint8_t>(y), source.Row<std::uint8_t>(y),
+                  static_cast<std::size_t>(source.width * BytesPerPixel(source.format)));
+  }
+
+  const Surface& View() const { return copy; }
+
+ private:
+  std::vector<std::uint8_t> memory;
+  Surface copy;
+};
+
+struct Maps {
+  AxisMap columns;
+  AxisMap rows;
+
+  Maps(const Target& target, const Box& to, const Surface& source, const Box& from,
+       Shrinking shrinking)
+      : columns({to.x, to.width}, {from.x, from.width}, target.clip.left, target.clip.right,
+                source.width, shrinking),
+        rows({to.y, to.height}, {from.y, from.height}, target.clip.top, target.clip.bottom,
+             source.height, shrinking) {}
+
+  bool IsEmpty() const { return columns.IsEmpty() || rows.IsEmpty(); }
+};
+
+}  // namespace
+
+void StretchPixels(const Target& target, const Box& to, const Surface& source, const Box& from,
+                   CopyMode mode) {
+  if (target.surface.top == source.top) {
+    const Snapshot snapshot(source);
+    return StretchPixels(target, to, snapshot.View(), from, mode);
+  }
+  const Maps maps(target, to, source, from, Shrinking::KEEP_ALL);
+  if (maps.IsEmpty())
+    return;
+  WithPixelTypes(target.surface.format, source.format, [&]<typename To, typename From>() {
+    StretchRows<To, From>(target.surface, maps.columns, maps.rows, source, mode);
+  });
+}
+
+void BlendPixels(const Target& target, const Box& to, const Surface& source, const Box& from,
+                 std::uint32_t constantAlpha, bool usesAlpha) {
+  if (target.surface.top == source.top) {
+    const Snapshot snapshot(source);
+    return BlendPixels(target, to, snapshot.View(), from, constantAlpha, usesAlpha);
+  }
+  const Maps maps(target, to, source, from, Shrinking::KEEP_ONE);
+  if (maps.IsEmpty())
+    return;
+  WithPixelTypes(target.surface.format, source.format, [&]<typename To, typename From>() {
+    BlendRows<To, From>(target.surface, maps.columns, maps.rows, source, constantAlpha, usesAlpha);
+  });
+}
+
+}  // namespace handheld::gdi

@@ -1,0 +1,31 @@
+// Copying, scaling and blending of pixels.
+#pragma once
+
+#include <windows.h>
+
+#include "Surface.h"
+
+namespace handheld::gdi {
+
+/// A rectangle with a direction: a negative width runs from x to the left, x included; heights likewise.
+struct Box {
+  int x;
+  int y;
+  int width;
+  int height;
+};
+
+enum class CopyMode { PLAIN, INVERTED };
+
+/// Copies `from` of the source into `to`, scaled without smoothing and mirrored where the directions differ. Where
+/// several source pixels fall on one, their bits are combined by AND. Source pixels that do not exist leave the
+/// target as it is. The source may be the target itself.
+void StretchPixels(const Target& target, const Box& to, const Surface& source, const Box& from,
+                   CopyMode mode);
+
+/// Blends `from`, which must lie inside the source, over `to`; extents are above 0. Where several source pixels fall
+/// on one, one of them is taken. `usesAlpha`: the source's colours are premultiplied by its high byte.
+void BlendPixels(const Target& target, const Box& to, const Surface& source, const Box& from,
+                 std::uint32_t constantAlpha, bool usesAlpha);
+
+}  // namespace handheld::gdi

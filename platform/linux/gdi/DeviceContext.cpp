@@ -1,0 +1,110 @@
+#include "DeviceContext.h"
+
+#include "ObjectTable.h"
+
+namespace handheld::gdi {
+
+DeviceContext::DeviceContext(std::shared_ptr<WindowSurface> surface)
+    : Object(KIND), window(std::move(surface)) {
+  const ObjectTable& table = ObjectTable::Instance();
+  bitmap = table.DefaultBitmap();
+  pen = table.StockObject<Pen>(BLACK_PEN);
+  brush = table.StockObject<Brush>(WHITE_BRUSH);
+  font = table.StockObject<Font>(SYSTEM_FONT);
+}
+
+namespace {
+
+/// Puts the object into the context's place for its kind and hands out what was there.
+template <typename Kind>
+HGDIOBJ Exchange(std::shared_ptr<Kind>& place, const std::shared_ptr<Object>& object) {
+  ObjectTable& table = ObjectTable::Instance();
+  const HGDIOBJ previous = place->handle;
+  if (place == object)
+    return previous;
+  // A bitmap can be drawn into through one context only.
+  if (!table.Select(*object, Kind::KIND == ObjectKind::BITMAP))
+    return nullptr;
+  table.Deselect(*place);
+  place = std::static_pointer_cast<Kind>(object);
+  return previous;
+}
+
+}  // namespace
+
+Target DeviceContext::Drawing() const {
+  const Surface& surface = Pixels();
+  Target target = {surface, surface.Bounds()};
+  if (clip)
+    target.clip = Intersect(target.clip, *clip);
+  if (IsEmpty(target.clip))
+    target.clip = {0, 0, 0, 0};
+  return target;
+}
+
+UsedContext::UsedContext(HDC handle, Purpose purpose)
+    : context(ObjectTable::Instance().Find<DeviceContext>(handle)) {
+  if (context == nullptr)
+    return;
+  lock = std::unique_lock(context->Mutex());
+  if (purpose == Purpose::DRAWING && context->window != nullptr)
+    ++context->window->version;
+}
+
+UsedPair::UsedPair(HDC targetHandle, HDC sourceHandle)
+    : target(ObjectTable::Instance().Find<DeviceContext>(targetHandle)),
+      source(ObjectTable::Instance().Find<DeviceContext>(sourceHandle)) {
+  if (target == nullptr || source == nullptr)
+    return;
+  targetLock = std::unique_lock(target->Mutex(), std::defer_lock);
+  if (&target->Mutex() == &source->Mutex()) {
+    targetLock.lock();
+  } else {
+    sourceLock = std::unique_lock(source->Mutex(), std::defer_lock);
+    std::lock(targetLock, sourceLock);
+  }
+  if (target->window != nullptr)
+    ++target->window->version;
+}
+
+HDC AddContext(std::shared_ptr<WindowSurface> surface) {
+  return static_cast<HDC>(
+      ObjectTable::Instance().Add(std::make_shared<DeviceContext>(std::move(surface))));
+}
+
+HGDIOBJ SelectInto(DeviceContext& context, const std::shared_ptr<Object>& object) {
+  switch (object->kind) {
+    case ObjectKind::BITMAP:
+      return context.IsMemory() ? Exchange(context.bitmap, object) : nullptr;
+    case ObjectKind::PEN:
+      return Exchange(context.pen, object);
+    case ObjectKind::BRUSH:
+      return Exchange(context.brush, object);
+    case ObjectKind::FONT:
+      return Exchange(context.font, object);
+    case ObjectKind::REGION: {
+      const RECT& rect = static_cast<const Region&>(*object).rect;
+      context.clip = rect;
+      return reinterpret_cast<HGDIOBJ>(
+          static_cast<LONG_PTR>(IsEmpty(rect) ? NULLREGION : SIMPLEREGION));
+    }
+    case ObjectKind::DEVICE_CONTEXT:
+      break;
+  }
+  return nullptr;
+}
+
+bool DeleteContext(HDC handle) {
+  ObjectTable& table = ObjectTable::Instance();
+  const std::shared_ptr<DeviceContext> context = table.Find<DeviceContext>(handle);
+  if (context == nullptr)
+    return false;
+  const std::lock_guard lock(context->Mutex());
+  table.Delete(handle);
+  for (Object* object : std::initializer_list<Object*>{context->bitmap.get(), context->pen.get(),
+                                                       context->brush.get(), context->font.get()})
+    table.Deselect(*object);
+  return true;
+}
+
+}  // namespace handheld::gdi

@@ -1,0 +1,87 @@
+// Device contexts: where drawing goes, and with what.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <mutex>
+#include <optional>
+
+#include "Objects.h"
+#include "WindowSurfaces.h"
+
+namespace handheld::gdi {
+
+/// What a context draws with and where. Everything here belongs to the lock of the context.
+struct DeviceContext : Object {
+  static constexpr ObjectKind KIND = ObjectKind::DEVICE_CONTEXT;
+
+  /// With a window surface the context draws into that, without one into the bitmap selected into it.
+  explicit DeviceContext(std::shared_ptr<WindowSurface> surface);
+
+  bool IsMemory() const { return window == nullptr; }
+  /// Contexts of one window share the lock of its pixels.
+  std::mutex& Mutex() { return window == nullptr ? ownMutex : window->mutex; }
+  const Surface& Pixels() const { return window == nullptr ? bitmap->surface : window->surface; }
+  Target Drawing() const;
+
+  const std::shared_ptr<WindowSurface> window;
+  std::shared_ptr<Bitmap> bitmap;
+  std::shared_ptr<Pen> pen;
+  std::shared_ptr<Brush> brush;
+  std::shared_ptr<Font> font;
+  std::optional<RECT> clip;
+  POINT position = {0, 0};
+  COLORREF textColor = RGB(0, 0, 0);
+  int backgroundMode = OPAQUE;
+
+ private:
+  std::mutex ownMutex;
+};
+
+/// Background of text and gaps of dashed lines where they are not transparent.
+constexpr COLORREF BACKGROUND_COLOR = RGB(255, 255, 255);
+
+/// A device context in use: found by its handle and locked. Empty when the handle names no context.
+class UsedContext {
+ public:
+  enum class Purpose { STATE, DRAWING };
+
+  explicit UsedContext(HDC handle, Purpose purpose = Purpose::STATE);
+
+  explicit operator bool() const { return context != nullptr; }
+  DeviceContext* operator->() const { return context.get(); }
+  DeviceContext& operator*() const { return *context; }
+
+ private:
+  std::shared_ptr<DeviceContext> context;
+  std::unique_lock<std::mutex> lock;
+};
+
+/// Two contexts in use, the first one for drawing. They may be the same. Empty unless both exist.
+class UsedPair {
+ public:
+  UsedPair(HDC targetHandle, HDC sourceHandle);
+
+  explicit operator bool() const { return target != nullptr && source != nullptr; }
+  DeviceContext& Target() const { return *target; }
+  const DeviceContext& Source() const { return *source; }
+
+ private:
+  std::shared_ptr<DeviceContext> target;
+  std::shared_ptr<DeviceContext> source;
+  std::unique_lock<std::mutex> targetLock;
+  std::unique_lock<std::mutex> sourceLock;
+};
+
+/// Takes hold of the system's pen, brush, font and bitmap and adds the context to the table. Null when that is full.
+HDC AddContext(std::shared_ptr<WindowSurface> surface);
+
+/// Selects the object and returns the handle of the one it replaces; a region is copied, and the answer is its kind.
+/// Null when this object cannot be selected into this context. The context must be in use.
+HGDIOBJ SelectInto(DeviceContext& context, const std::shared_ptr<Object>& object);
+
+/// Takes the context out and lets go of all that was selected into it. False when there is none.
+bool DeleteContext(HDC handle);
+
+}  // namespace handheld::gdi

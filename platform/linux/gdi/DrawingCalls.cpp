@@ -1,0 +1,207 @@
+// Calls that draw lines, shapes and single pixels.
+#include <algorithm>
+#include <array>
+#include <span>
+#include <vector>
+
+#include "DeviceContext.h"
+#include "Ellipses.h"
+#include "LastError.h"
+#include "Lines.h"
+#include "ObjectTable.h"
+#include "WidePen.h"
+
+namespace handheld::gdi {
+
+namespace {
+
+using Purpose = UsedContext::Purpose;
+
+enum class Closing { OPEN, CLOSED };
+
+std::uint32_t PenPixel(const DeviceContext& context) {
+  return context.Pixels().PixelFrom(context.pen->color);
+}
+
+void DrawDashed(const DeviceContext& context, std::span<const POINT> points, Closing closing) {
+  const Target target = context.Drawing();
+  const std::uint32_t pixel = PenPixel(context);
+  const std::uint32_t gapPixel = target.surface.PixelFrom(BACKGROUND_COLOR);
+  const std::uint32_t* gap = context.backgroundMode == OPAQUE ? &gapPixel : nullptr;
+  DashPosition dashes;
+  for (std::size_t i = 1; i < points.size(); ++i)
+    DrawDashedLine(target, points[i - 1], points[i], pixel, gap, dashes);
+  if (closing == Closing::CLOSED)
+    DrawDashedLine(target, points.back(), points.front(), pixel, gap, dashes);
+}
+
+/// Lines through at least two points with the context's pen.
+void DrawLines(const DeviceContext& context, std::span<const POINT> points, Closing closing) {
+  const Pen& pen = *context.pen;
+  if (pen.style == PS_NULL)
+    return;
+  if (pen.style == PS_DASH)
+    return DrawDashed(context, points, closing);
+  const Target target = context.Drawing();
+  const std::uint32_t pixel = PenPixel(context);
+  if (pen.width > 1) {
+    const WidePen wide(pen.width);
+    if (closing == Closing::CLOSED)
+      wide.DrawClosed(target, points, pixel);
+    else
+      wide.Draw(target, points, pixel);
+    return;
+  }
+  for (std::size_t i = 1; i < points.size(); ++i)
+    DrawThinLine(target, points[i - 1], points[i], pixel);
+  if (closing == Closing::CLOSED)
+    DrawThinLine(target, points.back(), points.front(), pixel);
+}
+
+RECT Ordered(int left, int top, int right, int bottom) {
+  return {std::min(left, right), std::min(top, bottom), std::max(left, right),
+          std::max(top, bottom)};
+}
+
+void DrawRectangle(const DeviceContext& context, RECT rect) {
+  // The outline runs on the last column and row inside.
+  --rect.right;
+  --rect.bottom;
+  if (!context.brush->isNull) {
+    const int border = context.pen->style != PS_NULL && context.pen->width == 1 ? 1 : 0;
+    context.Drawing().Fill({rect.left + border, rect.top + border, rect.right, rect.bottom},
+                           context.Pixels().PixelFrom(context.brush->color));
+  }
+  const std::array<POINT, 4> corners = {POINT{rect.right, rect.top}, POINT{rect.left, rect.top},
+                                        POINT{rect.left, rect.bottom},
+                                        POINT{rect.right, rect.bottom}};
+  DrawLines(context, corners, Closing::CLOSED);
+}
+
+void DrawRounded(const DeviceContext& context, const RECT& rect, int cornerWidth,
+                 int cornerHeight) {
+  if (IsEmpty(rect))
+    return;
+  const RoundedRect shape = {
+      rect, static_cast<int>(std::min<LONG>(rect.right - rect.left, std::abs(cornerWidth))),
+      static_cast<int>(std::min<LONG>(rect.bottom - rect.top, std::abs(cornerHeight)))};
+  // Corners that small have no curve.
+  if (shape.cornerWidth <= 2 || shape.cornerHeight <= 2)
+    return DrawRectangle(context, rect);
+  if (!context.brush->isNull)
+    FillRounded(context.Drawing(), shape, context.Pixels().PixelFrom(context.brush->color));
+  DrawLines(context, OutlineOf(shape), Closing::CLOSED);
+}
+
+}  // namespace
+
+extern "C" {
+
+int WINAPI FillRect(HDC dc, const RECT* rect, HBRUSH brush) {
+  const UsedContext context(dc, Purpose::DRAWING);
+  if (!context || rect == nullptr)
+    return TRUE;
+  // Like the device, fills with the selected brush when the given one is none.
+  std::shared_ptr<Brush> used = ObjectTable::Instance().Find<Brush>(brush);
+  if (used == nullptr)
+    used = context->brush;
+  if (used->isNull)
+    return TRUE;
+  // A side given the wrong way round runs backwards from its start, which is included.
+  RECT area = *rect;
+  if (area.right < area.left)
+    area = {area.right + 1, area.top, area.left + 1, area.bottom};
+  if (area.bottom < area.top)
+    area = {area.left, area.bottom + 1, area.right, area.top + 1};
+  const Target target = context->Drawing();
+  target.Fill(area, target.surface.PixelFrom(used->color));
+  return TRUE;
+}
+
+BOOL WINAPI MoveToEx(HDC dc, int x, int y, POINT* previous) {
+  const UsedContext context(dc);
+  if (!context)
+    return FALSE;
+  if (previous != nullptr)
+    *previous = context->position;
+  context->position = {x, y};
+  return TRUE;
+}
+
+BOOL WINAPI LineTo(HDC dc, int x, int y) {
+  return Guarded<BOOL>(FALSE, [&]() -> BOOL {
+    const UsedContext context(dc, Purpose::DRAWING);
+    if (!context)
+      return FALSE;
+    const std::array<POINT, 2> points = {context->position, POINT{x, y}};
+    DrawLines(*context, points, Closing::OPEN);
+    context->position = {x, y};
+    return TRUE;
+  });
+}
+
+BOOL WINAPI Polyline(HDC dc, const POINT* points, int count) {
+  return Guarded<BOOL>(FALSE, [&]() -> BOOL {
+    const UsedContext context(dc, Purpose::DRAWING);
+    if (!context || points == nullptr || count < 2)
+      return FALSE;
+    DrawLines(*context, {points, static_cast<std::size_t>(count)}, Closing::OPEN);
+    return TRUE;
+  });
+}
+
+BOOL WINAPI Rectangle(HDC dc, int left, int top, int right, int bottom) {
+  return Guarded<BOOL>(FALSE, [&]() -> BOOL {
+    const UsedContext context(dc, Purpose::DRAWING);
+    if (!context)
+      return FALSE;
+    const RECT rect = Ordered(left, top, right, bottom);
+    if (!IsEmpty(rect))
+      DrawRectangle(*context, rect);
+    return TRUE;
+  });
+}
+
+BOOL WINAPI RoundRect(HDC dc, int left, int top, int right, int bottom, int cornerWidth,
+                      int cornerHeight) {
+  return Guarded<BOOL>(FALSE, [&]() -> BOOL {
+    const UsedContext context(dc, Purpose::DRAWING);
+    if (!context)
+      return FALSE;
+    DrawRounded(*context, Ordered(left, top, right, bottom), cornerWidth, cornerHeight);
+    return TRUE;
+  });
+}
+
+BOOL WINAPI Ellipse(HDC dc, int left, int top, int right, int bottom) {
+  // An ellipse is a rectangle that is nothing but corners.
+  return RoundRect(dc, left, top, right, bottom, right - left, bottom - top);
+}
+
+COLORREF WINAPI SetPixel(HDC dc, int x, int y, COLORREF color) {
+  const UsedContext context(dc, Purpose::DRAWING);
+  if (!context)
+    return CLR_INVALID;
+  const Target target = context->Drawing();
+  const std::uint32_t pixel = target.surface.PixelFrom(color);
+  if (target.Contains(x, y))
+    target.surface.Set(x, y, pixel);
+  if (target.surface.format == PixelFormat::ARGB8888)
+    return color & 0x00FFFFFF;
+  const std::uint32_t argb = ArgbFrom555(pixel);
+  return RGB(static_cast<BYTE>(argb >> 16), static_cast<BYTE>(argb >> 8), static_cast<BYTE>(argb));
+}
+
+COLORREF WINAPI GetPixel(HDC dc, int x, int y) {
+  const UsedContext context(dc);
+  if (!context)
+    return CLR_INVALID;
+  const Surface& surface = context->Pixels();
+  if (x < 0 || y < 0 || x >= surface.width || y >= surface.height)
+    return CLR_INVALID;
+  return surface.ColorAt(x, y);
+}
+
+}  // extern "C"
+
+}  // namespace handheld::gdi

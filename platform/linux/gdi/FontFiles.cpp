@@ -1,0 +1,85 @@
+#include "FontFiles.h"
+
+#include <fontconfig/fontconfig.h>
+#include <strings.h>
+
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "Fonts.h"
+#include "handheld.h"
+
+namespace handheld::gdi {
+
+namespace {
+
+struct DestroyPattern {
+  void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
+};
+using Pattern = std::unique_ptr<FcPattern, DestroyPattern>;
+
+/// Empty when the file is no font.
+std::string FamilyOf(const std::string& path) {
+  int faces = 0;
+  const Pattern pattern(
+      FcFreeTypeQuery(reinterpret_cast<const FcChar8*>(path.c_str()), 0, nullptr, &faces));
+  FcChar8* family = nullptr;
+  if (pattern == nullptr ||
+      FcPatternGetString(pattern.get(), FC_FAMILY, 0, &family) != FcResultMatch) {
+    return {};
+  }
+  return reinterpret_cast<const char*>(family);
+}
+
+FontFile FindAdded(const std::string& faceName) {
+  static std::map<std::string, std::string>& families = *new std::map<std::string, std::string>;
+  for (const std::string& path : RegisteredFonts()) {
+    auto family = families.find(path);
+    if (family == families.end()) {
+      family = families.emplace(path, FamilyOf(path)).first;
+    }
+    if (strcasecmp(family->second.c_str(), faceName.c_str()) == 0) {
+      return {path, 0};
+    }
+  }
+  return {};
+}
+
+/// Fontconfig knows which fonts have the proportions of the well-known ones.
+FontFile FindInstalled(const std::string& faceName) {
+  const Pattern wanted(FcPatternCreate());
+  if (!faceName.empty()) {
+    FcPatternAddString(wanted.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(faceName.c_str()));
+  }
+  FcPatternAddInteger(wanted.get(), FC_WEIGHT, FC_WEIGHT_REGULAR);
+  FcPatternAddBool(wanted.get(), FC_SCALABLE, FcTrue);
+  FcConfigSubstitute(nullptr, wanted.get(), FcMatchPattern);
+  FcDefaultSubstitute(wanted.get());
+  FcResult result = FcResultNoMatch;
+  const Pattern match(FcFontMatch(nullptr, wanted.get(), &result));
+  FcChar8* path = nullptr;
+  int index = 0;
+  if (match == nullptr || FcPatternGetString(match.get(), FC_FILE, 0, &path) != FcResultMatch) {
+    return {};
+  }
+  FcPatternGetInteger(match.get(), FC_INDEX, 0, &index);
+  return {reinterpret_cast<const char*>(path), index};
+}
+
+}  // namespace
+
+FontFile FindFontFile(const std::u16string& faceName) {
+  const std::string name = Utf8FromWide(faceName);
+  if (const FontFile added = FindAdded(name); !added.path.empty()) {
+    return added;
+  }
+  static std::map<std::string, FontFile>& installed = *new std::map<std::string, FontFile>;
+  auto found = installed.find(name);
+  if (found == installed.end()) {
+    found = installed.emplace(name, FindInstalled(name)).first;
+  }
+  return found->second;
+}
+
+}  // namespace handheld::gdi

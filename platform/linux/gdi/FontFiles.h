@@ -1,0 +1,20 @@
+// Which font file stands for a face name.
+#pragma once
+
+#include <string>
+
+namespace handheld::gdi {
+
+struct FontFile {
+  std::string path;
+  /// Face within the file.
+  long index = 0;
+
+  auto operator<=>(const FontFile&) const = default;
+};
+
+/// File of the face with this name: one that was added with AddFontResourceW, else the nearest that the machine has.
+/// Empty path when there is no font at all. To be called under the lock of the fonts.
+FontFile FindFontFile(const std::u16string& faceName);
+
+}  // namespace handheld::gdi

@@ -1,0 +1,75 @@
+// A font at one size and angle: its metrics and glyphs.
+#pragma once
+
+#include <ft2build.h>
+#include FT_FREETYPE_H
+
+#include <windows.h>
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "FontFiles.h"
+
+namespace handheld::gdi {
+
+/// A glyph as it is put onto the screen.
+struct Glyph {
+  /// Pixels that it takes up when text is measured.
+  int width = 0;
+  /// Pixels to the next glyph when text is drawn; without smoothing that can be another number.
+  int advance = 0;
+  /// From the origin on the base line to the upper left pixel, y upwards.
+  int left = 0;
+  int top = 0;
+  int columns = 0;
+  int rows = 0;
+  /// Coverage of each pixel, 0 to 16, row by row from the top.
+  std::vector<std::uint8_t> coverage;
+};
+
+class SizedFont {
+ public:
+  static constexpr int FULL_COVERAGE = 16;
+
+  /// Heights above 0 are those of the cell, below 0 those of the em square; 0 is a default. The angle is in tenths of a
+  /// degree, counter-clockwise.
+  SizedFont(const FontFile& file, LONG height, LONG tenthsOfDegrees);
+  ~SizedFont();
+  SizedFont(const SizedFont&) = delete;
+  SizedFont& operator=(const SizedFont&) = delete;
+
+  /// Above and below the base line, together the height of a line; of the upright font.
+  int Ascent() const { return ascent; }
+  int LineHeight() const { return ascent + descent; }
+  /// Radians.
+  double Angle() const { return angle; }
+
+  /// Valid as long as the font. Without a font file all glyphs are empty.
+  const Glyph& GlyphOf(char32_t character);
+
+ private:
+  void SetSize(LONG height);
+  bool WantsSmoothGlyphs() const;
+  Glyph Load(char32_t character);
+  void SetBitmap(Glyph& glyph) const;
+
+  FT_Face face = nullptr;
+  double angle;
+  int ascent = 0;
+  int descent = 0;
+  bool isSmooth = true;
+  std::map<char32_t, Glyph> glyphs;
+};
+
+/// The font for a description. Fonts are kept for the next use; all of this belongs to FontLock.
+std::shared_ptr<SizedFont> FontFor(const LOGFONTW& description);
+
+/// Taken around every use of a font: the fonts of a process share their library.
+std::mutex& FontLock();
+
+}  // namespace handheld::gdi

@@ -1,0 +1,39 @@
+#include "Surface.h"
+
+#include <pixman.h>
+
+namespace handheld::gdi {
+
+std::uint32_t Surface::PixelFrom(COLORREF color) const {
+  const std::uint32_t argb = (GetRValue(color) << 16) | (GetGValue(color) << 8) | GetBValue(color);
+  return format == PixelFormat::RGB555 ? Rgb555FromArgb(argb) : argb;
+}
+
+COLORREF Surface::ColorAt(int x, int y) const {
+  const std::uint32_t argb = format == PixelFormat::RGB555
+                                 ? ArgbFrom555(Row<const std::uint16_t>(y)[x])
+                                 : Row<const std::uint32_t>(y)[x];
+  return RGB(static_cast<BYTE>(argb >> 16), static_cast<BYTE>(argb >> 8), static_cast<BYTE>(argb));
+}
+
+void Surface::Set(int x, int y, std::uint32_t pixel) const {
+  if (format == PixelFormat::RGB555)
+    Row<std::uint16_t>(y)[x] = static_cast<std::uint16_t>(pixel);
+  else
+    Row<std::uint32_t>(y)[x] = pixel;
+}
+
+void Surface::Fill(const RECT& rect, std::uint32_t pixel) const {
+  // pixman wants a start and rows that go up in memory. The order of rows does not matter to a fill, so a
+  // bottom-up surface is filled from the row that comes first in memory.
+  const int first = pitch < 0 ? rect.bottom - 1 : rect.top;
+  const int bytes = BytesPerPixel(format);
+  std::uint8_t* start = top + first * pitch + rect.left * bytes;
+  const int rowBytes = static_cast<int>(pitch < 0 ? -pitch : pitch);
+  auto* aligned = reinterpret_cast<std::uint32_t*>(reinterpret_cast<std::uintptr_t>(start) & ~3ull);
+  const int x = static_cast<int>(start - reinterpret_cast<std::uint8_t*>(aligned)) / bytes;
+  pixman_fill(aligned, rowBytes / 4, bytes * 8, x, 0, rect.right - rect.left,
+              rect.bottom - rect.top, pixel);
+}
+
+}  // namespace handheld::gdi

@@ -1,0 +1,95 @@
+// Pixel memory that is drawn into, and its two formats.
+#pragma once
+
+#include <windows.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace handheld::gdi {
+
+enum class PixelFormat {
+  /// 16 bits: 0RRRRRGGGGGBBBBB.
+  RGB555,
+  /// 32 bits: 0xAARRGGBB; the high byte is alpha for blending and unused otherwise.
+  ARGB8888,
+};
+
+constexpr int BytesPerPixel(PixelFormat format) {
+  return format == PixelFormat::RGB555 ? 2 : 4;
+}
+
+/// Bytes of a row; rows begin at multiples of 4 bytes.
+constexpr int RowBytes(int width, PixelFormat format) {
+  return (width * BytesPerPixel(format) + 3) & ~3;
+}
+
+/// 5 bits stretched to 8 so that 0 and 31 become 0 and 255.
+constexpr std::uint32_t Widen5(std::uint32_t value) {
+  return (value << 3) | (value >> 2);
+}
+
+constexpr std::uint32_t ArgbFrom555(std::uint32_t pixel) {
+  return (Widen5((pixel >> 10) & 31) << 16) | (Widen5((pixel >> 5) & 31) << 8) | Widen5(pixel & 31);
+}
+
+constexpr std::uint16_t Rgb555FromArgb(std::uint32_t argb) {
+  return static_cast<std::uint16_t>(((argb >> 9) & 0x7C00) | ((argb >> 6) & 0x03E0) |
+                                    ((argb >> 3) & 0x001F));
+}
+
+constexpr RECT Intersect(const RECT& a, const RECT& b) {
+  return {a.left > b.left ? a.left : b.left, a.top > b.top ? a.top : b.top,
+          a.right < b.right ? a.right : b.right, a.bottom < b.bottom ? a.bottom : b.bottom};
+}
+
+constexpr bool IsEmpty(const RECT& rect) {
+  return rect.left >= rect.right || rect.top >= rect.bottom;
+}
+
+/// A view of pixels; does not own them. Row 0 is the picture's top row, wherever it lies in memory.
+struct Surface {
+  std::uint8_t* top = nullptr;
+  /// Bytes from a row to the one below it; negative when the memory runs from the bottom up.
+  std::ptrdiff_t pitch = 0;
+  int width = 0;
+  int height = 0;
+  PixelFormat format = PixelFormat::ARGB8888;
+
+  RECT Bounds() const { return {0, 0, width, height}; }
+
+  template <typename Pixel>
+  Pixel* Row(int y) const {
+    return reinterpret_cast<Pixel*>(top + y * pitch);
+  }
+
+  /// The pixel value that a colour becomes; what a format cannot hold is cut off.
+  std::uint32_t PixelFrom(COLORREF color) const;
+
+  /// (x, y) must lie inside.
+  COLORREF ColorAt(int x, int y) const;
+  void Set(int x, int y, std::uint32_t pixel) const;
+
+  /// Every pixel of the rectangle, which must lie inside, becomes `pixel`.
+  void Fill(const RECT& rect, std::uint32_t pixel) const;
+};
+
+/// Where drawing lands: a surface, and the part of it that may be touched (always inside the surface).
+struct Target {
+  Surface surface;
+  RECT clip = {};
+
+  bool Contains(LONG x, LONG y) const {
+    return x >= clip.left && x < clip.right && y >= clip.top && y < clip.bottom;
+  }
+
+  /// Clipped fill.
+  void Fill(const RECT& rect, std::uint32_t pixel) const {
+    const RECT visible = Intersect(rect, clip);
+    if (!IsEmpty(visible))
+      surface.Fill(visible, pixel);
+  }
+};
+
+}  // namespace handheld::gdi

@@ -1,0 +1,193 @@
+// DrawTextW: measuring and drawing of text.
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "DeviceContext.h"
+#include "LastError.h"
+#include "SizedFont.h"
+
+namespace handheld::gdi {
+
+namespace {
+
+using Line = std::u32string;
+
+/// How bright each coverage makes white text on black: thin strokes would vanish if it were proportional.
+constexpr std::array<std::uint32_t, SizedFont::FULL_COVERAGE + 1> BRIGHTNESS = {
+    0x00, 0x4D, 0x68, 0x7C, 0x8C, 0x9A, 0xA7, 0xB2, 0xBD,
+    0xC7, 0xD0, 0xD9, 0xE1, 0xE9, 0xF0, 0xF8, 0xFF};
+/// Keeps whole numbers whole that a sine or cosine leaves a little short.
+constexpr double EPSILON = 1e-9;
+/// Less coverage than this leaves the background alone.
+constexpr int LEAST_COVERAGE = 2;
+
+bool IsLead(char16_t unit) {
+  return unit >= 0xD800 && unit < 0xDC00;
+}
+
+bool IsTrail(char16_t unit) {
+  return unit >= 0xDC00 && unit < 0xE000;
+}
+
+/// Lines end at CR, LF or both; a "&" marks a shortcut and is not shown, "&&" shows one.
+std::vector<Line> SplitLines(std::u16string_view text) {
+  std::vector<Line> lines;
+  bool isLineOpen = false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (!isLineOpen) {
+      lines.emplace_back();
+      isLineOpen = true;
+    }
+    if (text[i] == u'\r' || text[i] == u'\n') {
+      if (text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n')
+        ++i;
+      isLineOpen = false;
+      continue;
+    }
+    if (text[i] == u'&' && ++i == text.size())
+      break;
+    char32_t character = text[i];
+    if (IsLead(text[i]) && i + 1 < text.size() && IsTrail(text[i + 1])) {
+      character = 0x10000 + ((character - 0xD800) << 10) + (text[++i] - 0xDC00u);
+    }
+    lines.back().push_back(character);
+  }
+  return lines;
+}
+
+int WidthOf(SizedFont& font, const Line& line) {
+  int width = 0;
+  for (const char32_t character : line)
+    width += font.GlyphOf(character).width;
+  return width;
+}
+
+/// Moves `below` towards `text` so far as the coverage says, between the brightness that light text would have and the
+/// darkness that dark text would.
+std::uint32_t BlendChannel(std::uint32_t below, std::uint32_t text, int coverage) {
+  if (below > text) {
+    const std::uint32_t limit =
+        255 - (255 - text) * BRIGHTNESS[static_cast<std::size_t>(coverage)] / 255;
+    return text + (below - text) * (limit - text) / (255 - text);
+  }
+  if (below < text) {
+    const std::uint32_t limit = text * BRIGHTNESS[static_cast<std::size_t>(coverage)] / 255;
+    return text - (text - below) * (text - limit) / text;
+  }
+  return text;
+}
+
+std::uint32_t Blend(std::uint32_t below, std::uint32_t text, int coverage) {
+  std::uint32_t result = 0;
+  for (const int shift : {16, 8, 0})
+    result |= BlendChannel(below >> shift & 255, text >> shift & 255, coverage) << shift;
+  return result;
+}
+
+/// Text in one colour on one target.
+class GlyphPainter {
+ public:
+  GlyphPainter(const Target& paintTarget, COLORREF color)
+      : target(paintTarget),
+        argb(static_cast<std::uint32_t>(GetRValue(color)) << 16 |
+             static_cast<std::uint32_t>(GetGValue(color)) << 8 | GetBValue(color)),
+        pixel(paintTarget.surface.PixelFrom(color)) {}
+
+  void Paint(const Glyph& glyph, LONG left, LONG top) const {
+    const RECT visible =
+        Intersect({left, top, left + glyph.columns, top + glyph.rows}, target.clip);
+    for (LONG y = visible.top; y < visible.bottom; ++y) {
+      const std::uint8_t* coverage =
+          glyph.coverage.data() + static_cast<std::ptrdiff_t>(y - top) * glyph.columns - left;
+      for (LONG x = visible.left; x < visible.right; ++x)
+        if (coverage[x] >= LEAST_COVERAGE)
+          Cover(x, y, coverage[x]);
+    }
+  }
+
+ private:
+  void Cover(LONG x, LONG y, int coverage) const {
+    if (target.surface.format == PixelFormat::ARGB8888) {
+      std::uint32_t& place = target.surface.Row<std::uint32_t>(y)[x];
+      place = coverage == SizedFont::FULL_COVERAGE ? pixel : Blend(place, argb, coverage);
+    } else {
+      std::uint16_t& place = target.surface.Row<std::uint16_t>(y)[x];
+      place = coverage == SizedFont::FULL_COVERAGE
+                  ? static_cast<std::uint16_t>(pixel)
+                  : Rgb555FromArgb(Blend(ArgbFrom555(place), argb, coverage));
+    }
+  }
+
+  const Target& target;
+  const std::uint32_t argb;
+  const std::uint32_t pixel;
+};
+
+/// Draws a line of text whose cell's upper left corner is at (x, y), turned around that corner.
+void DrawLine(const GlyphPainter& painter, SizedFont& font, const Line& line, LONG x, LONG y) {
+  const double cosine = std::cos(font.Angle());
+  const double sine = std::sin(font.Angle());
+  const LONG originX = x + static_cast<LONG>(std::floor(font.Ascent() * sine + EPSILON));
+  const LONG originY = y + static_cast<LONG>(std::floor(font.Ascent() * cosine + EPSILON));
+  int position = 0;
+  for (const char32_t character : line) {
+    const Glyph& glyph = font.GlyphOf(character);
+    painter.Paint(glyph, originX + static_cast<LONG>(position * cosine) + glyph.left,
+                  originY - static_cast<LONG>(position * sine) - glyph.top);
+    position += font.Angle() == 0 ? glyph.advance : glyph.width;
+  }
+}
+
+int Measure(SizedFont& font, const std::vector<Line>& lines, RECT& rect) {
+  int width = 0;
+  for (const Line& line : lines)
+    width = std::max(width, WidthOf(font, line));
+  const int height = static_cast<int>(lines.size()) * font.LineHeight();
+  rect.right = rect.left + width;
+  rect.bottom = rect.top + height;
+  return lines.empty() ? font.LineHeight() : height;
+}
+
+int Draw(DeviceContext& context, SizedFont& font, const std::vector<Line>& lines, const RECT& rect,
+         UINT format) {
+  Target target = context.Drawing();
+  if ((format & DT_NOCLIP) == 0)
+    target.clip = Intersect(target.clip, rect);
+  const GlyphPainter painter(target, context.textColor);
+  LONG y = rect.top;
+  for (const Line& line : lines) {
+    DrawLine(painter, font, line, rect.left, y);
+    y += font.LineHeight();
+  }
+  return lines.empty() ? font.LineHeight() : static_cast<int>(lines.size()) * font.LineHeight();
+}
+
+}  // namespace
+
+extern "C" {
+
+/// The background of text is never filled: nothing here draws text that is not transparent.
+int WINAPI DrawTextW(HDC dc, LPCWSTR text, int length, RECT* rect, UINT format) {
+  return Guarded<int>(0, [&] {
+    const bool isDrawing = (format & DT_CALCRECT) == 0;
+    const UsedContext context(
+        dc, isDrawing ? UsedContext::Purpose::DRAWING : UsedContext::Purpose::STATE);
+    if (!context || text == nullptr || rect == nullptr)
+      return 0;
+    const std::u16string_view whole =
+        length < 0 ? std::u16string_view(text)
+                   : std::u16string_view(text, static_cast<std::size_t>(length));
+    const std::vector<Line> lines = SplitLines(whole);
+    const std::lock_guard lock(FontLock());
+    const std::shared_ptr<SizedFont> font = FontFor(context->font->description);
+    return isDrawing ? Draw(*context, *font, lines, *rect, format) : Measure(*font, lines, *rect);
+  });
+}
+
+}  // extern "C"
+
+}  // namespace handheld::gdi

@@ -1,0 +1,32 @@
+// Lines of pens wider than one pixel.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "Surface.h"
+
+namespace handheld::gdi {
+
+/// Draws lines as Windows does with wide pens: every segment a filled polygon, every corner and both ends a disc.
+class WidePen {
+ public:
+  /// Width in pixels, above 1.
+  explicit WidePen(int width);
+
+  /// At least two points.
+  void Draw(const Target& target, std::span<const POINT> points, std::uint32_t pixel) const;
+  /// The same and back to the first point.
+  void DrawClosed(const Target& target, std::span<const POINT> points, std::uint32_t pixel) const;
+
+ private:
+  void DrawSegment(const Target& target, POINT from, POINT to, std::uint32_t pixel) const;
+  void DrawDisc(const Target& target, POINT center, std::uint32_t pixel) const;
+
+  int width;
+  /// How far each row of the disc is inset.
+  std::vector<int> disc;
+};
+
+}  // namespace handheld::gdi

@@ -1,0 +1,108 @@
+#include "WindowSurfaces.h"
+
+#include <algorithm>
+#include <atomic>
+
+#include "WindowTable.h"
+#include "handheld.h"
+
+namespace handheld::gdi {
+
+namespace {
+
+/// Versions are never used twice, also not by the next surface of a window that was resized.
+std::uint64_t NextVersion() {
+  static std::atomic<std::uint64_t> last = 0;
+  return last.fetch_add(std::uint64_t{1} << 32) + 1;
+}
+
+void CopyCorner(const Surface& from, const Surface& to) {
+  const int width = std::min(from.width, to.width);
+  const int height = std::min(from.height, to.height);
+  for (int y = 0; y < height; ++y)
+    std::copy_n(from.Row<const std::uint32_t>(y), width, to.Row<std::uint32_t>(y));
+}
+
+}  // namespace
+
+WindowSurface::WindowSurface(int width, int height)
+    : pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height)),
+      version(NextVersion()) {
+  surface.top = reinterpret_cast<std::uint8_t*>(pixels.data());
+  surface.pitch = static_cast<std::ptrdiff_t>(width) * 4;
+  surface.width = width;
+  surface.height = height;
+  surface.format = PixelFormat::ARGB8888;
+}
+
+WindowSurfaces& WindowSurfaces::Instance() {
+  static WindowSurfaces& surfaces = *new WindowSurfaces;
+  return surfaces;
+}
+
+std::shared_ptr<WindowSurface> WindowSurfaces::Of(HWND window) {
+  RECT rect = {};
+  if (window == nullptr) {
+    const Screen screen = CurrentScreen();
+    rect = {0, 0, screen.width, screen.height};
+  } else {
+    const std::optional<Window> found = WindowTable::Instance().Find(window);
+    if (!found)
+      return nullptr;
+    rect = found->rect;
+  }
+  const int width = std::max<int>(rect.right - rect.left, 0);
+  const int height = std::max<int>(rect.bottom - rect.top, 0);
+
+  const std::lock_guard lock(mutex);
+  std::shared_ptr<WindowSurface>& entry = surfaces[window];
+  if (entry != nullptr && entry->surface.width == width && entry->surface.height == height)
+    return entry;
+  auto fresh = std::make_shared<WindowSurface>(width, height);
+  if (entry != nullptr) {
+    const std::lock_guard pixelLock(entry->mutex);
+    CopyCorner(entry->surface, fresh->surface);
+  }
+  entry = fresh;
+  ForgetClosedWindows();
+  return fresh;
+}
+
+std::shared_ptr<WindowSurface> WindowSurfaces::Existing(HWND window) const {
+  const std::lock_guard lock(mutex);
+  const auto found = surfaces.find(window);
+  return found == surfaces.end() ? nullptr : found->second;
+}
+
+void WindowSurfaces::ForgetClosedWindows() {
+  std::erase_if(surfaces, [](const auto& entry) {
+    return entry.first != nullptr && !WindowTable::Instance().Find(entry.first);
+  });
+}
+
+}  // namespace handheld::gdi
+
+namespace handheld {
+
+Pixels WindowPixels(HWND window) {
+  const std::shared_ptr<gdi::WindowSurface> drawn =
+      gdi::WindowSurfaces::Instance().Existing(window);
+  if (drawn == nullptr)
+    return {};
+  const std::lock_guard lock(drawn->mutex);
+  Pixels pixels = {drawn->surface.width, drawn->surface.height, drawn->pixels};
+  for (std::uint32_t& pixel : pixels.rows)
+    pixel &= 0x00FFFFFF;
+  return pixels;
+}
+
+std::uint64_t WindowPixelsVersion(HWND window) {
+  const std::shared_ptr<gdi::WindowSurface> drawn =
+      gdi::WindowSurfaces::Instance().Existing(window);
+  if (drawn == nullptr)
+    return 0;
+  const std::lock_guard lock(drawn->mutex);
+  return drawn->version;
+}
+
+}  // namespace handheld

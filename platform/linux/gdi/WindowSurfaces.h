@@ -1,0 +1,46 @@
+// The pixels of the windows.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+#include "Surface.h"
+
+namespace handheld::gdi {
+
+/// Pixels of one window (or of the bare screen). Held by the contexts that draw into it.
+struct WindowSurface {
+  WindowSurface(int width, int height);
+
+  /// Taken for every access to the pixels.
+  std::mutex mutex;
+  std::vector<std::uint32_t> pixels;
+  Surface surface;
+  /// Grows whenever something was drawn.
+  std::uint64_t version = 1;
+};
+
+class WindowSurfaces {
+ public:
+  static WindowSurfaces& Instance();
+
+  /// Surface as large as the window is now; what was drawn before stays in its upper left corner. Null for the whole
+  /// screen. Empty when there is no such window.
+  std::shared_ptr<WindowSurface> Of(HWND window);
+
+  /// The same, but only if something was ever drawn.
+  std::shared_ptr<WindowSurface> Existing(HWND window) const;
+
+ private:
+  void ForgetClosedWindows();
+
+  mutable std::mutex mutex;
+  std::map<HWND, std::shared_ptr<WindowSurface>> surfaces;
+};
+
+}  // namespace handheld::gdi
