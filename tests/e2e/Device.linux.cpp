@@ -67,6 +67,8 @@ class LinuxDevice : public Device {
       throw std::runtime_error("no temporary folder");
     }
     folder = pattern;
+    // Loaded from there, it finds none of the siblings that lie beside it in the build.
+    fs::create_symlink(ENGINE_LIBRARY, folder / "libferolin.so");
     handheld::SetModuleDirectory(folder.string());
     handheld::SetLanguage("ENU");
     handheld::SetLocaleFailing(false);
