@@ -1,5 +1,6 @@
 #include "render/Canvas.h"
 
+#include "render/FrameBitmap.h"
 #include "render/InvertFlags.h"
 #include "render/Rotation.h"
 #include "text/CodePage.h"
@@ -11,20 +12,6 @@ constinit Canvas theCanvas;
 namespace {
 
 constexpr int LOGICAL_DPI = 96;
-constexpr LONG PIXELS_PER_METRE = 3780;  // 96 dpi
-
-HBITMAP CreateBitmap16(HDC dc, LONG width, LONG height, void** bits) {
-  BITMAPINFO info = {};
-  info.bmiHeader.biSize = sizeof info.bmiHeader;
-  info.bmiHeader.biWidth = width;
-  info.bmiHeader.biHeight = height;
-  info.bmiHeader.biPlanes = 1;
-  info.bmiHeader.biBitCount = 16;
-  info.bmiHeader.biCompression = BI_RGB;
-  info.bmiHeader.biXPelsPerMeter = PIXELS_PER_METRE;
-  info.bmiHeader.biYPelsPerMeter = PIXELS_PER_METRE;
-  return CreateDIBSection(dc, &info, DIB_RGB_COLORS, bits, nullptr, 0);
-}
 
 /// Without a context there is no resolution to be had; nothing is shown then either.
 LONG ToLogical(LONG pixels, HDC dc, int resolution) {
@@ -59,7 +46,7 @@ void Canvas::BeginFrame(HWND frameWindow) {
   backBuffer.EnsureDC(windowDC);
   if (!HasSize(backBuffer, frame)) {
     backBufferBits = nullptr;
-    backBuffer.SetBitmap(CreateBitmap16(windowDC, frame.cx, frame.cy, &backBufferBits));
+    backBuffer.SetBitmap(CreateFrameBitmap(windowDC, frame.cx, frame.cy, &backBufferBits));
   }
   presentBuffer.EnsureDC(windowDC);
   if (!HasSize(presentBuffer, client)) {
@@ -108,7 +95,7 @@ Canvas::Side Canvas::SideOf(LONG length, bool flipped) {
 void Canvas::PresentRotated(const Side& across, const Side& down, DWORD operation) {
   const SIZE frame = backBuffer.GetSize();
   void* bits = nullptr;
-  const HBITMAP turned = CreateBitmap16(GetPresentDC(), frame.cy, frame.cx, &bits);
+  const HBITMAP turned = CreateFrameBitmap(GetPresentDC(), frame.cy, frame.cx, &bits);
   if (turned == nullptr) {
     return;
   }

@@ -113,7 +113,7 @@ void SpeedometerWidget::SaveSettings(IniStore& store) const {
 void SpeedometerWidget::Attach() {
   if (!sensors.AreAllFound()) {
     sensors.Find(engine);
-    dialPicture = LoadPicture(engine.GetModuleDir() + TEXT("\\Pics\\speedometer.png"));
+    dialFace.Load(engine.GetModuleDir() + TEXT("\\Pics\\speedometer.png"));
   }
   LoadIcons();
   Widget::Attach();
@@ -130,10 +130,10 @@ void SpeedometerWidget::LoadIcons() {
 void SpeedometerWidget::Draw(HWND window) {
   theCanvas.BeginFrame(window);
   theCanvas.FillBackground(backgroundColor);
-  if (dialPicture != nullptr) {
+  if (dialFace.IsLoaded()) {
     const RECT frame = theCanvas.GetFrameRect();
-    const DialGeometry dial(DialRect({frame.right, frame.bottom}, dialPicture->GetSize()));
-    dialPicture->DrawBlended(theCanvas.GetDrawingDC(), dial.rect, OPAQUE_ALPHA);
+    const DialGeometry dial(DialRect({frame.right, frame.bottom}, dialFace.GetSize()));
+    dialFace.Draw(theCanvas.GetDrawingDC(), dial.rect, backgroundColor);
     if (frame.right >= frame.bottom) {
       DrawLandscape(dial);
     } else {

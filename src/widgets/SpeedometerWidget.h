@@ -4,6 +4,7 @@
 
 #include "render/TextStyle.h"
 #include "widgets/ColorSetting.h"
+#include "widgets/DialFace.h"
 #include "widgets/DialGeometry.h"
 #include "widgets/SpeedometerSensors.h"
 #include "widgets/StatusIcons.h"
@@ -70,7 +71,7 @@ class SpeedometerWidget : public Widget {
   COLORREF southNeedleColor;
   COLORREF backgroundColor;
   COLORREF clockTextColor;
-  std::unique_ptr<Picture> dialPicture;
+  DialFace dialFace;
   TextStyle accelerationStyle;
   TextStyle fastestStyle;
   TextStyle odometerStyle;

@@ -1,0 +1,51 @@
+#include "widgets/DialFace.h"
+
+#include "render/FrameBitmap.h"
+
+namespace ferolin {
+
+namespace {
+
+constexpr BYTE OPAQUE_ALPHA = 255;
+
+}  // namespace
+
+void DialFace::Load(const WideString& path) {
+  picture = LoadPicture(path);
+  scaled.Release();
+}
+
+SIZE DialFace::GetSize() const {
+  return picture != nullptr ? picture->GetSize() : SIZE{0, 0};
+}
+
+/// Without memory for the copy the picture is blended as it is.
+void DialFace::Draw(HDC dc, const RECT& rect, COLORREF background) {
+  if (picture == nullptr) {
+    return;
+  }
+  const SIZE size = {rect.right - rect.left, rect.bottom - rect.top};
+  const SIZE old = scaled.GetSize();
+  if (old.cx != size.cx || old.cy != size.cy || scaledBackground != background) {
+    Scale(dc, size, background);
+  }
+  if (scaled.HasBitmap()) {
+    BitBlt(dc, rect.left, rect.top, size.cx, size.cy, scaled.GetDC(), 0, 0, SRCCOPY);
+  } else {
+    picture->DrawBlended(dc, rect, OPAQUE_ALPHA);
+  }
+}
+
+void DialFace::Scale(HDC dc, SIZE size, COLORREF background) {
+  void* bits = nullptr;
+  scaled.EnsureDC(dc);
+  scaled.SetBitmap(CreateFrameBitmap(dc, size.cx, size.cy, &bits));
+  scaledBackground = background;
+  const RECT whole = {0, 0, size.cx, size.cy};
+  const HBRUSH brush = CreateSolidBrush(background);
+  FillRect(scaled.GetDC(), &whole, brush);
+  DeleteObject(brush);
+  picture->DrawBlended(scaled.GetDC(), whole, OPAQUE_ALPHA);
+}
+
+}  // namespace ferolin

@@ -1,0 +1,77 @@
+#include "ViewTest.h"
+#include "render/Canvas.h"
+#include "widgets/DialFace.h"
+
+namespace ferolin {
+
+namespace {
+
+class DialFaceTest : public ViewTest {
+ protected:
+  DialFaceTest() {
+    Open(320, 240);
+    theCanvas.BeginFrame(window);
+    face.Load(Path());
+  }
+
+  WideString Path() const { return folder.DevicePath("Pics/speedometer.png"); }
+
+  static std::vector<COLORREF> Frame() {
+    std::vector<COLORREF> pixels;
+    for (int y = 0; y < 240; ++y) {
+      for (int x = 0; x < 320; ++x) {
+        pixels.push_back(GetPixel(theCanvas.GetDrawingDC(), x, y));
+      }
+    }
+    return pixels;
+  }
+
+  std::vector<COLORREF> Drawn(const RECT& rect, COLORREF background) {
+    theCanvas.FillBackground(background);
+    face.Draw(theCanvas.GetDrawingDC(), rect, background);
+    return Frame();
+  }
+
+  /// The same by blending the picture itself.
+  std::vector<COLORREF> Blended(const RECT& rect, COLORREF background) const {
+    theCanvas.FillBackground(background);
+    LoadPicture(Path())->DrawBlended(theCanvas.GetDrawingDC(), rect, 255);
+    return Frame();
+  }
+
+  DialFace face;
+};
+
+TEST_F(DialFaceTest, LooksAsIfBlendedInEveryFrame) {
+  const RECT first = {0, 15, 255, 230};
+  const RECT moved = {40, 5, 295, 220};
+  const RECT smaller = {10, 10, 110, 94};
+  const std::pair<RECT, COLORREF> frames[] = {
+      {first, RGB(0, 0, 0)},       {first, RGB(0, 0, 0)},     {moved, RGB(0, 0, 0)},
+      {smaller, RGB(0, 0, 0)},     {smaller, RGB(0, 0, 255)}, {first, RGB(0, 0, 255)},
+      {first, RGB(255, 255, 255)},
+  };
+  for (const auto& [rect, background] : frames) {
+    EXPECT_EQ(Blended(rect, background), Drawn(rect, background));
+  }
+}
+
+TEST_F(DialFaceTest, DrawsNothingWithoutItsPicture) {
+  face.Load(folder.DevicePath("missing.png"));
+  EXPECT_FALSE(face.IsLoaded());
+  EXPECT_EQ(0, face.GetSize().cx);
+  const auto frame = Drawn({0, 15, 255, 230}, RGB(0, 0, 0));
+  EXPECT_EQ(std::vector<COLORREF>(frame.size(), RGB(0, 0, 0)), frame);
+}
+
+TEST_F(DialFaceTest, KeepsOneCopyOnly) {
+  Drawn({0, 15, 255, 230}, RGB(0, 0, 0));
+  const int objects = handheld::GdiObjectsAlive();
+  Drawn({0, 15, 255, 230}, RGB(0, 0, 255));
+  Drawn({0, 15, 155, 130}, RGB(0, 0, 0));
+  EXPECT_EQ(objects, handheld::GdiObjectsAlive());
+}
+
+}  // namespace
+
+}  // namespace ferolin
