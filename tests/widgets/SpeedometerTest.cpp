@@ -222,22 +222,25 @@ TEST_F(SpeedometerTest, ShowsNoAccelerationThatWasNotRun) {
   EXPECT_EQ(0, Count(ACCELERATION));
 }
 
-// Landscape, 320 x 240: columns of 5 * 255 / 24 = 53 from 5 * 255 / 32 + 2 = 41 on; labels at 230 -
-// 25 = 205, 14 high.
+// Landscape, 320 x 240: columns of 5 * 255 / 24 = 53 from 5 * 255 / 32 + 2 = 41 on; labels at
+// 230 - 25 = 205.
 
 TEST_F(SpeedometerTest, BracketsTheFastestTimesInLandscape) {
   Open(320, 240);
   DrawAt(0);
+  const HFONT font = theCanvas.MakeFontA("Times New Roman", 14, 0);
+  const int bracket = 205 + static_cast<int>(theCanvas.MeasureText(font, TEXT("100")).cy);
+  DeleteObject(font);
   for (int column = 0; column < 3; ++column) {
     const int left = 41 + 53 * column;
     const int right = left + 49;
-    for (const int y : {218, 219, 220, 221}) {
+    for (int y = bracket - 1; y < bracket + 3; ++y) {
       EXPECT_EQ(FASTEST, At(left, y)) << column << ", " << y;
       EXPECT_EQ(FASTEST, At(right, y)) << column << ", " << y;
     }
-    EXPECT_NE(FASTEST, At(left, 222));
-    EXPECT_EQ(FASTEST, At(left + 10, 220)) << column;
-    EXPECT_NE(FASTEST, At(left + 10, 219)) << column;
+    EXPECT_NE(FASTEST, At(left, bracket + 3)) << column;
+    EXPECT_EQ(FASTEST, At(left + 10, bracket + 1)) << column;
+    EXPECT_NE(FASTEST, At(left + 10, bracket)) << column;
   }
 }
 

@@ -38,7 +38,8 @@ class ViewPictures : public ViewTest {
   void Expect(int view, const std::string& name, bool withBars = false) {
     ShowBars(view, withBars);
     Draw(view);
-    ExpectGolden((IS_RUSSIAN ? "russian-" : "") + name, Shown());
+    // The speed in large figures has no words.
+    ExpectGolden((IS_RUSSIAN && view == SPEEDOMETER ? "russian-" : "") + name, Shown());
   }
 };
 
@@ -73,15 +74,8 @@ std::vector<SizeCase> AllSizes() {
 
 INSTANTIATE_TEST_SUITE_P(Sizes, ViewPicturesOfSize, testing::ValuesIn(AllSizes()));
 
-/// Bits: vertical, horizontal, colour, orientation.
-class ViewPicturesWithFlags : public ViewPictures, public testing::WithParamInterface<int> {
- protected:
-  void SetUp() override {
-    if (IS_RUSSIAN) {
-      GTEST_SKIP() << "the flags know no language";
-    }
-  }
-};
+/// Bits: vertical, horizontal, colour, orientation. They know no language.
+class ViewPicturesWithFlags : public ViewPictures, public testing::WithParamInterface<int> {};
 
 TEST_P(ViewPicturesWithFlags, Match) {
   const int flags = GetParam();
@@ -94,7 +88,8 @@ TEST_P(ViewPicturesWithFlags, Match) {
   Expect(SPEEDOMETER, Format("flags-%i", flags), true);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, ViewPicturesWithFlags, testing::Range(0, 16));
+GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(ViewPicturesWithFlags);
+INSTANTIATE_TEST_SUITE_P(All, ViewPicturesWithFlags, testing::Range(0, IS_RUSSIAN ? 0 : 16));
 
 struct SpeedCase {
   double kmh;
