@@ -1,9 +1,20 @@
 // Prints everything that the engine gives away on one long drive: each read-out after each position, and at the end
-// what it would keep, the files it wrote, the sounds it started and the messages it sent. The same drive on two homes
-// has to print the same bytes.
+// what it would keep, a checksum of each view's picture in all orientations, the files it wrote, the sounds it started
+// and the messages it sent. The same drive on two homes has to print the same bytes.
+//
+// usage: device-drive [folder for the pictures]
 
+#include <handheld.h>
+
+#include <array>
+#include <chrono>
+#include <cstdint>
 #include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
+#include <thread>
 
 #include "../e2e/EngineTest.h"
 
@@ -12,9 +23,15 @@ namespace {
 using e2e::Device;
 using e2e::EngineLibrary;
 using e2e::HostWindow;
+using e2e::Receiver;
 using e2e::Sentence;
 
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+
 constexpr int SECONDS = 240;
+
+std::string pictureFolder;
 
 std::string Fixed(const char* format, int first, int second) {
   char text[64];
@@ -65,9 +82,85 @@ void PrintFile(const Device& device, const std::string& name) {
   std::printf("== %s\n%s\n", name.c_str(), content.c_str());
 }
 
+/// The frame of an update is drawn behind the host's back: waits until a new one has begun, and then for the lock that
+/// the engine holds until it is complete. False when none begins.
+bool WaitForFrame(const EngineLibrary& engine, HWND window, std::uint64_t before) {
+  const auto deadline = std::chrono::steady_clock::now() + 30s;
+  while (handheld::WindowPixelsVersion(window) == before) {
+    if (std::chrono::steady_clock::now() > deadline) {
+      return false;
+    }
+    std::this_thread::sleep_for(1ms);
+  }
+  engine.SensorValue(e2e::SPEED);
+  return true;
+}
+
+void SavePicture(const handheld::Pixels& pixels, const std::string& name) {
+  std::ofstream file(fs::path(pictureFolder) / (name + ".ppm"), std::ios::binary);
+  file << "P6 " << pixels.width << ' ' << pixels.height << " 255\n";
+  for (const std::uint32_t pixel : pixels.rows) {
+    file << static_cast<char>(pixel >> 16) << static_cast<char>(pixel >> 8)
+         << static_cast<char>(pixel);
+  }
+}
+
+void PrintPicture(HWND window, const std::string& name) {
+  const handheld::Pixels pixels = handheld::WindowPixels(window);
+  // FNV-1a.
+  std::uint64_t checksum = 0xCBF29CE484222325;
+  for (const std::uint32_t pixel : pixels.rows) {
+    checksum = (checksum ^ pixel) * 0x100000001B3;
+  }
+  std::printf("picture %s: %d x %d, %016llx\n", name.c_str(), pixels.width, pixels.height,
+              static_cast<unsigned long long>(checksum));
+  if (!pictureFolder.empty()) {
+    SavePicture(pixels, name);
+  }
+}
+
+/// Draws each view upright and in each orientation, one update a picture. The reader must not be running: what is left
+/// of the last update would draw a picture too many. False when one was not drawn.
+bool PrintViews(const EngineLibrary& engine, const HostWindow& host, Receiver& receiver,
+                const std::string& language) {
+  struct Orientation {
+    const char* name;
+    decltype(engine.SetInvertVert) set;
+  };
+  const std::array<Orientation, 5> orientations = {{{"upright", nullptr},
+                                                    {"upside-down", engine.SetInvertVert},
+                                                    {"mirrored", engine.SetInvertHorz},
+                                                    {"negative", engine.SetInvertColor},
+                                                    {"turned", engine.SetInvertOrient}}};
+  int second = SECONDS;
+  engine.SetRenderWindow(host.Get());
+  engine.StartCallBack(host.Get());
+  for (int view = 0; view < engine.GetWidgetsCount(); ++view) {
+    engine.SetCurRenderWidget(view);
+    for (const Orientation& orientation : orientations) {
+      if (orientation.set != nullptr) {
+        orientation.set(1);
+      }
+      const std::uint64_t before = handheld::WindowPixelsVersion(host.Get());
+      receiver.Send(Epoch(second++));
+      if (!WaitForFrame(engine, host.Get(), before)) {
+        std::fprintf(stderr, "view %d is not drawn\n", view);
+        return false;
+      }
+      PrintPicture(host.Get(), language + "-" + std::to_string(view) + "-" + orientation.name);
+      if (orientation.set != nullptr) {
+        orientation.set(0);
+      }
+    }
+  }
+  engine.StopCallBack();
+  engine.SetRenderWindow(nullptr);
+  return true;
+}
+
 /// False when a position got no answer.
-bool Go(Device& device) {
-  HostWindow host;
+bool Go(Device& device, const std::string& language) {
+  HostWindow host(480, 800);
   const auto receiver = device.Connect("COM1");
   EngineLibrary engine;
   engine.SetUseGPSAPI(0);
@@ -96,9 +189,22 @@ bool Go(Device& device) {
       std::printf("kept %d: %s\n", index, engine.RegistryString(index).c_str());
     }
   }
-  engine.SetIniFileValue(TEXT("Host"), TEXT("View"), TEXT("3"), TEXT(""));
   engine.StopCallBack();
-  return true;
+  const bool isDrawn = PrintViews(engine, host, *receiver, language);
+  engine.SetIniFileValue(TEXT("Host"), TEXT("View"), TEXT("3"), TEXT(""));
+  return isDrawn;
+}
+
+/// Everything that lies beside the engine.
+void Install(Device& device) {
+  const fs::path assets = ASSETS;
+  for (const auto& entry : fs::recursive_directory_iterator(assets)) {
+    const std::string name = fs::relative(entry.path(), assets).string();
+    if (name.starts_with("Pics/") || name.starts_with("Wav/") || name == "lcd-u.ttf") {
+      std::ifstream file(entry.path(), std::ios::binary);
+      device.WriteFile(name, std::string(std::istreambuf_iterator<char>(file), {}));
+    }
+  }
 }
 
 bool Drive(bool isRussian) {
@@ -114,10 +220,8 @@ bool Drive(bool isRussian) {
   device->StopClockAt(noon);
   device->SetZone(3);
   device->InstallSmsLibrary();
-  for (const char* name : {"Limit", "LimitDown", "Zero"}) {
-    device->WriteFile(std::string("Wav/") + name + ".wav", "");
-  }
-  const bool isDone = Go(*device);
+  Install(*device);
+  const bool isDone = Go(*device, isRussian ? "ru" : "en");
   PrintFile(*device, "TachyMo.ini");
   PrintFile(*device, "Tracks/Track0001.kml");
   for (const std::string& sound : device->GetSounds()) {
@@ -131,6 +235,7 @@ bool Drive(bool isRussian) {
 
 }  // namespace
 
-int main() {
+int main(int count, char** arguments) {
+  pictureFolder = count > 1 ? arguments[1] : "";
   return Drive(false) && Drive(true) ? 0 : 1;
 }

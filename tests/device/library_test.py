@@ -185,6 +185,15 @@ class LibraryTest(unittest.TestCase):
         self.assertGreater(len(lines), 10000)
         self.assertEqual([], [line for line in lines if not allowed.fullmatch(line[1]) and line[1] != ".word"])
 
+    def test_takes_only_arithmetic_from_the_compiler(self):
+        """The rest of a run-time library would bring expectations that nobody here fulfils."""
+        linked = (pathlib.Path(self.library.path).parent / "device-library.map").read_text()
+        brought_in = linked.split("Discarded input sections")[0]
+        members = set(re.findall(r"/lib(\w+\+*)\.a\(([^)]+)\)", brought_in))
+        members = {(name, member) for name, member in members if not name.startswith("ferolin")}
+        self.assertIn(("gcc", "_arm_muldf3.o"), members)
+        self.assertEqual(set(), {member for member in members if member[0] != "gcc" and member != ("stdc++", "tree.o")})
+
     # The loader on the whole library.
 
     def load(self, path):

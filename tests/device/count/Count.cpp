@@ -83,21 +83,22 @@ class Bench {
 
   void Go(unsigned seconds, std::string (*makeSecond)(int)) {
     for (unsigned index = 0; index < seconds; ++index) {
+      const std::uint64_t before = handheld::WindowPixelsVersion(host.Get());
       receiver->Send(makeSecond(second++));
       host.WaitFor(engine.GetWndMessageID(), 1, 60'000);
-      WaitForRest();
+      WaitForRest(before);
     }
   }
 
-  /// The frame is drawn after the notification, and the reader goes back to its port.
-  void WaitForRest() const {
-    std::uint64_t before;
-    std::uint64_t version = handheld::WindowPixelsVersion(host.Get());
-    do {
-      before = version;
-      std::this_thread::sleep_for(20ms);
-      version = handheld::WindowPixelsVersion(host.Get());
-    } while (version != before);
+  /// The frame is drawn after the notification, under a lock that each read-out takes, and the reader goes back to its
+  /// port.
+  void WaitForRest(std::uint64_t before) const {
+    while (engine.GetCurRenderWidget() >= 0 &&
+           handheld::WindowPixelsVersion(host.Get()) == before) {
+      std::this_thread::sleep_for(1ms);
+    }
+    engine.SensorValue(e2e::SPEED);
+    std::this_thread::sleep_for(20ms);
   }
 
   std::unique_ptr<Device> device = Device::Make();
