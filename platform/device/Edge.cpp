@@ -20,13 +20,16 @@
 #include <ferolin.h>
 
 #include <bit>
+#include <cstdint>
 #include <new>
 #include <type_traits>
 
 namespace {
 
 template <class Type>
-constexpr bool IS_ONE_WORD = std::is_void_v<Type> || (std::is_scalar_v<Type> && sizeof(Type) <= 4);
+constexpr bool IS_ONE_WORD = std::is_scalar_v<Type> && sizeof(Type) <= 4;
+template <>
+constexpr bool IS_ONE_WORD<void> = true;
 
 /// Arguments that an entry passes on: four in registers and one on the stack.
 constexpr std::size_t MAX_ENTRY_ARGUMENTS = 5;
