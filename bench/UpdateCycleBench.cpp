@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "ProgramFolder.h"
 #include "engine/Engine.h"
 #include "gps/FixRecord.h"
 
@@ -60,8 +61,10 @@ BENCHMARK(ParserAlone)->Unit(benchmark::kMillisecond);
 
 void WholeUpdateCycle(benchmark::State& state) {
   const std::vector<std::string> sentences = Drive();
+  const ProgramFolder program;
   for (auto _ : state) {
     Engine engine;
+    engine.AttachModule(program.GetModule());
     for (const std::string& sentence : sentences) {
       engine.OnUpdate(sentence.c_str());
     }

@@ -7,27 +7,22 @@
 namespace e2e {
 
 // Every exported function, by name.
-#define FEROLIN_EXPORTS(X)                                                                         \
-  X(StartCallBack)                                                                                 \
-  X(StopCallBack)                                                                                  \
-  X(GetWndMessageID) X(SetComPortName) X(GetComPortName) X(SetComPortSpeed) X(GetComPortSpeed)     \
-      X(SetUseGPSAPI) X(IsUseGPSAPI) X(GetSensorsCount) X(GetSensorName) X(GetSensorValue)         \
-          X(ResetSensorValue) X(IsSensorSaveable) X(GetSensorRegistryString)                       \
-              X(SetSensorRegistryString) X(GetWidgetsCount) X(GetWidgetName) X(GetCurRenderWidget) \
-                  X(SetCurRenderWidget) X(GetRenderWindow) X(SetRenderWindow) X(GetInvertVert)     \
-                      X(SetInvertVert) X(GetInvertHorz) X(SetInvertHorz) X(GetInvertColor)         \
-                          X(SetInvertColor) X(GetInvertOrient) X(SetInvertOrient) X(OnClick)       \
-                              X(OnDoubleClick) X(OnMouseDown) X(OnMouseMove) X(OnMouseUp) X(       \
-                                  IsAlwaysTurnOn) X(SetAlwaysTurnOn) X(IsWriteKML) X(SetWriteKML)  \
-                                  X(GetLogFolder) X(SetLogFolder) X(IsRussianLocale) X(SendSMS)    \
-                                      X(IsSMSEnabled) X(IsSMSSendIfChanged) X(GetSMSInterval)      \
-                                          X(GetSMSText) X(GetSMSAddress) X(SetSMSParams)           \
-                                              X(IsSMSExist) X(GetSpeedEventsCount)                 \
-                                                  X(GetBeepOnZero) X(SetBeepOnZero)                \
-                                                      X(GetUseEventSound) X(GetEventSpeedLimit)    \
-                                                          X(GetEventSpeedInter) X(SetSpeedEvent)   \
-                                                              X(GetIniFileValue)                   \
-                                                                  X(SetIniFileValue)
+// clang-format off
+#define FEROLIN_EXPORTS(X) \
+  X(StartCallBack) X(StopCallBack) X(GetWndMessageID) X(SetComPortName) X(GetComPortName) \
+  X(SetComPortSpeed) X(GetComPortSpeed) X(SetUseGPSAPI) X(IsUseGPSAPI) X(GetSensorsCount) \
+  X(GetSensorName) X(GetSensorValue) X(ResetSensorValue) X(IsSensorSaveable) \
+  X(GetSensorRegistryString) X(SetSensorRegistryString) X(GetWidgetsCount) X(GetWidgetName) \
+  X(GetCurRenderWidget) X(SetCurRenderWidget) X(GetRenderWindow) X(SetRenderWindow) \
+  X(GetInvertVert) X(SetInvertVert) X(GetInvertHorz) X(SetInvertHorz) X(GetInvertColor) \
+  X(SetInvertColor) X(GetInvertOrient) X(SetInvertOrient) X(OnClick) X(OnDoubleClick) \
+  X(OnMouseDown) X(OnMouseMove) X(OnMouseUp) X(IsAlwaysTurnOn) X(SetAlwaysTurnOn) X(IsWriteKML) \
+  X(SetWriteKML) X(GetLogFolder) X(SetLogFolder) X(IsRussianLocale) X(SendSMS) X(IsSMSEnabled) \
+  X(IsSMSSendIfChanged) X(GetSMSInterval) X(GetSMSText) X(GetSMSAddress) X(SetSMSParams) \
+  X(IsSMSExist) X(GetSpeedEventsCount) X(GetBeepOnZero) X(SetBeepOnZero) X(GetUseEventSound) \
+  X(GetEventSpeedLimit) X(GetEventSpeedInter) X(SetSpeedEvent) X(GetIniFileValue) \
+  X(SetIniFileValue)
+// clang-format on
 
 /// The engine, loaded as a host loads it: attached by the constructor, detached by the destructor or Unload.
 class EngineLibrary {
