@@ -1,0 +1,219 @@
+#include "Display.h"
+
+#include <SDL2/SDL.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <string_view>
+
+#include "handheld.h"
+
+namespace handheld {
+
+namespace {
+
+bool IsSet(const char* variable) {
+  const char* value = std::getenv(variable);
+  return value != nullptr && value[0] != 0;
+}
+
+/// /dev/tty1 and the like; terminals of a desktop and of remote users lie elsewhere.
+bool IsOnConsole() {
+  constexpr std::string_view CONSOLES = "/dev/tty";
+  std::array<char, 64> name = {};
+  if (ttyname_r(STDIN_FILENO, name.data(), name.size()) != 0) {
+    return false;
+  }
+  const std::string_view path = name.data();
+  return path.starts_with(CONSOLES) && path.size() > CONSOLES.size() &&
+         path[CONSOLES.size()] >= '0' && path[CONSOLES.size()] <= '9';
+}
+
+struct Key {
+  SDL_Keycode symbol;
+  WPARAM code;
+};
+
+constexpr std::array KEYS = {
+    Key{SDLK_ESCAPE, KEY_ESCAPE}, Key{SDLK_HOME, KEY_HOME},     Key{SDLK_LEFT, KEY_LEFT},
+    Key{SDLK_RIGHT, KEY_RIGHT},   Key{SDLK_DELETE, KEY_DELETE},
+};
+
+/// 0 for keys that the device does not have. Where letters are not Latin the key's place counts.
+WPARAM KeyCode(const SDL_Keysym& pressed) {
+  const auto* key = std::find_if(
+      KEYS.begin(), KEYS.end(), [&pressed](const Key& each) { return each.symbol == pressed.sym; });
+  if (key != KEYS.end()) {
+    return key->code;
+  }
+  if (pressed.sym >= SDLK_a && pressed.sym <= SDLK_z) {
+    return static_cast<WPARAM>('A' + (pressed.sym - SDLK_a));
+  }
+  const bool isLatin = pressed.sym < 0x80;
+  if (!isLatin && pressed.scancode >= SDL_SCANCODE_A && pressed.scancode <= SDL_SCANCODE_Z) {
+    return static_cast<WPARAM>('A' + (pressed.scancode - SDL_SCANCODE_A));
+  }
+  return 0;
+}
+
+LPARAM PackPoint(int x, int y) {
+  return static_cast<LPARAM>(static_cast<DWORD>(y & 0xFFFF) << 16 | static_cast<DWORD>(x & 0xFFFF));
+}
+
+}  // namespace
+
+bool Display::IsPresent() {
+  return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY") || IsSet("SDL_VIDEODRIVER") || IsOnConsole();
+}
+
+std::unique_ptr<Display> Display::Open(HWND window, bool isFullscreen, std::string& error) {
+  RECT client = {};
+  if (GetClientRect(window, &client) == FALSE || client.right <= 0 || client.bottom <= 0) {
+    error = "there is no window to show";
+    return nullptr;
+  }
+  // Ctrl-C stays the program's own, the backlight the device's, and scaled pixels stay sharp.
+  SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+  SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
+  SDL_SetHint(SDL_HINT_RENDER_SCALE_QUALITY, "nearest");
+  // The desktop goes on as it was when the window fills the screen, and for the windows below it.
+  SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
+  SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
+  if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
+    error = SDL_GetError();
+    return nullptr;
+  }
+  std::unique_ptr<Display> display(new Display(window, client.right, client.bottom));
+  if (!display->Create(isFullscreen)) {
+    error = SDL_GetError();
+    return nullptr;
+  }
+  display->Draw();
+  return display;
+}
+
+Display::Display(HWND windowToShow, int windowWidth, int windowHeight)
+    : window(windowToShow), width(windowWidth), height(windowHeight) {}
+
+Display::~Display() {
+  if (texture != nullptr) {
+    SDL_DestroyTexture(texture);
+  }
+  if (renderer != nullptr) {
+    SDL_DestroyRenderer(renderer);
+  }
+  if (frame != nullptr) {
+    SDL_DestroyWindow(frame);
+  }
+  SDL_QuitSubSystem(SDL_INIT_VIDEO);
+}
+
+bool Display::Create(bool isFullscreen) {
+  const Uint32 flags = SDL_WINDOW_RESIZABLE |
+                       (isFullscreen ? static_cast<Uint32>(SDL_WINDOW_FULLSCREEN_DESKTOP) : 0);
+  frame =
+      SDL_CreateWindow("", SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED, width, height, flags);
+  if (frame == nullptr) {
+    return false;
+  }
+  renderer = SDL_CreateRenderer(frame, -1, 0);
+  if (renderer == nullptr || SDL_RenderSetLogicalSize(renderer, width, height) != 0) {
+    return false;
+  }
+  texture = SDL_CreateTexture(renderer, SDL_PIXELFORMAT_RGB888, SDL_TEXTUREACCESS_STREAMING, width,
+                              height);
+  return texture != nullptr;
+}
+
+void Display::Update() {
+  SDL_Event event = {};
+  while (SDL_PollEvent(&event) != 0) {
+    Take(event);
+  }
+  if (isStale || WindowPixelsVersion(window) != versionShown) {
+    Draw();
+  }
+}
+
+void Display::SetTitle(const std::string& title) {
+  SDL_SetWindowTitle(frame, title.c_str());
+}
+
+void Display::ToggleFullscreen() {
+  const bool isFullscreen = (SDL_GetWindowFlags(frame) & SDL_WINDOW_FULLSCREEN_DESKTOP) != 0;
+  SDL_SetWindowFullscreen(frame, isFullscreen ? 0 : SDL_WINDOW_FULLSCREEN_DESKTOP);
+  isStale = true;
+}
+
+/// Fingers come as the left button.
+void Display::Take(const SDL_Event& event) {
+  switch (event.type) {
+    case SDL_MOUSEBUTTONDOWN:
+      if (event.button.button == SDL_BUTTON_LEFT) {
+        isPressed = true;
+        const bool isSecond = event.button.clicks % 2 == 0;
+        PostMouse(isSecond ? WM_LBUTTONDBLCLK : WM_LBUTTONDOWN, event.button.x, event.button.y);
+      }
+      break;
+    case SDL_MOUSEMOTION:
+      if (isPressed) {
+        PostMouse(WM_MOUSEMOVE, event.motion.x, event.motion.y);
+      }
+      break;
+    case SDL_MOUSEBUTTONUP:
+      if (event.button.button == SDL_BUTTON_LEFT) {
+        isPressed = false;
+        PostMouse(WM_LBUTTONUP, event.button.x, event.button.y);
+      }
+      break;
+    case SDL_KEYDOWN: {
+      // Keys held together with Ctrl or Alt are the desktop's, and repeated ones would flicker.
+      const bool isPlain = (event.key.keysym.mod & (KMOD_CTRL | KMOD_ALT | KMOD_GUI)) == 0;
+      const WPARAM code = KeyCode(event.key.keysym);
+      if (isPlain && event.key.repeat == 0 && code != 0) {
+        PostMessageW(window, WM_KEYDOWN, code, 0);
+      }
+      break;
+    }
+    case SDL_WINDOWEVENT:
+      isStale = true;
+      break;
+    case SDL_RENDER_TARGETS_RESET:
+    case SDL_RENDER_DEVICE_RESET:
+      versionShown = 0;
+      isStale = true;
+      break;
+    case SDL_QUIT:
+      PostMessageW(window, WM_CLOSE, 0, 0);
+      break;
+    default:
+      break;
+  }
+}
+
+void Display::PostMouse(UINT message, int x, int y) const {
+  PostMessageW(window, message, 0, PackPoint(x, y));
+}
+
+void Display::Draw() {
+  // Asked for first: what is drawn in between is shown now and once more the next time.
+  const std::uint64_t version = WindowPixelsVersion(window);
+  if (version != versionShown) {
+    const Pixels pixels = WindowPixels(window);
+    if (pixels.width == width && pixels.height == height) {
+      SDL_UpdateTexture(texture, nullptr, pixels.rows.data(), width * 4);
+    }
+    versionShown = version;
+  }
+  SDL_SetRenderDrawColor(renderer, 0, 0, 0, SDL_ALPHA_OPAQUE);
+  SDL_RenderClear(renderer);
+  if (versionShown != 0) {
+    SDL_RenderCopy(renderer, texture, nullptr, nullptr);
+  }
+  SDL_RenderPresent(renderer);
+  isStale = false;
+}
+
+}  // namespace handheld
