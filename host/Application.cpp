@@ -26,6 +26,7 @@ std::unique_ptr<NmeaSource> OpenRecording(const Options& options) {
 void PrepareDevice(const Options& options, const HomeFolder& home) {
   handheld::SetModuleDirectory(home.GetPath());
   handheld::AddLibraryDirectory(home.GetLibraryFolder());
+  handheld::SetScreen(options.width, options.height, options.dpi);
   if (!options.language.empty()) {
     handheld::SetLanguage(options.language.c_str());
   }

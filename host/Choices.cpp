@@ -1,5 +1,6 @@
 #include "Choices.h"
 
+#include <array>
 #include <charconv>
 
 #include "HostError.h"
@@ -12,6 +13,19 @@ constexpr const char* DEVICE = "Device";
 constexpr const char* BAUD = "Baud";
 constexpr const char* GPSD = "Gpsd";
 constexpr const char* KML_FOLDER = "KmlFolder";
+constexpr const char* VIEW = "View";
+
+struct PictureFlag {
+  const char* key;
+  std::optional<bool> Options::Picture::*flag;
+};
+
+constexpr std::array PICTURE_FLAGS = {
+    PictureFlag{"Mirror", &Options::Picture::mirror},
+    PictureFlag{"Flip", &Options::Picture::flip},
+    PictureFlag{"Rotate", &Options::Picture::rotate},
+    PictureFlag{"Invert", &Options::Picture::invert},
+};
 
 int ParseBaud(const std::string& text) {
   int baud = 0;
@@ -56,6 +70,24 @@ void KeepChoices(const Options& options, const Settings& settings) {
   }
   if (options.writeKml) {
     settings.Set(KML_FOLDER, options.kmlFolder);
+  }
+}
+
+void RecallPicture(Options::Picture& picture, const Settings& settings) {
+  if (picture.view.empty()) {
+    picture.view = settings.Get(VIEW);
+  }
+  for (const PictureFlag& each : PICTURE_FLAGS) {
+    if (!(picture.*each.flag)) {
+      picture.*each.flag = settings.Get(each.key) == "1";
+    }
+  }
+}
+
+void KeepPicture(const Options::Picture& picture, const Settings& settings) {
+  settings.Set(VIEW, picture.view);
+  for (const PictureFlag& each : PICTURE_FLAGS) {
+    settings.Set(each.key, (picture.*each.flag).value_or(false) ? "1" : "0");
   }
 }
 

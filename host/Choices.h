@@ -16,4 +16,8 @@ void RecallChoices(Options& options, const Settings& settings);
 /// Keeps them for the next time.
 void KeepChoices(const Options& options, const Settings& settings);
 
+/// The same for the picture, for runs that draw one. Throws nothing.
+void RecallPicture(Options::Picture& picture, const Settings& settings);
+void KeepPicture(const Options::Picture& picture, const Settings& settings);
+
 }  // namespace host

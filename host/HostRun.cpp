@@ -29,6 +29,12 @@ constexpr int LEAVE_BAUD_RATE = -9999;
 /// takes no time.
 constexpr double FASTEST_TIME_RATE = 10000;
 
+/// A display is looked after 60 times a second.
+constexpr DWORD DISPLAY_INTERVAL_MS = 16;
+constexpr DWORD LONG_TIME_MS = 60000;
+/// By then the demo's car is well on its way.
+constexpr int UPDATES_BEFORE_SHEET = 200;
+
 constexpr const char* DEFAULT_SMS_TEXT = "%Time% %Latitude% %Longitude% %Speed% km/h %GoogleMaps%";
 
 using Source = Options::Source;
@@ -44,20 +50,20 @@ const char* TripSection(Source source) {
   return source == Source::DEMO ? "HostDemoTrip" : "HostRecordingTrip";
 }
 
-double ChoosePace(const Options& options, bool isLiveTable) {
+double ChoosePace(const Options& options, bool isLive) {
   if (IsLive(options.source)) {
     return 1;
   }
-  return options.rate.value_or(isLiveTable ? 1 : 0);
+  return options.rate.value_or(isLive ? 1 : 0);
 }
 
-/// On a terminal the demo happens now; elsewhere it is the same every time.
-std::chrono::sys_seconds DemoStart(bool isLiveTable) {
+/// Before somebody's eyes the demo happens now; elsewhere it is the same every time.
+std::chrono::sys_seconds DemoStart(bool isLive) {
   using namespace std::chrono_literals;
   constexpr std::chrono::sys_seconds SUMMER_MORNING =
       std::chrono::sys_days(std::chrono::year(2024) / 6 / 1) + 6h;
-  return isLiveTable ? std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now())
-                     : SUMMER_MORNING;
+  return isLive ? std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now())
+                : SUMMER_MORNING;
 }
 
 std::string JoinNames(const Readouts& readouts) {
@@ -68,6 +74,40 @@ std::string JoinNames(const Readouts& readouts) {
   }
   return names;
 }
+
+bool DrawsFrames(const Options& options) {
+  return WantsWindow(options) || !options.framesFolder.empty() || !options.shotFile.empty();
+}
+
+std::unique_ptr<RenderWindow> MakeRenderWindow(const Options& options) {
+  return DrawsFrames(options) ? std::make_unique<RenderWindow>(options.width, options.height)
+                              : nullptr;
+}
+
+/// Null when none is wanted or to be had; throws HostError when the user insists on one.
+std::unique_ptr<handheld::Display> OpenDisplay(const Options& options, const RenderWindow* window,
+                                               Messages& messages) {
+  const bool insists = options.windowUse == Options::WindowUse::ALWAYS;
+  if (!WantsWindow(options) || (!insists && !handheld::Display::IsPresent())) {
+    return nullptr;
+  }
+  std::string error;
+  auto display = handheld::Display::Open(window->GetHandle(), options.fullscreen, error);
+  if (display == nullptr && insists) {
+    throw HostError("cannot open a window: " + error);
+  }
+  if (display == nullptr) {
+    messages.Say("no window is opened: " + error);
+  }
+  return display;
+}
+
+/// Says nothing: the window shows it all.
+class NoOutput : public Output {
+ public:
+  void Show(const Update&) override {}
+  void Finish(const Update&, const Readouts&) override {}
+};
 
 std::string ReadText(void(WINAPI* get)(char*, int)) {
   std::array<char, 2048> buffer = {};
@@ -85,23 +125,29 @@ HostRun::HostRun(const EngineLibrary& engineToUse, Options optionsToFollow, cons
       source(std::move(recording)),
       standard(standardOutput),
       messages(messagesToUse),
-      isLiveTable(Screen::IsTerminal() && !options.json),
-      pace(ChoosePace(options, isLiveTable)),
+      renderWindow(MakeRenderWindow(options)),
+      display(OpenDisplay(options, renderWindow.get(), messages)),
+      isLiveTable(Screen::IsTerminal() && !options.json && !WantsPictures(options)),
+      isLive(isLiveTable || display != nullptr),
+      pace(ChoosePace(options, isLive)),
       choices(engine, CHOICES_SECTION),
       trip(engine, TripSection(options.source)),
       window(engine().GetWndMessageID()),
-      reports(engine, options.smsEveryMinutes) {
+      reports(engine, options.smsEveryMinutes),
+      frames(options.framesFolder, options.shotFile) {
   RecallChoices(options, choices);
   handheld::SetTimeRate(pace > 0 ? pace : FASTEST_TIME_RATE);
   ApplyLimits();
   ApplySms();
   ApplyTrack(home);
   ApplyTrip();
+  ApplyPicture();
 }
 
 HostRun::~HostRun() {
   feeder.reset();
   engine().StopCallBack();
+  engine().SetRenderWindow(nullptr);
   messages.Release();
 }
 
@@ -179,6 +225,34 @@ std::set<int> HostRun::FindResets() const {
   return found;
 }
 
+void HostRun::ApplyPicture() {
+  Options::Picture& picture = options.picture;
+  if (!picture.view.empty()) {
+    picture.view = std::to_string(FindView(engine(), picture.view));
+  }
+  if (!options.contactSheetFile.empty()) {
+    contactSheet = std::make_unique<ContactSheet>(engine(), UPDATES_BEFORE_SHEET);
+    return;
+  }
+  if (display == nullptr && !frames.AreWanted()) {
+    return;
+  }
+  RecallPicture(picture, choices);
+  ViewControl::Actions actions;
+  actions.close = [this] { window.Post(HostWindow::Event::STOP); };
+  actions.toggleFullscreen = [this] {
+    if (display) {
+      display->ToggleFullscreen();
+    }
+  };
+  actions.say = [this](const std::string& text) { messages.Say(text); };
+  views = std::make_unique<ViewControl>(engine(), renderWindow->GetHandle(), picture,
+                                        std::move(actions));
+  window.SetListeners([this](LPARAM code) { views->OnButton(code); },
+                      [this](const MSG& message) { views->OnMessage(message); });
+  engine().SetRenderWindow(renderWindow->GetHandle());
+}
+
 void HostRun::OpenSource() {
   switch (options.source) {
     case Source::PORT:
@@ -188,9 +262,9 @@ void HostRun::OpenSource() {
       OpenGpsd();
       break;
     case Source::DEMO:
-      source = std::make_unique<DemoSource>(DemoStart(isLiveTable), isLiveTable && pace > 0
-                                                                        ? DemoSource::Laps::ENDLESS
-                                                                        : DemoSource::Laps::ONE);
+      source = std::make_unique<DemoSource>(DemoStart(isLive), isLive && pace > 0
+                                                                   ? DemoSource::Laps::ENDLESS
+                                                                   : DemoSource::Laps::ONE);
       [[fallthrough]];
     case Source::FILE:
       FeedFrom(std::move(source), options.raw ? Feeder::Bridge::OFF : Feeder::Bridge::ON);
@@ -261,6 +335,9 @@ std::unique_ptr<Output> HostRun::MakeOutput() {
     messages.Hold();
     return std::make_unique<TableOutput>(standard, DescribeSource(), update.readouts);
   }
+  if (display != nullptr) {
+    return std::make_unique<NoOutput>();
+  }
   return std::make_unique<LineOutput>(standard);
 }
 
@@ -278,24 +355,64 @@ void HostRun::Run(SignalWatcher& signals) {
   }
   signals.Start([this] { window.Post(HostWindow::Event::STOP); },
                 [this] { window.Post(HostWindow::Event::RESIZE); });
+  ShowTitle();
   Loop();
   signals.Stop();
   Finish();
 }
 
 void HostRun::Loop() {
-  while (!standard.IsBroken()) {
-    switch (window.Wait()) {
+  const DWORD patience = display ? DISPLAY_INTERVAL_MS : LONG_TIME_MS;
+  while (!standard.IsBroken() && !isComplete) {
+    UpdateDisplay();
+    switch (window.Wait(patience)) {
       case HostWindow::Event::UPDATE:
         ShowUpdate();
         break;
       case HostWindow::Event::RESIZE:
         output->Redraw();
         break;
+      case HostWindow::Event::NOTHING:
+        break;
       case HostWindow::Event::SOURCE_ENDED:
       case HostWindow::Event::STOP:
         return;
     }
+  }
+}
+
+/// Also when updates come one upon the other, but not at each of them.
+void HostRun::UpdateDisplay() {
+  const auto now = std::chrono::steady_clock::now();
+  if (display == nullptr || now < nextDisplayUpdate) {
+    return;
+  }
+  nextDisplayUpdate = now + std::chrono::milliseconds(DISPLAY_INTERVAL_MS);
+  display->Update();
+  ShowTitle();
+}
+
+void HostRun::ShowTitle() {
+  if (display == nullptr) {
+    return;
+  }
+  const std::string title = (update.number == 0 ? "Waiting for positions" : views->GetViewName()) +
+                            " - Ferolin, " + DescribeSource();
+  if (title != titleShown) {
+    display->SetTitle(title);
+    titleShown = title;
+  }
+}
+
+void HostRun::TakePictures() {
+  if (contactSheet && contactSheet->OnUpdate()) {
+    isComplete = true;
+  }
+  if (!frames.AreWanted()) {
+    return;
+  }
+  if (std::optional<handheld::Pixels> frame = renderWindow->AwaitFrame()) {
+    frames.Add(std::move(*frame));
   }
 }
 
@@ -308,6 +425,10 @@ void HostRun::ShowUpdate() {
   output->Show(update);
   reports.OnUpdate(update);
   sounds.Collect();
+  TakePictures();
+  if (update.number == options.updates) {
+    isComplete = true;
+  }
   // The device remembers every message; over a day that is a lot.
   handheld::ForgetMessagesPosted();
   if (feeder) {
@@ -331,7 +452,14 @@ void HostRun::Finish() {
   output->Finish(update, engine.GetStates());
   messages.Release();
   trip.Store();
+  if (views) {
+    KeepPicture(views->GetChoices(), choices);
+  }
   SumUp();
+  frames.Finish();
+  if (contactSheet) {
+    contactSheet->Write(options.contactSheetFile);
+  }
 }
 
 void HostRun::SumUp() {

@@ -8,8 +8,11 @@
 #include <string>
 
 #include "BridgeNotices.h"
+#include "ContactSheet.h"
+#include "Display.h"
 #include "EngineLibrary.h"
 #include "Feeder.h"
+#include "FrameFiles.h"
 #include "HomeFolder.h"
 #include "HostWindow.h"
 #include "Messages.h"
@@ -17,6 +20,7 @@
 #include "Options.h"
 #include "Output.h"
 #include "PseudoTerminal.h"
+#include "RenderWindow.h"
 #include "Screen.h"
 #include "Settings.h"
 #include "SignalWatcher.h"
@@ -24,6 +28,7 @@
 #include "SoundTally.h"
 #include "TrackFolder.h"
 #include "Trip.h"
+#include "ViewControl.h"
 
 namespace host {
 
@@ -51,6 +56,8 @@ class HostRun {
   void ApplyTrip();
   std::set<int> FindResets() const;
 
+  void ApplyPicture();
+
   void OpenSource();
   void OpenPort();
   void OpenGpsd();
@@ -59,7 +66,10 @@ class HostRun {
   std::unique_ptr<Output> MakeOutput();
 
   void Loop();
+  void UpdateDisplay();
+  void ShowTitle();
   void ShowUpdate();
+  void TakePictures();
   void SayNews();
   void Finish();
   void SumUp();
@@ -69,8 +79,14 @@ class HostRun {
   std::unique_ptr<NmeaSource> source;
   StandardOutput& standard;
   Messages& messages;
+  /// Drawn into when there is a display or frames are kept, else null.
+  std::unique_ptr<RenderWindow> renderWindow;
+  /// Null without a display.
+  std::unique_ptr<handheld::Display> display;
   /// On a terminal that shows a table.
   const bool isLiveTable;
+  /// Somebody looks on: things happen at the pace of real life.
+  const bool isLive;
   /// 0 is as fast as possible.
   const double pace;
 
@@ -84,6 +100,13 @@ class HostRun {
   BridgeNotices notices;
   SmsReports reports;
   SoundTally sounds;
+  FrameFiles frames;
+  std::unique_ptr<ViewControl> views;
+  std::unique_ptr<ContactSheet> contactSheet;
+  std::string titleShown;
+  std::chrono::steady_clock::time_point nextDisplayUpdate;
+  /// All that was asked for was shown.
+  bool isComplete = false;
   Update update;
   std::chrono::steady_clock::time_point start;
 };

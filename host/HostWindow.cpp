@@ -8,7 +8,6 @@ namespace {
 
 constexpr LPCWSTR CLASS_NAME = TEXT("FerolinHost");
 constexpr LPCWSTR OWN_MESSAGE = TEXT("FerolinHostEvent");
-constexpr DWORD LONG_TIME_MS = 60000;
 
 }  // namespace
 
@@ -33,24 +32,34 @@ void HostWindow::Post(Event event) const {
   PostMessageW(window, own, static_cast<WPARAM>(event), 0);
 }
 
-HostWindow::Event HostWindow::Wait() const {
-  while (true) {
+void HostWindow::SetListeners(OnButton buttonListener, OnOther otherListener) {
+  onButton = std::move(buttonListener);
+  onOther = std::move(otherListener);
+}
+
+HostWindow::Event HostWindow::Wait(DWORD milliseconds) const {
+  do {
     MSG message = {};
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
       if (message.message == WM_QUIT) {
         return Event::STOP;
       }
-      if (message.hwnd == window && message.message == own) {
+      const bool isOurs = message.hwnd == window;
+      if (isOurs && message.message == own) {
         return static_cast<Event>(message.wParam);
       }
-      // Other values of lParam tell of touches.
-      if (message.hwnd == window && message.message == update && message.lParam == 0) {
+      if (isOurs && message.message == update && message.lParam == 0) {
         return Event::UPDATE;
       }
-      DispatchMessageW(&message);
+      if (isOurs && message.message == update) {
+        onButton(message.lParam);
+      } else if (!isOurs && message.hwnd != nullptr) {
+        onOther(message);
+      }
     }
-    MsgWaitForMultipleObjectsEx(0, nullptr, LONG_TIME_MS, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
-  }
+  } while (MsgWaitForMultipleObjectsEx(0, nullptr, milliseconds, QS_ALLINPUT,
+                                       MWMO_INPUTAVAILABLE) == WAIT_OBJECT_0);
+  return Event::NOTHING;
 }
 
 }  // namespace host

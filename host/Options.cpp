@@ -18,6 +18,11 @@ constexpr double LOWEST_RATE = 0.01;
 constexpr double HIGHEST_RATE = 10000;
 constexpr int HIGHEST_LIMIT = 999;
 constexpr int LONGEST_INTERVAL = 24 * 60;
+constexpr int SMALLEST_SIDE = 64;
+constexpr int LARGEST_SIDE = 4096;
+constexpr int LOWEST_DPI = 48;
+constexpr int HIGHEST_DPI = 480;
+constexpr int MOST_UPDATES = 1000000000;
 
 /// An option on its way into Options: its name for messages, and which source was chosen before.
 struct Context {
@@ -104,6 +109,59 @@ void SetRaw(Context& context, const std::string&) {
 
 void SetJson(Context& context, const std::string&) {
   context.options.json = true;
+}
+
+void SetWindow(Context& context, const std::string&) {
+  context.options.windowUse = Options::WindowUse::ALWAYS;
+}
+
+void SetNoWindow(Context& context, const std::string&) {
+  context.options.windowUse = Options::WindowUse::NEVER;
+}
+
+void SetSize(Context& context, const std::string& value) {
+  const std::size_t times = value.find('x');
+  if (times == std::string::npos) {
+    Refuse(context, value, "a size such as 800x480");
+  }
+  const std::string_view text = value;
+  context.options.width = ParseBetween(context, text.substr(0, times), SMALLEST_SIDE, LARGEST_SIDE);
+  context.options.height =
+      ParseBetween(context, text.substr(times + 1), SMALLEST_SIDE, LARGEST_SIDE);
+}
+
+void SetDpi(Context& context, const std::string& value) {
+  context.options.dpi = ParseBetween(context, value, LOWEST_DPI, HIGHEST_DPI);
+}
+
+void SetFullscreen(Context& context, const std::string&) {
+  context.options.fullscreen = true;
+}
+
+void SetView(Context& context, const std::string& value) {
+  context.options.picture.view = value;
+}
+
+template <std::optional<bool> Options::Picture::*flag, bool value>
+void SetPicture(Context& context, const std::string&) {
+  context.options.picture.*flag = value;
+}
+
+void SetFrames(Context& context, const std::string& value) {
+  context.options.framesFolder = value;
+}
+
+void SetShot(Context& context, const std::string& value) {
+  context.options.shotFile = value;
+}
+
+void SetContactSheet(Context& context, const std::string& value) {
+  context.options.contactSheetFile = value;
+}
+
+void SetUpdates(Context& context, const std::string& value) {
+  context.options.updates =
+      static_cast<std::uint64_t>(ParseBetween(context, value, 1, MOST_UPDATES));
 }
 
 void SetLanguage(Context& context, const std::string& value) {
@@ -214,6 +272,42 @@ constexpr std::array OPTIONS = {
            "one line of JSON for each update, and one at the end"},
     Option{"", "--lang", Value::REQUIRED, "en|ru", SetLanguage,
            "language of names and units; by the environment if not given"},
+    Option{"", "--updates", Value::REQUIRED, "N", SetUpdates, "end after N positions"},
+    Option{"The window", "--window", Value::NONE, "", SetWindow,
+           "open it also when other output is asked for; without this option it opens if there is "
+           "a display and none of --json, --frames, --shot, --contact-sheet is given"},
+    Option{"", "--no-window", Value::NONE, "", SetNoWindow,
+           "do not open it: a table on a terminal, else lines of text"},
+    Option{"", "--size", Value::REQUIRED, "WxH", SetSize,
+           "size of the picture in pixels (800x480); the frame on the display may be resized"},
+    Option{"", "--dpi", Value::REQUIRED, "N", SetDpi,
+           "dots per inch (96), by which buttons grow: 192 doubles them"},
+    Option{"", "--fullscreen", Value::NONE, "", SetFullscreen, "fill the screen"},
+    Option{"", "--view", Value::REQUIRED, "NAME|NUMBER", SetView,
+           "begin with this view, such as Speed, or 0 for the first; kept"},
+    Option{"", "--mirror", Value::NONE, "", SetPicture<&Options::Picture::mirror, true>,
+           "left is right, to be read in the windscreen; kept"},
+    Option{"", "--no-mirror", Value::NONE, "", SetPicture<&Options::Picture::mirror, false>,
+           "no longer"},
+    Option{"", "--flip", Value::NONE, "", SetPicture<&Options::Picture::flip, true>,
+           "upside is down, also for the windscreen; kept"},
+    Option{"", "--no-flip", Value::NONE, "", SetPicture<&Options::Picture::flip, false>,
+           "no longer"},
+    Option{"", "--rotate", Value::NONE, "", SetPicture<&Options::Picture::rotate, true>,
+           "turn the picture by 90 degrees; kept"},
+    Option{"", "--no-rotate", Value::NONE, "", SetPicture<&Options::Picture::rotate, false>,
+           "no longer"},
+    Option{"", "--invert", Value::NONE, "", SetPicture<&Options::Picture::invert, true>,
+           "invert all colours; kept"},
+    Option{"", "--no-invert", Value::NONE, "", SetPicture<&Options::Picture::invert, false>,
+           "no longer"},
+    Option{"Pictures", "--frames", Value::REQUIRED, "DIR", SetFrames,
+           "write every drawn frame as a numbered PNG file into this folder"},
+    Option{"", "--shot", Value::REQUIRED, "FILE", SetShot,
+           "write the last frame as a PNG file at the end"},
+    Option{"", "--contact-sheet", Value::REQUIRED, "FILE", SetContactSheet,
+           "write one PNG file with all views, upright and across, with their buttons and without, "
+           "and end"},
     Option{"The trip", "--new-trip", Value::NONE, "", SetNewTrip,
            "start trip figures and records over instead of going on with those of the last run"},
     Option{"", "--reset", Value::REQUIRED, "NAME", AddReset,
@@ -244,6 +338,17 @@ constexpr std::string_view INTRODUCTION =
     "Usage: ferolin-host [OPTION]...\n"
     "A GPS speedometer: shows what the Ferolin engine makes of a receiver's positions.\n";
 
+constexpr std::string_view KEYS =
+    "\nKeys in the window (what they change about the picture is kept for the next run):\n"
+    "  Left, Right   previous, next view         R   rotate by 90 degrees\n"
+    "  B             show or hide the buttons    I   invert colours\n"
+    "  H             mirror (left is right)      S   send a position report\n"
+    "  V             flip (upside is down)       F   full screen or not\n"
+    "  Home, Del     reset all read-outs         Q, Esc   quit\n"
+    "A double click or double tap shows or hides the buttons, a swipe changes the view. The "
+    "button\n"
+    "with the gear inverts the colours and lists these keys on standard error.\n";
+
 constexpr std::string_view EXAMPLES =
     "\nExamples:\n"
     "  ferolin-host                              watch the simulated drive\n"
@@ -253,6 +358,9 @@ constexpr std::string_view EXAMPLES =
     "  ferolin-host --gpsd --limit 50 --limit 90:5 --beep-on-zero\n"
     "                                            any receiver that gpsd knows, with warnings\n"
     "  ferolin-host --nmea drive.nmea --rate 10  a recording, ten times as fast\n"
+    "  ferolin-host --fullscreen --mirror        a head-up display\n"
+    "  ferolin-host --updates 300 --view Speed --shot speed.png\n"
+    "                                            a picture of the simulated drive\n"
     "  ferolin-host --nmea drive.nmea --new-trip --json | tail -1\n"
     "                                            what it comes to\n"
     "\nPauses of more than 10 seconds in a recording are cut short. Trip figures go on from run "
@@ -280,6 +388,12 @@ bool IsValue(const std::string& argument) {
 void Check(const Options& options) {
   if (options.baud && options.source != Options::Source::PORT) {
     throw UsageError("--baud goes with --port");
+  }
+  const bool isSheet = !options.contactSheetFile.empty();
+  const bool isSheetAlone = options.framesFolder.empty() && options.shotFile.empty() &&
+                            options.windowUse != Options::WindowUse::ALWAYS;
+  if (isSheet && !isSheetAlone) {
+    throw UsageError("--contact-sheet does not go with --window, --frames or --shot");
   }
   const bool isLive =
       options.source == Options::Source::PORT || options.source == Options::Source::GPSD;
@@ -323,6 +437,23 @@ std::string Synopsis(const Option& option) {
 
 }  // namespace
 
+bool WantsWindow(const Options& options) {
+  switch (options.windowUse) {
+    case Options::WindowUse::ALWAYS:
+      return true;
+    case Options::WindowUse::NEVER:
+      return false;
+    case Options::WindowUse::IF_PRESENT:
+      break;
+  }
+  return !options.json && !WantsPictures(options);
+}
+
+bool WantsPictures(const Options& options) {
+  return !options.framesFolder.empty() || !options.shotFile.empty() ||
+         !options.contactSheetFile.empty();
+}
+
 Options ParseOptions(const std::vector<std::string>& arguments) {
   Context context;
   for (std::size_t i = 0; i < arguments.size(); ++i) {
@@ -365,7 +496,7 @@ std::string GetHelp() {
     }
     help += PadRight(Synopsis(each), HELP_COLUMN) + Wrap(each.help, HELP_COLUMN, WIDTH) + "\n";
   }
-  return help + std::string(EXAMPLES);
+  return help + std::string(KEYS) + std::string(EXAMPLES);
 }
 
 }  // namespace host

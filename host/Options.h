@@ -1,6 +1,7 @@
 // What the user asks for on the command line.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -14,6 +15,18 @@ struct Options {
   struct Limit {
     int kmh = 0;
     int band = 10;
+  };
+
+  enum class WindowUse { IF_PRESENT, ALWAYS, NEVER };
+
+  /// What the views show and how. Nothing (empty): as the last time.
+  struct Picture {
+    /// Name or number, from 0.
+    std::string view;
+    std::optional<bool> mirror;
+    std::optional<bool> flip;
+    std::optional<bool> rotate;
+    std::optional<bool> invert;
   };
 
   /// The engine keeps this many limits between runs.
@@ -37,6 +50,19 @@ struct Options {
   bool raw = false;
 
   bool json = false;
+  WindowUse windowUse = WindowUse::IF_PRESENT;
+  /// Size of the picture in pixels, and its resolution in dots per inch.
+  int width = 800;
+  int height = 480;
+  int dpi = 96;
+  bool fullscreen = false;
+  Picture picture;
+  /// Where drawn pictures go; empty: nowhere.
+  std::string framesFolder;
+  std::string shotFile;
+  std::string contactSheetFile;
+  /// Updates after which the run ends; 0: not by their number.
+  std::uint64_t updates = 0;
   /// "ENU" or "RUS"; empty: by the environment.
   std::string language;
   std::string home;
@@ -57,6 +83,12 @@ struct Options {
   /// Minutes of driving between two messages; 0: none are sent.
   int smsEveryMinutes = 0;
 };
+
+/// Whether a window is wanted when there is a display: unless something else was asked for.
+bool WantsWindow(const Options& options);
+
+/// Whether pictures are to be written.
+bool WantsPictures(const Options& options);
 
 /// Reads the arguments behind the program's name. Throws UsageError.
 Options ParseOptions(const std::vector<std::string>& arguments);
