@@ -119,7 +119,53 @@ TEST(Options, NameWhatIsWrong) {
 TEST(Options, RefuseWhatDoesNotGoTogether) {
   EXPECT_NE(ErrorOf({"--demo", "--gpsd"}).find("--demo and --gpsd"), std::string::npos);
   EXPECT_NE(ErrorOf({"--baud", "4800"}), "(accepted)");
+  EXPECT_NE(ErrorOf({"--contact-sheet", "a", "--shot", "b"}), "(accepted)");
+  EXPECT_NE(ErrorOf({"--contact-sheet", "a", "--window"}), "(accepted)");
   EXPECT_NE(ErrorOf({"--port", "x", "--rate", "2"}), "(accepted)");
+}
+
+TEST(Options, OpenAWindowUnlessOtherOutputIsAskedFor) {
+  EXPECT_TRUE(WantsWindow(ParseOptions({})));
+  EXPECT_FALSE(WantsWindow(ParseOptions({"--no-window"})));
+  EXPECT_FALSE(WantsWindow(ParseOptions({"--json"})));
+  EXPECT_FALSE(WantsWindow(ParseOptions({"--shot", "a.png"})));
+  EXPECT_FALSE(WantsWindow(ParseOptions({"--frames", "a"})));
+  EXPECT_FALSE(WantsWindow(ParseOptions({"--contact-sheet", "a.png"})));
+  EXPECT_TRUE(WantsWindow(ParseOptions({"--json", "--window", "--shot", "a.png"})));
+}
+
+TEST(Options, TakeTheSizeOfThePicture) {
+  const Options usual = ParseOptions({});
+  EXPECT_EQ(usual.width, 800);
+  EXPECT_EQ(usual.height, 480);
+  EXPECT_EQ(usual.dpi, 96);
+  const Options options = ParseOptions({"--size", "240x320", "--dpi", "192"});
+  EXPECT_EQ(options.width, 240);
+  EXPECT_EQ(options.height, 320);
+  EXPECT_EQ(options.dpi, 192);
+  for (const char* size : {"240", "x", "240x", "x320", "240x320x", "0x0", "63x64", "64x4097"}) {
+    EXPECT_NE(ErrorOf({"--size", size}), "(accepted)") << size;
+  }
+  EXPECT_NE(ErrorOf({"--dpi", "0"}), "(accepted)");
+}
+
+TEST(Options, TurnThePictureOrLeaveItAsTheLastTime) {
+  const Options::Picture as = ParseOptions({}).picture;
+  EXPECT_FALSE(as.mirror || as.flip || as.rotate || as.invert);
+  EXPECT_EQ(as.view, "");
+  const Options::Picture picture =
+      ParseOptions({"--mirror", "--no-flip", "--rotate", "--no-invert", "--view", "Speed"}).picture;
+  EXPECT_EQ(picture.mirror, true);
+  EXPECT_EQ(picture.flip, false);
+  EXPECT_EQ(picture.rotate, true);
+  EXPECT_EQ(picture.invert, false);
+  EXPECT_EQ(picture.view, "Speed");
+}
+
+TEST(Options, EndAfterUpdates) {
+  EXPECT_EQ(ParseOptions({}).updates, 0u);
+  EXPECT_EQ(ParseOptions({"--updates", "5"}).updates, 5u);
+  EXPECT_NE(ErrorOf({"--updates", "0"}), "(accepted)");
 }
 
 TEST(Options, AnswerHelpAndVersion) {
@@ -130,11 +176,42 @@ TEST(Options, AnswerHelpAndVersion) {
 
 TEST(Options, AreAllInTheHelp) {
   const std::string help = GetHelp();
-  for (const char* name :
-       {"--demo", "--port [DEVICE]", "--baud N", "--gpsd [HOST:PORT]", "--nmea FILE",
-        "--rate N|max", "--raw", "--json", "--lang en|ru", "--new-trip", "--reset NAME",
-        "--kml [FOLDER]", "--limit KMH[:BAND]", "--beep-on-zero", "--sms-to NUMBERS",
-        "--sms-text TEXT", "--sms-every MINUTES", "--home DIR", "Examples:"}) {
+  for (const char* name : {"--demo",
+                           "--port [DEVICE]",
+                           "--baud N",
+                           "--gpsd [HOST:PORT]",
+                           "--nmea FILE",
+                           "--rate N|max",
+                           "--raw",
+                           "--json",
+                           "--lang en|ru",
+                           "--new-trip",
+                           "--reset NAME",
+                           "--kml [FOLDER]",
+                           "--limit KMH[:BAND]",
+                           "--beep-on-zero",
+                           "--sms-to NUMBERS",
+                           "--sms-text TEXT",
+                           "--sms-every MINUTES",
+                           "--home DIR",
+                           "--window",
+                           "--no-window",
+                           "--size WxH",
+                           "--dpi N",
+                           "--fullscreen",
+                           "--view NAME|NUMBER",
+                           "--mirror",
+                           "--flip",
+                           "--rotate",
+                           "--invert",
+                           "--frames DIR",
+                           "--shot FILE",
+                           "--contact-sheet FILE",
+                           "--updates N",
+                           "Left, Right",
+                           "Home, Del",
+                           "Q, Esc",
+                           "Examples:"}) {
     EXPECT_NE(help.find(name), std::string::npos) << name;
   }
 }

@@ -77,7 +77,8 @@ class HostTest(unittest.TestCase):
 
     def environment(self, **changes):
         values = {key: value for key, value in os.environ.items()
-                  if not key.startswith(("LC_", "LANG", "FEROLIN_"))}
+                  if not key.startswith(("LC_", "LANG", "FEROLIN_", "SDL_VIDEO"))
+                  and key not in ("DISPLAY", "WAYLAND_DISPLAY")}
         values.update(LANG="C", TZ="UTC0", HOME=self.folder.name)
         values.update(changes)
         return values

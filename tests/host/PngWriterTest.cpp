@@ -1,0 +1,37 @@
+#include <gtest/gtest.h>
+#include <png.h>
+
+#include <array>
+#include <cstdint>
+#include <filesystem>
+
+#include "HostError.h"
+#include "PngWriter.h"
+
+namespace host {
+namespace {
+
+TEST(PngWriter, WritesEveryPixelFromTheTop) {
+  const std::string path = testing::TempDir() + "PngWriterTest.png";
+  WritePng(path, {2, 2, {0xFF0000, 0x00FF00, 0x0000FF, 0x123456}});
+
+  png_image image = {};
+  image.version = PNG_IMAGE_VERSION;
+  ASSERT_NE(png_image_begin_read_from_file(&image, path.c_str()), 0) << image.message;
+  ASSERT_EQ(image.width, 2u);
+  ASSERT_EQ(image.height, 2u);
+  image.format = PNG_FORMAT_RGB;
+  std::array<std::uint8_t, 12> bytes = {};
+  ASSERT_NE(png_image_finish_read(&image, nullptr, bytes.data(), 0, nullptr), 0);
+  EXPECT_EQ(bytes, (std::array<std::uint8_t, 12>{0xFF, 0, 0, 0, 0xFF, 0,  //
+                                                 0, 0, 0xFF, 0x12, 0x34, 0x56}));
+  std::filesystem::remove(path);
+}
+
+TEST(PngWriter, RefusesWhatCannotBeWritten) {
+  EXPECT_THROW(WritePng("/nonexistent/a.png", {1, 1, {0}}), HostError);
+  EXPECT_THROW(WritePng(testing::TempDir() + "empty.png", {}), HostError);
+}
+
+}  // namespace
+}  // namespace host

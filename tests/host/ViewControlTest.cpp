@@ -1,0 +1,267 @@
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "Display.h"
+#include "HostError.h"
+#include "ViewControl.h"
+
+namespace host {
+namespace {
+
+constexpr int VIEWS = 3;
+constexpr int SENSORS = 4;
+
+/// What the engine was told, and what it answers.
+struct FakeEngine {
+  int view = -1;
+  int mirror = 0;
+  int flip = 0;
+  int rotate = 0;
+  int invert = 0;
+  int hasSms = 1;
+  std::vector<int> resets;
+  std::vector<std::string> calls;
+};
+
+FakeEngine fake;
+
+void Note(const char* what, int x, int y) {
+  fake.calls.push_back(std::string(what) + " " + std::to_string(x) + " " + std::to_string(y));
+}
+
+int WINAPI GetName(int index, char* buffer, int) {
+  const std::string name = std::string("View") + static_cast<char>('A' + index);
+  name.copy(buffer, name.size());
+  return static_cast<int>(name.size());
+}
+
+EngineLibrary::Functions MakeFunctions() {
+  EngineLibrary::Functions functions;
+  functions.GetWidgetsCount = []() WINAPI { return VIEWS; };
+  functions.GetWidgetName = GetName;
+  functions.GetCurRenderWidget = []() WINAPI { return fake.view; };
+  functions.SetCurRenderWidget = [](int index) WINAPI { fake.view = index; };
+  functions.GetInvertHorz = []() WINAPI { return fake.mirror; };
+  functions.SetInvertHorz = [](int flag) WINAPI { fake.mirror = flag; };
+  functions.GetInvertVert = []() WINAPI { return fake.flip; };
+  functions.SetInvertVert = [](int flag) WINAPI { fake.flip = flag; };
+  functions.GetInvertOrient = []() WINAPI { return fake.rotate; };
+  functions.SetInvertOrient = [](int flag) WINAPI { fake.rotate = flag; };
+  functions.GetInvertColor = []() WINAPI { return fake.invert; };
+  functions.SetInvertColor = [](int flag) WINAPI { fake.invert = flag; };
+  functions.GetSensorsCount = []() WINAPI { return SENSORS; };
+  functions.ResetSensorValue = [](int index) WINAPI {
+    fake.resets.push_back(index);
+    return 1;
+  };
+  functions.IsSMSExist = []() WINAPI { return fake.hasSms; };
+  functions.SendSMS = []() WINAPI { fake.calls.emplace_back("sms"); };
+  functions.OnDoubleClick = []() WINAPI { fake.calls.emplace_back("double"); };
+  functions.OnMouseDown = [](HWND, int x, int y) WINAPI { Note("down", x, y); };
+  functions.OnMouseMove = [](HWND, int x, int y) WINAPI { Note("move", x, y); };
+  functions.OnMouseUp = [](HWND, int x, int y) WINAPI { Note("up", x, y); };
+  return functions;
+}
+
+class ViewControlTest : public testing::Test {
+ protected:
+  ViewControlTest() { fake = FakeEngine(); }
+
+  ViewControl Make(const Options::Picture& choices = {}) {
+    return {functions,
+            nullptr,
+            choices,
+            {[this] { ++closed; }, [this] { ++fullscreen; },
+             [this](const std::string& text) { said.push_back(text); }}};
+  }
+
+  static void Send(ViewControl& control, UINT message, int x, int y) {
+    MSG sent = {};
+    sent.message = message;
+    sent.lParam =
+        static_cast<LPARAM>(static_cast<DWORD>(y & 0xFFFF) << 16 | static_cast<DWORD>(x & 0xFFFF));
+    control.OnMessage(sent);
+  }
+
+  static void Press(ViewControl& control, WPARAM key) {
+    MSG sent = {};
+    sent.message = WM_KEYDOWN;
+    sent.wParam = key;
+    control.OnMessage(sent);
+  }
+
+  const EngineLibrary::Functions functions = MakeFunctions();
+  int closed = 0;
+  int fullscreen = 0;
+  std::vector<std::string> said;
+};
+
+TEST_F(ViewControlTest, BeginsWithTheChoices) {
+  Options::Picture choices;
+  choices.view = "2";
+  choices.mirror = true;
+  choices.rotate = true;
+  const ViewControl control = Make(choices);
+  EXPECT_EQ(fake.view, 2);
+  EXPECT_EQ(fake.mirror, 1);
+  EXPECT_EQ(fake.flip, 0);
+  EXPECT_EQ(fake.rotate, 1);
+  EXPECT_EQ(fake.invert, 0);
+  EXPECT_EQ(control.GetViewName(), "ViewC");
+}
+
+TEST_F(ViewControlTest, BeginsWithTheFirstViewWhenThatOfTheLastTimeIsGone) {
+  Options::Picture choices;
+  choices.view = "3";
+  Make(choices);
+  EXPECT_EQ(fake.view, 0);
+}
+
+TEST_F(ViewControlTest, ArrowsWrapAround) {
+  ViewControl control = Make();
+  control.OnButton(1);
+  EXPECT_EQ(fake.view, 2);
+  control.OnButton(2);
+  EXPECT_EQ(fake.view, 0);
+  control.OnButton(2);
+  EXPECT_EQ(fake.view, 1);
+}
+
+TEST_F(ViewControlTest, ResetsEverySensor) {
+  Make().OnButton(3);
+  EXPECT_EQ(fake.resets, (std::vector<int>{0, 1, 2, 3}));
+}
+
+TEST_F(ViewControlTest, SendsAReportOrSaysWhyNot) {
+  ViewControl control = Make();
+  control.OnButton(4);
+  EXPECT_EQ(fake.calls, std::vector<std::string>{"sms"});
+  EXPECT_TRUE(said.empty());
+  fake.hasSms = 0;
+  control.OnButton(4);
+  EXPECT_EQ(fake.calls.size(), 1u);
+  EXPECT_EQ(said.size(), 1u);
+}
+
+TEST_F(ViewControlTest, OptionsInvertColoursAndListTheKeys) {
+  ViewControl control = Make();
+  control.OnButton(5);
+  EXPECT_EQ(fake.invert, 1);
+  ASSERT_EQ(said.size(), 1u);
+  EXPECT_NE(said[0].find("H: mirror"), std::string::npos);
+  control.OnButton(5);
+  EXPECT_EQ(fake.invert, 0);
+}
+
+TEST_F(ViewControlTest, ClosesMirrorsAndRotates) {
+  ViewControl control = Make();
+  control.OnButton(6);
+  EXPECT_EQ(closed, 1);
+  control.OnButton(7);
+  EXPECT_EQ(fake.mirror, 1);
+  control.OnButton(8);
+  EXPECT_EQ(fake.rotate, 1);
+  control.OnButton(7);
+  control.OnButton(8);
+  EXPECT_EQ(fake.mirror, 0);
+  EXPECT_EQ(fake.rotate, 0);
+}
+
+TEST_F(ViewControlTest, LeavesUnknownCodesAlone) {
+  ViewControl control = Make();
+  control.OnButton(0);
+  control.OnButton(9);
+  EXPECT_EQ(fake.view, 0);
+  EXPECT_EQ(closed, 0);
+  EXPECT_TRUE(fake.calls.empty() && fake.resets.empty() && said.empty());
+}
+
+TEST_F(ViewControlTest, KeysDoAsTheHelpSays) {
+  ViewControl control = Make();
+  Press(control, handheld::KEY_RIGHT);
+  EXPECT_EQ(fake.view, 1);
+  Press(control, handheld::KEY_LEFT);
+  EXPECT_EQ(fake.view, 0);
+  for (const WPARAM key : {'H', 'V', 'R', 'I'}) {
+    Press(control, key);
+  }
+  EXPECT_EQ(fake.mirror + fake.flip + fake.rotate + fake.invert, 4);
+  Press(control, handheld::KEY_HOME);
+  Press(control, handheld::KEY_DELETE);
+  EXPECT_EQ(fake.resets.size(), 2u * SENSORS);
+  Press(control, 'F');
+  EXPECT_EQ(fullscreen, 1);
+  Press(control, 'Q');
+  Press(control, handheld::KEY_ESCAPE);
+  EXPECT_EQ(closed, 2);
+  fake.calls.clear();
+  Press(control, 'S');
+  EXPECT_EQ(fake.calls, std::vector<std::string>{"sms"});
+}
+
+TEST_F(ViewControlTest, ChangesThatKeepTheFramesShapeAreSeenAtOnce) {
+  ViewControl control = Make();
+  Press(control, 'B');
+  EXPECT_EQ(fake.calls,
+            (std::vector<std::string>{"double", "down -10000 -10000", "up -10000 -10000"}));
+}
+
+TEST_F(ViewControlTest, HandsTouchesOn) {
+  ViewControl control = Make();
+  Send(control, WM_LBUTTONDOWN, 10, 20);
+  Send(control, WM_MOUSEMOVE, -3, 300);
+  Send(control, WM_LBUTTONUP, -5, 301);
+  EXPECT_EQ(fake.calls, (std::vector<std::string>{"down 10 20", "move -3 300", "up -5 301"}));
+}
+
+TEST_F(ViewControlTest, ADoubleClickTogglesTheBars) {
+  ViewControl control = Make();
+  Send(control, WM_LBUTTONDOWN, 10, 20);
+  Send(control, WM_LBUTTONUP, 10, 20);
+  Send(control, WM_LBUTTONDBLCLK, 10, 20);
+  Send(control, WM_LBUTTONUP, 10, 20);
+  EXPECT_EQ(fake.calls, (std::vector<std::string>{"down 10 20", "up 10 20", "double", "down 10 20",
+                                                  "up 10 20"}));
+}
+
+TEST_F(ViewControlTest, AButtonTappedTwiceIsNoDoubleClick) {
+  ViewControl control = Make();
+  Send(control, WM_LBUTTONDOWN, 10, 20);
+  Send(control, WM_LBUTTONUP, 10, 20);
+  control.OnButton(2);
+  fake.calls.clear();
+  Send(control, WM_LBUTTONDBLCLK, 10, 20);
+  EXPECT_EQ(fake.calls, std::vector<std::string>{"down 10 20"});
+}
+
+TEST_F(ViewControlTest, ClosingTheWindowEndsTheRun) {
+  ViewControl control = Make();
+  Send(control, WM_CLOSE, 0, 0);
+  EXPECT_EQ(closed, 1);
+}
+
+TEST_F(ViewControlTest, TellsTheChoicesAsTheyAreNow) {
+  ViewControl control = Make();
+  control.OnButton(2);
+  control.OnButton(8);
+  const Options::Picture choices = control.GetChoices();
+  EXPECT_EQ(choices.view, "1");
+  EXPECT_EQ(choices.rotate, true);
+  EXPECT_EQ(choices.mirror, false);
+  EXPECT_EQ(choices.flip, false);
+  EXPECT_EQ(choices.invert, false);
+}
+
+TEST_F(ViewControlTest, FindsViewsByNameAndNumber) {
+  EXPECT_EQ(FindView(functions, "viewb"), 1);
+  EXPECT_EQ(FindView(functions, "2"), 2);
+  for (const char* wrong : {"3", "-1", "View", "1x"}) {
+    EXPECT_THROW(FindView(functions, wrong), UsageError) << wrong;
+  }
+}
+
+}  // namespace
+}  // namespace host
