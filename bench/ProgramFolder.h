@@ -5,7 +5,6 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <stdexcept>
 #include <string>
 
 namespace ferolin {
@@ -17,7 +16,7 @@ class ProgramFolder {
     std::string pattern =
         (std::filesystem::temp_directory_path() / "ferolin-bench-XXXXXX").string();
     if (mkdtemp(pattern.data()) == nullptr) {
-      throw std::runtime_error("no temporary folder");
+      std::abort();
     }
     path = pattern;
     for (const char* asset : {"Pics", "lcd-u.ttf"}) {
