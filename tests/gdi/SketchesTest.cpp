@@ -1,0 +1,217 @@
+// Curves, wide and dashed lines, as the real device draws them.
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "Section.h"
+
+namespace {
+
+constexpr COLORREF RED = RGB(255, 0, 0);
+constexpr COLORREF BLUE = RGB(0, 0, 255);
+
+/// A canvas that prints itself: R for the red pen, B for the blue brush, a dot where nothing was drawn.
+class Sketch {
+ public:
+  Sketch(int sketchWidth, int sketchHeight, int penStyle = PS_SOLID, int penWidth = 1)
+      : width(sketchWidth),
+        height(sketchHeight),
+        section(width, -height),
+        pen(CreatePen(penStyle, penWidth, RED)),
+        oldPen(SelectObject(section.dc, pen)),
+        oldBrush(SelectObject(section.dc, brush)) {}
+  ~Sketch() {
+    SelectObject(section.dc, oldPen);
+    SelectObject(section.dc, oldBrush);
+    DeleteObject(pen);
+    DeleteObject(brush);
+  }
+  Sketch(const Sketch&) = delete;
+  Sketch& operator=(const Sketch&) = delete;
+
+  HDC GetDC() const { return section.dc; }
+
+  void DrawLine(int x1, int y1, int x2, int y2) const {
+    MoveToEx(section.dc, x1, y1, nullptr);
+    LineTo(section.dc, x2, y2);
+  }
+
+  std::string Print() const {
+    std::string text;
+    for (int y = 0; y < height; ++y) {
+      for (int x = 0; x < width; ++x) {
+        const COLORREF color = section.At(x, y);
+        text += color == RED ? 'R' : color == BLUE ? 'B' : color == 0 ? '.' : '?';
+      }
+      text += '\n';
+    }
+    return text;
+  }
+
+ private:
+  const int width;
+  const int height;
+  Section section;
+  HBRUSH brush = CreateSolidBrush(BLUE);
+  HPEN pen;
+  HGDIOBJ oldPen;
+  HGDIOBJ oldBrush;
+};
+
+TEST(Sketches, CirclesEndBeforeTheirRightAndBottom) {
+  const Sketch sketch(12, 12);
+  Ellipse(sketch.GetDC(), 1, 1, 11, 11);
+  EXPECT_EQ(
+      "............\n"
+      "....RRRR....\n"
+      "...RBBBBR...\n"
+      "..RBBBBBBR..\n"
+      ".RBBBBBBBBR.\n"
+      ".RBBBBBBBBR.\n"
+      ".RBBBBBBBBR.\n"
+      ".RBBBBBBBBR.\n"
+      "..RBBBBBBR..\n"
+      "...RBBBBR...\n"
+      "....RRRR....\n"
+      "............\n",
+      sketch.Print());
+}
+
+TEST(Sketches, EllipsesMayBeWiderThanHigh) {
+  const Sketch sketch(9, 7);
+  Ellipse(sketch.GetDC(), 1, 1, 8, 6);
+  EXPECT_EQ(
+      ".........\n"
+      "...RRR...\n"
+      ".RRBBBRR.\n"
+      ".RBBBBBR.\n"
+      ".RRBBBRR.\n"
+      "...RRR...\n"
+      ".........\n",
+      sketch.Print());
+}
+
+TEST(Sketches, SmallRoundedCornersLoseOnePixel) {
+  const Sketch sketch(12, 8);
+  RoundRect(sketch.GetDC(), 1, 1, 11, 7, 3, 3);
+  EXPECT_EQ(
+      "............\n"
+      "..RRRRRRRR..\n"
+      ".RBBBBBBBBR.\n"
+      ".RBBBBBBBBR.\n"
+      ".RBBBBBBBBR.\n"
+      ".RBBBBBBBBR.\n"
+      "..RRRRRRRR..\n"
+      "............\n",
+      sketch.Print());
+}
+
+TEST(Sketches, WideLinesHaveRoundEndsAroundBothPoints) {
+  const Sketch sketch(14, 7, PS_SOLID, 3);
+  sketch.DrawLine(3, 3, 10, 3);
+  EXPECT_EQ(
+      "..............\n"
+      "..............\n"
+      "...RRRRRRRR...\n"
+      "..RRRRRRRRRR..\n"
+      "...RRRRRRRR...\n"
+      "..............\n"
+      "..............\n",
+      sketch.Print());
+}
+
+TEST(Sketches, WideLinesKeepTheirWidthOnTheDiagonal) {
+  const Sketch sketch(14, 14, PS_SOLID, 3);
+  sketch.DrawLine(3, 10, 10, 3);
+  EXPECT_EQ(
+      "..............\n"
+      "..............\n"
+      "..........R...\n"
+      "........RRRR..\n"
+      ".......RRRR...\n"
+      "......RRRRRR..\n"
+      ".....RRRRRR...\n"
+      "....RRRRRR....\n"
+      "...RRRRRR.....\n"
+      "..RRRRRR......\n"
+      "..RRRRR.......\n"
+      "...RRR........\n"
+      "..............\n"
+      "..............\n",
+      sketch.Print());
+}
+
+TEST(Sketches, DashesAreEighteenPixelsWithGapsOfSix) {
+  const Sketch sketch(48, 1, PS_DASH);
+  SetBkMode(sketch.GetDC(), TRANSPARENT);
+  sketch.DrawLine(0, 0, 48, 0);
+  EXPECT_EQ("RRRRRRRRRRRRRRRRRR......RRRRRRRRRRRRRRRRRR......\n", sketch.Print());
+}
+
+TEST(Sketches, LinesTakeTheSamePixelsBothWaysButForTheirEnds) {
+  const Sketch there(10, 6);
+  there.DrawLine(1, 1, 8, 4);
+  EXPECT_EQ(
+      "..........\n"
+      ".RR.......\n"
+      "...RR.....\n"
+      ".....RR...\n"
+      ".......R..\n"
+      "..........\n",
+      there.Print());
+  const Sketch back(10, 6);
+  back.DrawLine(8, 4, 1, 1);
+  EXPECT_EQ(
+      "..........\n"
+      "..R.......\n"
+      "...RR.....\n"
+      ".....RR...\n"
+      ".......RR.\n"
+      "..........\n",
+      back.Print());
+}
+
+TEST(Sketches, NegativeWidthsMirrorAndIncludeTheirStart) {
+  const Section source(3, -2);
+  SetPixel(source.dc, 0, 0, RED);
+  SetPixel(source.dc, 2, 1, BLUE);
+  const Sketch sketch(6, 4);
+  StretchBlt(sketch.GetDC(), 5, 0, -6, 4, source.dc, 0, 0, 3, 2, SRCCOPY);
+  EXPECT_EQ(
+      "....RR\n"
+      "....RR\n"
+      "BB....\n"
+      "BB....\n",
+      sketch.Print());
+}
+
+TEST(Sketches, ShrinkingKeepsTheDarkestOfWhatFallsTogether) {
+  const Section source(2, -1);
+  source.Longs()[0] = 0xFFFFFF;
+  source.Longs()[1] = 0x00FF00;
+  const Section target(1, -1);
+  StretchBlt(target.dc, 0, 0, 1, 1, source.dc, 0, 0, 2, 1, SRCCOPY);
+  EXPECT_EQ(0x00FF00U, target.Longs()[0] & 0xFFFFFF);
+}
+
+/// Premultiplied 0x402010 at alpha 0x80 over white: 255 - 128 of each channel is left of it, and the source added.
+TEST(Blending, AddsTheSourceToWhatItsAlphaLeaves) {
+  const Section source(1, -1);
+  source.Longs()[0] = 0x80402010;
+  const Section target(1, -1);
+  target.Longs()[0] = 0x00FFFFFF;
+  AlphaBlend(target.dc, 0, 0, 1, 1, source.dc, 0, 0, 1, 1, {AC_SRC_OVER, 0, 255, AC_SRC_ALPHA});
+  EXPECT_EQ(0x80BF9F8FU, target.Longs()[0]);
+}
+
+TEST(Blending, ConstantAlphaOfZeroChangesNothing) {
+  const Section source(1, -1);
+  source.Longs()[0] = 0x80402010;
+  const Section target(1, -1);
+  target.Longs()[0] = 0x00102030;
+  AlphaBlend(target.dc, 0, 0, 1, 1, source.dc, 0, 0, 1, 1, {AC_SRC_OVER, 0, 0, AC_SRC_ALPHA});
+  EXPECT_EQ(0x00102030U, target.Longs()[0]);
+}
+
+}  // namespace

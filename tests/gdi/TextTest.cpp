@@ -1,0 +1,142 @@
+// Text: room taken, lines, place, angles, and which font file stands for a name.
+
+#include <gtest/gtest.h>
+#include <handheld.h>
+
+#include <algorithm>
+#include <cstring>
+#include <string_view>
+
+#include "Section.h"
+
+namespace {
+
+constexpr COLORREF WHITE = RGB(255, 255, 255);
+
+/// A picture with a font selected.
+class Page {
+ public:
+  Page(std::u16string_view face, LONG height, LONG tenthsOfDegrees = 0) {
+    LOGFONTW description = {};
+    description.lfHeight = height;
+    description.lfEscapement = tenthsOfDegrees;
+    description.lfOrientation = tenthsOfDegrees;
+    face.copy(description.lfFaceName, LF_FACESIZE - 1);
+    font = CreateFontIndirectW(&description);
+    old = SelectObject(section.dc, font);
+    SetTextColor(section.dc, WHITE);
+    SetBkMode(section.dc, TRANSPARENT);
+  }
+  ~Page() {
+    SelectObject(section.dc, old);
+    DeleteObject(font);
+  }
+  Page(const Page&) = delete;
+  Page& operator=(const Page&) = delete;
+
+  SIZE Measure(LPCWSTR text) const {
+    RECT rect = {7, 9, 0, 0};
+    returned = DrawTextW(section.dc, text, -1, &rect, DT_CALCRECT);
+    EXPECT_EQ(7, rect.left);
+    EXPECT_EQ(9, rect.top);
+    return {rect.right - 7, rect.bottom - 9};
+  }
+
+  /// Draws at (x, y) and returns the rectangle of the pixels that were touched.
+  RECT Draw(LPCWSTR text, LONG x, LONG y) const {
+    RECT rect = {x, y, x + 1, y + 1};
+    DrawTextW(section.dc, text, -1, &rect, DT_NOCLIP);
+    RECT touched = {WIDTH, HEIGHT, 0, 0};
+    for (LONG row = 0; row < HEIGHT; ++row) {
+      for (LONG column = 0; column < WIDTH; ++column) {
+        if (section.At(column, row) != 0) {
+          touched = {std::min(touched.left, column), std::min(touched.top, row),
+                     std::max(touched.right, column + 1), std::max(touched.bottom, row + 1)};
+        }
+      }
+    }
+    return touched;
+  }
+
+  mutable int returned = 0;
+
+ private:
+  static constexpr LONG WIDTH = 200;
+  static constexpr LONG HEIGHT = 100;
+  Section section{WIDTH, -HEIGHT};
+  HFONT font;
+  HGDIOBJ old;
+};
+
+void ExpectSize(LONG width, LONG height, const SIZE& size) {
+  EXPECT_EQ(width, size.cx);
+  EXPECT_EQ(height, size.cy);
+}
+
+TEST(Text, TakesTheRoomThatTheRealDeviceGivesIt) {
+  const Page small(u"Liberation Serif", 18);
+  ExpectSize(34, 17, small.Measure(TEXT("Wgy|")));
+  ExpectSize(108, 17, small.Measure(TEXT("OOOOOOOOO")));
+  const Page large(u"Liberation Serif", 28);
+  ExpectSize(96, 27, large.Measure(TEXT("12.34 km")));
+  ExpectSize(101, 27, large.Measure(TEXT("\x0421\x043A\x043E\x0440\x043E\x0441\x0442\x044C")));
+}
+
+TEST(Text, LinesLieBelowEachOther) {
+  const Page page(u"Liberation Serif", 18);
+  ExpectSize(23, 34, page.Measure(TEXT("a\nbcd")));
+  EXPECT_EQ(34, page.returned);
+  ExpectSize(8, 34, page.Measure(TEXT("x\r\ny\n")));
+}
+
+TEST(Text, EmptyTextTakesNoRoomButSaysHowHighALineIs) {
+  const Page page(u"Liberation Serif", 18);
+  ExpectSize(0, 0, page.Measure(TEXT("")));
+  EXPECT_EQ(17, page.returned);
+}
+
+TEST(Text, AmpersandsMarkShortcutsAndTwoShowOne) {
+  const Page page(u"Liberation Serif", 18);
+  ExpectSize(50, 17, page.Measure(TEXT("A&B && c")));
+  ExpectSize(page.Measure(TEXT("AB")).cx, 17, page.Measure(TEXT("A&B")));
+}
+
+TEST(Text, IsDrawnFromItsUpperLeftCorner) {
+  const Page page(u"Liberation Serif", 18);
+  const RECT touched = page.Draw(TEXT("123.45"), 5, 10);
+  EXPECT_EQ(7, touched.left);
+  EXPECT_EQ(13, touched.top);
+  EXPECT_EQ(48, touched.right);
+  EXPECT_EQ(24, touched.bottom);
+}
+
+TEST(Text, TurnsAroundItsCorner) {
+  const Page page(u"Liberation Serif", 18, 900);
+  const RECT touched = page.Draw(TEXT("123.45"), 90, 45);
+  EXPECT_EQ(93, touched.left);
+  EXPECT_EQ(2, touched.top);
+  EXPECT_EQ(104, touched.right);
+  EXPECT_EQ(43, touched.bottom);
+}
+
+TEST(Text, CellIsAsHighAsAskedForWhereTheFontAllowsIt) {
+  const std::u16string file = handheld::DevicePath(ASSETS "/lcd-u.ttf");
+  ASSERT_EQ(1, AddFontResourceW(file.c_str()));
+  for (const LONG height : {5, 32, 70, 140, 170}) {
+    EXPECT_EQ(height, Page(u"LCD", height).Measure(TEXT("8")).cy);
+  }
+  EXPECT_EQ(TRUE, RemoveFontResourceW(file.c_str()));
+}
+
+TEST(Text, AddedFontsAreFoundByTheirNameUntilTheyAreRemoved) {
+  const std::u16string file = handheld::DevicePath(ASSETS "/lcd-u.ttf");
+  const SIZE without = Page(u"LCD", 100).Measure(TEXT("188"));
+  ASSERT_EQ(1, AddFontResourceW(file.c_str()));
+  // Three figures of 530 thousandths of the height each.
+  EXPECT_EQ(159, Page(u"lcd", 100).Measure(TEXT("188")).cx);
+  EXPECT_EQ(TRUE, RemoveFontResourceW(file.c_str()));
+  EXPECT_EQ(without.cx, Page(u"LCD", 100).Measure(TEXT("188")).cx);
+  EXPECT_EQ(FALSE, RemoveFontResourceW(file.c_str()));
+}
+
+}  // namespace

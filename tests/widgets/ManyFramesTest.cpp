@@ -1,0 +1,44 @@
+// A day of driving: what the views take from the system they give back.
+
+#include <unistd.h>
+
+#include <fstream>
+
+#include "ViewTest.h"
+
+namespace ferolin {
+namespace {
+
+long ResidentKilobytes() {
+  long size = 0;
+  long resident = 0;
+  std::ifstream("/proc/self/statm") >> size >> resident;
+  return resident * (sysconf(_SC_PAGESIZE) / 1024);
+}
+
+class ManyFrames : public ViewTest {
+ protected:
+  void DrawBothViews(int frames) {
+    for (int frame = 0; frame < frames; ++frame) {
+      Draw(frame % 2);
+    }
+  }
+};
+
+TEST_F(ManyFrames, LeaveHandlesAndMemoryFlat) {
+  Open(240, 320);
+  Load();
+  Drive("120000", 0);
+  Drive("120010", 87, 45);
+  DrawBothViews(200);
+  const int objects = handheld::GdiObjectsAlive();
+  const int handles = handheld::HandlesAlive();
+  const long memory = ResidentKilobytes();
+  DrawBothViews(FRAMES);
+  EXPECT_EQ(objects, handheld::GdiObjectsAlive());
+  EXPECT_EQ(handles, handheld::HandlesAlive());
+  EXPECT_LT(ResidentKilobytes() - memory, MEMORY_SLACK_KB);
+}
+
+}  // namespace
+}  // namespace ferolin
