@@ -26,8 +26,8 @@ class ManyFrames : public ViewTest {
 };
 
 TEST_F(ManyFrames, LeaveHandlesAndMemoryFlat) {
-  Open(240, 320);
   Load();
+  Open(240, 320);
   Drive("120000", 0);
   Drive("120010", 87, 45);
   DrawBothViews(200);
