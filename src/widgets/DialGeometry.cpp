@@ -7,10 +7,10 @@ namespace ferolin {
 
 namespace {
 
-constexpr float START_ANGLE = 3.4470246f;  // 197.5 degrees
-constexpr float END_ANGLE = -0.30543256f;  // -17.5 degrees
-constexpr float SCALE_MINIMUM = 0.0f;
-constexpr float SCALE_MAXIMUM = 220.0f;
+constexpr float START_ANGLE = 3.4470246F;  // 197.5 degrees
+constexpr float END_ANGLE = -0.30543256F;  // -17.5 degrees
+constexpr float SCALE_MINIMUM = 0.0F;
+constexpr float SCALE_MAXIMUM = 220.0F;
 
 constexpr int LANDSCAPE_TOP = 15;
 constexpr int LANDSCAPE_MARGIN = 10;

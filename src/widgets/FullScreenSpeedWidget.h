@@ -22,8 +22,8 @@ class FullScreenSpeedWidget : public Widget {
   static const ColorSetting<FullScreenSpeedWidget> COLORS[3];
 
   void FindSensors();
-  void DrawSpeed(const StatusIcons::Places& icons);
-  void DrawTime(const StatusIcons::Places& icons);
+  void DrawSpeed(const StatusIcons::Places& places);
+  void DrawTime(const StatusIcons::Places& places);
 
   COLORREF backgroundColor;
   COLORREF speedTextColor;
