@@ -199,7 +199,7 @@ int SpeedometerWidget::DrawSpeed(const DialGeometry& dial, double rise) {
   if (sensors.speed == NO_SENSOR) {
     return dial.centerY;
   }
-  const WideString text = Widen(Format("%0.0F", GetSensorNumber(sensors.speed)));
+  const WideString text = Widen(Format("%0.0f", GetSensorNumber(sensors.speed)));
   const int top = CutToInt(dial.centerY - rise * Measure(speedStyle, text).cy);
   DrawCentered(speedStyle, text, dial.centerX, top, speedTextColor);
   return top;
@@ -233,7 +233,7 @@ void SpeedometerWidget::DrawAccelerationTime(const DialGeometry& dial, double ta
   const HFONT font = theCanvas.MakeFontA(accelerationStyle.face, accelerationStyle.size,
                                          CutToInt(angle * DEGREES_PER_HALF_TURN / PI - TEXT_TURN));
   const POINT corner = dial.PointAt(angle + RIM_SHIFT, dial.radius + RIM_GAP);
-  theCanvas.DrawText(font, Widen(Format("%0.2F", seconds)).c_str(), corner.x, corner.y,
+  theCanvas.DrawText(font, Widen(Format("%0.2f", seconds)).c_str(), corner.x, corner.y,
                      accelerationTextColor);
   DeleteObject(font);
 }
