@@ -68,10 +68,20 @@ Pixels Difference(const Pixels& expected, const Pixels& actual, int& count) {
   return difference;
 }
 
+std::string PathOf(const std::string& name) {
+  return std::string(GOLDEN_FOLDER) + '/' + name + ".png";
+}
+
 }  // namespace
 
+Pixels LoadGolden(const std::string& name) {
+  const std::optional<Pixels> picture = Read(PathOf(name));
+  EXPECT_TRUE(picture) << "there is no " << PathOf(name);
+  return picture.value_or(Pixels{});
+}
+
 void ExpectGolden(const std::string& name, const Pixels& picture) {
-  const std::string goldenPath = std::string(GOLDEN_FOLDER) + '/' + name + ".png";
+  const std::string goldenPath = PathOf(name);
   const std::string failurePath = std::string(FAILURES_FOLDER) + '/' + name;
   if (std::getenv("FEROLIN_KEEP_PICTURES") != nullptr) {
     Write(goldenPath, picture);

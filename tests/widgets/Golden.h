@@ -13,4 +13,7 @@ namespace ferolin {
 /// environment the picture is kept as the new golden one.
 void ExpectGolden(const std::string& name, const handheld::Pixels& picture);
 
+/// The picture kept under that name; without one the running test fails and it has no pixels.
+handheld::Pixels LoadGolden(const std::string& name);
+
 }  // namespace ferolin

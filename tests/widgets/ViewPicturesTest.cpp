@@ -1,5 +1,7 @@
 // Whole views, compared with pictures that were looked at.
 
+#include <algorithm>
+
 #include "Golden.h"
 #include "ViewTest.h"
 #include "render/InvertFlags.h"
@@ -38,8 +40,12 @@ class ViewPictures : public ViewTest {
   void Expect(int view, const std::string& name, bool withBars = false) {
     ShowBars(view, withBars);
     Draw(view);
-    // The speed in large figures has no words.
-    ExpectGolden((IS_RUSSIAN && view == SPEEDOMETER ? "russian-" : "") + name, Shown());
+    ExpectGolden(Kept(view, name), Shown());
+  }
+
+  /// Name of a picture in this language. The speed in large figures has no words.
+  static std::string Kept(int view, const std::string& name) {
+    return (IS_RUSSIAN && view == SPEEDOMETER ? "russian-" : "") + name;
   }
 };
 
@@ -90,6 +96,85 @@ TEST_P(ViewPicturesWithFlags, Match) {
 
 GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(ViewPicturesWithFlags);
 INSTANTIATE_TEST_SUITE_P(All, ViewPicturesWithFlags, testing::Range(0, IS_RUSSIAN ? 0 : 16));
+
+/// The picture turned by a quarter clockwise.
+handheld::Pixels Turned(const handheld::Pixels& picture) {
+  handheld::Pixels turned = {picture.height, picture.width, picture.rows};
+  for (int y = 0; y < picture.height; ++y) {
+    for (int x = 0; x < picture.width; ++x) {
+      turned.rows[static_cast<std::size_t>(x * picture.height + picture.height - 1 - y)] =
+          picture.rows[static_cast<std::size_t>(y * picture.width + x)];
+    }
+  }
+  return turned;
+}
+
+void MirrorRows(handheld::Pixels& picture) {
+  for (auto row = picture.rows.begin(); row != picture.rows.end(); row += picture.width) {
+    std::reverse(row, row + picture.width);
+  }
+}
+
+/// What a picture looks like under the flags that are set now.
+handheld::Pixels Oriented(handheld::Pixels picture) {
+  if (theInvertFlags.orient != 0) {
+    picture = Turned(picture);
+  }
+  // Reversing all pixels turns by half a turn: both mirrorings at once.
+  if (theInvertFlags.vert != 0) {
+    std::ranges::reverse(picture.rows);
+  }
+  if (theInvertFlags.vert != theInvertFlags.horz) {
+    MirrorRows(picture);
+  }
+  if (theInvertFlags.color != 0) {
+    std::ranges::transform(picture.rows, picture.rows.begin(),
+                           [](std::uint32_t pixel) { return pixel ^ 0x00FFFFFF; });
+  }
+  return picture;
+}
+
+struct OrientedCase {
+  int view, width, height, flags;
+};
+
+class ViewPicturesOriented : public ViewPictures, public testing::WithParamInterface<OrientedCase> {
+};
+
+TEST_P(ViewPicturesOriented, AreTheUprightOnesTurnedMirroredAndInverted) {
+  const auto [view, width, height, flags] = GetParam();
+  theInvertFlags.vert = flags & 1;
+  theInvertFlags.horz = flags >> 1 & 1;
+  theInvertFlags.color = flags >> 2 & 1;
+  theInvertFlags.orient = static_cast<std::uint8_t>(flags >> 3 & 1);
+  Open(width, height);
+  TakeATrip();
+  ShowBars(view, false);
+  Draw(view);
+  const bool isTurned = theInvertFlags.orient != 0;
+  const handheld::Pixels upright =
+      LoadGolden(Kept(view, Format("%s-%ix%i", NameOf(view), isTurned ? height : width,
+                                   isTurned ? width : height)));
+  const handheld::Pixels expected = Oriented(upright);
+  const handheld::Pixels shown = Shown();
+  EXPECT_EQ(width, expected.width);
+  // Too long to print.
+  EXPECT_TRUE(std::ranges::equal(expected.rows, shown.rows, [](std::uint32_t a, std::uint32_t b) {
+    return ((a ^ b) & 0x00FFFFFF) == 0;
+  }));
+}
+
+std::vector<OrientedCase> AllOrientations() {
+  std::vector<OrientedCase> cases;
+  for (const SizeCase& size : AllSizes()) {
+    for (int flags = 1; flags < 16 && size.width + size.height == 560; ++flags) {
+      cases.push_back({size.view, size.width, size.height, flags});
+    }
+  }
+  return cases;
+}
+
+INSTANTIATE_TEST_SUITE_P(All, ViewPicturesOriented, testing::ValuesIn(AllOrientations()));
 
 struct SpeedCase {
   double kmh;
