@@ -138,8 +138,8 @@ struct OrientedCase {
   int view, width, height, flags;
 };
 
-class ViewPicturesOriented : public ViewPictures, public testing::WithParamInterface<OrientedCase> {
-};
+class ViewPicturesOriented : public ViewPictures,
+                             public testing::WithParamInterface<OrientedCase> {};
 
 TEST_P(ViewPicturesOriented, AreTheUprightOnesTurnedMirroredAndInverted) {
   const auto [view, width, height, flags] = GetParam();
