@@ -1,0 +1,83 @@
+// The C run-time calls of crt.h. The desktop's follow the locale that the host has set.
+
+#include <crt.h>
+#include <malloc.h>
+
+#include <algorithm>
+#include <charconv>
+#include <clocale>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <system_error>
+
+namespace {
+
+int PrintedLength(int wanted, std::size_t size) {
+  return wanted < 0 ? 0 : static_cast<int>(std::min(static_cast<std::size_t>(wanted), size - 1));
+}
+
+_locale_t PlainLocale() {
+  static const _locale_t plain = _create_locale(LC_ALL, "C");
+  return plain;
+}
+
+bool IsBlank(char letter) {
+  return letter == ' ' || (letter >= '\t' && letter <= '\r');
+}
+
+bool IsDigit(char letter) {
+  return letter >= '0' && letter <= '9';
+}
+
+}  // namespace
+
+extern "C" {
+
+// The conversion is the caller's; each of them passes the one kind of argument that it is for.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
+
+int CrtPrintDouble(char* out, std::size_t size, const char* conversion, double value) {
+  const int length = PrintedLength(std::snprintf(out, size, conversion, value), size);
+  // One number holds at most one decimal point.
+  const char* const localPoint = std::localeconv()->decimal_point;
+  if (char* const found = std::strchr(out, *localPoint); found != nullptr) {
+    *found = '.';
+  }
+  return length;
+}
+
+int CrtPrintInt(char* out, std::size_t size, const char* conversion, int value) {
+  return PrintedLength(std::snprintf(out, size, conversion, value), size);
+}
+
+#pragma GCC diagnostic pop
+
+double CrtParseDouble(const char* text) {
+  while (IsBlank(*text)) {
+    ++text;
+  }
+  const bool isNegative = *text == '-';
+  const char* digits = *text == '-' || *text == '+' ? text + 1 : text;
+  // Only decimal numbers: words such as "nan" are no numbers to the device.
+  if (!IsDigit(digits[0]) && !(digits[0] == '.' && IsDigit(digits[1]))) {
+    return 0;
+  }
+  double value = 0;
+  const auto result = std::from_chars(digits, digits + std::strlen(digits), value);
+  if (result.ec == std::errc::result_out_of_range) {
+    value = _strtod_l(digits, nullptr, PlainLocale());
+  }
+  return isNegative ? -value : value;
+}
+
+std::int64_t CrtParseInt64(const char* text) {
+  return _atoi64(text);
+}
+
+std::size_t CrtBlockSize(void* block) {
+  return _msize(block);
+}
+
+}  // extern "C"
