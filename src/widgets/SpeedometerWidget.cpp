@@ -67,7 +67,7 @@ constinit const ColorSetting<SpeedometerWidget> SpeedometerWidget::COLORS[] = {
     {"ClockTextColor", &SpeedometerWidget::clockTextColor, 0x0080FF00},
 };
 
-constinit const SpeedometerWidget::StyleSetting SpeedometerWidget::STYLES[] = {
+constinit const TextSetting<SpeedometerWidget> SpeedometerWidget::TEXTS[] = {
     {"AccelTextFontName", "AccelFontSize", &SpeedometerWidget::accelerationStyle, "Times New Roman",
      18},
     {"FastestTextFontName", "FastestFontSize", &SpeedometerWidget::fastestStyle, "Times New Roman",
@@ -80,34 +80,19 @@ constinit const SpeedometerWidget::StyleSetting SpeedometerWidget::STYLES[] = {
 
 SpeedometerWidget::SpeedometerWidget(Engine& owner) : Widget(GetText(Word::SPEEDOMETER), owner) {
   InitColors(COLORS, *this);
-  for (const StyleSetting& setting : STYLES) {
-    (this->*setting.style).face = setting.initialFace;
-    (this->*setting.style).size = setting.initialSize;
-  }
+  InitTexts(TEXTS, *this);
 }
 
 void SpeedometerWidget::LoadSettings(const IniStore& store) {
   LoadColors(COLORS, SECTION, store, *this);
-  for (const StyleSetting& setting : STYLES) {
-    TextStyle& style = this->*setting.style;
-    if (std::string face = store.GetValue(setting.faceKey, SECTION, ""); !face.empty()) {
-      style.face = std::move(face);
-    }
-    if (const std::string size = store.GetValue(setting.sizeKey, SECTION, ""); !size.empty()) {
-      style.size = ParseInt(size.c_str());
-    }
-  }
+  LoadTexts(TEXTS, SECTION, store, *this);
 }
 
 void SpeedometerWidget::SaveSettings(IniStore& store) const {
   store.SetValue("Comment", COMMENT.Get(), SECTION, "");
   SaveColors(COLORS, SECTION, store, *this);
-  for (const StyleSetting& setting : STYLES) {
-    store.SetValue(setting.faceKey, (this->*setting.style).face, SECTION, "");
-  }
-  for (const StyleSetting& setting : STYLES) {
-    store.SetValue(setting.sizeKey, Format("%i", (this->*setting.style).size), SECTION, "");
-  }
+  SaveFaces(TEXTS, SECTION, store, *this);
+  SaveSizes(TEXTS, SECTION, store, *this);
 }
 
 void SpeedometerWidget::Attach() {

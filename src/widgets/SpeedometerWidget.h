@@ -2,12 +2,12 @@
 
 #include <memory>
 
-#include "render/TextStyle.h"
 #include "widgets/ColorSetting.h"
-#include "widgets/DialFace.h"
 #include "widgets/DialGeometry.h"
+#include "widgets/ScaledPicture.h"
 #include "widgets/SpeedometerSensors.h"
 #include "widgets/StatusIcons.h"
+#include "widgets/TextSetting.h"
 #include "widgets/Widget.h"
 
 namespace ferolin {
@@ -26,13 +26,6 @@ class SpeedometerWidget : public Widget {
   void LoadSettings(const IniStore& store) override;
 
  private:
-  struct StyleSetting {
-    const char* faceKey;
-    const char* sizeKey;
-    TextStyle SpeedometerWidget::*style;
-    const char* initialFace;
-    int initialSize;
-  };
   /// Columns of the fastest times.
   struct Columns {
     int left;
@@ -41,7 +34,7 @@ class SpeedometerWidget : public Widget {
   };
 
   static const ColorSetting<SpeedometerWidget> COLORS[11];
-  static const StyleSetting STYLES[5];
+  static const TextSetting<SpeedometerWidget> TEXTS[5];
 
   void LoadIcons();
   void DrawLandscape(const DialGeometry& dial);
@@ -71,7 +64,7 @@ class SpeedometerWidget : public Widget {
   COLORREF southNeedleColor;
   COLORREF backgroundColor;
   COLORREF clockTextColor;
-  DialFace dialFace;
+  ScaledPicture dialFace;
   TextStyle accelerationStyle;
   TextStyle fastestStyle;
   TextStyle odometerStyle;

@@ -135,12 +135,14 @@ void Widget::PresentAgain() {
   theCanvas.FlushToWindow();
 }
 
+const Button* Widget::GetButtonAt(HWND window, POINT point) {
+  const Button* button = commonBar.GetButton(commonBar.HitTest(window, point.x, point.y));
+  return button != nullptr ? button : ownBar.GetButton(ownBar.HitTest(window, point.x, point.y));
+}
+
 /// Posts what the button at that point stands for; false when there is none.
 bool Widget::PostButtonAt(HWND window, POINT point) {
-  const Button* button = commonBar.GetButton(commonBar.HitTest(window, point.x, point.y));
-  if (button == nullptr) {
-    button = ownBar.GetButton(ownBar.HitTest(window, point.x, point.y));
-  }
+  const Button* button = GetButtonAt(window, point);
   if (button == nullptr) {
     return false;
   }

@@ -53,6 +53,10 @@ class Widget {
   /// A button of the bar with a code for the host; `file` is a path below the library's folder.
   void AddButton(ButtonBar& bar, const WCHAR* file, LPARAM code);
 
+  /// The button of either bar at that point of the window, null when there is none. Counts as a
+  /// touch: it keeps visible bars up.
+  const Button* GetButtonAt(HWND window, POINT point);
+
   /// Value of the sensor at that index, and the number at its start (0 when there is none).
   const char* GetSensorText(int index) const;
   double GetSensorNumber(int index) const;

@@ -1,17 +1,17 @@
 #include "ViewTest.h"
 #include "render/Canvas.h"
-#include "widgets/DialFace.h"
+#include "widgets/ScaledPicture.h"
 
 namespace ferolin {
 
 namespace {
 
-class DialFaceTest : public ViewTest {
+class ScaledPictureTest : public ViewTest {
  protected:
-  DialFaceTest() {
+  ScaledPictureTest() {
     Open(320, 240);
     theCanvas.BeginFrame(window);
-    face.Load(Path());
+    picture.Load(Path());
   }
 
   WideString Path() const { return folder.DevicePath("Pics/speedometer.png"); }
@@ -28,7 +28,7 @@ class DialFaceTest : public ViewTest {
 
   std::vector<COLORREF> Drawn(const RECT& rect, COLORREF background) {
     theCanvas.FillBackground(background);
-    face.Draw(theCanvas.GetDrawingDC(), rect, background);
+    picture.Draw(theCanvas.GetDrawingDC(), rect, background);
     return Frame();
   }
 
@@ -39,10 +39,10 @@ class DialFaceTest : public ViewTest {
     return Frame();
   }
 
-  DialFace face;
+  ScaledPicture picture;
 };
 
-TEST_F(DialFaceTest, LooksAsIfBlendedInEveryFrame) {
+TEST_F(ScaledPictureTest, LooksAsIfBlendedInEveryFrame) {
   const RECT first = {0, 15, 255, 230};
   const RECT moved = {40, 5, 295, 220};
   const RECT smaller = {10, 10, 110, 94};
@@ -56,15 +56,15 @@ TEST_F(DialFaceTest, LooksAsIfBlendedInEveryFrame) {
   }
 }
 
-TEST_F(DialFaceTest, DrawsNothingWithoutItsPicture) {
-  face.Load(folder.DevicePath("missing.png"));
-  EXPECT_FALSE(face.IsLoaded());
-  EXPECT_EQ(0, face.GetSize().cx);
+TEST_F(ScaledPictureTest, DrawsNothingWithoutItsPicture) {
+  picture.Load(folder.DevicePath("missing.png"));
+  EXPECT_FALSE(picture.IsLoaded());
+  EXPECT_EQ(0, picture.GetSize().cx);
   const auto frame = Drawn({0, 15, 255, 230}, RGB(0, 0, 0));
   EXPECT_EQ(std::vector<COLORREF>(frame.size(), RGB(0, 0, 0)), frame);
 }
 
-TEST_F(DialFaceTest, KeepsOneCopyOnly) {
+TEST_F(ScaledPictureTest, KeepsOneCopyOnly) {
   Drawn({0, 15, 255, 230}, RGB(0, 0, 0));
   const int objects = handheld::GdiObjectsAlive();
   Drawn({0, 15, 255, 230}, RGB(0, 0, 255));

@@ -1,4 +1,4 @@
-#include "widgets/DialFace.h"
+#include "widgets/ScaledPicture.h"
 
 #include "render/FrameBitmap.h"
 
@@ -10,17 +10,17 @@ constexpr BYTE OPAQUE_ALPHA = 255;
 
 }  // namespace
 
-void DialFace::Load(const WideString& path) {
+void ScaledPicture::Load(const WideString& path) {
   picture = LoadPicture(path);
   scaled.Release();
 }
 
-SIZE DialFace::GetSize() const {
+SIZE ScaledPicture::GetSize() const {
   return picture != nullptr ? picture->GetSize() : SIZE{0, 0};
 }
 
 /// Without memory for the copy the picture is blended as it is.
-void DialFace::Draw(HDC dc, const RECT& rect, COLORREF background) {
+void ScaledPicture::Draw(HDC dc, const RECT& rect, COLORREF background) {
   if (picture == nullptr) {
     return;
   }
@@ -36,7 +36,7 @@ void DialFace::Draw(HDC dc, const RECT& rect, COLORREF background) {
   }
 }
 
-void DialFace::Scale(HDC dc, SIZE size, COLORREF background) {
+void ScaledPicture::Scale(HDC dc, SIZE size, COLORREF background) {
   void* bits = nullptr;
   scaled.EnsureDC(dc);
   scaled.SetBitmap(CreateFrameBitmap(dc, size.cx, size.cy, &bits));

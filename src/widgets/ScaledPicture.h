@@ -10,14 +10,14 @@
 
 namespace ferolin {
 
-/// The dial's picture. Scaling and blending it takes most of a frame's time, so the result is kept
-/// for the next frame. Used under the engine's data lock.
-class DialFace {
+/// A large picture behind a view: the dial, the sky. Scaling and blending it takes most of a frame's
+/// time, so the result is kept for the next frame. Used under the engine's data lock.
+class ScaledPicture {
  public:
-  DialFace() = default;
-  ~DialFace() { scaled.Release(); }
-  DialFace(const DialFace&) = delete;
-  DialFace& operator=(const DialFace&) = delete;
+  ScaledPicture() = default;
+  ~ScaledPicture() { scaled.Release(); }
+  ScaledPicture(const ScaledPicture&) = delete;
+  ScaledPicture& operator=(const ScaledPicture&) = delete;
 
   void Load(const WideString& path);
   bool IsLoaded() const { return picture != nullptr; }
