@@ -2,7 +2,6 @@
 #pragma once
 
 #pragma GCC system_header
-#include <mmsystem.h>
 #include_next <windows.h>
 
 // The device's API has the wide calls by their own names alone, so these words are free there.
