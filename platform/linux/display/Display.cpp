@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdlib>
 #include <string_view>
 
@@ -74,10 +75,9 @@ std::unique_ptr<Display> Display::Open(HWND window, bool isFullscreen, std::stri
     error = "there is no window to show";
     return nullptr;
   }
-  // Ctrl-C stays the program's own, the backlight the device's, and scaled pixels stay sharp.
+  // Ctrl-C stays the program's own, the backlight the device's.
   SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
   SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
-  SDL_SetHint(SDL_HINT_RENDER_SCALE_QUALITY, "nearest");
   // The desktop goes on as it was when the window fills the screen, and for the windows below it.
   SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
   SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
@@ -197,6 +197,15 @@ void Display::PostMouse(UINT message, int x, int y) const {
   PostMessageW(window, message, 0, PackPoint(x, y));
 }
 
+/// Pixels grown to whole squares stay sharp; at any other size thin strokes would come and go.
+void Display::ChooseScaling() {
+  float across = 1;
+  float down = 1;
+  SDL_RenderGetScale(renderer, &across, &down);
+  SDL_SetTextureScaleMode(
+      texture, across == std::floor(across) ? SDL_ScaleModeNearest : SDL_ScaleModeLinear);
+}
+
 void Display::Draw() {
   // Asked for first: what is drawn in between is shown now and once more the next time.
   const std::uint64_t version = WindowPixelsVersion(window);
@@ -210,6 +219,7 @@ void Display::Draw() {
   SDL_SetRenderDrawColor(renderer, 0, 0, 0, SDL_ALPHA_OPAQUE);
   SDL_RenderClear(renderer);
   if (versionShown != 0) {
+    ChooseScaling();
     SDL_RenderCopy(renderer, texture, nullptr, nullptr);
   }
   SDL_RenderPresent(renderer);

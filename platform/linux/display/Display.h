@@ -55,6 +55,7 @@ class Display {
   bool Create(bool isFullscreen);
   void Take(const SDL_Event& event);
   void PostMouse(UINT message, int x, int y) const;
+  void ChooseScaling();
   void Draw();
 
   const HWND window;
