@@ -204,8 +204,9 @@ void HostRun::ApplyTrack(const HomeFolder& home) {
 void HostRun::ApplyTrip() {
   const std::set<int> afresh = FindResets();
   if (!options.newTrip && trip.Restore(afresh)) {
-    messages.Say("going on with the trip of the last run, " + engine.GetSensorValue(DISTANCE) +
-                 " (--new-trip starts over)");
+    const std::string distance = engine.GetSensorValue(DISTANCE);
+    messages.Say("going on with the trip of the last run" +
+                 (distance.empty() ? "" : ", " + distance) + " (--new-trip starts over)");
   }
 }
 

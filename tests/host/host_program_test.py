@@ -302,6 +302,12 @@ class TripTest(HostTest):
         self.assertAlmostEqual(float(registry["Distance"]), 0.2, places=4)
         self.assertEqual(registry["Elapsed"], "20")
 
+    def test_that_went_nowhere_is_told_without_a_distance(self):
+        # One fast moment: there is a greatest speed, but no way driven.
+        self.replay(recording([36 / 1.852]))
+        self.assertIn("going on with the trip of the last run (--new-trip",
+                      self.replay(recording([0.0]))[2])
+
     def test_starts_over_when_asked_for(self):
         self.distance()
         self.assertAlmostEqual(self.distance("--new-trip"), 0.1, places=4)
