@@ -110,6 +110,26 @@ TEST(Pixels, KeepFiveBitsAColourIn16Bits) {
   EXPECT_EQ(2 << 10 | 6 << 5 | 10, small.Words()[3 * 4]);
 }
 
+TEST(Pixels, NamedByTheStandardPalette) {
+  const Section large(1, -1);
+  // Entries 7 and 19 of 0 to 19.
+  EXPECT_EQ(RGB(0xC0, 0xC0, 0xC0), SetPixel(large.dc, 0, 0, 0x01000007));
+  EXPECT_EQ(RGB(255, 255, 255), SetPixel(large.dc, 0, 0, 0x01000013));
+  EXPECT_EQ(RGB(0, 0, 0), SetPixel(large.dc, 0, 0, 0x01000014));
+  EXPECT_EQ(RGB(0, 0, 0), SetPixel(large.dc, 0, 0, 0xFFFFFFFF));
+}
+
+TEST(Pixels, TakeOtherHighBytesForNothing) {
+  const Section large(1, -1);
+  EXPECT_EQ(0x123456u, SetPixel(large.dc, 0, 0, 0x02123456));
+  EXPECT_EQ(0x123456u, large.At(0, 0));
+}
+
+TEST(Pixels, AreBlackWhereATableIsMissing) {
+  const Section large(1, -1);
+  EXPECT_EQ(0u, SetPixel(large.dc, 0, 0, 0x10FF0001));
+}
+
 TEST(Pixels, LieFromTheTopDownWhenTheHeightIsNegative) {
   const Section large(3, -2);
   SetPixel(large.dc, 1, 0, RGB(0x12, 0x34, 0x56));

@@ -186,9 +186,8 @@ COLORREF WINAPI SetPixel(HDC dc, int x, int y, COLORREF color) {
   const std::uint32_t pixel = target.surface.PixelFrom(color);
   if (target.Contains(x, y))
     target.surface.Set(x, y, pixel);
-  if (target.surface.format == PixelFormat::ARGB8888)
-    return color & 0x00FFFFFF;
-  const std::uint32_t argb = ArgbFrom555(pixel);
+  const std::uint32_t argb =
+      target.surface.format == PixelFormat::ARGB8888 ? pixel : ArgbFrom555(pixel);
   return RGB(static_cast<BYTE>(argb >> 16), static_cast<BYTE>(argb >> 8), static_cast<BYTE>(argb));
 }
 

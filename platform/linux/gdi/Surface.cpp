@@ -2,10 +2,35 @@
 
 #include <pixman.h>
 
+#include <array>
+
 namespace handheld::gdi {
 
+namespace {
+
+/// Colours that every device has, as 0x00RRGGBB.
+constexpr std::array<std::uint32_t, 20> STANDARD_PALETTE = {
+    0x000000, 0x800000, 0x008000, 0x808000, 0x000080, 0x800080, 0x008080,
+    0xC0C0C0, 0xC0DCC0, 0xA6CAF0, 0xFFFBF0, 0xA0A0A4, 0x808080, 0xFF0000,
+    0x00FF00, 0xFFFF00, 0x0000FF, 0xFF00FF, 0x00FFFF, 0xFFFFFF};
+
+constexpr COLORREF PALETTE_INDEX = 0x01000000;
+/// An entry of the bitmap's own colour table, which no bitmap here has.
+constexpr COLORREF TABLE_INDEX = 0x10FF0000;
+
+}  // namespace
+
+std::uint32_t ArgbFromColor(COLORREF color) {
+  const std::uint32_t index = color & 0xFFFF;
+  if ((color & 0xFFFF0000) == TABLE_INDEX)
+    return 0;
+  if ((color & PALETTE_INDEX) != 0)
+    return index < STANDARD_PALETTE.size() ? STANDARD_PALETTE[index] : 0;
+  return (GetRValue(color) << 16) | (GetGValue(color) << 8) | GetBValue(color);
+}
+
 std::uint32_t Surface::PixelFrom(COLORREF color) const {
-  const std::uint32_t argb = (GetRValue(color) << 16) | (GetGValue(color) << 8) | GetBValue(color);
+  const std::uint32_t argb = ArgbFromColor(color);
   return format == PixelFormat::RGB555 ? Rgb555FromArgb(argb) : argb;
 }
 

@@ -39,6 +39,10 @@ constexpr std::uint16_t Rgb555FromArgb(std::uint32_t argb) {
                                     ((argb >> 3) & 0x001F));
 }
 
+/// The red, green and blue that a program means by a colour. A high byte with its lowest bit set names an entry of the
+/// standard palette in its low word; black when there is no such entry.
+std::uint32_t ArgbFromColor(COLORREF color);
+
 constexpr RECT Intersect(const RECT& a, const RECT& b) {
   return {a.left > b.left ? a.left : b.left, a.top > b.top ? a.top : b.top,
           a.right < b.right ? a.right : b.right, a.bottom < b.bottom ? a.bottom : b.bottom};

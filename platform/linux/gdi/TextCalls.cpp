@@ -93,8 +93,7 @@ class GlyphPainter {
  public:
   GlyphPainter(const Target& paintTarget, COLORREF color)
       : target(paintTarget),
-        argb(static_cast<std::uint32_t>(GetRValue(color)) << 16 |
-             static_cast<std::uint32_t>(GetGValue(color)) << 8 | GetBValue(color)),
+        argb(ArgbFromColor(color)),
         pixel(paintTarget.surface.PixelFrom(color)) {}
 
   void Paint(const Glyph& glyph, LONG left, LONG top) const {
