@@ -187,12 +187,27 @@ TEST(Sketches, NegativeWidthsMirrorAndIncludeTheirStart) {
 }
 
 TEST(Sketches, ShrinkingKeepsTheDarkestOfWhatFallsTogether) {
-  const Section source(2, -1);
+  const Section source(4, -1);
   source.Longs()[0] = 0xFFFFFF;
   source.Longs()[1] = 0x00FF00;
-  const Section target(1, -1);
-  StretchBlt(target.dc, 0, 0, 1, 1, source.dc, 0, 0, 2, 1, SRCCOPY);
+  source.Longs()[2] = 0xF0F0F0;
+  source.Longs()[3] = 0x3C3C3C;
+  const Section target(2, -1);
+  StretchBlt(target.dc, 0, 0, 2, 1, source.dc, 0, 0, 4, 1, SRCCOPY);
   EXPECT_EQ(0x00FF00U, target.Longs()[0] & 0xFFFFFF);
+  EXPECT_EQ(0x303030U, target.Longs()[1] & 0xFFFFFF);
+}
+
+TEST(Sketches, ShrinkingToOnePixelLeavesOutTheLastUnlessMirrored) {
+  const Section source(3, -1);
+  source.Longs()[0] = 0xFFFFFF;
+  source.Longs()[1] = 0xFFFF00;
+  source.Longs()[2] = 0x00FFFF;
+  const Section target(2, -1);
+  StretchBlt(target.dc, 0, 0, 1, 1, source.dc, 0, 0, 3, 1, SRCCOPY);
+  EXPECT_EQ(0xFFFF00U, target.Longs()[0] & 0xFFFFFF);
+  StretchBlt(target.dc, 1, 0, -1, 1, source.dc, 0, 0, 3, 1, SRCCOPY);
+  EXPECT_EQ(0x00FF00U, target.Longs()[1] & 0xFFFFFF);
 }
 
 /// Premultiplied 0x402010 at alpha 0x80 over white: 255 - 128 of each channel is left of it, and the source added.
@@ -203,6 +218,60 @@ TEST(Blending, AddsTheSourceToWhatItsAlphaLeaves) {
   target.Longs()[0] = 0x00FFFFFF;
   AlphaBlend(target.dc, 0, 0, 1, 1, source.dc, 0, 0, 1, 1, {AC_SRC_OVER, 0, 255, AC_SRC_ALPHA});
   EXPECT_EQ(0x80BF9F8FU, target.Longs()[0]);
+}
+
+/// Not premultiplied: 0xFF and 0x80 / 0xFF of the white below make 0x17F. The excess bit is set in the byte above; adding
+/// it there would make 0x80 of 0x7F.
+TEST(Blending, ExcessOfAByteIsSetInTheOneAbove) {
+  const Section source(2, -1);
+  source.Longs()[0] = 0x7FFFFFFF;
+  source.Longs()[1] = 0x7F0000FF;
+  const Section target(2, -1);
+  target.Longs()[0] = 0x00FFFFFF;
+  target.Longs()[1] = 0x000010FF;
+  AlphaBlend(target.dc, 0, 0, 2, 1, source.dc, 0, 0, 2, 1, {AC_SRC_OVER, 0, 255, AC_SRC_ALPHA});
+  EXPECT_EQ(0x7F7F7F7FU, target.Longs()[0]);
+  // Green keeps 0x10 * 0x80 / 0xFF = 8 and gets the lowest bit.
+  EXPECT_EQ(0x7F00097FU, target.Longs()[1]);
+}
+
+/// The high byte takes part like a colour: (0x40 * 0x33 + 0x0A * 0xCC) / 0xFF, nearest.
+TEST(Blending, ConstantAlphaBlendsTheHighByteToo) {
+  const Section source(1, -1);
+  source.Longs()[0] = 0x40000000;
+  const Section target(1, -1);
+  target.Longs()[0] = 0x0A000000;
+  AlphaBlend(target.dc, 0, 0, 1, 1, source.dc, 0, 0, 1, 1, {AC_SRC_OVER, 0, 0x33, 0});
+  EXPECT_EQ(0x15000000U, target.Longs()[0]);
+}
+
+TEST(Blending, PixelsOf16BitsAreOpaque) {
+  const Section source(1, -1, 16);
+  source.Words()[0] = 0x7C00;
+  const Section target(1, -1);
+  AlphaBlend(target.dc, 0, 0, 1, 1, source.dc, 0, 0, 1, 1, {AC_SRC_OVER, 0, 0x33, 0});
+  EXPECT_EQ(0x33330000U, target.Longs()[0]);
+}
+
+TEST(Blending, IntoPixelsOf16BitsClearsTheUnusedBit) {
+  const Section source(1, -1);
+  const Section target(1, -1, 16);
+  target.Words()[0] = 0xFFFF;
+  AlphaBlend(target.dc, 0, 0, 1, 1, source.dc, 0, 0, 1, 1, {AC_SRC_OVER, 0, 255, AC_SRC_ALPHA});
+  EXPECT_EQ(0x7FFF, target.Words()[0]);
+}
+
+/// Of the columns that fall together the last one is taken, of the rows the first one.
+TEST(Blending, ShrinkingTakesTheLastColumnAndTheFirstRow) {
+  const Section source(4, -4);
+  for (std::uint32_t i = 0; i < 16; ++i)
+    source.Longs()[i] = i;
+  const Section target(2, -2);
+  AlphaBlend(target.dc, 0, 0, 2, 2, source.dc, 0, 0, 4, 4, {AC_SRC_OVER, 0, 255, 0});
+  EXPECT_EQ(1U, target.Longs()[0]);
+  EXPECT_EQ(3U, target.Longs()[1]);
+  EXPECT_EQ(9U, target.Longs()[2]);
+  EXPECT_EQ(11U, target.Longs()[3]);
 }
 
 TEST(Blending, ConstantAlphaOfZeroChangesNothing) {

@@ -59,9 +59,12 @@ void AxisMap::Stretch(Side target, Side source, int low, int high, int sourceSiz
 
 void AxisMap::Shrink(Side target, Side source, int low, int high, int sourceSize,
                      Shrinking shrinking) {
-  const SourceRange indices = IndicesInside(source, 0, sourceSize);
+  SourceRange indices = IndicesInside(source, 0, sourceSize);
   const int targetCount = std::abs(target.length);
   const int sourceCount = std::abs(source.length);
+  // Onto a single pixel, and nothing mirrored, the device leaves out the last source pixel.
+  if (shrinking == Shrinking::KEEP_ALL && target.length == 1 && source.length > 1)
+    indices.last = std::min(indices.last, sourceCount - 1);
   int lastPlace = low - 1;
   for (int index = indices.first; index < indices.last; ++index) {
     const int place = Place(target, Counterpart(index, sourceCount, targetCount));
@@ -72,7 +75,7 @@ void AxisMap::Shrink(Side target, Side source, int low, int high, int sourceSize
       SourceRange& range = ranges.back();
       if (shrinking == Shrinking::KEEP_ALL)
         range = {std::min(range.first, from), std::max(range.last, from)};
-      else
+      else if (shrinking == Shrinking::KEEP_LAST)
         range = {from, from};
       continue;
     }

@@ -6,7 +6,7 @@
 namespace handheld::gdi {
 
 /// How pixels are treated that share a target pixel when a picture shrinks.
-enum class Shrinking { KEEP_ALL, KEEP_ONE };
+enum class Shrinking { KEEP_ALL, KEEP_FIRST, KEEP_LAST };
 
 /// Source pixels first .. last (with first <= last) of one target pixel.
 struct SourceRange {

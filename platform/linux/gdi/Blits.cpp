@@ -85,36 +85,39 @@ void StretchRows(const Surface& target, const AxisMap& columns, const AxisMap& r
   }
 }
 
-/// value / 255, rounded to the nearest, for value up to 255 * 255.
-constexpr std::uint32_t Divide255(std::uint32_t value) {
-  value += 128;
-  return (value + (value >> 8)) >> 8;
+/// Two of a pixel's four bytes, each with room for sums and products up to 255 * 255.
+constexpr std::uint32_t LANES = 0x00FF00FF;
+
+/// Both lanes divided by 255 and rounded to the nearest.
+constexpr std::uint32_t Divide255(std::uint32_t lanes) {
+  lanes += 0x00800080;
+  return ((lanes + ((lanes >> 8) & LANES)) >> 8) & LANES;
 }
 
 /// All four bytes times factor / 255.
 constexpr std::uint32_t Scale(std::uint32_t argb, std::uint32_t factor) {
-  std::uint32_t even = (argb & 0x00FF00FF) * factor + 0x00800080;
-  even = ((even + ((even >> 8) & 0x00FF00FF)) >> 8) & 0x00FF00FF;
-  std::uint32_t odd = ((argb >> 8) & 0x00FF00FF) * factor + 0x00800080;
-  odd = (odd + ((odd >> 8) & 0x00FF00FF)) & 0xFF00FF00;
-  return even | odd;
+  return Divide255((argb & LANES) * factor) | Divide255(((argb >> 8) & LANES) * factor) << 8;
 }
 
 /// A byte each of both, weighted so that the sum is rounded only once.
 constexpr std::uint32_t Mix(std::uint32_t over, std::uint32_t under, std::uint32_t alpha) {
-  std::uint32_t result = 0;
-  for (int shift = 0; shift < 32; shift += 8) {
-    const std::uint32_t sum =
-        ((over >> shift) & 255) * alpha + ((under >> shift) & 255) * (255 - alpha);
-    result |= Divide255(sum) << shift;
-  }
-  return result;
+  const std::uint32_t rest = 255 - alpha;
+  return Divide255((over & LANES) * alpha + (under & LANES) * rest) |
+         Divide255(((over >> 8) & LANES) * alpha + ((under >> 8) & LANES) * rest) << 8;
 }
+
+/// Adds the bytes. Colours that are not premultiplied may sum up to more than a byte holds; like the device, the
+/// excess bit is then set in the byte above, not added to it.
+constexpr std::uint32_t AddBytes(std::uint32_t a, std::uint32_t b) {
+  return ((a & LANES) + (b & LANES)) | (((a >> 8) & LANES) + ((b >> 8) & LANES)) << 8;
+}
+
+constexpr std::uint32_t OPAQUE_ALPHA = 0xFF000000;
 
 template <typename Pixel>
 std::uint32_t Load(Pixel pixel) {
   if constexpr (sizeof(Pixel) == 2)
-    return ArgbFrom555(pixel);
+    return OPAQUE_ALPHA | ArgbFrom555(pixel);
   else
     return pixel;
 }
@@ -131,40 +134,32 @@ template <typename To>
 void BlendPremultiplied(To* to, const std::uint32_t* from, int count, std::uint32_t constantAlpha) {
   for (int i = 0; i < count; ++i) {
     const std::uint32_t over = constantAlpha == 255 ? from[i] : Scale(from[i], constantAlpha);
-    if (over == 0)
-      continue;
     const std::uint32_t alpha = over >> 24;
-    to[i] = Store<To>(alpha == 255 ? over : over + Scale(Load(to[i]), 255 - alpha));
+    to[i] = Store<To>(alpha == 255 ? over : AddBytes(over, Scale(Load(to[i]), 255 - alpha)));
   }
 }
 
-template <typename To>
-void BlendConstant(To* to, const std::uint32_t* from, int count, std::uint32_t constantAlpha) {
+template <typename To, typename From>
+void BlendConstant(To* to, const From* from, int count, std::uint32_t constantAlpha) {
   for (int i = 0; i < count; ++i)
-    to[i] = Store<To>(Mix(from[i] & 0x00FFFFFF, Load(to[i]), constantAlpha));
+    to[i] = Store<To>(Mix(Load(from[i]), Load(to[i]), constantAlpha));
 }
 
 template <typename To, typename From>
 void BlendRows(const Surface& target, const AxisMap& columns, const AxisMap& rows,
                const Surface& source, std::uint32_t constantAlpha, bool usesAlpha) {
   std::vector<From> gathered;
-  std::vector<std::uint32_t> widened;
   for (int i = 0; i < rows.Count(); ++i) {
     const int row = rows.Ranges()[static_cast<std::size_t>(i)].first;
     const From* from = GatherRow(columns, source.Row<const From>(row), gathered);
-    const std::uint32_t* over = nullptr;
-    if constexpr (sizeof(From) == 2) {
-      widened.resize(static_cast<std::size_t>(columns.Count()));
-      ConvertRow<std::uint32_t>(widened.data(), from, columns.Count(), 0);
-      over = widened.data();
-    } else {
-      over = from;
-    }
     To* to = target.Row<To>(rows.Begin() + i) + columns.Begin();
-    if (usesAlpha)
-      BlendPremultiplied(to, over, columns.Count(), constantAlpha);
-    else
-      BlendConstant(to, over, columns.Count(), constantAlpha);
+    if constexpr (sizeof(From) == 4) {
+      if (usesAlpha) {
+        BlendPremultiplied(to, from, columns.Count(), constantAlpha);
+        continue;
+      }
+    }
+    BlendConstant(to, from, columns.Count(), constantAlpha);
   }
 }
 
@@ -207,11 +202,11 @@ struct Maps {
   AxisMap rows;
 
   Maps(const Target& target, const Box& to, const Surface& source, const Box& from,
-       Shrinking shrinking)
+       Shrinking columnShrinking, Shrinking rowShrinking)
       : columns({to.x, to.width}, {from.x, from.width}, target.clip.left, target.clip.right,
-                source.width, shrinking),
+                source.width, columnShrinking),
         rows({to.y, to.height}, {from.y, from.height}, target.clip.top, target.clip.bottom,
-             source.height, shrinking) {}
+             source.height, rowShrinking) {}
 
   bool IsEmpty() const { return columns.IsEmpty() || rows.IsEmpty(); }
 };
@@ -224,7 +219,7 @@ void StretchPixels(const Target& target, const Box& to, const Surface& source, c
     const Snapshot snapshot(source);
     return StretchPixels(target, to, snapshot.View(), from, mode);
   }
-  const Maps maps(target, to, source, from, Shrinking::KEEP_ALL);
+  const Maps maps(target, to, source, from, Shrinking::KEEP_ALL, Shrinking::KEEP_ALL);
   if (maps.IsEmpty())
     return;
   WithPixelTypes(target.surface.format, source.format, [&]<typename To, typename From>() {
@@ -238,7 +233,7 @@ void BlendPixels(const Target& target, const Box& to, const Surface& source, con
     const Snapshot snapshot(source);
     return BlendPixels(target, to, snapshot.View(), from, constantAlpha, usesAlpha);
   }
-  const Maps maps(target, to, source, from, Shrinking::KEEP_ONE);
+  const Maps maps(target, to, source, from, Shrinking::KEEP_LAST, Shrinking::KEEP_FIRST);
   if (maps.IsEmpty())
     return;
   WithPixelTypes(target.surface.format, source.format, [&]<typename To, typename From>() {
