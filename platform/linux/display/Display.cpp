@@ -63,6 +63,16 @@ LPARAM PackPoint(int x, int y) {
   return static_cast<LPARAM>(static_cast<DWORD>(y & 0xFFFF) << 16 | static_cast<DWORD>(x & 0xFFFF));
 }
 
+/// Where no window manager runs, as on a box that shows nothing else, nobody but us gives a frame
+/// that fills the screen its place and size.
+SDL_Rect ScreenOf(int displayIndex) {
+  SDL_Rect screen = {};
+  SDL_GetDisplayBounds(displayIndex, &screen);
+  return screen;
+}
+
+constexpr int ANYWHERE = static_cast<int>(SDL_WINDOWPOS_UNDEFINED);
+
 }  // namespace
 
 bool Display::IsPresent() {
@@ -111,12 +121,13 @@ Display::~Display() {
 }
 
 bool Display::Create(bool isFullscreen) {
-  const Uint32 flags = SDL_WINDOW_RESIZABLE |
-                       (isFullscreen ? static_cast<Uint32>(SDL_WINDOW_FULLSCREEN_DESKTOP) : 0);
-  frame =
-      SDL_CreateWindow("", SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED, width, height, flags);
+  const SDL_Rect place = isFullscreen ? ScreenOf(0) : SDL_Rect{ANYWHERE, ANYWHERE, width, height};
+  frame = SDL_CreateWindow("", place.x, place.y, place.w, place.h, SDL_WINDOW_RESIZABLE);
   if (frame == nullptr) {
     return false;
+  }
+  if (isFullscreen) {
+    SDL_SetWindowFullscreen(frame, SDL_WINDOW_FULLSCREEN_DESKTOP);
   }
   renderer = SDL_CreateRenderer(frame, -1, 0);
   if (renderer == nullptr || SDL_RenderSetLogicalSize(renderer, width, height) != 0) {
@@ -142,8 +153,16 @@ void Display::SetTitle(const std::string& title) {
 }
 
 void Display::ToggleFullscreen() {
-  const bool isFullscreen = (SDL_GetWindowFlags(frame) & SDL_WINDOW_FULLSCREEN_DESKTOP) != 0;
-  SDL_SetWindowFullscreen(frame, isFullscreen ? 0 : SDL_WINDOW_FULLSCREEN_DESKTOP);
+  if ((SDL_GetWindowFlags(frame) & SDL_WINDOW_FULLSCREEN_DESKTOP) != 0) {
+    SDL_SetWindowFullscreen(frame, 0);
+    SDL_SetWindowSize(frame, width, height);
+    SDL_SetWindowPosition(frame, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED);
+  } else {
+    const SDL_Rect screen = ScreenOf(SDL_GetWindowDisplayIndex(frame));
+    SDL_SetWindowPosition(frame, screen.x, screen.y);
+    SDL_SetWindowSize(frame, screen.w, screen.h);
+    SDL_SetWindowFullscreen(frame, SDL_WINDOW_FULLSCREEN_DESKTOP);
+  }
   isStale = true;
 }
 
