@@ -52,13 +52,14 @@ class Thread : public KernelObject {
   DWORD ExitCode() const { return exitCode.load(std::memory_order_acquire); }
 
  private:
-  /// Best effort: becoming more urgent takes privileges.
+  /// Relative to the program's own urgency. Best effort: becoming more urgent takes privileges.
   void ApplyPriority() const {
     if (linuxId == 0 || priority == NORMAL_PRIORITY) {
       return;
     }
+    const int own = getpriority(PRIO_PROCESS, static_cast<id_t>(getpid()));
     setpriority(PRIO_PROCESS, static_cast<id_t>(linuxId),
-                NICE_VALUES[static_cast<std::size_t>(priority)]);
+                own + NICE_VALUES[static_cast<std::size_t>(priority)]);
   }
 
   const LPTHREAD_START_ROUTINE procedure;
