@@ -1,0 +1,143 @@
+// Serial ports as the handheld reads them. The desktop's own reads wait until the buffer is full, and do not end when the
+// port is closed.
+
+#include <windows.h>
+
+#include <atomic>
+#include <cwchar>
+#include <string>
+
+// Here the system's own calls are meant.
+#undef CloseHandle
+#undef CreateFileW
+#undef ReadFile
+
+namespace {
+
+/// How long the line must be silent for a burst to be whole: about 20 characters at 9600 baud. A read looks up as often
+/// to see whether its port has been closed.
+constexpr DWORD PAUSE_MS = 20;
+/// A line that never pauses is cut after a line feed.
+constexpr DWORD LONGEST_FLOW_MS = 250;
+constexpr int MAX_PORTS = 8;
+
+/// A port that is open. Free while its handle is null.
+struct Port {
+  std::atomic<HANDLE> handle = nullptr;
+  std::atomic<bool> isClosing = false;
+  std::atomic<int> readers = 0;
+};
+
+Port ports[MAX_PORTS];
+
+Port* FindPort(HANDLE handle) {
+  for (Port& port : ports) {
+    if (port.handle == handle) {
+      return &port;
+    }
+  }
+  return nullptr;
+}
+
+bool IsPortName(LPCWSTR name) {
+  const std::size_t length = std::wcslen(name);
+  return length > 1 && name[length - 1] == L':' && std::wcschr(name, L'\\') == nullptr;
+}
+
+/// A read of the system's returns what has come, or nothing after the pause.
+bool SetTimeouts(HANDLE port) {
+  COMMTIMEOUTS timeouts = {};
+  timeouts.ReadIntervalTimeout = MAXDWORD;
+  timeouts.ReadTotalTimeoutMultiplier = MAXDWORD;
+  timeouts.ReadTotalTimeoutConstant = PAUSE_MS;
+  return SetCommTimeouts(port, &timeouts);
+}
+
+HANDLE OpenPort(LPCWSTR name, DWORD access) {
+  std::wstring path = L"\\\\.\\";
+  path += name;
+  path.pop_back();
+  const HANDLE handle = CreateFileW(path.c_str(), access, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) {
+    return handle;
+  }
+  HANDLE free = nullptr;
+  for (Port& port : ports) {
+    if (port.handle.compare_exchange_strong(free, handle)) {
+      SetTimeouts(handle);
+      return handle;
+    }
+    free = nullptr;
+  }
+  CloseHandle(handle);
+  SetLastError(ERROR_TOO_MANY_OPEN_FILES);
+  return INVALID_HANDLE_VALUE;
+}
+
+BOOL ReadBurst(const Port& port, HANDLE handle, char* buffer, DWORD size, DWORD& used) {
+  DWORD start = 0;
+  while (used < size) {
+    if (port.isClosing) {
+      SetLastError(ERROR_OPERATION_ABORTED);
+      return FALSE;
+    }
+    if (used > 0 && GetTickCount() - start > LONGEST_FLOW_MS && buffer[used - 1] == '\n') {
+      break;
+    }
+    DWORD count = 0;
+    if (!ReadFile(handle, buffer + used, size - used, &count, nullptr)) {
+      return FALSE;
+    }
+    if (count == 0 && used > 0) {
+      break;
+    }
+    if (used == 0) {
+      start = GetTickCount();
+    }
+    used += count;
+  }
+  return TRUE;
+}
+
+}  // namespace
+
+extern "C" {
+
+HANDLE WINAPI HandheldCreateFile(LPCWSTR fileName, DWORD access, DWORD shareMode,
+                                 SECURITY_ATTRIBUTES* security, DWORD disposition, DWORD attributes,
+                                 HANDLE templateFile) {
+  return IsPortName(fileName) ? OpenPort(fileName, access)
+                              : CreateFileW(fileName, access, shareMode, security, disposition,
+                                            attributes, templateFile);
+}
+
+BOOL WINAPI HandheldReadFile(HANDLE file, LPVOID buffer, DWORD toRead, LPDWORD read,
+                             OVERLAPPED* overlapped) {
+  Port* const port = FindPort(file);
+  if (port == nullptr) {
+    return ReadFile(file, buffer, toRead, read, overlapped);
+  }
+  ++port->readers;
+  *read = 0;
+  const BOOL result = ReadBurst(*port, file, static_cast<char*>(buffer), toRead, *read);
+  --port->readers;
+  return result;
+}
+
+/// Waits until a pending read has seen that the port closes: its handle may mean another object right afterwards.
+BOOL WINAPI HandheldCloseHandle(HANDLE object) {
+  Port* const port = FindPort(object);
+  if (port == nullptr) {
+    return CloseHandle(object);
+  }
+  port->isClosing = true;
+  while (port->readers > 0) {
+    Sleep(1);
+  }
+  const BOOL result = CloseHandle(object);
+  port->isClosing = false;
+  port->handle = nullptr;
+  return result;
+}
+
+}  // extern "C"
