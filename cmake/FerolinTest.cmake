@@ -1,6 +1,5 @@
 # ferolin_test(<name> SOURCES <file>... [LIBS <target>...] [LABELS <label>...])
 # One GoogleTest program, found by CTest case by case.
-find_package(GTest REQUIRED)
 include(GoogleTest)
 
 function(ferolin_test name)

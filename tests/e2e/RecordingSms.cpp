@@ -5,8 +5,7 @@
 #include <cstdlib>
 #include <fstream>
 
-extern "C" __attribute__((visibility("default"))) void WINAPI SendParlex(LPCWSTR recipient,
-                                                                         LPCSTR message) {
+extern "C" void WINAPI SendParlex(LPCWSTR recipient, LPCSTR message) {
   const char* name = std::getenv(RECORDING_SMS_FILE);
   if (name == nullptr) {
     return;

@@ -1,0 +1,58 @@
+// What the suite's device is like on Windows, where no program may tell the system its battery, its language or the time:
+// the engine gets doubles of the calls that ask for these, and of those that a test wants to see.
+#pragma once
+
+#include <windows.h>
+
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "ImportDoubles.windows.h"
+
+namespace e2e {
+
+/// Excludes other threads while it lives: the engine's call the doubles.
+class Lock {
+ public:
+  explicit Lock(SRWLOCK& wanted) : lock(wanted) { AcquireSRWLockExclusive(&lock); }
+  ~Lock() { ReleaseSRWLockExclusive(&lock); }
+  Lock(const Lock&) = delete;
+  Lock& operator=(const Lock&) = delete;
+
+ private:
+  SRWLOCK& lock;
+};
+
+struct DeviceState {
+  SRWLOCK lock = SRWLOCK_INIT;
+
+  bool isRussian = false;
+  BYTE batteryFlag = 0;
+  BYTE batteryPercent = 80;
+
+  /// What to open for a port such as "COM1"; a port that is not here does not exist.
+  std::map<std::wstring, std::wstring> ports;
+
+  double timeRate = 50;
+  bool isClockStopped = false;
+  /// The moment that the clock stands at, or showed when the machine's showed `clockBaseReal`. In 100 ns since 1601.
+  ULONGLONG clockBase = 0;
+  ULONGLONG clockBaseReal = 0;
+  int zoneHours = 0;
+
+  std::set<HANDLE> requirements;
+  int requirementsTaken = 0;
+  int idleTimerResets = 0;
+  /// Paths of the sound files started.
+  std::vector<std::wstring> sounds;
+};
+
+/// Of the one device that exists at a time; null without one.
+extern DeviceState* theState;
+
+/// The doubles, which work on `theState`.
+std::vector<ImportDouble> MakeDoubles();
+
+}  // namespace e2e
