@@ -4,6 +4,7 @@
 
 #include "engine/Engine.h"
 #include "widgets/FullScreenSpeedWidget.h"
+#include "widgets/SatellitesWidget.h"
 #include "widgets/SpeedometerWidget.h"
 
 namespace ferolin {
@@ -20,6 +21,7 @@ WidgetPointer Make(Engine& engine) {
 constexpr WidgetPointer (*WIDGETS[])(Engine&) = {
     &Make<SpeedometerWidget>,
     &Make<FullScreenSpeedWidget>,
+    &Make<SatellitesWidget>,
 };
 
 }  // namespace

@@ -1,5 +1,6 @@
 // A day of driving: what the views take from the system they give back.
 
+#include <ferolin.h>
 #include <unistd.h>
 
 #include <fstream>
@@ -18,9 +19,9 @@ long ResidentKilobytes() {
 
 class ManyFrames : public ViewTest {
  protected:
-  void DrawBothViews(int frames) {
+  void DrawAllViews(int frames) {
     for (int frame = 0; frame < frames; ++frame) {
-      Draw(frame % 2);
+      Draw(frame % GetWidgetsCount());
     }
   }
 };
@@ -30,11 +31,11 @@ TEST_F(ManyFrames, LeaveHandlesAndMemoryFlat) {
   Open(240, 320);
   Drive("120000", 0);
   Drive("120010", 87, 45);
-  DrawBothViews(200);
+  DrawAllViews(200);
   const int objects = handheld::GdiObjectsAlive();
   const int handles = handheld::HandlesAlive();
   const long memory = ResidentKilobytes();
-  DrawBothViews(FRAMES);
+  DrawAllViews(FRAMES);
   EXPECT_EQ(objects, handheld::GdiObjectsAlive());
   EXPECT_EQ(handles, handheld::HandlesAlive());
   EXPECT_LT(ResidentKilobytes() - memory, MEMORY_SLACK_KB);

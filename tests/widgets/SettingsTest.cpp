@@ -9,6 +9,7 @@ namespace {
 
 // In code page 1251 whatever the device's language is.
 constexpr Cp1251Text SPEED_COMMENT = u"Настройки виджета полноэкранной скорости";
+constexpr Cp1251Text SATELLITES_COMMENT = u"Настройки виджета спутников";
 constexpr Cp1251Text SPEEDOMETER_COMMENT = u"Настройки виджета спидометра";
 
 std::string Comment(const Cp1251Text& text) {
@@ -78,6 +79,24 @@ TEST_F(ViewSettingsTest, SaveTheDefaultsOfTheSpeedometer) {
             SavedSection("SpeedometerWidget"));
 }
 
+TEST_F(ViewSettingsTest, SaveTheDefaultsOfTheSatellites) {
+  Load();
+  EXPECT_EQ((std::vector<std::string>{
+                "SattelitesNameFontSize=12",
+                "SattelitesNameFontName=Times New Roman",
+                "MiscLineColor=6316128",
+                "ShadowColor=4210752",
+                "BorderColor=2105376",
+                "HighSignalColor=49152",
+                "MidSignalColor=65535",
+                "LowSignalColor=255",
+                "SattelitesNameColor=0",
+                "BackGroundColor=12632256",
+                Comment(SATELLITES_COMMENT),
+            }),
+            SavedSection("SattelitesWidget"));
+}
+
 TEST_F(ViewSettingsTest, ReplaceOnlyWhatTheFileHolds) {
   folder.Write("Tachymo.ini",
                "[FullScreenSpeedWidget]\n"
@@ -103,6 +122,20 @@ TEST_F(ViewSettingsTest, KeepFacesAndSizes) {
   const std::vector<std::string> saved = SavedSection("SpeedometerWidget");
   for (const char* line : {"SpeedTextFontName=Arial", "SpeedFontSize=44", "NorthArrowColor=1",
                            "ClockTextFontName=LCD", "SouthArrowColor=255"}) {
+    EXPECT_NE(saved.end(), std::find(saved.begin(), saved.end(), line)) << line;
+  }
+}
+
+TEST_F(ViewSettingsTest, KeepWhatTheFileHoldsForTheSatellites) {
+  folder.Write("Tachymo.ini",
+               "[SattelitesWidget]\n"
+               "LowSignalColor=1\n"
+               "SattelitesNameFontSize=\n"
+               "SattelitesNameFontName=Arial\n");
+  Load();
+  const std::vector<std::string> saved = SavedSection("SattelitesWidget");
+  for (const char* line : {"LowSignalColor=1", "MidSignalColor=65535", "SattelitesNameFontSize=12",
+                           "SattelitesNameFontName=Arial"}) {
     EXPECT_NE(saved.end(), std::find(saved.begin(), saved.end(), line)) << line;
   }
 }

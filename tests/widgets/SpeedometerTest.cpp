@@ -37,20 +37,6 @@ class SpeedometerTest : public ViewTest {
     return count;
   }
 
-  RECT Bounds(COLORREF color) const {
-    const RECT frame = theCanvas.GetFrameRect();
-    RECT bounds = {frame.right, frame.bottom, 0, 0};
-    for (LONG y = 0; y < frame.bottom; ++y) {
-      for (LONG x = 0; x < frame.right; ++x) {
-        if (At(x, y) == color) {
-          bounds = {std::min(bounds.left, x), std::min(bounds.top, y),
-                    std::max(bounds.right, x + 1), std::max(bounds.bottom, y + 1)};
-        }
-      }
-    }
-    return bounds;
-  }
-
   void Set(int sensor, const char* state) {
     EXPECT_EQ(1, engine->GetSensor(sensor)->SetRegistryString(state));
   }

@@ -27,6 +27,15 @@ void CopyPictures(const testing_support::TempFolder& folder) {
 
 }  // namespace
 
+COLORREF Seen(COLORREF color) {
+  COLORREF seen = 0;
+  for (const unsigned shift : {0U, 8U, 16U}) {
+    const COLORREF step = color >> shift >> 3 & 31;
+    seen |= (step << 3 | step >> 2) << shift;
+  }
+  return seen;
+}
+
 ViewTest::ViewTest(const char* language) {
   setenv("FONTCONFIG_FILE", FONTS_FILE, 1);
   CoInitializeEx(nullptr, COINIT_MULTITHREADED);
@@ -131,6 +140,24 @@ COLORREF ViewTest::ShownAt(int x, int y) const {
   const std::uint32_t pixel = pixels.rows[static_cast<std::size_t>(y * pixels.width + x)];
   return RGB(static_cast<BYTE>(pixel >> 16), static_cast<BYTE>(pixel >> 8),
              static_cast<BYTE>(pixel));
+}
+
+COLORREF ViewTest::FrameAt(int x, int y) {
+  return GetPixel(theCanvas.GetDrawingDC(), x, y);
+}
+
+RECT ViewTest::Bounds(COLORREF color) {
+  const RECT frame = theCanvas.GetFrameRect();
+  RECT bounds = {frame.right, frame.bottom, 0, 0};
+  for (LONG y = 0; y < frame.bottom; ++y) {
+    for (LONG x = 0; x < frame.right; ++x) {
+      if (FrameAt(x, y) == color) {
+        bounds = {std::min(bounds.left, x), std::min(bounds.top, y), std::max(bounds.right, x + 1),
+                  std::max(bounds.bottom, y + 1)};
+      }
+    }
+  }
+  return bounds;
 }
 
 std::vector<LPARAM> ViewTest::TakePosted() const {

@@ -15,7 +15,7 @@
 namespace ferolin {
 
 /// Places in the engine's lists.
-enum ViewIndex { SPEEDOMETER = 0, FULL_SCREEN_SPEED = 1 };
+enum ViewIndex { SPEEDOMETER = 0, FULL_SCREEN_SPEED = 1, SATELLITES = 2 };
 enum SensorIndex {
   FASTEST_100 = 3,
   FASTEST_402 = 4,
@@ -31,6 +31,9 @@ enum SensorIndex {
   ACCEL_150 = 15,
   ACCEL_200 = 16,
 };
+
+/// A colour as it reads from a frame, which knows 32 steps of each channel.
+COLORREF Seen(COLORREF color);
 
 class ViewTest : public testing::Test {
  protected:
@@ -59,6 +62,11 @@ class ViewTest : public testing::Test {
   void ShowBars(int index, bool show);
   handheld::Pixels Shown() const { return handheld::WindowPixels(window); }
   COLORREF ShownAt(int x, int y) const;
+
+  /// The frame as the view has drawn it.
+  static COLORREF FrameAt(int x, int y);
+  /// The smallest rectangle around all pixels of that colour; left >= right when there is none.
+  static RECT Bounds(COLORREF color);
 
   /// lParams of the messages posted since the last call, in order.
   std::vector<LPARAM> TakePosted() const;
