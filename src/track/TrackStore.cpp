@@ -64,6 +64,7 @@ void TrackStore::MakeRoom() {
     points = static_cast<TrackPoint*>(grown);
   } else if (pointCount >= capacity) {
     // Full for good: from here on the store slides along with the newest points.
+    ++droppedCount;
     pointCount = capacity - 1;
     std::memmove(points, points + 1, static_cast<std::size_t>(pointCount) * sizeof(TrackPoint));
   }

@@ -22,6 +22,9 @@ class TrackStore {
 
   int GetPointCount() const { return pointCount; }
 
+  /// How many points had to make room so far: the point at index i is number i + GetDroppedCount() of the run.
+  int GetDroppedCount() const { return droppedCount; }
+
   /// Null when `index` is out of range. An append may move the points: do not keep the address.
   const TrackPoint* GetPoint(int index) const;
 
@@ -32,6 +35,7 @@ class TrackStore {
 
   TrackPoint* points;
   std::int32_t pointCount = 0;
+  std::int32_t droppedCount = 0;
 };
 
 }  // namespace ferolin

@@ -224,6 +224,15 @@ TEST_F(TrackStoreTest, FullStoreSlidesAlongWithTheNewestPoints) {
   ExpectNumbers(2501, 1000);
 }
 
+TEST_F(TrackStoreTest, CountsThePointsThatMadeRoom) {
+  AppendNumbers(1, 999);
+  failing_memory::RefuseRealloc(true);
+  AppendNumbers(1000, 1000);
+  EXPECT_EQ(track.GetDroppedCount(), 0);
+  AppendNumbers(1001, 3500);
+  EXPECT_EQ(track.GetDroppedCount(), 2500);
+}
+
 TEST_F(TrackStoreTest, RepeatedPointDoesNotMoveAFullStore) {
   AppendNumbers(1, 999);
   failing_memory::RefuseRealloc(true);
