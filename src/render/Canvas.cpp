@@ -109,6 +109,21 @@ void Canvas::PresentRotated(const Side& across, const Side& down, DWORD operatio
   DeleteObject(turned);
 }
 
+/// The way of presenting, backwards.
+POINT Canvas::ToFrame(POINT point) const {
+  const SIZE client = presentBuffer.GetSize();
+  const SIZE frame = backBuffer.GetSize();
+  if (client.cx == 0 || client.cy == 0) {
+    return {0, 0};
+  }
+  const LONG across = theInvertFlags.horz ? client.cx - 1 - point.x : point.x;
+  const LONG down = theInvertFlags.vert ? client.cy - 1 - point.y : point.y;
+  if (theInvertFlags.orient) {
+    return {down * frame.cx / client.cy, frame.cy - 1 - across * frame.cy / client.cx};
+  }
+  return {across * frame.cx / client.cx, down * frame.cy / client.cy};
+}
+
 void Canvas::FlushToWindow() {
   const HDC windowDC = ::GetDC(window);
   if (windowDC == nullptr) {

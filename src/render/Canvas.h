@@ -28,6 +28,9 @@ class Canvas {
   /// {0, 0, width, height} of the back buffer; all zero when there is none.
   RECT GetFrameRect() const;
   void PresentTransformed();
+  /// The pixel of the frame that is presented at that pixel of the window. {0, 0} before the first
+  /// frame.
+  POINT ToFrame(POINT windowPoint) const;
   void FlushToWindow();
   /// Frees everything; the next BeginFrame starts afresh.
   void ReleaseAll();

@@ -99,6 +99,22 @@ TEST_P(Present, ScalesToTheWindow) {
   ExpectCorners(GetParam().corners, false, 480, 640);
 }
 
+/// At one and at two pixels of the window for one of the frame.
+TEST_P(Present, KnowsWhatPixelOfTheFrameIsShown) {
+  SetFlags(GetParam().flags);
+  for (const auto& [width, height, dpi] : {std::tuple(60, 40, 96), std::tuple(120, 80, 192)}) {
+    Open(width, height, dpi);
+    for (const POINT& point : {POINT{0, 0}, POINT{width - 1, 0}, POINT{3, height - 1},
+                               POINT{width / 2 + 1, height / 3}}) {
+      const POINT inFrame = theCanvas.ToFrame(point);
+      SetPixel(theCanvas.GetDrawingDC(), inFrame.x, inFrame.y, RED);
+      FrameTest::Present();
+      EXPECT_EQ(RED, WindowAt(point.x, point.y)) << point.x << ' ' << point.y << " at " << dpi;
+      SetPixel(theCanvas.GetDrawingDC(), inFrame.x, inFrame.y, RGB(0, 0, 0));
+    }
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Flags, Present,
     testing::Values(PresentCase{{0, 0, 0}, "ABCD"}, PresentCase{{1, 0, 0}, "CDAB"},
