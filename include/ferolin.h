@@ -52,7 +52,8 @@ FEROLIN_API int WINAPI StopCallBack(void);
 
 /// Number of the registered message "UpdateGPS". It is posted with both parameters 0 after every accepted position, and
 /// with a code in lParam for what was touched in the current view: 1 left arrow or a swipe to the right, 2 right arrow
-/// or a swipe to the left, 3 reset all, 4 SMS, 5 options, 6 close, 7 flip horizontally, 8 rotate screen.
+/// or a swipe to the left, 3 reset all, 4 SMS, 5 options, 6 close, 7 flip horizontally, 8 rotate screen. What a view
+/// answers itself is told, too: 9 zoom in, 10 zoom out, 11 current position to the centre, 12 automatic zoom.
 /// 0 without an engine.
 FEROLIN_API UINT WINAPI GetWndMessageID(void);
 

@@ -7,22 +7,11 @@
 #include "sensors/Sensor.h"
 #include "sms/SmsReporter.h"
 #include "text/Number.h"
+#include "widgets/HostCode.h"
 
 namespace ferolin {
 
 namespace {
-
-/// What the host is told. The arrows' codes are also those of swipes.
-enum HostCode : LPARAM {
-  PREVIOUS_VIEW = 1,
-  NEXT_VIEW = 2,
-  RESET_ALL = 3,
-  SEND_SMS = 4,
-  OPTIONS = 5,
-  CLOSE = 6,
-  FLIP_HORIZONTALLY = 7,
-  ROTATE_SCREEN = 8,
-};
 
 struct NavigationButton {
   const WCHAR* file;
@@ -98,7 +87,8 @@ void Widget::Attach() {
 
 void Widget::OnMouseDown(HWND window, POINT point) {
   const LockGuard guard(engine.dataLock);
-  mouseDownPoint = point;
+  isMouseDown = true;
+  lastPoint = point;
   if (const int index = commonBar.HitTest(window, point.x, point.y);
       index != ButtonBar::NO_BUTTON) {
     commonBar.Press(index);
@@ -112,6 +102,7 @@ void Widget::OnMouseUp(HWND window, POINT point) {
   bool wasPressed = false;
   {
     const LockGuard guard(engine.dataLock);
+    isMouseDown = false;
     wasPressed |= ownBar.ReleaseButtons();
     wasPressed |= commonBar.ReleaseButtons();
     PresentAgain();
@@ -152,8 +143,8 @@ bool Widget::PostButtonAt(HWND window, POINT point) {
 
 /// A swipe goes more across than up or down, and over more than half of the window.
 void Widget::PostSwipe(HWND window, POINT point) {
-  const int dx = point.x - mouseDownPoint.x;
-  const int dy = point.y - mouseDownPoint.y;
+  const int dx = point.x - lastPoint.x;
+  const int dy = point.y - lastPoint.y;
   RECT rect = {};
   GetWindowRect(window, &rect);
   if (std::abs(dx) > std::abs(dy) && std::abs(dx) > (rect.right - rect.left) / 2) {

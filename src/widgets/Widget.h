@@ -64,6 +64,10 @@ class Widget {
   Engine& engine;
   ButtonBar commonBar{BarSide::TOP};
   ButtonBar ownBar{BarSide::BOTTOM};
+  bool isMouseDown = false;
+  /// Where the finger went down, or where a view that follows it has seen it last: a swipe begins
+  /// there.
+  POINT lastPoint = {};
 
  private:
   void PresentAgain();
@@ -71,7 +75,6 @@ class Widget {
   void PostSwipe(HWND window, POINT point);
 
   std::string name;
-  POINT mouseDownPoint = {};
 };
 
 }  // namespace ferolin
