@@ -1,0 +1,259 @@
+// The path as it is drawn, against the plain way: every point projected, one line through all of
+// them, clipped to the area. Not one pixel may differ.
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <random>
+#include <vector>
+
+#include "PathTrack.h"
+#include "render/FrameBitmap.h"
+#include "track/FailingMemory.h"
+#include "widgets/PathLayer.h"
+
+namespace ferolin {
+
+namespace {
+
+constexpr COLORREF BACKGROUND = RGB(0, 0, 0);
+constexpr COLORREF PATH_COLOR = RGB(0, 255, 255);
+
+/// A picture to draw into, of the form that frames have.
+class Sheet {
+ public:
+  explicit Sheet(SIZE sheetSize) : size(sheetSize) {
+    surface.EnsureDC(nullptr);
+    surface.SetBitmap(CreateFrameBitmap(surface.GetDC(), size.cx, size.cy, &bits));
+    Clear();
+  }
+  ~Sheet() { surface.Release(); }
+  Sheet(const Sheet&) = delete;
+  Sheet& operator=(const Sheet&) = delete;
+
+  void Clear() { std::memset(bits, 0, ByteCount()); }
+  HDC GetDC() const { return surface.GetDC(); }
+  bool operator==(const Sheet& other) const {
+    return std::memcmp(bits, other.bits, ByteCount()) == 0;
+  }
+  bool IsEmpty() const {
+    const auto* bytes = static_cast<const char*>(bits);
+    return std::all_of(bytes, bytes + ByteCount(), [](char byte) { return byte == 0; });
+  }
+
+ private:
+  std::size_t ByteCount() const {
+    return static_cast<std::size_t>((size.cx + 1) / 2 * 4 * size.cy);
+  }
+
+  SIZE size;
+  Surface surface;
+  void* bits = nullptr;
+};
+
+void DrawPlainly(HDC dc, const RECT& area, const PathPoints& points,
+                 const PathProjection& projection) {
+  std::vector<POINT> line;
+  for (int number = points.GetFirst(); number < points.GetEnd(); ++number) {
+    if (HasPosition(points[number])) {
+      line.push_back(projection.Project(points[number].latitude, points[number].longitude));
+    }
+  }
+  const HRGN region = CreateRectRgn(area.left, area.top, area.right, area.bottom);
+  const HPEN pen = CreatePen(PS_SOLID, 1, PATH_COLOR);
+  SelectClipRgn(dc, region);
+  {
+    const Selection selection(dc, pen);
+    Polyline(dc, line.data(), static_cast<int>(line.size()));
+  }
+  SelectClipRgn(dc, nullptr);
+  DeleteObject(pen);
+  DeleteObject(region);
+}
+
+class PathLayerTest : public testing::Test {
+ protected:
+  ~PathLayerTest() override { failing_memory::RefuseRealloc(false); }
+
+  int Pick(int low, int high) { return std::uniform_int_distribution(low, high)(random); }
+  float Shift(float most) { return std::uniform_real_distribution(-most, most)(random); }
+
+  /// Goes on from the last point: stops, small and large steps, repeated roads, gaps, jumps over
+  /// the date line and to the other side of the equator.
+  void Wander(int count) {
+    const float step = std::pow(10.0F, Shift(2.5F) - 1.5F);
+    for (int added = 0; added < count; ++added) {
+      switch (Pick(0, 40)) {
+        case 0:
+          points.push_back(PathPointAt(MISSING_FLOAT, MISSING_FLOAT, 10, 0));
+          continue;
+        case 1:
+          longitude = longitude > 0 ? -17959 : 17959;
+          break;
+        case 2:
+          latitude = -latitude;
+          break;
+        case 3:
+        case 4:
+          if (!points.empty()) {
+            latitude = points[points.size() / 2].latitude;
+            longitude = points[points.size() / 2].longitude;
+          }
+          break;
+        default:
+          break;
+      }
+      if (Pick(0, 3) != 0) {
+        latitude += Shift(step);
+        longitude += Shift(step);
+      }
+      points.push_back(PathPointAt(latitude, longitude, 10, 0));
+    }
+  }
+
+  /// The points that a full track still has.
+  PathPoints Points() const {
+    return PathPoints(std::span(points).subspan(static_cast<std::size_t>(lost)), lost);
+  }
+
+  PathBox Box() const {
+    PathBox box;
+    for (const TrackPoint& point : points) {
+      if (HasPosition(point)) {
+        box.Widen(point.latitude, point.longitude);
+      }
+    }
+    return box;
+  }
+
+  RECT RandomArea() {
+    const LONG left = Pick(0, 100);
+    const LONG top = Pick(0, 80);
+    return {left, top, Pick(left + 10, FRAME.cx), Pick(top + 10, FRAME.cy)};
+  }
+
+  void ExpectPlainPicture(const RECT& area, const PathProjection& projection) {
+    index.Update(Points());
+    Sheet fast(FRAME);
+    layer.Draw(fast.GetDC(), area, Points(), index, projection, {BACKGROUND, PATH_COLOR});
+    Sheet plain(FRAME);
+    DrawPlainly(plain.GetDC(), area, Points(), projection);
+    EXPECT_TRUE(fast == plain) << points.size() << " points, " << lost << " lost";
+    picturesWithInk += plain.IsEmpty() ? 0 : 1;
+  }
+
+  static constexpr SIZE FRAME = {200, 160};
+
+  std::mt19937 random{1};
+  std::vector<TrackPoint> points;
+  int lost = 0;
+  float latitude = 5540;
+  float longitude = 3730;
+  PathIndex index;
+  PathLayer layer;
+  int picturesWithInk = 0;
+};
+
+class RandomPaths : public PathLayerTest, public testing::WithParamInterface<int> {
+ protected:
+  RandomPaths() { random.seed(static_cast<unsigned>(GetParam())); }
+};
+
+TEST_P(RandomPaths, LookAsThePlainWayHasThem) {
+  const RECT area = RandomArea();
+  Wander(Pick(2, 3000));
+  for (int view = 0; view < 12; ++view) {
+    const float zoom = std::pow(2.0F, static_cast<float>(Pick(-3, 14)));
+    const POINT pan = {Pick(-300, 300), Pick(-300, 300)};
+    PathProjection projection(Box(), area, zoom, pan);
+    if (Pick(0, 1) != 0) {
+      // Somewhere on the path, so that there is something to see.
+      const TrackPoint& point =
+          points[static_cast<std::size_t>(Pick(lost, static_cast<int>(points.size()) - 1))];
+      if (HasPosition(point)) {
+        projection = PathProjection(
+            Box(), area, zoom,
+            PathProjection(Box(), area, zoom, {0, 0})
+                .PanTo(point.latitude, point.longitude, {area.left + 5, area.top + 5}));
+      }
+    }
+    ExpectPlainPicture(area, projection);
+    // Go on driving, seen in the same way.
+    for (int update = 0; update < 4; ++update) {
+      Wander(Pick(0, 20));
+      ExpectPlainPicture(area, projection);
+    }
+    // Memory has run out: the oldest points go.
+    if (Pick(0, 2) == 0) {
+      lost = std::min(lost + Pick(1, 40), static_cast<int>(points.size()) - 2);
+      ExpectPlainPicture(area, projection);
+    }
+  }
+  EXPECT_GT(picturesWithInk, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomPaths, testing::Range(0, 40));
+
+TEST_F(PathLayerTest, DrawsARoadThatIsDrivenAllDayLikeThePlainWay) {
+  for (int second = 0; second < 40000; ++second) {
+    // Forth and back on a bend, with the receiver's noise.
+    const float way = std::abs(static_cast<float>(second % 1200) - 600) / 600;
+    points.push_back(PathPointAt(5540 + 20 * way * way + Shift(0.005F),
+                                 3730 + 30 * way + Shift(0.005F), 50, second));
+  }
+  const RECT area = {1, 1, 199, 159};
+  for (float zoom = 0.25F; zoom < 500; zoom *= 2) {
+    const POINT pan = PathProjection(Box(), area, zoom, {0, 0})
+                          .PanTo(points[300].latitude, points[300].longitude, {50, 60});
+    ExpectPlainPicture(area, PathProjection(Box(), area, zoom, pan));
+  }
+  EXPECT_EQ(11, picturesWithInk);
+}
+
+TEST_F(PathLayerTest, GrowsWithItsBox) {
+  const RECT area = {1, 1, 199, 159};
+  Wander(300);
+  for (int update = 0; update < 200; ++update) {
+    latitude += 0.1F;
+    longitude += 0.1F;
+    Wander(1);
+    ExpectPlainPicture(area, PathProjection(Box(), area, 1, {0, 0}));
+  }
+}
+
+TEST_F(PathLayerTest, FollowsItsColours) {
+  const RECT area = {1, 1, 199, 159};
+  points = {PathPointAt(5540, 3730, 0, 0), PathPointAt(5541, 3731, 0, 1)};
+  index.Update(Points());
+  const PathProjection projection(Box(), area, 1, {0, 0});
+  Sheet sheet(FRAME);
+  layer.Draw(sheet.GetDC(), area, Points(), index, projection, {BACKGROUND, PATH_COLOR});
+  const POINT start = projection.Project(5540, 3730);
+  EXPECT_EQ(PATH_COLOR, GetPixel(sheet.GetDC(), start.x, start.y));
+  layer.Draw(sheet.GetDC(), area, Points(), index, projection, {RGB(0, 0, 255), RGB(255, 0, 0)});
+  EXPECT_EQ(RGB(255, 0, 0), GetPixel(sheet.GetDC(), start.x, start.y));
+  EXPECT_EQ(RGB(0, 0, 255), GetPixel(sheet.GetDC(), 2, 2));
+}
+
+TEST_F(PathLayerTest, NeedsNoMemoryForAnIndex) {
+  const RECT area = {1, 1, 199, 159};
+  failing_memory::RefuseRealloc(true);
+  Wander(500);
+  index.Update(Points());
+  EXPECT_FALSE(index.IsUsable());
+  ExpectPlainPicture(area, PathProjection(Box(), area, 1, {0, 0}));
+  Wander(5);
+  ExpectPlainPicture(area, PathProjection(Box(), area, 4, {0, 0}));
+}
+
+TEST_F(PathLayerTest, StartsAgainWithAShorterTrack) {
+  const RECT area = {1, 1, 199, 159};
+  Wander(500);
+  ExpectPlainPicture(area, PathProjection(Box(), area, 1, {0, 0}));
+  points.resize(100);
+  ExpectPlainPicture(area, PathProjection(Box(), area, 1, {0, 0}));
+}
+
+}  // namespace
+
+}  // namespace ferolin
