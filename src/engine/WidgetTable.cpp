@@ -4,6 +4,7 @@
 
 #include "engine/Engine.h"
 #include "widgets/FullScreenSpeedWidget.h"
+#include "widgets/PathWidget.h"
 #include "widgets/SatellitesWidget.h"
 #include "widgets/SpeedometerWidget.h"
 
@@ -22,6 +23,7 @@ constexpr WidgetPointer (*WIDGETS[])(Engine&) = {
     &Make<SpeedometerWidget>,
     &Make<FullScreenSpeedWidget>,
     &Make<SatellitesWidget>,
+    &Make<PathWidget>,
 };
 
 }  // namespace

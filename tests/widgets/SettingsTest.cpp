@@ -11,6 +11,7 @@ namespace {
 constexpr Cp1251Text SPEED_COMMENT = u"Настройки виджета полноэкранной скорости";
 constexpr Cp1251Text SATELLITES_COMMENT = u"Настройки виджета спутников";
 constexpr Cp1251Text SPEEDOMETER_COMMENT = u"Настройки виджета спидометра";
+constexpr Cp1251Text PATH_COMMENT = u"Настройки виджета пройденного пути";
 
 std::string Comment(const Cp1251Text& text) {
   return std::string("Comment=") + text.Get();
@@ -95,6 +96,28 @@ TEST_F(ViewSettingsTest, SaveTheDefaultsOfTheSatellites) {
                 Comment(SATELLITES_COMMENT),
             }),
             SavedSection("SattelitesWidget"));
+}
+
+TEST_F(ViewSettingsTest, SaveTheDefaultsOfThePath) {
+  Load();
+  EXPECT_EQ((std::vector<std::string>{
+                "BigTextFontName=LCD",
+                "MidTextFontName=LCD",
+                "SmallTextFontName=Times New Roman",
+                "BigTextSize=30",
+                "MidTextSize=20",
+                "SmallTextSize=13",
+                "StartPointColor=255",
+                "EndPointColor=255",
+                "BigTimeTextColor=8453888",
+                "MidTimeTextColor=8453888",
+                "SmallTimeTextColor=16777215",
+                "PathColor=16776960",
+                "BackGroundColor=0",
+                "BorderColor=6316128",
+                Comment(PATH_COMMENT),
+            }),
+            SavedSection("PathWidget"));
 }
 
 TEST_F(ViewSettingsTest, ReplaceOnlyWhatTheFileHolds) {
