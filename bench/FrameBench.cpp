@@ -4,8 +4,10 @@
 #include <handheld.h>
 #include <windows.h>
 
+#include "LongDrive.h"
 #include "ProgramFolder.h"
 #include "engine/Engine.h"
+#include "gps/FixRecord.h"
 #include "render/Canvas.h"
 #include "render/InvertFlags.h"
 #include "widgets/Widget.h"
@@ -52,7 +54,115 @@ void Frame(benchmark::State& state) {
   }
   theInvertFlags.orient = 0;
 }
-BENCHMARK(Frame)->ArgNames({"view", "turned"})->ArgsProduct({{0, 1}, {0, 1}});
+BENCHMARK(Frame)->ArgNames({"view", "turned"})->ArgsProduct({{0, 1, 2, 3}, {0, 1}});
+
+/// A view of a long track: the engine has driven so far before its frames are measured.
+class LongTrack {
+ public:
+  explicit LongTrack(int points) {
+    Stage& stage = TheStage();
+    engine.AttachModule(stage.program.GetModule());
+    engine.renderWindow = stage.window;
+    for (int count = 0; count < points; ++count) {
+      GoOn();
+    }
+    View().Attach();
+    View().Draw(stage.window);
+  }
+
+  /// The next point; `away`: this far out of everything so far, to the north-east, for good.
+  void GoOn(float away = 0) {
+    TrackPoint point = drive.Next();
+    if (away > 0) {
+      point.latitude = 5600 + away;
+      point.longitude = 3800 + away;
+    }
+    engine.fix->track.Append(point);
+  }
+
+  Widget& View() { return *engine.GetWidget(PATH); }
+
+  void Tap(int code) {
+    // Eight buttons at the right edge, from the bottom up.
+    constexpr LPARAM CODES[] = {11, 12, 9, 10};
+    for (int place = 0; place < 4; ++place) {
+      if (CODES[place] == code) {
+        View().ShowBars();
+        View().OnMouseUp(TheStage().window, {774, 451 - 53 * place});
+      }
+    }
+  }
+
+  void Frame() {
+    View().Attach();
+    View().Draw(TheStage().window);
+  }
+
+ private:
+  static constexpr int PATH = 3;
+
+  LongDrive drive;
+  Engine engine;
+};
+
+/// One more second of driving over known roads.
+void PathSteady(benchmark::State& state) {
+  LongTrack track(static_cast<int>(state.range(0)));
+  for (auto _ : state) {
+    track.GoOn();
+    track.Frame();
+  }
+}
+
+/// Into new country: everything is seen a little smaller each time.
+void PathGrowing(benchmark::State& state) {
+  LongTrack track(static_cast<int>(state.range(0)));
+  float away = 0;
+  for (auto _ : state) {
+    away += 0.005F;
+    track.GoOn(away);
+    track.Frame();
+  }
+}
+
+void PathDragged(benchmark::State& state) {
+  LongTrack track(static_cast<int>(state.range(0)));
+  for (int zoom = 1; zoom < state.range(1); zoom *= 2) {
+    track.Tap(9);
+  }
+  const HWND window = TheStage().window;
+  POINT finger = {300, 200};
+  track.View().OnMouseDown(window, finger);
+  int step = 2;
+  for (auto _ : state) {
+    finger.x += step;
+    if (finger.x > 350 || finger.x < 250) {
+      step = -step;
+    }
+    track.View().OnMouseMove(window, finger);
+    track.Frame();
+  }
+  track.View().OnMouseUp(window, finger);
+}
+
+constexpr std::int64_t TRACKS[] = {1'000, 10'000, 1'000'000};
+
+BENCHMARK(PathSteady)
+    ->ArgName("points")
+    ->Arg(TRACKS[0])
+    ->Arg(TRACKS[1])
+    ->Arg(TRACKS[2])
+    ->Iterations(500);
+BENCHMARK(PathGrowing)
+    ->ArgName("points")
+    ->Arg(TRACKS[0])
+    ->Arg(TRACKS[1])
+    ->Arg(TRACKS[2])
+    ->Iterations(200);
+BENCHMARK(PathDragged)
+    ->ArgNames({"points", "zoom"})
+    ->ArgsProduct({{TRACKS[0], TRACKS[1], TRACKS[2]}, {1, 4, 64}})
+    ->Iterations(200);
 
 void Background(benchmark::State& state) {
   Stage& stage = TheStage();
