@@ -103,7 +103,6 @@ void Await(Predicate predicate) {
 [[noreturn]] void PlayInto(const TemporaryFolder& folder, const char* driver) {
   setenv("SDL_AUDIODRIVER", driver, 1);
   setenv("SDL_DISKAUDIOFILE", folder.Path("played.raw").c_str(), 1);
-  setenv("SDL_DISKAUDIODELAY", "0", 1);
   PlaySoundW(folder.DevicePath("Wav/Limit.wav").c_str(), nullptr, USUAL_FLAGS);
   // 0xC0 is half of the positive range; as 16-bit samples every one of them is 0x4000.
   if (std::string(driver) == "disk") {
