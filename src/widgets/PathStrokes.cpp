@@ -29,7 +29,9 @@ PathStrokes::PathStrokes(HDC target, const RECT& visibleArea)
                                                                    (area.bottom - area.top))]()) {}
 
 bool PathStrokes::IsLit(const RECT& rect) const {
-  if (lit == nullptr || (rect.right - rect.left + 1) * (rect.bottom - rect.top + 1) > FEW_PIXELS) {
+  const LONG width = rect.right - rect.left + 1;
+  const LONG height = rect.bottom - rect.top + 1;
+  if (lit == nullptr || width > FEW_PIXELS || height > FEW_PIXELS || width * height > FEW_PIXELS) {
     return false;
   }
   for (LONG y = std::max(rect.top, area.top); y <= std::min(rect.bottom, area.bottom - 1); ++y) {
