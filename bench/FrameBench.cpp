@@ -54,7 +54,7 @@ void Frame(benchmark::State& state) {
   }
   theInvertFlags.orient = 0;
 }
-BENCHMARK(Frame)->ArgNames({"view", "turned"})->ArgsProduct({{0, 1, 2, 3}, {0, 1}});
+BENCHMARK(Frame)->ArgNames({"view", "turned"})->ArgsProduct({{0, 1, 2, 3, 4}, {0, 1}});
 
 /// A view of a long track: the engine has driven so far before its frames are measured.
 class LongTrack {

@@ -6,6 +6,7 @@
 #include "widgets/FullScreenSpeedWidget.h"
 #include "widgets/PathWidget.h"
 #include "widgets/SatellitesWidget.h"
+#include "widgets/SpeedChartWidget.h"
 #include "widgets/SpeedometerWidget.h"
 
 namespace ferolin {
@@ -20,10 +21,8 @@ WidgetPointer Make(Engine& engine) {
 }
 
 constexpr WidgetPointer (*WIDGETS[])(Engine&) = {
-    &Make<SpeedometerWidget>,
-    &Make<FullScreenSpeedWidget>,
-    &Make<SatellitesWidget>,
-    &Make<PathWidget>,
+    &Make<SpeedometerWidget>, &Make<FullScreenSpeedWidget>, &Make<SatellitesWidget>,
+    &Make<PathWidget>,        &Make<SpeedChartWidget>,
 };
 
 }  // namespace

@@ -10,6 +10,7 @@ namespace {
 // In code page 1251 whatever the device's language is.
 constexpr Cp1251Text SPEED_COMMENT = u"Настройки виджета полноэкранной скорости";
 constexpr Cp1251Text SATELLITES_COMMENT = u"Настройки виджета спутников";
+constexpr Cp1251Text SPEED_CHART_COMMENT = u"Настройки виджета графика скорости";
 constexpr Cp1251Text SPEEDOMETER_COMMENT = u"Настройки виджета спидометра";
 constexpr Cp1251Text PATH_COMMENT = u"Настройки виджета пройденного пути";
 
@@ -118,6 +119,26 @@ TEST_F(ViewSettingsTest, SaveTheDefaultsOfThePath) {
                 Comment(PATH_COMMENT),
             }),
             SavedSection("PathWidget"));
+}
+
+TEST_F(ViewSettingsTest, SaveTheDefaultsOfTheSpeedChart) {
+  Load();
+  EXPECT_EQ((std::vector<std::string>{
+                "BigTextFontName=Times New Roman",
+                "SmallTextFontName=Times New Roman",
+                "BigTextSize=30",
+                "SmallTextSize=13",
+                "AxesColor=16776960",
+                "BigTextColor=16776960",
+                "SmallTextColor=16777215",
+                "MaxSpeedLineColor=65535",
+                "CurSpeedLineColor=16711935",
+                "ChartColor=8453888",
+                "BackGroundColor=0",
+                "BorderColor=6316128",
+                Comment(SPEED_CHART_COMMENT),
+            }),
+            SavedSection("SpeedChartWidget"));
 }
 
 TEST_F(ViewSettingsTest, ReplaceOnlyWhatTheFileHolds) {

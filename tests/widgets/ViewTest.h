@@ -15,7 +15,13 @@
 namespace ferolin {
 
 /// Places in the engine's lists.
-enum ViewIndex { SPEEDOMETER = 0, FULL_SCREEN_SPEED = 1, SATELLITES = 2, PATH = 3 };
+enum ViewIndex {
+  SPEEDOMETER = 0,
+  FULL_SCREEN_SPEED = 1,
+  SATELLITES = 2,
+  PATH = 3,
+  SPEED_CHART = 4
+};
 enum SensorIndex {
   FASTEST_100 = 3,
   FASTEST_402 = 4,

@@ -41,7 +41,7 @@ class WidgetTest : public ViewTest {
 
 TEST_F(WidgetTest, ListsTheViewsInOrder) {
   Load();
-  const char* const views[] = {"Speedometer", "Speed", "Sattelites", "Distance"};
+  const char* const views[] = {"Speedometer", "Speed", "Sattelites", "Distance", "Speed chart"};
   ASSERT_EQ(std::size(views), static_cast<std::size_t>(GetWidgetsCount()));
   for (int index = 0; index < GetWidgetsCount(); ++index) {
     char name[64];
