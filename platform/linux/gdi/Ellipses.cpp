@@ -83,6 +83,9 @@ std::vector<int> EllipseInsets(int width, int height) {
     if (move.upward && ++row < height)
       insets[static_cast<std::size_t>(row)] = inset;
   }
+  // Where an ellipse is very narrow, its curve closes before it gets to the end; nothing lies in the rows behind.
+  for (++row; row < height; ++row)
+    insets[static_cast<std::size_t>(row)] = (width + 1) / 2;
   // The walk covered the lower half.
   for (int i = 0; i < height / 2; ++i)
     insets[static_cast<std::size_t>(i)] = insets[static_cast<std::size_t>(height - 1 - i)];
