@@ -16,7 +16,8 @@ constexpr COLORREF WHITE = RGB(255, 255, 255);
 /// A picture with a font selected.
 class Page {
  public:
-  Page(std::u16string_view face, LONG height, LONG tenthsOfDegrees = 0) {
+  Page(std::u16string_view face, LONG height, LONG tenthsOfDegrees = 0, WORD bitsPerPixel = 32)
+      : section(WIDTH, -HEIGHT, bitsPerPixel) {
     LOGFONTW description = {};
     description.lfHeight = height;
     description.lfEscapement = tenthsOfDegrees;
@@ -60,10 +61,11 @@ class Page {
 
   mutable int returned = 0;
 
- private:
   static constexpr LONG WIDTH = 200;
   static constexpr LONG HEIGHT = 100;
-  Section section{WIDTH, -HEIGHT};
+  const Section section;
+
+ private:
   HFONT font;
   HGDIOBJ old;
 };
@@ -117,6 +119,76 @@ TEST(Text, TurnsAroundItsCorner) {
   EXPECT_EQ(2, touched.top);
   EXPECT_EQ(104, touched.right);
   EXPECT_EQ(43, touched.bottom);
+}
+
+/// Where a stroke covers c sixteenths of a pixel, white on black has the brightness of c, and black on white that of
+/// what is left of the sixteen.
+TEST(Text, BlackOnWhiteIsAsBrightAsWhiteOnBlackWithAsMuchUncovered) {
+  const Page light(u"Liberation Serif", 36);
+  light.Draw(TEXT("S"), 0, 0);
+  const Page dark(u"Liberation Serif", 36);
+  const RECT all = {0, 0, Page::WIDTH, Page::HEIGHT};
+  FillRect(dark.section.dc, &all, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+  SetTextColor(dark.section.dc, RGB(0, 0, 0));
+  dark.Draw(TEXT("S"), 0, 0);
+  int partlyCovered = 0;
+  for (int y = 0; y < 40; ++y) {
+    for (int x = 0; x < 40; ++x) {
+      const BYTE brightness = GetRValue(light.section.At(x, y));
+      const BYTE darkness = GetRValue(dark.section.At(x, y));
+      // 2 and 14 sixteenths, 6 and 10, 8 and 8.
+      if (brightness == 0x68)
+        EXPECT_EQ(0xF0, darkness);
+      else if (brightness == 0xA7)
+        EXPECT_EQ(0xD0, darkness);
+      else if (brightness == 0xBD)
+        EXPECT_EQ(0xBD, darkness);
+      else
+        continue;
+      ++partlyCovered;
+    }
+  }
+  EXPECT_GT(partlyCovered, 5);
+}
+
+/// Blue of 128 is 16 of 31 there and looks like 132; of that 0xF8 / 0xFF are 128 and 16 again. 124 of 128 would be 15.
+TEST(Text, EdgesIn16BitsFadeFromTheColourAsItIsShown) {
+  const Page white(u"Liberation Serif", 36);
+  white.Draw(TEXT("S"), 0, 0);
+  const Page blue(u"Liberation Serif", 36, 0, 16);
+  SetTextColor(blue.section.dc, RGB(0, 0, 128));
+  blue.Draw(TEXT("S"), 0, 0);
+  int edges = 0;
+  for (int y = 0; y < 40; ++y) {
+    for (int x = 0; x < 40; ++x) {
+      if (GetRValue(white.section.At(x, y)) == 0xF8) {
+        EXPECT_EQ(RGB(0, 0, 0x84), blue.section.At(x, y));
+        ++edges;
+      }
+    }
+  }
+  EXPECT_GT(edges, 0);
+}
+
+TEST(Text, StaysInItsLine) {
+  for (LONG height = 6; height <= 60; ++height) {
+    const Page page(u"Liberation Serif", height);
+    const LONG lineHeight = page.Measure(TEXT("g")).cy;
+    const RECT touched = page.Draw(TEXT("gjpqy|\x0419"), 5, 20);
+    EXPECT_GE(touched.top, 20) << height;
+    EXPECT_LE(touched.bottom, 20 + lineHeight) << height;
+  }
+}
+
+/// The base line lies 14 below the corner, turned by 168 degrees 13.69 above it. From 14 and from 13 that comes to 0.31
+/// and -0.69, both cut to 0.
+TEST(Text, TurnedOutOfThePictureIsPlacedByCuttingToo) {
+  const Page page(u"Liberation Serif", 18, 1680);
+  const RECT inside = page.Draw(TEXT("123.45"), 150, 14);
+  const Page other(u"Liberation Serif", 18, 1680);
+  const RECT outside = other.Draw(TEXT("123.45"), 150, 13);
+  EXPECT_EQ(inside.top, outside.top);
+  EXPECT_EQ(inside.bottom, outside.bottom);
 }
 
 TEST(Text, CellIsAsHighAsAskedForWhereTheFontAllowsIt) {

@@ -1,6 +1,7 @@
 #include "SizedFont.h"
 
 #include <algorithm>
+#include <climits>
 #include <cmath>
 #include <cstdlib>
 #include <mutex>
@@ -8,6 +9,7 @@
 #include <tuple>
 
 #include FT_OUTLINE_H
+#include FT_TRIGONOMETRY_H
 #include FT_TRUETYPE_TABLES_H
 
 namespace handheld::gdi {
@@ -49,8 +51,19 @@ struct LineMetrics {
   LONG Total() const { return ascent + descent; }
 };
 
+/// Outlines are measured in fractions of a pixel.
+constexpr FT_Pos PIXEL = 64;
+
 int RoundedPixels(FT_Pos position) {
-  return static_cast<int>((position + 32) >> 6);
+  return static_cast<int>((position + PIXEL / 2) >> 6);
+}
+
+int RoundedDownPixels(FT_Pos position) {
+  return static_cast<int>(position >> 6);
+}
+
+int RoundedUpPixels(FT_Pos position) {
+  return RoundedDownPixels(position + PIXEL - 1);
 }
 
 }  // namespace
@@ -68,10 +81,9 @@ SizedFont::SizedFont(const FontFile& file, LONG height, LONG tenthsOfDegrees)
   SetSize(height == 0 ? DEFAULT_HEIGHT : height);
   isSmooth = WantsSmoothGlyphs();
   if (tenthsOfDegrees % 3600 != 0) {
-    const auto cosine = static_cast<FT_Fixed>(std::lround(std::cos(angle) * 0x10000));
-    const auto sine = static_cast<FT_Fixed>(std::lround(std::sin(angle) * 0x10000));
-    FT_Matrix rotation = {cosine, -sine, sine, cosine};
-    FT_Set_Transform(face, &rotation, nullptr);
+    FT_Vector direction;
+    FT_Vector_Unit(&direction, FT_DivFix(tenthsOfDegrees, 10));
+    rotation = FT_Matrix{direction.x, -direction.y, direction.y, direction.x};
   }
 }
 
@@ -136,18 +148,62 @@ Glyph SizedFont::Load(char32_t character) {
     return glyph;
   }
   glyph.advance = RoundedPixels(face->glyph->metrics.horiAdvance);
-  if (FT_Render_Glyph(face->glyph, isSmooth ? FT_RENDER_MODE_NORMAL : FT_RENDER_MODE_MONO) == 0) {
-    SetBitmap(glyph);
-  }
+  Render(glyph);
   return glyph;
 }
 
-void SizedFont::SetBitmap(Glyph& glyph) const {
-  const FT_Bitmap& bitmap = face->glyph->bitmap;
-  glyph.left = face->glyph->bitmap_left;
-  glyph.top = face->glyph->bitmap_top;
-  glyph.columns = static_cast<int>(bitmap.width);
-  glyph.rows = static_cast<int>(bitmap.rows);
+/// The pixels that the outline touches. What reaches out of the line above or below is cut off.
+SizedFont::PixelBox SizedFont::GetUprightBox() const {
+  FT_BBox box;
+  FT_Outline_Get_CBox(&face->glyph->outline, &box);
+  return {RoundedDownPixels(box.xMin), std::max(RoundedDownPixels(box.yMin), -descent),
+          RoundedUpPixels(box.xMax), std::min(RoundedUpPixels(box.yMax), ascent)};
+}
+
+/// The pixels that the turned box touches.
+SizedFont::PixelBox SizedFont::Turned(const PixelBox& box) const {
+  PixelBox turned = {INT_MAX, INT_MAX, INT_MIN, INT_MIN};
+  for (const int x : {box.left, box.right}) {
+    for (const int y : {box.bottom, box.top}) {
+      FT_Vector corner = {x * PIXEL, y * PIXEL};
+      FT_Vector_Transform(&corner, &*rotation);
+      turned.left = std::min(turned.left, RoundedDownPixels(corner.x));
+      turned.bottom = std::min(turned.bottom, RoundedDownPixels(corner.y));
+      turned.right = std::max(turned.right, RoundedUpPixels(corner.x));
+      turned.top = std::max(turned.top, RoundedUpPixels(corner.y));
+    }
+  }
+  return turned;
+}
+
+/// FreeType's own choice of pixels would leave out, without smoothing, some that only thin strokes touch. The upright
+/// outline has been fitted to the pixels; turned by the face itself, it would not be fitted at all.
+void SizedFont::Render(Glyph& glyph) const {
+  FT_Outline& outline = face->glyph->outline;
+  PixelBox box = GetUprightBox();
+  if (rotation) {
+    box = Turned(box);
+    FT_Outline_Transform(&outline, &*rotation);
+  }
+  FT_Outline_Translate(&outline, -box.left * PIXEL, -box.bottom * PIXEL);
+  glyph.left = box.left;
+  glyph.top = box.top;
+  glyph.columns = box.right - box.left;
+  glyph.rows = std::max(box.top - box.bottom, 0);
+
+  FT_Bitmap bitmap = {};
+  bitmap.width = static_cast<unsigned>(glyph.columns);
+  bitmap.rows = static_cast<unsigned>(glyph.rows);
+  bitmap.pitch = isSmooth ? glyph.columns : (glyph.columns + 7) / 8;
+  bitmap.pixel_mode = isSmooth ? FT_PIXEL_MODE_GRAY : FT_PIXEL_MODE_MONO;
+  bitmap.num_grays = 256;
+  std::vector<unsigned char> pixels(static_cast<std::size_t>(bitmap.pitch) * bitmap.rows);
+  bitmap.buffer = pixels.data();
+  FT_Outline_Get_Bitmap(Library(), &outline, &bitmap);
+  TakeCoverage(glyph, bitmap);
+}
+
+void SizedFont::TakeCoverage(Glyph& glyph, const FT_Bitmap& bitmap) {
   glyph.coverage.reserve(static_cast<std::size_t>(glyph.columns) *
                          static_cast<std::size_t>(glyph.rows));
   for (int y = 0; y < glyph.rows; ++y) {

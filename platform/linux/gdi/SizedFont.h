@@ -10,6 +10,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -56,10 +57,22 @@ class SizedFont {
   void SetSize(LONG height);
   bool WantsSmoothGlyphs() const;
   Glyph Load(char32_t character);
-  void SetBitmap(Glyph& glyph) const;
+  /// Counted from the origin on the base line, y upwards.
+  struct PixelBox {
+    int left;
+    int bottom;
+    int right;
+    int top;
+  };
+  PixelBox GetUprightBox() const;
+  PixelBox Turned(const PixelBox& box) const;
+  void Render(Glyph& glyph) const;
+  static void TakeCoverage(Glyph& glyph, const FT_Bitmap& bitmap);
 
   FT_Face face = nullptr;
   double angle;
+  /// Of fonts that are not upright.
+  std::optional<FT_Matrix> rotation;
   int ascent = 0;
   int descent = 0;
   bool isSmooth = true;

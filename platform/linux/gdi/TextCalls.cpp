@@ -16,12 +16,11 @@ namespace {
 
 using Line = std::u32string;
 
-/// How bright each coverage makes white text on black: thin strokes would vanish if it were proportional.
+/// How bright each coverage makes white text on black: thin strokes would vanish if it were proportional. Black text on
+/// white is as bright as white text where as much is left uncovered.
 constexpr std::array<std::uint32_t, SizedFont::FULL_COVERAGE + 1> BRIGHTNESS = {
     0x00, 0x4D, 0x68, 0x7C, 0x8C, 0x9A, 0xA7, 0xB2, 0xBD,
     0xC7, 0xD0, 0xD9, 0xE1, 0xE9, 0xF0, 0xF8, 0xFF};
-/// Keeps whole numbers whole that a sine or cosine leaves a little short.
-constexpr double EPSILON = 1e-9;
 /// Less coverage than this leaves the background alone.
 constexpr int LEAST_COVERAGE = 2;
 
@@ -70,8 +69,8 @@ int WidthOf(SizedFont& font, const Line& line) {
 /// darkness that dark text would.
 std::uint32_t BlendChannel(std::uint32_t below, std::uint32_t text, int coverage) {
   if (below > text) {
-    const std::uint32_t limit =
-        255 - (255 - text) * BRIGHTNESS[static_cast<std::size_t>(coverage)] / 255;
+    const auto uncovered = static_cast<std::size_t>(SizedFont::FULL_COVERAGE - coverage);
+    const std::uint32_t limit = text + (255 - text) * BRIGHTNESS[uncovered] / 255;
     return text + (below - text) * (limit - text) / (255 - text);
   }
   if (below < text) {
@@ -93,8 +92,8 @@ class GlyphPainter {
  public:
   GlyphPainter(const Target& paintTarget, COLORREF color)
       : target(paintTarget),
-        argb(ArgbFromColor(color)),
-        pixel(paintTarget.surface.PixelFrom(color)) {}
+        pixel(paintTarget.surface.PixelFrom(color)),
+        argb(target.surface.format == PixelFormat::RGB555 ? ArgbFrom555(pixel) : pixel) {}
 
   void Paint(const Glyph& glyph, LONG left, LONG top) const {
     const RECT visible =
@@ -122,16 +121,17 @@ class GlyphPainter {
   }
 
   const Target& target;
-  const std::uint32_t argb;
   const std::uint32_t pixel;
+  /// What the pixel looks like: the colour as exact as the target can show it.
+  const std::uint32_t argb;
 };
 
 /// Draws a line of text whose cell's upper left corner is at (x, y), turned around that corner.
 void DrawLine(const GlyphPainter& painter, SizedFont& font, const Line& line, LONG x, LONG y) {
   const double cosine = std::cos(font.Angle());
   const double sine = std::sin(font.Angle());
-  const LONG originX = x + static_cast<LONG>(std::floor(font.Ascent() * sine + EPSILON));
-  const LONG originY = y + static_cast<LONG>(std::floor(font.Ascent() * cosine + EPSILON));
+  const LONG originX = static_cast<LONG>(x + font.Ascent() * sine);
+  const LONG originY = static_cast<LONG>(y + font.Ascent() * cosine);
   int position = 0;
   for (const char32_t character : line) {
     const Glyph& glyph = font.GlyphOf(character);
