@@ -36,6 +36,7 @@ void PathLayer::Draw(HDC dc, const RECT& area, const PathPoints& points, const P
       if (isShown) {
         line.DrawFrom(shownEnd);
       } else {
+        strokes.RememberPixels();
         line.Draw();
       }
     }

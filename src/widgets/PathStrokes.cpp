@@ -22,11 +22,10 @@ bool AreNeighbours(const RECT& span) {
 
 }  // namespace
 
-PathStrokes::PathStrokes(HDC target, const RECT& visibleArea)
-    : dc(target),
-      area(visibleArea),
-      lit(new (std::nothrow) std::uint8_t[static_cast<std::size_t>((area.right - area.left) *
-                                                                   (area.bottom - area.top))]()) {}
+void PathStrokes::RememberPixels() {
+  const LONG count = (area.right - area.left) * (area.bottom - area.top);
+  lit.reset(new (std::nothrow) std::uint8_t[static_cast<std::size_t>(count)]());
+}
 
 bool PathStrokes::IsLit(const RECT& rect) const {
   const LONG width = rect.right - rect.left + 1;

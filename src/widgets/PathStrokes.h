@@ -17,10 +17,14 @@ class PathStrokes {
  public:
   /// Lines go into `dc`, whose pixel (0, 0) is pixel (area.left, area.top) of the lines; what lies
   /// outside of the area need not be drawn. The pen is selected into `dc` by the caller.
-  PathStrokes(HDC target, const RECT& visibleArea);
+  PathStrokes(HDC target, const RECT& visibleArea) : dc(target), area(visibleArea) {}
   ~PathStrokes() { Flush(); }
   PathStrokes(const PathStrokes&) = delete;
   PathStrokes& operator=(const PathStrokes&) = delete;
+
+  /// From here on pixels are known that are lit already, which takes a byte for each of the area.
+  /// Worth it for many lines.
+  void RememberPixels();
 
   /// Whether lines that stay inside a rectangle (all edges included) can light any pixel that is
   /// not lit yet. May be true when they cannot.
@@ -56,7 +60,8 @@ class PathStrokes {
 
   HDC dc;
   RECT area;
-  /// A byte a pixel: whether it is known to be lit. Null without memory: then nothing is known.
+  /// For each pixel, whether it is known to be lit. Null until remembered, and without memory: then
+  /// nothing is known.
   std::unique_ptr<std::uint8_t[]> lit;
   std::array<POINT, RUN_LENGTH> run;  ///< a line through points, not drawn yet
   int runLength = 0;
