@@ -10,10 +10,12 @@ namespace handheld::gdi {
 
 namespace {
 
+constexpr std::uint64_t FIRST_OF_NEXT_SURFACE = std::uint64_t{1} << 32;
+
 /// Versions are never used twice, also not by the next surface of a window that was resized.
 std::uint64_t NextVersion() {
   static std::atomic<std::uint64_t> last = 0;
-  return last.fetch_add(std::uint64_t{1} << 32) + 1;
+  return last.fetch_add(FIRST_OF_NEXT_SURFACE);
 }
 
 void CopyCorner(const Surface& from, const Surface& to) {
@@ -33,6 +35,10 @@ WindowSurface::WindowSurface(int width, int height)
   surface.width = width;
   surface.height = height;
   surface.format = PixelFormat::ARGB8888;
+}
+
+bool WindowSurface::WasDrawnInto() const {
+  return version % FIRST_OF_NEXT_SURFACE != 0;
 }
 
 WindowSurfaces& WindowSurfaces::Instance() {
@@ -62,6 +68,7 @@ std::shared_ptr<WindowSurface> WindowSurfaces::Of(HWND window) {
   if (entry != nullptr) {
     const std::lock_guard pixelLock(entry->mutex);
     CopyCorner(entry->surface, fresh->surface);
+    fresh->version += entry->WasDrawnInto();
   }
   entry = fresh;
   ForgetClosedWindows();
@@ -90,6 +97,8 @@ Pixels WindowPixels(HWND window) {
   if (drawn == nullptr)
     return {};
   const std::lock_guard lock(drawn->mutex);
+  if (!drawn->WasDrawnInto())
+    return {};
   Pixels pixels = {drawn->surface.width, drawn->surface.height, drawn->pixels};
   for (std::uint32_t& pixel : pixels.rows)
     pixel &= 0x00FFFFFF;
@@ -102,7 +111,7 @@ std::uint64_t WindowPixelsVersion(HWND window) {
   if (drawn == nullptr)
     return 0;
   const std::lock_guard lock(drawn->mutex);
-  return drawn->version;
+  return drawn->WasDrawnInto() ? drawn->version : 0;
 }
 
 }  // namespace handheld

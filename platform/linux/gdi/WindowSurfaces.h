@@ -17,12 +17,14 @@ namespace handheld::gdi {
 struct WindowSurface {
   WindowSurface(int width, int height);
 
+  bool WasDrawnInto() const;
+
   /// Taken for every access to the pixels.
   std::mutex mutex;
   std::vector<std::uint32_t> pixels;
   Surface surface;
   /// Grows whenever something was drawn.
-  std::uint64_t version = 1;
+  std::uint64_t version;
 };
 
 class WindowSurfaces {

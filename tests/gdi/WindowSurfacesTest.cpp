@@ -1,0 +1,45 @@
+// What a window shows, as hosts and tests see it.
+
+#include <gtest/gtest.h>
+#include <handheld.h>
+#include <windows.h>
+
+namespace {
+
+class WindowSurfaces : public testing::Test {
+ protected:
+  WindowSurfaces() {
+    WNDCLASSW windowClass = {};
+    windowClass.lpfnWndProc = DefWindowProcW;
+    windowClass.lpszClassName = TEXT("FerolinSurface");
+    RegisterClassW(&windowClass);
+    window = CreateWindowExW(0, TEXT("FerolinSurface"), TEXT(""), WS_POPUP | WS_VISIBLE, 0, 0, 3, 2,
+                             nullptr, nullptr, nullptr, nullptr);
+  }
+  ~WindowSurfaces() override { DestroyWindow(window); }
+
+  HWND window;
+};
+
+TEST_F(WindowSurfaces, AContextAloneDrawsNothing) {
+  const HDC dc = GetDC(window);
+  EXPECT_EQ(0U, handheld::WindowPixelsVersion(window));
+  EXPECT_TRUE(handheld::WindowPixels(window).rows.empty());
+  ReleaseDC(window, dc);
+}
+
+TEST_F(WindowSurfaces, WhatIsDrawnIsSeenAndChangesTheVersion) {
+  const HDC dc = GetDC(window);
+  SetPixel(dc, 2, 1, RGB(1, 2, 3));
+  const handheld::Pixels pixels = handheld::WindowPixels(window);
+  EXPECT_EQ(3, pixels.width);
+  EXPECT_EQ(2, pixels.height);
+  EXPECT_EQ((std::vector<std::uint32_t>{0, 0, 0, 0, 0, 0x010203}), pixels.rows);
+  const std::uint64_t version = handheld::WindowPixelsVersion(window);
+  EXPECT_NE(0U, version);
+  SetPixel(dc, 0, 0, RGB(1, 2, 3));
+  EXPECT_NE(version, handheld::WindowPixelsVersion(window));
+  ReleaseDC(window, dc);
+}
+
+}  // namespace
