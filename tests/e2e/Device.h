@@ -1,8 +1,10 @@
 // What the suite needs of the device around the engine. Each home has its own source: Device.<home>.cpp.
 #pragma once
 
+#include <gpsapi.h>
 #include <windows.h>
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -67,6 +69,24 @@ class Device {
     std::string text;
   };
   virtual std::vector<Sms> GetSmsSent() const = 0;
+
+  /// Makes the sibling library of the GPS API available. It answers the position set last, and none before.
+  virtual void InstallGpsLibrary() = 0;
+  virtual void SetGpsPosition(const GPS_POSITION& position) = 0;
+  /// Names of the library's functions, but for the one that asks for positions, in the order of their calls.
+  virtual std::vector<std::string> GetGpsCalls() const = 0;
+
+  /// Rows from the top, each pixel 0x00RRGGBB.
+  struct Picture {
+    int width = 0;
+    int height = 0;
+    std::vector<std::uint32_t> pixels;
+    bool operator==(const Picture&) const = default;
+  };
+  /// What the engine drew into a window; empty when it never drew.
+  virtual Picture GetPicture(HWND window) const = 0;
+  /// Changes whenever the engine draws into the window.
+  virtual std::uint64_t GetPictureVersion(HWND window) const = 0;
 };
 
 }  // namespace e2e

@@ -14,6 +14,7 @@
 #include <stdexcept>
 
 #include "BaudRate.linux.h"
+#include "RecordingGps.h"
 #include "RecordingSms.h"
 
 namespace e2e {
@@ -147,6 +148,11 @@ class LinuxDevice : public Device {
     setenv(RECORDING_SMS_FILE, (folder / "sms.txt").c_str(), 1);
   }
 
+  void InstallGpsLibrary() override {
+    fs::copy_file(RECORDING_GPS_LIBRARY, folder / "libdastrel.so");
+    setenv(RECORDING_GPS_FOLDER, folder.c_str(), 1);
+  }
+
   std::vector<Sms> GetSmsSent() const override {
     std::vector<Sms> sent;
     std::ifstream file(folder / "sms.txt");
@@ -154,6 +160,28 @@ class LinuxDevice : public Device {
       sent.push_back(sms);
     }
     return sent;
+  }
+
+  void SetGpsPosition(const GPS_POSITION& position) override {
+    WriteFile(RECORDING_GPS_POSITION, {reinterpret_cast<const char*>(&position), sizeof position});
+  }
+
+  std::vector<std::string> GetGpsCalls() const override {
+    std::vector<std::string> calls;
+    std::ifstream file(folder / RECORDING_GPS_CALLS);
+    for (std::string call; std::getline(file, call);) {
+      calls.push_back(call);
+    }
+    return calls;
+  }
+
+  Picture GetPicture(HWND window) const override {
+    handheld::Pixels pixels = handheld::WindowPixels(window);
+    return {pixels.width, pixels.height, std::move(pixels.rows)};
+  }
+
+  std::uint64_t GetPictureVersion(HWND window) const override {
+    return handheld::WindowPixelsVersion(window);
   }
 
  private:

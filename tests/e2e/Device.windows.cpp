@@ -8,6 +8,7 @@
 #include <iterator>
 
 #include "DeviceState.windows.h"
+#include "RecordingGps.h"
 #include "RecordingSms.h"
 #include "SerialLine.windows.h"
 
@@ -16,6 +17,9 @@ namespace e2e {
 namespace {
 
 namespace fs = std::filesystem;
+
+/// The fourth byte of a pixel is nobody's.
+constexpr std::uint32_t COLOR_MASK = 0x00FFFFFF;
 
 std::wstring Wide(const std::string& ascii) {
   return {ascii.begin(), ascii.end()};
@@ -43,11 +47,14 @@ class LineReceiver : public Receiver {
   SerialLine line;
 };
 
+/// Numbers of processes come again, and a test that was killed leaves its folder.
 fs::path MakeFolder() {
-  const fs::path folder =
-      fs::temp_directory_path() / ("ferolin-e2e-" + std::to_string(GetCurrentProcessId()));
-  fs::create_directory(folder);
-  return folder;
+  for (unsigned number = GetCurrentProcessId();; ++number) {
+    const fs::path folder = fs::temp_directory_path() / ("ferolin-e2e-" + std::to_string(number));
+    if (fs::create_directory(folder)) {
+      return folder;
+    }
+  }
 }
 
 class WindowsDevice : public Device {
@@ -159,6 +166,46 @@ class WindowsDevice : public Device {
       sent.push_back(sms);
     }
     return sent;
+  }
+
+  void InstallGpsLibrary() override {
+    fs::copy_file(RECORDING_GPS_LIBRARY, folder / "Dastrel.dll");
+    _putenv_s(RECORDING_GPS_FOLDER, folder.string().c_str());
+  }
+
+  void SetGpsPosition(const GPS_POSITION& position) override {
+    WriteFile(RECORDING_GPS_POSITION, {reinterpret_cast<const char*>(&position), sizeof position});
+  }
+
+  std::vector<std::string> GetGpsCalls() const override {
+    std::vector<std::string> calls;
+    std::ifstream file(folder / RECORDING_GPS_CALLS);
+    for (std::string call; std::getline(file, call);) {
+      calls.push_back(call);
+    }
+    return calls;
+  }
+
+  Picture GetPicture(HWND window) const override {
+    const Lock guard(state.lock);
+    const auto found = state.surfaces.find(window);
+    if (found == state.surfaces.end() || found->second.version == 0) {
+      return {};
+    }
+    const WindowSurface& surface = found->second;
+    const auto size =
+        static_cast<std::size_t>(surface.width) * static_cast<std::size_t>(surface.height);
+    Picture picture = {surface.width, surface.height, {surface.pixels, surface.pixels + size}};
+    for (std::uint32_t& pixel : picture.pixels) {
+      pixel &= COLOR_MASK;
+    }
+    return picture;
+  }
+
+  std::uint64_t GetPictureVersion(HWND window) const override {
+    const Lock guard(state.lock);
+    const auto found = state.surfaces.find(window);
+    return found != state.surfaces.end() ? found->second.version : 0;
   }
 
  private:

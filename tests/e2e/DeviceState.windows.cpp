@@ -166,6 +166,65 @@ BOOL WINAPI PlaySoundDouble(LPCWSTR sound, HMODULE, DWORD) {
   return TRUE;
 }
 
+WindowSurface MakeSurface(HWND window) {
+  RECT client = {};
+  GetClientRect(window, &client);
+  WindowSurface surface;
+  surface.width = client.right;
+  surface.height = client.bottom;
+  BITMAPINFO info = {};
+  info.bmiHeader.biSize = sizeof info.bmiHeader;
+  info.bmiHeader.biWidth = client.right;
+  info.bmiHeader.biHeight = -client.bottom;
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 32;
+  void* pixels = nullptr;
+  surface.dc = CreateCompatibleDC(nullptr);
+  surface.bitmap = CreateDIBSection(surface.dc, &info, DIB_RGB_COLORS, &pixels, nullptr, 0);
+  surface.pixels = static_cast<const std::uint32_t*>(pixels);
+  SelectObject(surface.dc, surface.bitmap);
+  return surface;
+}
+
+/// Windows of one size are all that the suite has; frames are none of theirs.
+HDC WINAPI GetDCDouble(HWND window) {
+  if (!IsWindow(window)) {
+    return GetDC(window);
+  }
+  const Lock guard(theState->lock);
+  auto found = theState->surfaces.find(window);
+  if (found == theState->surfaces.end()) {
+    found = theState->surfaces.emplace(window, MakeSurface(window)).first;
+  }
+  return found->second.dc;
+}
+
+WindowSurface* FindSurface(HDC dc) {
+  for (auto& [window, surface] : theState->surfaces) {
+    if (surface.dc == dc) {
+      return &surface;
+    }
+  }
+  return nullptr;
+}
+
+int WINAPI ReleaseDCDouble(HWND window, HDC dc) {
+  const Lock guard(theState->lock);
+  return FindSurface(dc) != nullptr ? 1 : ReleaseDC(window, dc);
+}
+
+/// Under the lock, so that a test sees whole frames.
+BOOL WINAPI BitBltDouble(HDC dc, int x, int y, int width, int height, HDC source, int sourceX,
+                         int sourceY, DWORD operation) {
+  const Lock guard(theState->lock);
+  const BOOL result = BitBlt(dc, x, y, width, height, source, sourceX, sourceY, operation);
+  GdiFlush();
+  if (WindowSurface* const surface = FindSurface(dc); surface != nullptr) {
+    ++surface->version;
+  }
+  return result;
+}
+
 template <class Function>
 FARPROC Erase(Function* function) {
   return reinterpret_cast<FARPROC>(reinterpret_cast<void (*)()>(function));
@@ -175,17 +234,21 @@ FARPROC Erase(Function* function) {
 
 std::vector<ImportDouble> MakeDoubles() {
   return {
+      {"BitBlt", Erase(&BitBltDouble)},
       {"CloseHandle", Erase(&CloseHandleDouble)},
       {"CreateFileW", Erase(&CreateFileDouble)},
       {"FileTimeToLocalFileTime", Erase(&FileTimeToLocalFileTimeDouble)},
+      {"GetDC", Erase(&GetDCDouble)},
       {"GetLocaleInfoW", Erase(&GetLocaleInfoDouble)},
       {"GetLocalTime", Erase(&GetLocalTimeDouble)},
       {"GetSystemPowerStatus", Erase(&GetSystemPowerStatusDouble)},
+      {"GetWindowDC", Erase(&GetDCDouble)},
       {"LocalFileTimeToFileTime", Erase(&LocalFileTimeToFileTimeDouble)},
       {"MultiByteToWideChar", Erase(&MultiByteToWideCharDouble)},
       {"PlaySoundW", Erase(&PlaySoundDouble)},
       {"PowerCreateRequest", Erase(&PowerCreateRequestDouble)},
       {"PowerSetRequest", Erase(&PowerSetRequestDouble)},
+      {"ReleaseDC", Erase(&ReleaseDCDouble)},
       {"SetThreadExecutionState", Erase(&SetThreadExecutionStateDouble)},
       {"Sleep", Erase(&SleepDouble)},
       {"WideCharToMultiByte", Erase(&WideCharToMultiByteDouble)},

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <map>
 #include <set>
 #include <string>
@@ -23,6 +24,18 @@ class Lock {
 
  private:
   SRWLOCK& lock;
+};
+
+/// What the engine drew into a window: without a display, a real window's pixels go nowhere.
+struct WindowSurface {
+  HDC dc = nullptr;
+  HBITMAP bitmap = nullptr;
+  int width = 0;
+  int height = 0;
+  /// Rows from the top.
+  const std::uint32_t* pixels = nullptr;
+  /// Counts what was drawn.
+  std::uint64_t version = 0;
 };
 
 struct DeviceState {
@@ -47,6 +60,8 @@ struct DeviceState {
   int idleTimerResets = 0;
   /// Paths of the sound files started.
   std::vector<std::wstring> sounds;
+
+  std::map<HWND, WindowSurface> surfaces;
 };
 
 /// Of the one device that exists at a time; null without one.

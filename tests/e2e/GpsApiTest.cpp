@@ -1,0 +1,116 @@
+// Positions that come through the platform's GPS API instead of the serial port.
+
+#include "EngineTest.h"
+
+namespace e2e {
+
+namespace {
+
+/// 48.125 degrees north, 11.5 west, 10 knots, heading 84, 545.4 m, from 8 satellites at 12:35:19.
+GPS_POSITION MakePosition() {
+  GPS_POSITION position = {};
+  position.dwVersion = GPS_VERSION_1;
+  position.dwSize = sizeof position;
+  position.dwValidFields = GPS_VALID_UTC_TIME | GPS_VALID_LATITUDE | GPS_VALID_LONGITUDE |
+                           GPS_VALID_SPEED | GPS_VALID_HEADING | GPS_VALID_ALTITUDE_WRT_SEA_LEVEL |
+                           GPS_VALID_HORIZONTAL_DILUTION_OF_PRECISION | GPS_VALID_SATELLITE_COUNT;
+  position.stUTCTime.wYear = 2024;
+  position.stUTCTime.wMonth = 3;
+  position.stUTCTime.wDay = 23;
+  position.stUTCTime.wHour = 12;
+  position.stUTCTime.wMinute = 35;
+  position.stUTCTime.wSecond = 19;
+  position.dblLatitude = 48.125;
+  position.dblLongitude = -11.5;
+  position.flSpeed = 10;
+  position.flHeading = 84;
+  position.flAltitudeWRTSeaLevel = 545.4F;
+  position.flHorizontalDilutionOfPrecision = 1.3F;
+  position.dwSatelliteCount = 8;
+  position.FixQuality = GPS_FIX_QUALITY_GPS;
+  position.FixType = GPS_FIX_3D;
+  return position;
+}
+
+class GpsApi : public EngineTest {
+ protected:
+  void StartApi() {
+    Load();
+    engine->SetUseGPSAPI(1);
+    ASSERT_EQ(1, engine->StartCallBack(host->Get()));
+  }
+
+  std::size_t WaitForUpdates(std::size_t count) {
+    return host->WaitFor(engine->GetWndMessageID(), count).size();
+  }
+};
+
+TEST_F(GpsApi, APositionUpdatesTheSensors) {
+  device->InstallGpsLibrary();
+  device->SetGpsPosition(MakePosition());
+  StartApi();
+  EXPECT_EQ(1U, WaitForUpdates(1));
+  EXPECT_EQ("OK", engine->SensorValue(GPS_STATUS));
+  EXPECT_EQ("8", engine->SensorValue(SATELLITES_USED));
+  EXPECT_EQ("12:35:19", engine->SensorValue(CURRENT_TIME));
+  EXPECT_EQ("18.5 km/h", engine->SensorValue(SPEED));
+  EXPECT_EQ(
+      "48\xB0"
+      "7'30'' NL",
+      engine->SensorValue(LATITUDE));
+  EXPECT_EQ(
+      "11\xB0"
+      "30'0'' WL",
+      engine->SensorValue(LONGITUDE));
+  EXPECT_EQ("545.4 m", engine->SensorValue(ALTITUDE));
+  EXPECT_EQ("84", engine->SensorValue(AZIMUTH));
+  EXPECT_EQ("1.3", engine->SensorValue(HDOP));
+}
+
+TEST_F(GpsApi, PositionsAreAskedForAgainAndAgain) {
+  device->InstallGpsLibrary();
+  device->SetGpsPosition(MakePosition());
+  StartApi();
+  EXPECT_EQ(1U, WaitForUpdates(1));
+  GPS_POSITION next = MakePosition();
+  next.flSpeed = 20;
+  device->SetGpsPosition(next);
+  for (int tries = 0; tries < 100 && engine->SensorValue(SPEED) != "37.0 km/h"; ++tries) {
+    WaitForUpdates(1);
+  }
+  EXPECT_EQ("37.0 km/h", engine->SensorValue(SPEED));
+}
+
+TEST_F(GpsApi, WithoutAFixThereIsNoPosition) {
+  device->InstallGpsLibrary();
+  GPS_POSITION position = MakePosition();
+  position.FixType = GPS_FIX_UNKNOWN;
+  device->SetGpsPosition(position);
+  StartApi();
+  EXPECT_EQ(1U, WaitForUpdates(1));
+  EXPECT_EQ("No signal", engine->SensorValue(GPS_STATUS));
+  EXPECT_EQ("N/A", engine->SensorValue(LATITUDE));
+}
+
+TEST_F(GpsApi, ALibraryWithoutAPositionYieldsUpdatesAllTheSame) {
+  device->InstallGpsLibrary();
+  StartApi();
+  EXPECT_EQ(2U, WaitForUpdates(2));
+  EXPECT_EQ("N/A", engine->SensorValue(LATITUDE));
+}
+
+TEST_F(GpsApi, EveryRunStartsAndStopsTheLibrary) {
+  device->InstallGpsLibrary();
+  StartApi();
+  EXPECT_EQ(std::vector<std::string>{"StartGPSAPI"}, device->GetGpsCalls());
+  EXPECT_EQ(1, engine->StopCallBack());
+  EXPECT_EQ((std::vector<std::string>{"StartGPSAPI", "StopGPSAPI"}), device->GetGpsCalls());
+  EXPECT_EQ(1, engine->StartCallBack(host->Get()));
+  Unload();
+  EXPECT_EQ((std::vector<std::string>{"StartGPSAPI", "StopGPSAPI", "StartGPSAPI", "StopGPSAPI"}),
+            device->GetGpsCalls());
+}
+
+}  // namespace
+
+}  // namespace e2e

@@ -1,0 +1,293 @@
+// What the engine draws into the window, and what a stylus on it does.
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+
+#include "EngineTest.h"
+
+namespace e2e {
+
+namespace {
+
+using Picture = Device::Picture;
+
+enum View { NONE = -1, DIAL = 0, BIG_SPEED = 1 };
+
+/// What the notification carries.
+enum Code : LPARAM {
+  PREVIOUS_VIEW = 1,
+  NEXT_VIEW = 2,
+  RESET_ALL = 3,
+  OPTIONS = 5,
+  CLOSE = 6,
+  FLIP_HORIZONTALLY = 7,
+  ROTATE_SCREEN = 8,
+};
+
+constexpr int WIDTH = 240;
+constexpr int HEIGHT = 320;
+/// Edge of a button; a bar lies one pixel from the edge of the window.
+constexpr int BUTTON = 50;
+constexpr int BAR_END = 1 + BUTTON;
+
+constexpr std::uint32_t WHITE = 0x00FFFFFF;
+
+/// `wanted(x, y)` tells which pixel of `picture` lies there.
+Picture Rearranged(const Picture& picture, int width, int height,
+                   const std::function<POINT(int, int)>& wanted) {
+  Picture result = {width, height, {}};
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) {
+      const POINT from = wanted(x, y);
+      result.pixels.push_back(
+          picture.pixels.at(static_cast<std::size_t>(from.y * picture.width + from.x)));
+    }
+  }
+  return result;
+}
+
+Picture Mirrored(const Picture& picture) {
+  return Rearranged(picture, picture.width, picture.height, [&](int x, int y) {
+    return POINT{picture.width - 1 - x, y};
+  });
+}
+
+Picture UpsideDown(const Picture& picture) {
+  return Rearranged(picture, picture.width, picture.height, [&](int x, int y) {
+    return POINT{x, picture.height - 1 - y};
+  });
+}
+
+Picture TurnedClockwise(const Picture& picture) {
+  return Rearranged(picture, picture.height, picture.width, [&](int x, int y) {
+    return POINT{y, picture.height - 1 - x};
+  });
+}
+
+Picture Inverted(Picture picture) {
+  for (std::uint32_t& pixel : picture.pixels) {
+    pixel ^= WHITE;
+  }
+  return picture;
+}
+
+bool HasSeveralColors(const Picture& picture) {
+  return std::ranges::any_of(picture.pixels,
+                             [&](std::uint32_t pixel) { return pixel != picture.pixels[0]; });
+}
+
+class Views : public EngineTest {
+ protected:
+  Views() { host = std::make_unique<HostWindow>(WIDTH, HEIGHT); }
+
+  void StartWith(int view) {
+    InstallPictures();
+    Load();
+    engine->SetRenderWindow(host->Get());
+    engine->SetCurRenderWidget(view);
+    Start();
+  }
+
+  /// The frame that an update draws.
+  Picture Draw(const std::string& sentence = Rmc("120000", "A", "30")) {
+    const HWND window = engine->GetRenderWindow();
+    const std::uint64_t before = device->GetPictureVersion(window);
+    EXPECT_EQ(1U, Send(sentence));
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while (device->GetPictureVersion(window) == before &&
+           std::chrono::steady_clock::now() < deadline) {
+      Sleep(1);
+    }
+    EXPECT_NE(before, device->GetPictureVersion(window)) << "nothing was drawn";
+    return device->GetPicture(window);
+  }
+
+  /// The same without the buttons, which would lie over it unchanged.
+  Picture DrawBare() {
+    Draw();
+    engine->OnDoubleClick();
+    return ShowAgain();
+  }
+
+  /// The last frame once more, with the flags of now: a touch beside all buttons shows it again.
+  Picture ShowAgain() {
+    engine->OnMouseDown(host->Get(), WIDTH / 2, HEIGHT / 2);
+    engine->OnMouseUp(host->Get(), WIDTH / 2, HEIGHT / 2);
+    return device->GetPicture(host->Get());
+  }
+
+  /// Touches from one point to another and returns the codes that the host is told.
+  std::vector<LPARAM> Stroke(POINT from, POINT to) {
+    host->Take(engine->GetWndMessageID());
+    engine->OnMouseDown(host->Get(), from.x, from.y);
+    engine->OnMouseMove(host->Get(), to.x, to.y);
+    engine->OnMouseUp(host->Get(), to.x, to.y);
+    return host->Take(engine->GetWndMessageID());
+  }
+
+  std::vector<LPARAM> Tap(int x, int y) { return Stroke({x, y}, {x, y}); }
+
+  void InstallPictures() {
+    for (const auto& entry : std::filesystem::directory_iterator(ASSETS_FOLDER "/Pics")) {
+      std::ifstream file(entry.path(), std::ios::binary);
+      device->WriteFile("Pics/" + entry.path().filename().string(),
+                        std::string(std::istreambuf_iterator<char>(file), {}));
+    }
+  }
+};
+
+TEST_F(Views, AnUpdateDrawsAFrameThatFillsTheWindow) {
+  StartWith(DIAL);
+  EXPECT_EQ(0U, device->GetPicture(host->Get()).pixels.size());
+  const Picture frame = Draw();
+  EXPECT_EQ(WIDTH, frame.width);
+  EXPECT_EQ(HEIGHT, frame.height);
+  EXPECT_TRUE(HasSeveralColors(frame));
+}
+
+TEST_F(Views, EveryViewDraws) {
+  StartWith(NONE);
+  ASSERT_GE(engine->GetWidgetsCount(), 2);
+  for (int view = 0; view < engine->GetWidgetsCount(); ++view) {
+    engine->SetCurRenderWidget(view);
+    EXPECT_TRUE(HasSeveralColors(Draw())) << engine->WidgetName(view);
+  }
+}
+
+TEST_F(Views, AFrameFollowsTheSpeed) {
+  StartWith(BIG_SPEED);
+  const Picture slow = Draw(Rmc("120000", "A", "5.4"));     // 10 km/h
+  const Picture fast = Draw(Rmc("120001", "A", "53.996"));  // 100 km/h
+  EXPECT_NE(slow, fast);
+}
+
+TEST_F(Views, TheNextUpdateDrawsTheViewChosen) {
+  StartWith(BIG_SPEED);
+  const Picture number = Draw();
+  const std::uint64_t version = device->GetPictureVersion(host->Get());
+  engine->SetCurRenderWidget(DIAL);
+  EXPECT_EQ(version, device->GetPictureVersion(host->Get()));
+  EXPECT_NE(number, Draw());
+}
+
+TEST_F(Views, NothingIsDrawnWithoutAView) {
+  StartWith(NONE);
+  EXPECT_EQ(1U, Send(Rmc("120000", "A", "30")));
+  engine->SetCurRenderWidget(engine->GetWidgetsCount());
+  EXPECT_EQ(1U, Send(Rmc("120001", "A", "30")));
+  engine->StopCallBack();
+  EXPECT_EQ(0U, device->GetPictureVersion(host->Get()));
+}
+
+TEST_F(Views, NothingIsDrawnIntoAHiddenWindow) {
+  StartWith(DIAL);
+  ShowWindow(host->Get(), SW_HIDE);
+  EXPECT_EQ(1U, Send(Rmc("120000", "A", "30")));
+  engine->StopCallBack();
+  EXPECT_EQ(0U, device->GetPictureVersion(host->Get()));
+}
+
+TEST_F(Views, AWindowThatIsGoneStopsNothing) {
+  StartWith(DIAL);
+  auto shown = std::make_unique<HostWindow>(WIDTH, HEIGHT);
+  engine->SetRenderWindow(shown->Get());
+  Draw();
+  shown.reset();
+  EXPECT_EQ(1U, Send(Rmc("120001", "A", "30")));
+  engine->SetRenderWindow(host->Get());
+  EXPECT_TRUE(HasSeveralColors(Draw(Rmc("120002", "A", "30"))));
+}
+
+TEST_F(Views, FlippedFramesAreMirrorImages) {
+  StartWith(NONE);
+  for (int view = 0; view < engine->GetWidgetsCount(); ++view) {
+    engine->SetCurRenderWidget(view);
+    const Picture upright = DrawBare();
+    EXPECT_TRUE(HasSeveralColors(upright)) << view;
+    engine->SetInvertHorz(1);
+    EXPECT_EQ(Mirrored(upright), ShowAgain()) << view;
+    engine->SetInvertVert(1);
+    EXPECT_EQ(UpsideDown(Mirrored(upright)), ShowAgain()) << view;
+    engine->SetInvertHorz(0);
+    EXPECT_EQ(UpsideDown(upright), ShowAgain()) << view;
+    engine->SetInvertVert(0);
+  }
+}
+
+TEST_F(Views, InvertedFramesAreTheNegative) {
+  StartWith(DIAL);
+  const Picture upright = DrawBare();
+  engine->SetInvertColor(1);
+  EXPECT_EQ(Inverted(upright), ShowAgain());
+  engine->SetInvertVert(1);
+  EXPECT_EQ(Inverted(UpsideDown(upright)), ShowAgain());
+}
+
+TEST_F(Views, ATurnedFrameIsTheUprightOneTurnedClockwise) {
+  HostWindow lying(HEIGHT, WIDTH);
+  StartWith(BIG_SPEED);
+  const Picture upright = DrawBare();
+  engine->SetRenderWindow(lying.Get());
+  engine->SetInvertOrient(1);
+  const Picture turned = Draw();
+  EXPECT_EQ(HEIGHT, turned.width);
+  EXPECT_EQ(TurnedClockwise(upright), turned);
+  engine->SetInvertHorz(1);
+  EXPECT_EQ(Mirrored(TurnedClockwise(upright)), Draw());
+}
+
+TEST_F(Views, ButtonsShowForAWhileAndUntilADoubleClick) {
+  StartWith(BIG_SPEED);
+  const Picture withBars = Draw();
+  engine->OnDoubleClick();
+  const Picture bare = ShowAgain();
+  const auto differ = [&](int firstRow, int lastRow) {
+    const auto first = static_cast<std::ptrdiff_t>(firstRow) * WIDTH;
+    const auto last = static_cast<std::ptrdiff_t>(lastRow) * WIDTH;
+    return !std::equal(bare.pixels.begin() + first, bare.pixels.begin() + last,
+                       withBars.pixels.begin() + first);
+  };
+  EXPECT_TRUE(differ(0, BAR_END));
+  EXPECT_FALSE(differ(BAR_END, HEIGHT - BAR_END));
+  EXPECT_TRUE(differ(HEIGHT - BAR_END, HEIGHT));
+}
+
+/// Four buttons to a bar of 240 pixels: each stands in the middle of 60.
+TEST_F(Views, ATapOnAButtonPostsItsCode) {
+  StartWith(DIAL);
+  Draw();
+  constexpr int TOP = BAR_END / 2;
+  constexpr int BOTTOM = HEIGHT - BAR_END / 2;
+  EXPECT_EQ(std::vector<LPARAM>{RESET_ALL}, Tap(30, TOP));
+  EXPECT_EQ(std::vector<LPARAM>{OPTIONS}, Tap(150, TOP));
+  EXPECT_EQ(std::vector<LPARAM>{CLOSE}, Tap(210, TOP));
+  EXPECT_EQ(std::vector<LPARAM>{NEXT_VIEW}, Tap(210, BOTTOM));
+  EXPECT_EQ(std::vector<LPARAM>{FLIP_HORIZONTALLY}, Tap(150, BOTTOM));
+  EXPECT_EQ(std::vector<LPARAM>{ROTATE_SCREEN}, Tap(90, BOTTOM));
+  EXPECT_EQ(std::vector<LPARAM>{PREVIOUS_VIEW}, Tap(30, BOTTOM));
+}
+
+TEST_F(Views, ATapBesideTheButtonsOrOnHiddenOnesPostsNothing) {
+  StartWith(DIAL);
+  Draw();
+  EXPECT_EQ(std::vector<LPARAM>{}, Tap(WIDTH / 2, HEIGHT / 2));
+  engine->OnDoubleClick();
+  EXPECT_EQ(std::vector<LPARAM>{}, Tap(30, BAR_END / 2));
+}
+
+TEST_F(Views, ASwipeAcrossMoreThanHalfOfTheWindowTurnsTheView) {
+  StartWith(DIAL);
+  Draw();
+  EXPECT_EQ(std::vector<LPARAM>{NEXT_VIEW}, Stroke({200, 160}, {79, 160}));
+  EXPECT_EQ(std::vector<LPARAM>{PREVIOUS_VIEW}, Stroke({40, 160}, {161, 160}));
+  EXPECT_EQ(std::vector<LPARAM>{}, Stroke({200, 160}, {80, 160}));
+  EXPECT_EQ(std::vector<LPARAM>{}, Stroke({200, 100}, {70, 240}));
+}
+
+}  // namespace
+
+}  // namespace e2e
