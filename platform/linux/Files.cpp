@@ -174,8 +174,11 @@ BOOL Move(LPCWSTR existingName, LPCWSTR newName) {
 
   // A new spelling of the same name finds the file itself.
   const std::string target = Join(FolderOf(to.path), FileNameOf(LinuxPath(WideText(newName))));
-  if (to.exists && (!IsSameFile(from.path, to.path) || target == from.path)) {
+  if (to.exists && !IsSameFile(from.path, to.path)) {
     return Fail(ERROR_ALREADY_EXISTS, FALSE);
+  }
+  if (target == from.path) {
+    return TRUE;
   }
   return RenameToNew(from.path, target) ? TRUE : Fail(ErrorFromErrno(errno), FALSE);
 }
