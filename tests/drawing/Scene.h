@@ -1,0 +1,51 @@
+// Small drawings, each made of the calls that the engine draws with.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "Album.h"
+#include "Random.h"
+
+namespace drawing {
+
+/// One drawing being made: the numbers that it is made of, and where its pictures go.
+class Scene {
+ public:
+  Scene(Album& album, const std::string& family, int index);
+
+  const int index;
+  Random random;
+
+  /// Takes down what a call answered.
+  void Note(std::int64_t answer) {
+    answers = (answers ^ static_cast<std::uint32_t>(answer)) * 16777619U;
+  }
+
+  /// Puts the picture into the album. Scenes with several pictures name them.
+  void Keep(const Paper& paper, const char* part = "");
+
+ private:
+  Album& album;
+  const std::string name;
+  std::uint32_t answers = 2166136261U;
+};
+
+/// Drawings of one kind, numbered from 0.
+struct Family {
+  std::string name;
+  int count;
+  std::function<void(Scene& scene)> draw;
+};
+
+std::vector<Family> LineFamilies();
+std::vector<Family> ShapeFamilies();
+std::vector<Family> BlitFamilies();
+/// Starts an engine for good, and that loads the display font.
+std::vector<Family> ViewFamilies();
+/// With the display font, if it is loaded.
+std::vector<Family> TextFamilies();
+
+}  // namespace drawing
