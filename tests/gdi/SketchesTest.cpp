@@ -92,24 +92,6 @@ TEST(Sketches, EllipsesMayBeWiderThanHigh) {
       sketch.Print());
 }
 
-/// Its curve closes one pixel from either end, so nothing is filled there.
-TEST(Sketches, VeryNarrowEllipsesDoNotReachTheirEnds) {
-  const Sketch sketch(5, 10);
-  Ellipse(sketch.GetDC(), 1, 1, 4, 9);
-  EXPECT_EQ(
-      ".....\n"
-      ".....\n"
-      "..R..\n"
-      ".RBR.\n"
-      ".RBR.\n"
-      ".RBR.\n"
-      ".RBR.\n"
-      "..R..\n"
-      ".....\n"
-      ".....\n",
-      sketch.Print());
-}
-
 TEST(Sketches, SmallRoundedCornersLoseOnePixel) {
   const Sketch sketch(12, 8);
   RoundRect(sketch.GetDC(), 1, 1, 11, 7, 3, 3);
