@@ -20,15 +20,12 @@ struct OwnButton {
   LPARAM code;
 };
 
+/// Filled in from the right, the row over the arrows reads: centre, automatic, in, out.
 constexpr OwnButton OWN_BUTTONS[] = {
-    {TEXT("\\Pics\\BtnCenterPos.png"), CENTER_POSITION},
-    {TEXT("\\Pics\\BtnZoomAuto.png"), ZOOM_AUTOMATICALLY},
-    {TEXT("\\Pics\\BtnZoomIn.png"), ZOOM_IN},
     {TEXT("\\Pics\\BtnZoomOut.png"), ZOOM_OUT},
-    {TEXT("\\Pics\\BtnLeft.png"), PREVIOUS_VIEW},
-    {TEXT("\\Pics\\BtnRotateScreen.png"), ROTATE_SCREEN},
-    {TEXT("\\Pics\\BtnFlipHor.png"), FLIP_HORIZONTALLY},
-    {TEXT("\\Pics\\BtnRight.png"), NEXT_VIEW},
+    {TEXT("\\Pics\\BtnZoomIn.png"), ZOOM_IN},
+    {TEXT("\\Pics\\BtnZoomAuto.png"), ZOOM_AUTOMATICALLY},
+    {TEXT("\\Pics\\BtnCenterPos.png"), CENTER_POSITION},
 };
 
 constexpr LONG SMALLEST_AREA = 10;  // wide and high
@@ -103,6 +100,7 @@ void PathWidget::CreateOwnButtons() {
   if (!ownBar.IsEmpty()) {
     return;
   }
+  CreateNavigationButtons();
   for (const OwnButton& button : OWN_BUTTONS) {
     AddButton(ownBar, button.file, button.code);
   }

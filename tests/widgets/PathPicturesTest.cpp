@@ -116,9 +116,9 @@ TEST_F(PathPictures, MatchZoomedAndCentred) {
   DriveRoute();
   Draw(PATH);
   // The right edge from the bottom up: centre, automatic zoom, zoom in, zoom out.
-  Tap(294, 90);
-  Tap(294, 90);
-  Tap(294, 210);
+  Tap(243, 150);
+  Tap(243, 150);
+  Tap(243, 30);
   Expect("zoomed-320x240");
 }
 

@@ -99,10 +99,10 @@ class PathTest : public ViewTest {
   }
 
   // In portrait, from the right: centre, automatic zoom, zoom in, zoom out; above them the others.
-  void TapCenter() { Tap(210, 294); }
-  void TapAutomatic() { Tap(150, 294); }
-  void TapZoomIn() { Tap(90, 294); }
-  void TapZoomOut() { Tap(30, 294); }
+  void TapCenter() { Tap(30, 243); }
+  void TapAutomatic() { Tap(90, 243); }
+  void TapZoomIn() { Tap(150, 243); }
+  void TapZoomOut() { Tap(210, 243); }
 
   void Drag(std::initializer_list<POINT> places) {
     ::OnMouseDown(window, places.begin()->x, places.begin()->y);
@@ -268,34 +268,34 @@ TEST_F(PathTest, CentresOnceThereIsAPath) {
 
 TEST_F(PathTest, PostsTheCodesOfItsButtonsInPortrait) {
   OpenDiagonal();
-  EXPECT_EQ(Codes{11}, Tap(210, 294));
-  EXPECT_EQ(Codes{12}, Tap(150, 294));
-  EXPECT_EQ(Codes{9}, Tap(90, 294));
-  EXPECT_EQ(Codes{10}, Tap(30, 294));
-  EXPECT_EQ(Codes{1}, Tap(210, 243));
-  EXPECT_EQ(Codes{8}, Tap(150, 243));
-  EXPECT_EQ(Codes{7}, Tap(90, 243));
-  EXPECT_EQ(Codes{2}, Tap(30, 243));
+  EXPECT_EQ(Codes{2}, Tap(210, 294));
+  EXPECT_EQ(Codes{7}, Tap(150, 294));
+  EXPECT_EQ(Codes{8}, Tap(90, 294));
+  EXPECT_EQ(Codes{1}, Tap(30, 294));
+  EXPECT_EQ(Codes{10}, Tap(210, 243));
+  EXPECT_EQ(Codes{9}, Tap(150, 243));
+  EXPECT_EQ(Codes{12}, Tap(90, 243));
+  EXPECT_EQ(Codes{11}, Tap(30, 243));
   EXPECT_EQ(Codes{6}, Tap(210, 26));
 }
 
 TEST_F(PathTest, PostsTheCodesOfItsButtonsInLandscape) {
   OpenDiagonal(320, 240);
-  EXPECT_EQ(Codes{11}, Tap(294, 210));
-  EXPECT_EQ(Codes{12}, Tap(294, 150));
-  EXPECT_EQ(Codes{9}, Tap(294, 90));
-  EXPECT_EQ(Codes{10}, Tap(294, 30));
-  EXPECT_EQ(Codes{1}, Tap(243, 210));
-  EXPECT_EQ(Codes{8}, Tap(243, 150));
-  EXPECT_EQ(Codes{7}, Tap(243, 90));
-  EXPECT_EQ(Codes{2}, Tap(243, 30));
+  EXPECT_EQ(Codes{2}, Tap(294, 210));
+  EXPECT_EQ(Codes{7}, Tap(294, 150));
+  EXPECT_EQ(Codes{8}, Tap(294, 90));
+  EXPECT_EQ(Codes{1}, Tap(294, 30));
+  EXPECT_EQ(Codes{10}, Tap(243, 210));
+  EXPECT_EQ(Codes{9}, Tap(243, 150));
+  EXPECT_EQ(Codes{12}, Tap(243, 90));
+  EXPECT_EQ(Codes{11}, Tap(243, 30));
 }
 
 TEST_F(PathTest, ZoomsNotByHiddenButtons) {
   OpenDiagonal();
   ShowBars(PATH, false);
-  ::OnMouseDown(window, 30, 294);
-  ::OnMouseUp(window, 30, 294);
+  ::OnMouseDown(window, 210, 243);
+  ::OnMouseUp(window, 210, 243);
   Settle();
   EXPECT_EQ((Pixel{216, 9}), EndMark());
 }
