@@ -119,7 +119,9 @@ BOOL WINAPI HandheldReadFile(HANDLE file, LPVOID buffer, DWORD toRead, LPDWORD r
   }
   ++port->readers;
   *read = 0;
-  const BOOL result = ReadBurst(*port, file, static_cast<char*>(buffer), toRead, *read);
+  // Closed in the meantime, its handle may mean another object by now.
+  const BOOL result =
+      port->handle == file && ReadBurst(*port, file, static_cast<char*>(buffer), toRead, *read);
   --port->readers;
   return result;
 }
@@ -134,10 +136,9 @@ BOOL WINAPI HandheldCloseHandle(HANDLE object) {
   while (port->readers > 0) {
     Sleep(1);
   }
-  const BOOL result = CloseHandle(object);
-  port->isClosing = false;
   port->handle = nullptr;
-  return result;
+  port->isClosing = false;
+  return CloseHandle(object);
 }
 
 }  // extern "C"

@@ -38,11 +38,12 @@ class Worker {
     return runs;
   }
 
-  /// It is parked, in no lock and with no work, and must be gone before its code is.
+  /// It is parked or about to be, in no lock and with no work, and must be gone before its code is.
   void End() {
     if (thread != nullptr) {
       TerminateThread(thread, 0);
       WaitForSingleObject(thread, INFINITE);
+      CloseDone();
       CloseHandle(thread);
       CloseHandle(wakeUp);
     }
@@ -50,22 +51,20 @@ class Worker {
 
   bool IsStarted() const { return thread != nullptr; }
 
-  /// The event that is set when `procedure` has returned; null when the worker is lent already.
+  /// The event that is set when the procedure has returned; null when the worker is lent already.
   HANDLE Lend(LPTHREAD_START_ROUTINE wanted, LPVOID itsArgument) {
-    bool isFree = false;
-    if (!isLent.compare_exchange_strong(isFree, true)) {
+    if (!Take()) {
       return nullptr;
     }
+    CloseDone();
     const HANDLE self = GetCurrentProcess();
-    HANDLE own = nullptr;
     const HANDLE handle = CreateEventW(nullptr, TRUE, FALSE, nullptr);
     if (handle == nullptr ||
-        !DuplicateHandle(self, handle, self, &own, 0, FALSE, DUPLICATE_SAME_ACCESS)) {
+        !DuplicateHandle(self, handle, self, &done, 0, FALSE, DUPLICATE_SAME_ACCESS)) {
       isLent = false;
       return nullptr;
     }
     SetThreadPriority(thread, THREAD_PRIORITY_NORMAL);
-    done = own;
     lentAs = handle;
     procedure = wanted;
     argument = itsArgument;
@@ -89,13 +88,32 @@ class Worker {
     return 0;
   }
 
+  /// Once the event is set the library may go, and this thread with it: what it does from there on takes no lock, not even
+  /// one of the system's. So the event is closed by others.
   void Return() {
-    const HANDLE finished = done;
     lentAs = nullptr;
+    SetEvent(done);
     isLent = false;
-    // The last that it does for the procedure: from here on the library may go.
-    SetEvent(finished);
-    CloseHandle(finished);
+  }
+
+  /// A worker that is about to return is waited for.
+  bool Take() {
+    bool isFree = false;
+    while (!isLent.compare_exchange_strong(isFree, true)) {
+      if (lentAs != nullptr) {
+        return false;
+      }
+      isFree = false;
+      SwitchToThread();
+    }
+    return true;
+  }
+
+  void CloseDone() {
+    if (done != nullptr) {
+      CloseHandle(done);
+      done = nullptr;
+    }
   }
 
   HANDLE thread = nullptr;
