@@ -2,6 +2,7 @@
 
 #include <pixman.h>
 
+#include <algorithm>
 #include <array>
 
 namespace handheld::gdi {
@@ -46,6 +47,14 @@ void Surface::Set(int x, int y, std::uint32_t pixel) const {
     Row<std::uint16_t>(y)[x] = static_cast<std::uint16_t>(pixel);
   else
     Row<std::uint32_t>(y)[x] = pixel;
+}
+
+void Surface::FillRow(int y, int left, int right, std::uint32_t pixel) const {
+  if (format == PixelFormat::RGB555)
+    std::fill(Row<std::uint16_t>(y) + left, Row<std::uint16_t>(y) + right,
+              static_cast<std::uint16_t>(pixel));
+  else
+    std::fill(Row<std::uint32_t>(y) + left, Row<std::uint32_t>(y) + right, pixel);
 }
 
 void Surface::Fill(const RECT& rect, std::uint32_t pixel) const {

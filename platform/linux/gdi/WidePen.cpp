@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstdlib>
+#include <optional>
 
 #include "Ellipses.h"
 
@@ -16,42 +17,81 @@ LONG Nearest(double value) {
   return static_cast<LONG>(value + 0.5);
 }
 
-std::int64_t CeilDivide(std::int64_t dividend, std::int64_t divisor) {
-  const std::int64_t quotient = dividend / divisor;
-  return quotient + (dividend % divisor > 0 ? 1 : 0);
-}
+/// A side of a figure that runs down: the first pixel column on or right of it, row by row without a division.
+class Side {
+ public:
+  /// Starts in row y, which the side from `upper` to `lower` crosses.
+  Side(POINT upper, POINT lower, std::int64_t y) : height(std::int64_t{lower.y} - upper.y) {
+    const std::int64_t run = std::int64_t{upper.x} - lower.x;
+    // Distances to the left are rounded down, so columns are rounded up.
+    const std::int64_t distance = (y - upper.y) * run;
+    const std::int64_t steps = FloorDivide(distance, height);
+    x = upper.x - steps;
+    rest = distance - steps * height;
+    step = FloorDivide(run, height);
+    stepRest = run - step * height;
+  }
 
-/// Where the side from `upper` to `lower` crosses row y: the first pixel column on or right of it.
-std::int64_t CrossingAt(POINT upper, POINT lower, std::int64_t y) {
-  return upper.x + CeilDivide((y - upper.y) * (std::int64_t{lower.x} - upper.x),
-                              std::int64_t{lower.y} - upper.y);
+  std::int64_t GetX() const { return x; }
+
+  void GoDown() {
+    x -= step;
+    rest += stepRest;
+    if (rest >= height) {
+      rest -= height;
+      --x;
+    }
+  }
+
+ private:
+  static std::int64_t FloorDivide(std::int64_t dividend, std::int64_t divisor) {
+    return dividend / divisor - (dividend % divisor < 0 ? 1 : 0);
+  }
+
+  std::int64_t height;
+  std::int64_t x;
+  std::int64_t rest;
+  std::int64_t step;
+  std::int64_t stepRest;
+};
+
+/// Fills the rows from `first` up to `last` between two sides.
+void FillBetween(const Target& target, Side one, Side other, LONG first, LONG last,
+                 std::uint32_t pixel) {
+  for (LONG y = first; y < last; ++y) {
+    const std::int64_t left =
+        std::max<std::int64_t>(std::min(one.GetX(), other.GetX()), target.clip.left);
+    const std::int64_t right =
+        std::min<std::int64_t>(std::max(one.GetX(), other.GetX()), target.clip.right);
+    if (left < right)
+      target.surface.FillRow(y, static_cast<int>(left), static_cast<int>(right), pixel);
+    one.GoDown();
+    other.GoDown();
+  }
 }
 
 /// Fills a convex four-sided figure: pixels whose upper left corner lies inside; left and top sides belong to it, right
 /// and bottom sides do not.
 void FillQuad(const Target& target, const std::array<POINT, 4>& corners, std::uint32_t pixel) {
-  const auto [top, bottom] = std::minmax_element(corners.begin(), corners.end(),
-                                                 [](POINT a, POINT b) { return a.y < b.y; });
-  const LONG first = std::max(top->y, target.clip.top);
-  const LONG last = std::min(bottom->y, target.clip.bottom);
-  for (LONG y = first; y < last; ++y) {
-    std::int64_t left = INT64_MAX;
-    std::int64_t right = INT64_MIN;
+  std::array<LONG, 4> levels;
+  std::ranges::transform(corners, levels.begin(), &POINT::y);
+  std::ranges::sort(levels);
+  // Between two neighbouring levels the figure has the same two sides all the way.
+  for (std::size_t level = 1; level < levels.size(); ++level) {
+    const LONG first = std::max(levels[level - 1], target.clip.top);
+    const LONG last = std::min(levels[level], target.clip.bottom);
+    if (first >= last)
+      continue;
+    std::array<std::optional<Side>, 2> sides;
+    std::size_t found = 0;
     for (std::size_t i = 0; i < corners.size(); ++i) {
-      POINT upper = corners[i];
-      POINT lower = corners[(i + 1) % corners.size()];
-      if (upper.y > lower.y)
-        std::swap(upper, lower);
-      if (y < upper.y || y >= lower.y)
-        continue;
-      const std::int64_t x = CrossingAt(upper, lower, y);
-      left = std::min(left, x);
-      right = std::max(right, x);
+      const auto [upper, lower] = std::minmax(corners[i], corners[(i + 1) % corners.size()],
+                                              [](POINT a, POINT b) { return a.y < b.y; });
+      if (upper.y <= first && first < lower.y && found < sides.size())
+        sides[found++].emplace(upper, lower, first);
     }
-    left = std::max<std::int64_t>(left, target.clip.left);
-    right = std::min<std::int64_t>(right, target.clip.right);
-    if (left < right)
-      target.surface.Fill({static_cast<LONG>(left), y, static_cast<LONG>(right), y + 1}, pixel);
+    if (found == sides.size())
+      FillBetween(target, *sides[0], *sides[1], first, last, pixel);
   }
 }
 
