@@ -24,7 +24,7 @@ using ferolin::Engine;
 using ferolin::Format;
 
 constexpr int FLAGS = 16;
-constexpr SIZE SIZES[] = {{480, 800}, {800, 480}};
+constexpr SIZE SIZES[] = {{480, 800}, {800, 480}, {240, 320}, {320, 240}};
 
 HWND OpenWindow(const SIZE& size) {
   return CreateWindowExW(0, TEXT("DrawingScenes"), TEXT(""), WS_POPUP | WS_VISIBLE, 0, 0, size.cx,
