@@ -32,6 +32,16 @@ TEST_F(FittedTextTest, FitsTheHeightToo) {
   EXPECT_EQ(50, SizeFor(TEXT("8"), 70, {240, 50}));
 }
 
+/// So pictures of 23:59:59 stand for any time, and an elapsed 99:59:59 needs no more room.
+TEST_F(FittedTextTest, TakesAllFiguresForEquallyWide) {
+  for (const WCHAR* time : {TEXT("00:00:00"), TEXT("11:11:11"), TEXT("99:59:59")}) {
+    const FittedText any(theCanvas, TEXT("LCD"), 70, time, {240, 300});
+    const FittedText last(theCanvas, TEXT("LCD"), 70, TEXT("23:59:59"), {240, 300});
+    EXPECT_EQ(last.GetFontSize(), any.GetFontSize());
+    EXPECT_EQ(last.GetExtent().cx, any.GetExtent().cx);
+  }
+}
+
 TEST_F(FittedTextTest, EndsAtFive) {
   EXPECT_EQ(5, SizeFor(TEXT("888"), 170, {0, 0}));
   EXPECT_EQ(5, SizeFor(TEXT("888"), 70, {240, -10}));
