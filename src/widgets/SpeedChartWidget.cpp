@@ -8,6 +8,7 @@
 #include "sensors/LocalizedText.h"
 #include "text/CodePage.h"
 #include "text/Cp1251.h"
+#include "widgets/HostCode.h"
 #include "widgets/SpeedScale.h"
 
 namespace ferolin {
@@ -16,8 +17,6 @@ namespace {
 
 constexpr const char* SECTION = "SpeedChartWidget";
 constexpr Cp1251Text COMMENT = u"Настройки виджета графика скорости";
-
-enum HostCode : LPARAM { ZOOM_IN = 9, ZOOM_OUT = 10, ZOOM_AUTO = 12 };
 
 constexpr int LARGEST_ZOOM = 128;
 /// From here on, points share their columns.
@@ -86,7 +85,7 @@ void SpeedChartWidget::CreateOwnButtons() {
   CreateNavigationButtons();
   AddButton(ownBar, TEXT("\\Pics\\BtnZoomIn.png"), ZOOM_IN);
   AddButton(ownBar, TEXT("\\Pics\\BtnZoomOut.png"), ZOOM_OUT);
-  AddButton(ownBar, TEXT("\\Pics\\BtnZoomAuto.png"), ZOOM_AUTO);
+  AddButton(ownBar, TEXT("\\Pics\\BtnZoomAuto.png"), ZOOM_AUTOMATICALLY);
 }
 
 void SpeedChartWidget::OnMouseUp(HWND window, POINT point) {
@@ -112,7 +111,7 @@ bool SpeedChartWidget::Zoom(LPARAM code) {
     case ZOOM_OUT:
       zoom = std::min(zoom * 2, LARGEST_ZOOM);
       break;
-    case ZOOM_AUTO:
+    case ZOOM_AUTOMATICALLY:
       zoom = 1;
       break;
     default:
