@@ -65,9 +65,11 @@ class LongTrack {
     engine.renderWindow = stage.window;
     for (int count = 0; count < points; ++count) {
       GoOn();
+      if (count % POINTS_AN_UPDATE == 0) {
+        View().Attach();
+      }
     }
-    View().Attach();
-    View().Draw(stage.window);
+    Frame();
   }
 
   /// The next point; `away`: this far out of everything so far, to the north-east, for good.
@@ -82,11 +84,9 @@ class LongTrack {
 
   Widget& View() { return *engine.GetWidget(PATH); }
 
-  /// By the sixth of the eight buttons at the right edge, counted from the bottom.
-  void ZoomIn() {
-    View().ShowBars();
-    View().OnMouseUp(TheStage().window, {774, 451 - 5 * 53});
-  }
+  /// By the sixth and the fifth of the eight buttons at the right edge, counted from the bottom.
+  void ZoomIn() { Press({774, 451 - 5 * 53}); }
+  void ZoomOut() { Press({774, 451 - 4 * 53}); }
 
   void Frame() {
     View().Attach();
@@ -94,7 +94,14 @@ class LongTrack {
   }
 
  private:
+  void Press(POINT button) {
+    View().ShowBars();
+    View().OnMouseUp(TheStage().window, button);
+    View().ToggleBars();
+  }
+
   static constexpr int PATH = 3;
+  static constexpr int POINTS_AN_UPDATE = 100;  // there is an update for each, but that takes long
 
   LongDrive drive;
   Engine engine;
@@ -112,6 +119,9 @@ void PathSteady(benchmark::State& state) {
 /// Into new country: everything is seen a little smaller each time.
 void PathGrowing(benchmark::State& state) {
   LongTrack track(static_cast<int>(state.range(0)));
+  for (int zoom = 1; zoom < state.range(1); zoom *= 2) {
+    track.ZoomIn();
+  }
   float away = 0;
   for (auto _ : state) {
     away += 0.005F;
@@ -131,6 +141,7 @@ void PathDragged(benchmark::State& state) {
   int step = 2;
   for (auto _ : state) {
     finger.x += step;
+    finger.y += step / 2;
     if (finger.x > 350 || finger.x < 250) {
       step = -step;
     }
@@ -138,6 +149,24 @@ void PathDragged(benchmark::State& state) {
     track.Frame();
   }
   track.View().OnMouseUp(window, finger);
+}
+
+/// To this zoom and half of it, in turn.
+void PathZoomed(benchmark::State& state) {
+  LongTrack track(static_cast<int>(state.range(0)));
+  for (int zoom = 1; zoom < state.range(1); zoom *= 2) {
+    track.ZoomIn();
+  }
+  bool isIn = true;
+  for (auto _ : state) {
+    if (isIn) {
+      track.ZoomOut();
+    } else {
+      track.ZoomIn();
+    }
+    isIn = !isIn;
+    track.Frame();
+  }
 }
 
 constexpr std::int64_t TRACKS[] = {1'000, 10'000, 1'000'000};
@@ -149,14 +178,16 @@ BENCHMARK(PathSteady)
     ->Arg(TRACKS[2])
     ->Iterations(500);
 BENCHMARK(PathGrowing)
-    ->ArgName("points")
-    ->Arg(TRACKS[0])
-    ->Arg(TRACKS[1])
-    ->Arg(TRACKS[2])
+    ->ArgNames({"points", "zoom"})
+    ->ArgsProduct({{TRACKS[0], TRACKS[1], TRACKS[2]}, {1, 4, 16}})
     ->Iterations(200);
 BENCHMARK(PathDragged)
     ->ArgNames({"points", "zoom"})
-    ->ArgsProduct({{TRACKS[0], TRACKS[1], TRACKS[2]}, {1, 4, 64}})
+    ->ArgsProduct({{TRACKS[0], TRACKS[1], TRACKS[2]}, {1, 2, 4, 8, 16, 64}})
+    ->Iterations(200);
+BENCHMARK(PathZoomed)
+    ->ArgNames({"points", "zoom"})
+    ->ArgsProduct({{TRACKS[0], TRACKS[1], TRACKS[2]}, {1, 4, 8, 64}})
     ->Iterations(200);
 
 void Background(benchmark::State& state) {

@@ -21,6 +21,13 @@ class GrowingArray {
 
   void Clear() { count = 0; }
 
+  void Release() {
+    std::free(values);
+    values = nullptr;
+    count = 0;
+    capacity = 0;
+  }
+
   /// False when there is no room and no memory for more.
   bool Add(const Value& value) {
     if (count == capacity && !Grow()) {
@@ -31,6 +38,8 @@ class GrowingArray {
   }
 
   std::span<const Value> Get() const { return {values, count}; }
+  /// Good until the next `Add`.
+  std::span<Value> Get() { return {values, count}; }
 
  private:
   static constexpr std::size_t GROWTH = 1000;

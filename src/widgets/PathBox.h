@@ -27,6 +27,12 @@ struct PathBox {
            longitude <= maxLongitude;
   }
 
+  bool Overlaps(const PathBox& other) const {
+    return minLatitude <= other.maxLatitude && maxLatitude >= other.minLatitude &&
+           minLongitude <= other.maxLongitude && maxLongitude >= other.minLongitude;
+  }
+
+  /// An empty one overlaps none.
   bool IsEmpty() const { return minLatitude > maxLatitude; }
   /// Whether it has both a width and a height.
   bool HasArea() const { return minLatitude < maxLatitude && minLongitude < maxLongitude; }

@@ -1,6 +1,7 @@
 #include "widgets/PathIndex.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 namespace ferolin {
@@ -38,17 +39,21 @@ void PathIndex::Add(int number, const TrackPoint& point) {
   if (!HasPosition(point)) {
     return;
   }
-  if (lastKnown != NONE && BlockOf(0, lastKnown) != BlockOf(0, number)) {
+  if (lastKnown != NONE) {
     WidenBlocksOf(lastKnown, point);
+    NoteStep(lastKnown, std::max(std::fabs(point.latitude - lastLatitude),
+                                 std::fabs(point.longitude - lastLongitude)));
   }
   WidenBlocksOf(number, point);
   lastKnown = number;
+  lastLatitude = point.latitude;
+  lastLongitude = point.longitude;
 }
 
 /// What a block holds, the blocks above it hold too.
 void PathIndex::WidenBlocksOf(int number, const TrackPoint& point) {
   for (int level = 0; level < LEVELS; ++level) {
-    PathBox& box = levels[static_cast<std::size_t>(level)].boxes[BlockOf(level, number)];
+    PathBox& box = BlockAt(level, number).box;
     if (box.Contains(point.latitude, point.longitude)) {
       return;
     }
@@ -56,26 +61,37 @@ void PathIndex::WidenBlocksOf(int number, const TrackPoint& point) {
   }
 }
 
+/// The same holds for the steps.
+void PathIndex::NoteStep(int number, float step) {
+  for (int level = 0; level < LEVELS; ++level) {
+    float& longest = BlockAt(level, number).step;
+    if (longest >= step) {
+      return;
+    }
+    longest = step;
+  }
+}
+
 /// Makes the blocks up to this one; false when there is no memory for them.
 bool PathIndex::Reach(Level& level, int block) {
   if (block >= level.capacity) {
     const int capacity = block + GROWTH;
-    void* grown = std::realloc(level.boxes, static_cast<std::size_t>(capacity) * sizeof(PathBox));
+    void* grown = std::realloc(level.blocks, static_cast<std::size_t>(capacity) * sizeof(Block));
     if (grown == nullptr) {
       return false;
     }
-    level.boxes = static_cast<PathBox*>(grown);
+    level.blocks = static_cast<Block*>(grown);
     level.capacity = capacity;
   }
   while (level.count <= block) {
-    level.boxes[level.count++] = PathBox();
+    level.blocks[level.count++] = Block();
   }
   return true;
 }
 
 void PathIndex::Drop() {
   for (Level& level : levels) {
-    std::free(level.boxes);
+    std::free(level.blocks);
     level = Level();
   }
   lastKnown = NONE;

@@ -1,11 +1,13 @@
 #include "widgets/PathLayer.h"
 
-#include "render/FrameBitmap.h"
-#include "widgets/PathLine.h"
+#include <algorithm>
+#include <limits>
 
 namespace ferolin {
 
 namespace {
+
+constexpr LONG NOWHERE = std::numeric_limits<LONG>::min();
 
 bool AreEqual(const RECT& a, const RECT& b) {
   return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
@@ -13,56 +15,62 @@ bool AreEqual(const RECT& a, const RECT& b) {
 
 }  // namespace
 
-void PathLayer::Draw(HDC dc, const RECT& area, const PathPoints& points, const PathIndex& index,
+void PathLayer::Draw(HDC dc, const RECT& area, const PathLine::Track& track,
                      const PathProjection& projection, const Colors& colors) {
   const SIZE size = {area.right - area.left, area.bottom - area.top};
-  const bool isShown = Shows(area, points, projection, colors);
-  if (!isShown) {
-    shownArea = area;
-    shownProjection = projection;
-    shownColors = colors;
-    shownFirst = points.GetFirst();
-    Clear(dc, size);
-  }
-  if (!picture.HasBitmap()) {
-    return;
-  }
-  if (!isShown || shownEnd < points.GetEnd()) {
-    const HPEN pen = CreatePen(PS_SOLID, 1, colors.path);
-    {
-      const Selection selection(picture.GetDC(), pen);
-      PathStrokes strokes(picture.GetDC(), area);
-      PathLine line(points, index, projection, strokes);
-      if (isShown) {
-        line.DrawFrom(shownEnd);
-      } else {
-        strokes.RememberPixels();
-        line.Draw();
-      }
+  if (!Shows(area, track.points, colors) || !Pan(track, projection)) {
+    if (!picture.Clear(dc, size, colors.background, colors.path)) {
+      return;
     }
-    DeleteObject(pen);
-    shownEnd = points.GetEnd();
+    PathStrokes strokes(picture, area);
+    PathLine(track, projection, strokes).Draw();
+  } else if (shownEnd < track.points.GetEnd()) {
+    PathStrokes strokes(picture, area);
+    PathLine(track, projection, strokes).DrawFrom(shownEnd);
   }
+  shownArea = area;
+  shownProjection = projection;
+  shownColors = colors;
+  shownFirst = track.points.GetFirst();
+  shownEnd = track.points.GetEnd();
   BitBlt(dc, area.left, area.top, size.cx, size.cy, picture.GetDC(), 0, 0, SRCCOPY);
 }
 
-bool PathLayer::Shows(const RECT& area, const PathPoints& points, const PathProjection& projection,
-                      const Colors& colors) const {
-  return picture.HasBitmap() && AreEqual(area, shownArea) && projection == shownProjection &&
-         colors == shownColors && points.GetFirst() == shownFirst && points.GetEnd() >= shownEnd;
+bool PathLayer::Shows(const RECT& area, const PathPoints& points, const Colors& colors) const {
+  return picture.Exists() && AreEqual(area, shownArea) && colors == shownColors &&
+         points.GetFirst() == shownFirst && points.GetEnd() >= shownEnd;
 }
 
-void PathLayer::Clear(HDC dc, SIZE size) {
-  const SIZE old = picture.GetSize();
-  if (old.cx != size.cx || old.cy != size.cy) {
-    void* bits = nullptr;
-    picture.EnsureDC(dc);
-    picture.SetBitmap(CreateFrameBitmap(dc, size.cx, size.cy, &bits));
+/// False when a quarter of the width or of the height cannot stay: drawing all is as fast then.
+///
+/// Places left of the frame and above it are cut toward zero like all others. For them that is the
+/// other way, so they do not just move with the rest, and lines that come from there are drawn
+/// anew, too.
+bool PathLayer::Pan(const PathLine::Track& track, const PathProjection& projection) {
+  if (projection == shownProjection) {
+    return true;
   }
-  const RECT whole = {0, 0, size.cx, size.cy};
-  const HBRUSH brush = CreateSolidBrush(shownColors.background);
-  FillRect(picture.GetDC(), &whole, brush);
-  DeleteObject(brush);
+  if (!projection.IsPanned(shownProjection)) {
+    return false;
+  }
+  const RECT& area = shownArea;
+  const POINT way = projection.PannedFrom(shownProjection);
+  PathStrokes strokes(picture, area);
+  PathLine line(track, projection, strokes);
+  const POINT reach = line.ReachFrom({way.x == 0 ? NOWHERE : std::max<LONG>(way.x, 0) + 1,
+                                      way.y == 0 ? NOWHERE : std::max<LONG>(way.y, 0) + 1});
+  const RECT kept = {
+      std::max(area.left + way.x, reach.x + 2), std::max(area.top + way.y, reach.y + 2),
+      std::min(area.right + way.x, area.right), std::min(area.bottom + way.y, area.bottom)};
+  if (kept.right - kept.left < (area.right - area.left) * 3 / 4 ||
+      kept.bottom - kept.top < (area.bottom - area.top) * 3 / 4) {
+    return false;
+  }
+  picture.Move(way.x, way.y);
+  picture.ClearOutside(
+      {kept.left - area.left, kept.top - area.top, kept.right - area.left, kept.bottom - area.top});
+  line.DrawOutside(kept);
+  return true;
 }
 
 }  // namespace ferolin

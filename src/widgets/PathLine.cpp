@@ -1,17 +1,49 @@
 #include "widgets/PathLine.h"
 
 #include <algorithm>
+#include <bit>
+
+#include "widgets/CellPixels.h"
+#include "widgets/PathDoubts.h"
 
 namespace ferolin {
 
+namespace {
+
+constexpr double LARGEST_CELL = 4.0;  // pixels
+
+/// Shorter lines, in pixels, lead to the same pixel or to a neighbour.
+constexpr double LONG_STEP = 0.999;
+
+LONG Least(LONG pixel, double place) {
+  return place < pixel ? static_cast<LONG>(place) : pixel;
+}
+
+}  // namespace
+
 void PathLine::Draw() {
   if (!index.IsUsable()) {
-    DrawPoints(points.GetFirst(), points.GetEnd());
-  } else if (points.GetCount() > 0) {
-    constexpr int TOP = PathIndex::LEVELS - 1;
-    DrawBlocks(TOP, PathIndex::BlockOf(TOP, points.GetFirst()),
-               PathIndex::BlockOf(TOP, points.GetEnd() - 1));
+    DrawAllPoints();
+  } else if (CellsHelp()) {
+    DrawWithCells();
+  } else {
+    DrawAllBlocks();
   }
+  DrawEnd();
+}
+
+void PathLine::DrawOutside(const RECT& kept) {
+  if (index.IsUsable()) {
+    DrawBlocks([&](int, const PathIndex::Block& block) {
+      const RECT rect = projection.Project(block.box);
+      const bool isKept = rect.left >= kept.left && rect.right < kept.right &&
+                          rect.top >= kept.top && rect.bottom < kept.bottom;
+      return !isKept && strokes.CanLight(rect);
+    });
+  } else {
+    DrawAllPoints();
+  }
+  DrawEnd();
 }
 
 void PathLine::DrawFrom(int number) {
@@ -20,22 +52,127 @@ void PathLine::DrawFrom(int number) {
     --from;
   }
   DrawPoints(std::max(from, points.GetFirst()), points.GetEnd());
+  DrawEnd();
+}
+
+POINT PathLine::ReachFrom(POINT pixel) {
+  const RECT& area = strokes.GetArea();
+  if (!index.IsUsable()) {
+    return {area.right, area.bottom};
+  }
+  POINT reach = {area.left - 1, area.top - 1};
+  DrawBlocks([&](int level, const PathIndex::Block& block) {
+    const RECT rect = projection.Project(block.box);
+    const bool isCrossed = rect.left < pixel.x || rect.top < pixel.y;
+    if (level > 0 || !isCrossed) {
+      return isCrossed;
+    }
+    const double longest = block.step * projection.GetScale() + 1;
+    if (rect.left < pixel.x) {
+      reach.x = std::max(reach.x, Least(rect.right, pixel.x + longest));
+    }
+    if (rect.top < pixel.y) {
+      reach.y = std::max(reach.y, Least(rect.bottom, pixel.y + longest));
+    }
+    return false;
+  });
+  return reach;
+}
+
+bool PathLine::CellsHelp() const {
+  return cells.Hold(points.GetEnd()) &&
+         cells.GetStepLength() * PathCells::STEPS * projection.GetScale() <= LARGEST_CELL;
+}
+
+/// Lights what the cells tell for sure, and then draws the blocks that hold more than that: lines
+/// that lead further than to a neighbour, and pixels of which the cells do not know.
+void PathLine::DrawWithCells() {
+  GrowingArray<POINT> unsure;
+  for (std::size_t number = 0; number < cells.GetCells().size(); ++number) {
+    if (!DrawCell(number, unsure)) {
+      DrawAllBlocks();
+      return;
+    }
+  }
+  PathDoubts doubts(strokes.GetArea());
+  for (const POINT pixel : unsure.Get()) {
+    if (!strokes.IsLit(pixel)) {
+      doubts.Add(pixel);
+    }
+  }
+  const double scale = projection.GetScale();
+  DrawBlocks([&](int, const PathIndex::Block& block) {
+    const RECT rect = projection.Project(block.box);
+    return (block.step * scale >= LONG_STEP || doubts.MayTouch(rect)) && strokes.CanLight(rect);
+  });
+}
+
+/// Lights the pixels in which there are points of the cell for sure, and notes those in which there
+/// may be some. False without memory for that.
+bool PathLine::DrawCell(std::size_t number, GrowingArray<POINT>& unsure) {
+  const PathBox& box = cells.GetBoxes()[number];
+  if (!view.Overlaps(box)) {
+    return true;
+  }
+  const RECT rect = projection.Project(box);
+  if (!strokes.CanShow(rect)) {
+    return true;
+  }
+  // There are points at each edge of the box.
+  if (rect.right - rect.left + rect.bottom - rect.top <= 1) {
+    strokes.Light({rect.left, rect.top});
+    strokes.Light({rect.right, rect.bottom});
+    return true;
+  }
+  const CellPixels pixels(cells.GetCells()[number], cells.GetStepLength(), projection, rect);
+  for (CellPixels::Pixels rest = pixels.GetPossible(); rest != 0; rest &= rest - 1) {
+    const int bit = std::countr_zero(rest);
+    const POINT pixel = {rect.left + bit % CellPixels::MOST_PIXELS,
+                         rect.bottom - bit / CellPixels::MOST_PIXELS};
+    if ((pixels.GetSure() >> bit & 1) != 0) {
+      strokes.Light(pixel);
+    } else if (strokes.IsInside(pixel) && !strokes.IsLit(pixel) && !unsure.Add(pixel)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+void PathLine::DrawAllPoints() {
+  DrawPoints(points.GetFirst(), points.GetEnd());
+}
+
+void PathLine::DrawAllBlocks() {
+  DrawBlocks([this](int, const PathIndex::Block& block) {
+    return strokes.CanLight(projection.Project(block.box));
+  });
+}
+
+/// Only blocks that can be seen, or lie just outside of the view, are asked for.
+template <class Wanted>
+void PathLine::DrawBlocks(const Wanted& isWanted) {
+  constexpr int TOP = PathIndex::LEVELS - 1;
+  if (points.GetCount() > 0) {
+    DrawBlocks(isWanted, TOP, PathIndex::BlockOf(TOP, points.GetFirst()),
+               PathIndex::BlockOf(TOP, points.GetEnd() - 1));
+  }
 }
 
 /// A block that has lost its oldest points still has its old box, which holds the rest all the
 /// same.
-void PathLine::DrawBlocks(int level, int first, int last) {
-  for (int block = first; block <= last; ++block) {
-    const PathBox& box = index.GetBox(level, block);
-    if (box.IsEmpty() || !strokes.CanLight(projection.Project(box))) {
+template <class Wanted>
+void PathLine::DrawBlocks(const Wanted& isWanted, int level, int first, int last) {
+  for (int number = first; number <= last; ++number) {
+    const PathIndex::Block& block = index.GetBlock(level, number);
+    if (!view.Overlaps(block.box) || !isWanted(level, block)) {
       continue;
     }
-    const int from = std::max(PathIndex::FirstOf(level, block), points.GetFirst());
-    const int to = std::min(PathIndex::FirstOf(level, block + 1), points.GetEnd());
+    const int from = std::max(PathIndex::FirstOf(level, number), points.GetFirst());
+    const int to = std::min(PathIndex::FirstOf(level, number + 1), points.GetEnd());
     if (level == 0) {
       DrawPoints(from, to);
     } else {
-      DrawBlocks(level - 1, PathIndex::BlockOf(level - 1, from),
+      DrawBlocks(isWanted, level - 1, PathIndex::BlockOf(level - 1, from),
                  PathIndex::BlockOf(level - 1, to - 1));
     }
   }
@@ -62,6 +199,16 @@ void PathLine::DrawPoints(int from, int to) {
     }
     start = end;
     hasStart = true;
+  }
+}
+
+/// Lines leave out their last pixel.
+void PathLine::DrawEnd() {
+  for (int number = points.GetEnd() - 1; number >= points.GetFirst(); --number) {
+    if (HasPosition(points[number])) {
+      strokes.Light(projection.Project(points[number]));
+      return;
+    }
   }
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "widgets/GrowingArray.h"
+#include "widgets/PathCells.h"
 #include "widgets/PathIndex.h"
 #include "widgets/PathPoints.h"
 #include "widgets/PathProjection.h"
@@ -7,27 +9,55 @@
 
 namespace ferolin {
 
-/// The line through the points of a track that have a position, as it is drawn: the stretches that
-/// the index shows to light nothing new are passed over.
+/// The line through the points of a track that have a position, as it is drawn, from the first
+/// pixel to the last. What lights nothing new is passed over: blocks of the index that show it, and
+/// of a long track all that lies in cells which are known to light their pixels.
 class PathLine {
  public:
-  /// All are borrowed. The index is up to date with the points.
-  PathLine(const PathPoints& thePoints, const PathIndex& theIndex,
-           const PathProjection& theProjection, PathStrokes& theStrokes)
-      : points(thePoints), index(theIndex), projection(theProjection), strokes(theStrokes) {}
+  /// All are borrowed. The index and the cells are up to date with the points.
+  struct Track {
+    const PathPoints& points;
+    const PathIndex& index;
+    const PathCells& cells;
+  };
+
+  PathLine(const Track& theTrack, const PathProjection& theProjection, PathStrokes& theStrokes)
+      : points(theTrack.points),
+        index(theTrack.index),
+        cells(theTrack.cells),
+        projection(theProjection),
+        strokes(theStrokes),
+        view(theProjection.BoxAround(theStrokes.GetArea())) {}
 
   void Draw();
+  /// What is not wholly inside a part of the area that shows the path already.
+  void DrawOutside(const RECT& kept);
   /// The stretch that leads to point `number`, and all from there on.
   void DrawFrom(int number);
 
+  /// The last column that lines lead to which begin or end left of a pixel, and the last row that
+  /// lines lead to which begin or end above it. May be further than they do.
+  POINT ReachFrom(POINT pixel);
+
  private:
-  void DrawBlocks(int level, int first, int last);
+  bool CellsHelp() const;
+  void DrawWithCells();
+  bool DrawCell(std::size_t number, GrowingArray<POINT>& unsure);
+  void DrawAllPoints();
+  void DrawAllBlocks();
+  template <class Wanted>
+  void DrawBlocks(const Wanted& isWanted);
+  template <class Wanted>
+  void DrawBlocks(const Wanted& isWanted, int level, int first, int last);
   void DrawPoints(int from, int to);
+  void DrawEnd();
 
   const PathPoints& points;
   const PathIndex& index;
+  const PathCells& cells;
   const PathProjection& projection;
   PathStrokes& strokes;
+  PathBox view;  ///< what lies outside of it cannot be seen
 };
 
 }  // namespace ferolin

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace ferolin {
 
@@ -22,19 +23,38 @@ double FitScale(LONG pixels, float low, float high) {
 PathProjection::PathProjection(const PathBox& box, const RECT& area, float zoom, POINT pan) {
   const double fit = std::min(FitScale(area.right - area.left, box.minLongitude, box.maxLongitude),
                               FitScale(area.bottom - area.top, box.minLatitude, box.maxLatitude));
-  xScale = fit * zoom;
-  yScale = -xScale;
-  xOffset =
-      (area.left + area.right) / 2 + pan.x - Middle(box.minLongitude, box.maxLongitude) * xScale;
-  yOffset =
-      (area.top + area.bottom) / 2 + pan.y - Middle(box.minLatitude, box.maxLatitude) * yScale;
+  x.scale = fit * zoom;
+  y.scale = -x.scale;
+  x.offset = (area.left + area.right) / 2 - Middle(box.minLongitude, box.maxLongitude) * x.scale +
+             Axis::ROUNDER;
+  y.offset = (area.top + area.bottom) / 2 - Middle(box.minLatitude, box.maxLatitude) * y.scale +
+             Axis::ROUNDER;
+  x.pan = pan.x;
+  y.pan = pan.y;
+  const RECT pixels = Project(box);
+  isNear = pixels.left > -FARTHEST && pixels.right < FARTHEST && pixels.top > -FARTHEST &&
+           pixels.bottom < FARTHEST;
+}
+
+/// A pixel more, and the next number, make up for places and numbers that are rounded.
+PathBox PathProjection::BoxAround(const RECT& rect) const {
+  constexpr float MOST = std::numeric_limits<float>::max();
+  const auto nextTo = [](double number, float towards) {
+    return std::nextafter(static_cast<float>(number), towards);
+  };
+  PathBox box;
+  box.minLongitude = nextTo(LongitudeOfEdge(rect.left - 1), -MOST);
+  box.maxLongitude = nextTo(LongitudeOfEdge(rect.right + 1), MOST);
+  box.minLatitude = nextTo(LatitudeOfEdge(rect.bottom + 1), -MOST);
+  box.maxLatitude = nextTo(LatitudeOfEdge(rect.top - 1), MOST);
+  return box;
 }
 
 /// Rounded down rather than cut, so that the position does not end up one pixel off on the way over
 /// the frame's upper or left edge.
 POINT PathProjection::PanTo(float latitude, float longitude, POINT pixel) const {
-  return {pixel.x - ToPixel(std::floor(longitude * xScale + xOffset)),
-          pixel.y - ToPixel(std::floor(latitude * yScale + yOffset))};
+  return {pixel.x - ToPixel(std::floor(x.PlaceOf(longitude))),
+          pixel.y - ToPixel(std::floor(y.PlaceOf(latitude)))};
 }
 
 }  // namespace ferolin

@@ -24,7 +24,7 @@ class PathProjection {
   PathProjection(const PathBox& box, const RECT& area, float zoom, POINT pan);
 
   POINT Project(float latitude, float longitude) const {
-    return {ToPixel(longitude * xScale + xOffset), ToPixel(latitude * yScale + yOffset)};
+    return {ProjectLongitude(longitude), ProjectLatitude(latitude)};
   }
 
   POINT Project(const TrackPoint& point) const { return Project(point.latitude, point.longitude); }
@@ -36,12 +36,54 @@ class PathProjection {
     return {topLeft.x, topLeft.y, bottomRight.x, bottomRight.y};
   }
 
+  /// Pixels for 1 of latitude or longitude.
+  double GetScale() const { return x.scale; }
+
+  /// Where the pixels of a column begin in the west, and those of a row in the north.
+  double LongitudeOfEdge(LONG column) const { return x.NumberAt(EdgeOf(column)); }
+  double LatitudeOfEdge(LONG row) const { return y.NumberAt(EdgeOf(row)); }
+
+  /// Holds all positions that are projected into a rectangle of pixels (its right and bottom edge
+  /// excluded), and some around.
+  PathBox BoxAround(const RECT& rect) const;
+
   /// How far to pan on so that the position lies on that pixel.
   POINT PanTo(float latitude, float longitude, POINT pixel) const;
+
+  /// Whether the two are the same but for the pan, which is all that the places of the box differ
+  /// by, then.
+  bool IsPanned(const PathProjection& other) const {
+    return x.IsPanned(other.x) && y.IsPanned(other.y) && isNear && other.isNear;
+  }
+  /// How many pixels further right and down it has places than another that is panned differently.
+  POINT PannedFrom(const PathProjection& other) const {
+    return {static_cast<LONG>(x.pan - other.x.pan), static_cast<LONG>(y.pan - other.y.pan)};
+  }
 
   bool operator==(const PathProjection&) const = default;
 
  private:
+  /// From numbers (of longitude, of latitude) to places, in pixels: number x scale + offset + pan.
+  /// Places are multiples of 2 to the power of -19, which leaves none to be rounded when they are
+  /// panned: by adding a large number and taking it away again.
+  struct Axis {
+    static constexpr double ROUNDER = 1LL << 33;
+
+    double scale = 0;
+    double offset = ROUNDER;
+    double pan = 0;
+
+    double PlaceOf(double number) const { return number * scale + offset - (ROUNDER - pan); }
+    double NumberAt(double place) const { return (place - pan - (offset - ROUNDER)) / scale; }
+    bool IsPanned(const Axis& other) const {
+      return scale == other.scale && offset == other.offset;
+    }
+    bool operator==(const Axis&) const = default;
+  };
+
+  LONG ProjectLongitude(float longitude) const { return ToPixel(x.PlaceOf(longitude)); }
+  LONG ProjectLatitude(float latitude) const { return ToPixel(y.PlaceOf(latitude)); }
+
   /// Cuts the fraction off.
   static LONG ToPixel(double place) {
     if (!(place > -FARTHEST)) {
@@ -49,11 +91,12 @@ class PathProjection {
     }
     return static_cast<LONG>(place < FARTHEST ? place : FARTHEST);
   }
+  /// Pixel 0 reaches to both sides of 0.
+  static double EdgeOf(LONG pixel) { return pixel > 0 ? pixel : pixel - 1; }
 
-  double xScale = 0;  ///< pixels for 1 of longitude
-  double yScale = 0;  ///< the same for latitude, negative: rows count downwards
-  double xOffset = 0;
-  double yOffset = 0;
+  Axis x;
+  Axis y;               ///< its scale is negative: rows count downwards
+  bool isNear = false;  ///< whether all of the box is nearer than the farthest pixels
 };
 
 }  // namespace ferolin

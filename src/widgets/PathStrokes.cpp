@@ -1,8 +1,6 @@
 #include "widgets/PathStrokes.h"
 
-#include <algorithm>
 #include <cstdlib>
-#include <new>
 
 namespace ferolin {
 
@@ -16,26 +14,12 @@ RECT Span(POINT a, POINT b) {
   return {std::min(a.x, b.x), std::min(a.y, b.y), std::max(a.x, b.x), std::max(a.y, b.y)};
 }
 
-bool AreNeighbours(const RECT& span) {
-  return span.right - span.left <= 1 && span.bottom - span.top <= 1;
-}
-
 }  // namespace
 
-void PathStrokes::RememberPixels() {
-  const LONG count = (area.right - area.left) * (area.bottom - area.top);
-  lit.reset(new (std::nothrow) std::uint8_t[static_cast<std::size_t>(count)]());
-}
-
-bool PathStrokes::IsLit(const RECT& rect) const {
-  const LONG width = rect.right - rect.left + 1;
-  const LONG height = rect.bottom - rect.top + 1;
-  if (lit == nullptr || width > FEW_PIXELS || height > FEW_PIXELS || width * height > FEW_PIXELS) {
-    return false;
-  }
+bool PathStrokes::AreAllLit(const RECT& rect) const {
   for (LONG y = std::max(rect.top, area.top); y <= std::min(rect.bottom, area.bottom - 1); ++y) {
     for (LONG x = std::max(rect.left, area.left); x <= std::min(rect.right, area.right - 1); ++x) {
-      if (*LitAt(x, y) == 0) {
+      if (!IsLit(POINT{x, y})) {
         return false;
       }
     }
@@ -43,18 +27,19 @@ bool PathStrokes::IsLit(const RECT& rect) const {
   return true;
 }
 
-void PathStrokes::DrawLine(POINT from, POINT to) {
-  const RECT span = Span(from, to);
-  if (IsOutside(span)) {
+/// Of a line to a neighbour only the first pixel is lit.
+void PathStrokes::Draw(POINT from, POINT to) {
+  if (AreEqual(from, to)) {
     return;
   }
-  if (lit != nullptr && IsInside(from)) {
-    std::uint8_t& isLit = *LitAt(from.x, from.y);
-    if (isLit != 0 && AreNeighbours(span)) {
-      return;
-    }
-    isLit = 1;
+  if (std::abs(to.x - from.x) <= 1 && std::abs(to.y - from.y) <= 1) {
+    Light(from);
+  } else if (CanShow(Span(from, to))) {
+    DrawLine(from, to);
   }
+}
+
+void PathStrokes::DrawLine(POINT from, POINT to) {
   const POINT start = {from.x - area.left, from.y - area.top};
   if (runLength == 0 || runLength == RUN_LENGTH ||
       !AreEqual(run[static_cast<std::size_t>(runLength - 1)], start)) {
@@ -67,7 +52,7 @@ void PathStrokes::DrawLine(POINT from, POINT to) {
 
 void PathStrokes::Flush() {
   if (runLength > 1) {
-    Polyline(dc, run.data(), runLength);
+    Polyline(picture.GetDC(), run.data(), runLength);
   }
   runLength = 0;
 }

@@ -2,9 +2,10 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <array>
-#include <cstdint>
-#include <memory>
+
+#include "widgets/PathPicture.h"
 
 namespace ferolin {
 
@@ -15,54 +16,59 @@ namespace ferolin {
 /// - it stays inside the rectangle that its ends span.
 class PathStrokes {
  public:
-  /// Lines go into `dc`, whose pixel (0, 0) is pixel (area.left, area.top) of the lines; what lies
-  /// outside of the area need not be drawn. The pen is selected into `dc` by the caller.
-  PathStrokes(HDC target, const RECT& visibleArea) : dc(target), area(visibleArea) {}
+  /// Lines go into the picture, which has the size of the area: its pixel (0, 0) is pixel
+  /// (area.left, area.top) of the lines.
+  PathStrokes(PathPicture& target, const RECT& theArea) : picture(target), area(theArea) {}
   ~PathStrokes() { Flush(); }
   PathStrokes(const PathStrokes&) = delete;
   PathStrokes& operator=(const PathStrokes&) = delete;
 
-  /// From here on pixels are known that are lit already, which takes a byte for each of the area.
-  /// Worth it for many lines.
-  void RememberPixels();
+  const RECT& GetArea() const { return area; }
+
+  /// Whether there is a pixel of a rectangle (all edges included) in the area.
+  bool CanShow(const RECT& rect) const {
+    return rect.right >= area.left && rect.left < area.right && rect.bottom >= area.top &&
+           rect.top < area.bottom;
+  }
 
   /// Whether lines that stay inside a rectangle (all edges included) can light any pixel that is
   /// not lit yet. May be true when they cannot.
   bool CanLight(const RECT& rect) const {
-    return !IsOutside(rect) && (rect.left != rect.right || rect.top != rect.bottom) && !IsLit(rect);
+    return CanShow(rect) && (rect.left != rect.right || rect.top != rect.bottom) &&
+           !(IsSmall(rect) && AreAllLit(rect));
   }
 
-  void Draw(POINT from, POINT to) {
-    if (from.x != to.x || from.y != to.y) {
-      DrawLine(from, to);
+  bool IsInside(POINT point) const {
+    return point.x >= area.left && point.x < area.right && point.y >= area.top &&
+           point.y < area.bottom;
+  }
+
+  /// The pixel is to be inside the area. May be false when it is lit.
+  bool IsLit(POINT point) const { return picture.IsLit(point.x - area.left, point.y - area.top); }
+
+  void Light(POINT point) {
+    if (IsInside(point)) {
+      picture.Light(point.x - area.left, point.y - area.top);
     }
   }
+
+  void Draw(POINT from, POINT to);
 
  private:
   static constexpr int RUN_LENGTH = 256;
   static constexpr LONG FEW_PIXELS = 16;
 
-  bool IsOutside(const RECT& rect) const {
-    return rect.right < area.left || rect.left >= area.right || rect.bottom < area.top ||
-           rect.top >= area.bottom;
+  static bool IsSmall(const RECT& rect) {
+    const LONG width = rect.right - rect.left + 1;
+    const LONG height = rect.bottom - rect.top + 1;
+    return width <= FEW_PIXELS && height <= FEW_PIXELS && width * height <= FEW_PIXELS;
   }
-  bool IsInside(POINT point) const {
-    return point.x >= area.left && point.x < area.right && point.y >= area.top &&
-           point.y < area.bottom;
-  }
-  bool IsLit(const RECT& rect) const;
-  std::uint8_t* LitAt(LONG x, LONG y) const {
-    return &lit[static_cast<std::size_t>((y - area.top) * (area.right - area.left) + x -
-                                         area.left)];
-  }
+  bool AreAllLit(const RECT& rect) const;
   void DrawLine(POINT from, POINT to);
   void Flush();
 
-  HDC dc;
+  PathPicture& picture;
   RECT area;
-  /// For each pixel, whether it is known to be lit. Null until remembered, and without memory: then
-  /// nothing is known.
-  std::unique_ptr<std::uint8_t[]> lit;
   std::array<POINT, RUN_LENGTH> run;  ///< a line through points, not drawn yet
   int runLength = 0;
 };

@@ -132,6 +132,7 @@ void PathWidget::CatchUp() {
   const PathPoints points(engine.fix->track);
   trip.Update(points);
   index.Update(points);
+  cells.Update(points);
 }
 
 void PathWidget::Draw(HWND window) {
@@ -170,7 +171,7 @@ void PathWidget::DrawPath(const RECT& rect) {
     Center(points);
   }
   const PathProjection projection(trip.GetBox(), pathArea, zoom, pan);
-  layer.Draw(theCanvas.GetDrawingDC(), pathArea, points, index, projection,
+  layer.Draw(theCanvas.GetDrawingDC(), pathArea, {points, index, cells}, projection,
              {backgroundColor, pathColor});
   DrawMarks(points, projection);
 }

@@ -2,6 +2,7 @@
 
 #include "render/TextStyle.h"
 #include "widgets/ColorSetting.h"
+#include "widgets/PathCells.h"
 #include "widgets/PathIndex.h"
 #include "widgets/PathLayer.h"
 #include "widgets/PathReadouts.h"
@@ -65,6 +66,7 @@ class PathWidget : public Widget {
   int timeSensor = NO_SENSOR;
   PathTrip trip;
   PathIndex index;
+  PathCells cells;
   PathLayer layer;
   RECT pathArea = {};  ///< where the last frame had the path
   POINT pan = {};

@@ -1,5 +1,5 @@
 // The path as it is drawn, against the plain way: every point projected, one line through all of
-// them, clipped to the area. Not one pixel may differ.
+// them with its last pixel, clipped to the area. Not one pixel may differ.
 
 #include <gtest/gtest.h>
 
@@ -65,6 +65,7 @@ void DrawPlainly(HDC dc, const RECT& area, const PathPoints& points,
   {
     const Selection selection(dc, pen);
     Polyline(dc, line.data(), static_cast<int>(line.size()));
+    SetPixel(dc, line.back().x, line.back().y, PATH_COLOR);
   }
   SelectClipRgn(dc, nullptr);
   DeleteObject(pen);
@@ -111,6 +112,24 @@ class PathLayerTest : public testing::Test {
     }
   }
 
+  /// Forth and back on one winding road of 20 minutes' length, with the receiver's noise.
+  void DriveAllDay(int count) {
+    constexpr int PLACES = 1000;
+    constexpr float STEP = 0.02F;
+    std::vector<std::pair<float, float>> road = {{latitude, longitude}};
+    float heading = Shift(3);
+    while (road.size() < PLACES) {
+      heading += Shift(0.2F);
+      road.emplace_back(road.back().first + STEP * std::sin(heading),
+                        road.back().second + STEP * std::cos(heading));
+    }
+    for (int second = 0; second < count; ++second) {
+      const int place = std::abs(second % (2 * PLACES) - PLACES);
+      const auto [north, east] = road[static_cast<std::size_t>(std::min(place, PLACES - 1))];
+      points.push_back(PathPointAt(north + Shift(0.004F), east + Shift(0.004F), 50, second));
+    }
+  }
+
   /// The points that a full track still has.
   PathPoints Points() const {
     return PathPoints(std::span(points).subspan(static_cast<std::size_t>(lost)), lost);
@@ -132,10 +151,17 @@ class PathLayerTest : public testing::Test {
     return {left, top, Pick(left + 10, FRAME.cx), Pick(top + 10, FRAME.cy)};
   }
 
-  void ExpectPlainPicture(const RECT& area, const PathProjection& projection) {
+  void CatchUp() {
     index.Update(Points());
+    for (std::size_t taken = 0; taken <= points.size(); taken += 256) {
+      cells.Update(Points());
+    }
+  }
+
+  void ExpectPlainPicture(const RECT& area, const PathProjection& projection) {
+    CatchUp();
     Sheet fast(FRAME);
-    layer.Draw(fast.GetDC(), area, Points(), index, projection, {BACKGROUND, PATH_COLOR});
+    layer.Draw(fast.GetDC(), area, {Points(), index, cells}, projection, {BACKGROUND, PATH_COLOR});
     Sheet plain(FRAME);
     DrawPlainly(plain.GetDC(), area, Points(), projection);
     EXPECT_TRUE(fast == plain) << points.size() << " points, " << lost << " lost";
@@ -150,6 +176,7 @@ class PathLayerTest : public testing::Test {
   float latitude = 5540;
   float longitude = 3730;
   PathIndex index;
+  PathCells cells;
   PathLayer layer;
   int picturesWithInk = 0;
 };
@@ -164,24 +191,29 @@ TEST_P(RandomPaths, LookAsThePlainWayHasThem) {
   Wander(Pick(2, 3000));
   for (int view = 0; view < 12; ++view) {
     const float zoom = std::pow(2.0F, static_cast<float>(Pick(-3, 14)));
-    const POINT pan = {Pick(-300, 300), Pick(-300, 300)};
-    PathProjection projection(Box(), area, zoom, pan);
+    POINT pan = {Pick(-300, 300), Pick(-300, 300)};
     if (Pick(0, 1) != 0) {
       // Somewhere on the path, so that there is something to see.
       const TrackPoint& point =
           points[static_cast<std::size_t>(Pick(lost, static_cast<int>(points.size()) - 1))];
       if (HasPosition(point)) {
-        projection = PathProjection(
-            Box(), area, zoom,
-            PathProjection(Box(), area, zoom, {0, 0})
-                .PanTo(point.latitude, point.longitude, {area.left + 5, area.top + 5}));
+        pan = PathProjection(Box(), area, zoom, {0, 0})
+                  .PanTo(point.latitude, point.longitude, {area.left + 5, area.top + 5});
       }
     }
+    const PathProjection projection(Box(), area, zoom, pan);
     ExpectPlainPicture(area, projection);
     // Go on driving, seen in the same way.
     for (int update = 0; update < 4; ++update) {
       Wander(Pick(0, 20));
       ExpectPlainPicture(area, projection);
+    }
+    // Follow a finger, now and then while driving on.
+    for (int move = 0; move < 6; ++move) {
+      pan.x += Pick(-12, 12) * Pick(0, 1);
+      pan.y += Pick(-12, 12) * Pick(0, 1);
+      Wander(Pick(0, 3) == 0 ? 1 : 0);
+      ExpectPlainPicture(area, PathProjection(Box(), area, zoom, pan));
     }
     // Memory has run out: the oldest points go.
     if (Pick(0, 2) == 0) {
@@ -194,12 +226,38 @@ TEST_P(RandomPaths, LookAsThePlainWayHasThem) {
 
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomPaths, testing::Range(0, 40));
 
-TEST_F(PathLayerTest, DrawsARoadThatIsDrivenAllDayLikeThePlainWay) {
-  for (int second = 0; second < 40000; ++second) {
-    // Forth and back on a bend, with the receiver's noise.
-    const float way = std::abs(static_cast<float>(second % 1200) - 600) / 600;
-    points.push_back(PathPointAt(5540 + 20 * way * way + Shift(0.005F),
-                                 3730 + 30 * way + Shift(0.005F), 50, second));
+class RandomRoads : public RandomPaths {};
+
+TEST_P(RandomRoads, DrivenAllDayLookAsThePlainWayHasThem) {
+  DriveAllDay(60000);
+  CatchUp();
+  ASSERT_TRUE(cells.Hold(60000));
+  for (int view = 0; view < 40; ++view) {
+    const RECT area = view % 2 == 0 ? RandomArea() : RECT{0, 0, FRAME.cx, FRAME.cy};
+    const float zoom = std::pow(2.0F, static_cast<float>(Pick(-2, 9)) / 2);
+    const TrackPoint& point = points[static_cast<std::size_t>(Pick(0, 59999))];
+    const POINT pan = PathProjection(Box(), area, zoom, {0, 0})
+                          .PanTo(point.latitude, point.longitude, {area.left + 5, area.top + 5});
+    ExpectPlainPicture(area, PathProjection(Box(), area, zoom, pan));
+  }
+  // A jump, and on with steps of pixels.
+  latitude += 3;
+  Wander(300);
+  for (int view = 0; view < 10; ++view) {
+    const RECT area = RandomArea();
+    ExpectPlainPicture(area, PathProjection(Box(), area, 1, {0, 0}));
+  }
+  EXPECT_EQ(50, picturesWithInk);
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomRoads, testing::Range(0, 12));
+
+TEST_F(PathLayerTest, DrawsATrackThatSpreadsOverACountryLikeThePlainWay) {
+  // More than there are cells, so they become larger again and again.
+  for (int second = 0; second < 100000; ++second) {
+    latitude += Shift(0.2F);
+    longitude += Shift(0.2F);
+    points.push_back(PathPointAt(latitude, longitude, 50, second));
   }
   const RECT area = {1, 1, 199, 159};
   for (float zoom = 0.25F; zoom < 500; zoom *= 2) {
@@ -224,13 +282,14 @@ TEST_F(PathLayerTest, GrowsWithItsBox) {
 TEST_F(PathLayerTest, FollowsItsColours) {
   const RECT area = {1, 1, 199, 159};
   points = {PathPointAt(5540, 3730, 0, 0), PathPointAt(5541, 3731, 0, 1)};
-  index.Update(Points());
+  CatchUp();
   const PathProjection projection(Box(), area, 1, {0, 0});
   Sheet sheet(FRAME);
-  layer.Draw(sheet.GetDC(), area, Points(), index, projection, {BACKGROUND, PATH_COLOR});
+  layer.Draw(sheet.GetDC(), area, {Points(), index, cells}, projection, {BACKGROUND, PATH_COLOR});
   const POINT start = projection.Project(5540, 3730);
   EXPECT_EQ(PATH_COLOR, GetPixel(sheet.GetDC(), start.x, start.y));
-  layer.Draw(sheet.GetDC(), area, Points(), index, projection, {RGB(0, 0, 255), RGB(255, 0, 0)});
+  layer.Draw(sheet.GetDC(), area, {Points(), index, cells}, projection,
+             {RGB(0, 0, 255), RGB(255, 0, 0)});
   EXPECT_EQ(RGB(255, 0, 0), GetPixel(sheet.GetDC(), start.x, start.y));
   EXPECT_EQ(RGB(0, 0, 255), GetPixel(sheet.GetDC(), 2, 2));
 }
@@ -239,7 +298,7 @@ TEST_F(PathLayerTest, NeedsNoMemoryForAnIndex) {
   const RECT area = {1, 1, 199, 159};
   failing_memory::RefuseRealloc(true);
   Wander(500);
-  index.Update(Points());
+  CatchUp();
   EXPECT_FALSE(index.IsUsable());
   ExpectPlainPicture(area, PathProjection(Box(), area, 1, {0, 0}));
   Wander(5);

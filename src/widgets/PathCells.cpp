@@ -1,0 +1,146 @@
+#include "widgets/PathCells.h"
+
+#include <algorithm>
+#include <cmath>
+#include <new>
+
+namespace ferolin {
+
+namespace {
+
+constexpr float FARTHEST = 100'000;  // no position has more degrees x 100 + minutes
+constexpr std::int32_t MASK = PathCells::STEPS - 1;
+
+/// Scatters the cells of a road, which are neighbours, over the slots.
+std::uint32_t HashOf(std::int32_t column, std::int32_t row) {
+  const std::uint32_t hash = static_cast<std::uint32_t>(column) * 0x9E3779B1U +
+                             static_cast<std::uint32_t>(row) * 0x85EBCA77U;
+  return hash ^ hash >> 15;
+}
+
+PathCells::Extent& StripAt(std::array<PathCells::Extent, PathCells::STRIPS>& strips,
+                           std::int32_t step) {
+  return strips[static_cast<std::size_t>((step & MASK) / PathCells::STRIP_STEPS)];
+}
+
+/// Strips of a cell of half the size go into a larger one's; the steps are what they were in the
+/// finer grid.
+void Merge(const std::array<PathCells::Extent, PathCells::STRIPS>& from, std::int32_t across,
+           std::int32_t along, std::array<PathCells::Extent, PathCells::STRIPS>& into) {
+  for (const PathCells::Extent& extent : from) {
+    if (!extent.IsEmpty()) {
+      StripAt(into, across >> 1).Widen((along + extent.low) >> 1);
+      StripAt(into, across >> 1).Widen((along + extent.high) >> 1);
+    }
+    across += PathCells::STRIP_STEPS;
+  }
+}
+
+}  // namespace
+
+void PathCells::Extent::Widen(std::int32_t step) {
+  const auto place = static_cast<std::uint8_t>(step & MASK);
+  low = std::min(low, place);
+  high = std::max(high, place);
+}
+
+void PathCells::Update(const PathPoints& points) {
+  if (end > points.GetEnd()) {
+    Drop();
+    state = State::EMPTY;
+    end = 0;
+  }
+  if (points.GetFirst() > 0) {
+    Drop();
+  }
+  if (state == State::EMPTY && points.GetCount() >= FEWEST_POINTS) {
+    Start();
+  }
+  const int limit = std::min(points.GetEnd(), end + MOST_AT_ONCE);
+  for (; state == State::USABLE && end < limit; ++end) {
+    if (HasPosition(points[end]) && !Add(points[end])) {
+      Drop();
+    }
+  }
+}
+
+void PathCells::Start() {
+  stepsPerUnit = FINEST;
+  slots.reset(new (std::nothrow) std::uint16_t[SLOTS]());
+  state = slots != nullptr ? State::USABLE : State::UNUSABLE;
+}
+
+void PathCells::Drop() {
+  cells.Release();
+  boxes.Release();
+  slots.reset();
+  state = State::UNUSABLE;
+}
+
+bool PathCells::Add(const TrackPoint& point) {
+  if (!(std::fabs(point.latitude) < FARTHEST && std::fabs(point.longitude) < FARTHEST)) {
+    return false;
+  }
+  if (cells.Get().size() == MOST_CELLS && !Coarsen()) {
+    return false;
+  }
+  const auto x = static_cast<std::int32_t>(std::floor(point.longitude * stepsPerUnit));
+  const auto y = static_cast<std::int32_t>(std::floor(point.latitude * stepsPerUnit));
+  const std::size_t number = Find(x >> 8, y >> 8);
+  if (number == NONE) {
+    return false;
+  }
+  Cell& cell = cells.Get()[number];
+  StripAt(cell.columns, x).Widen(y);
+  StripAt(cell.rows, y).Widen(x);
+  boxes.Get()[number].Widen(point.latitude, point.longitude);
+  return true;
+}
+
+/// Number of the cell at this place, a new one if need be. NONE without memory for that.
+std::size_t PathCells::Find(std::int32_t column, std::int32_t row) {
+  std::uint32_t slot = HashOf(column, row) % SLOTS;
+  while (slots[slot] != 0) {
+    const std::size_t number = slots[slot] - 1U;
+    const Cell& cell = cells.Get()[number];
+    if (cell.column == column && cell.row == row) {
+      return number;
+    }
+    slot = (slot + 1) % SLOTS;
+  }
+  if (!cells.Add({column, row, {}, {}}) || !boxes.Add({})) {
+    return NONE;
+  }
+  slots[slot] = static_cast<std::uint16_t>(cells.Get().size());
+  return cells.Get().size() - 1;
+}
+
+/// Makes the cells twice as large until there is room for as many again.
+bool PathCells::Coarsen() {
+  while (cells.Get().size() > MOST_CELLS / 2) {
+    const std::span<const Cell> old = cells.Get();
+    const std::span<const PathBox> oldBoxes = boxes.Get();
+    stepsPerUnit /= 2;
+    std::fill_n(slots.get(), SLOTS, 0);
+    cells.Clear();
+    boxes.Clear();
+    // The new cells are written over old ones that were read before.
+    for (std::size_t read = 0; read < old.size(); ++read) {
+      const Cell fine = old[read];
+      const PathBox fineBox = oldBoxes[read];
+      const std::size_t number = Find(fine.column >> 1, fine.row >> 1);
+      if (number == NONE) {
+        return false;
+      }
+      Cell& cell = cells.Get()[number];
+      Merge(fine.columns, fine.column * STEPS, fine.row * STEPS, cell.columns);
+      Merge(fine.rows, fine.row * STEPS, fine.column * STEPS, cell.rows);
+      PathBox& box = boxes.Get()[number];
+      box.Widen(fineBox.minLatitude, fineBox.minLongitude);
+      box.Widen(fineBox.maxLatitude, fineBox.maxLongitude);
+    }
+  }
+  return true;
+}
+
+}  // namespace ferolin
