@@ -83,7 +83,7 @@ void SpeedChart(benchmark::State& state) {
 }
 BENCHMARK(SpeedChart)
     ->ArgNames({"points", "zoom"})
-    ->ArgsProduct({{1000, 10000, 1000000}, {1, 128}})
+    ->ArgsProduct({{1'000, 10'000, 100'000, 1'000'000}, {1, 128}})
     ->Unit(benchmark::kMicrosecond);
 
 }  // namespace

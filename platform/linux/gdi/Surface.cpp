@@ -19,6 +19,17 @@ constexpr COLORREF PALETTE_INDEX = 0x01000000;
 /// An entry of the bitmap's own colour table, which no bitmap here has.
 constexpr COLORREF TABLE_INDEX = 0x10FF0000;
 
+constexpr int FEW_COLUMNS = 16;  // for which pixman is not worth the call
+
+template <typename Pixel>
+void FillColumns(const Surface& surface, const RECT& rect, Pixel pixel) {
+  auto* row = reinterpret_cast<std::uint8_t*>(surface.Row<Pixel>(rect.top));
+  for (LONG y = rect.top; y < rect.bottom; ++y, row += surface.pitch) {
+    for (LONG x = rect.left; x < rect.right; ++x)
+      reinterpret_cast<Pixel*>(row)[x] = pixel;
+  }
+}
+
 }  // namespace
 
 std::uint32_t ArgbFromColor(COLORREF color) {
@@ -49,15 +60,14 @@ void Surface::Set(int x, int y, std::uint32_t pixel) const {
     Row<std::uint32_t>(y)[x] = pixel;
 }
 
-void Surface::FillRow(int y, int left, int right, std::uint32_t pixel) const {
-  if (format == PixelFormat::RGB555)
-    std::fill(Row<std::uint16_t>(y) + left, Row<std::uint16_t>(y) + right,
-              static_cast<std::uint16_t>(pixel));
-  else
-    std::fill(Row<std::uint32_t>(y) + left, Row<std::uint32_t>(y) + right, pixel);
-}
-
 void Surface::Fill(const RECT& rect, std::uint32_t pixel) const {
+  if (rect.right - rect.left <= FEW_COLUMNS) {
+    if (format == PixelFormat::RGB555)
+      FillColumns(*this, rect, static_cast<std::uint16_t>(pixel));
+    else
+      FillColumns(*this, rect, pixel);
+    return;
+  }
   // pixman wants a start and rows that go up in memory. The order of rows does not matter to a fill, so a
   // bottom-up surface is filled from the row that comes first in memory.
   const int first = pitch < 0 ? rect.bottom - 1 : rect.top;

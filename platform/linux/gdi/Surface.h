@@ -75,9 +75,6 @@ struct Surface {
   COLORREF ColorAt(int x, int y) const;
   void Set(int x, int y, std::uint32_t pixel) const;
 
-  /// The pixels from `left` up to `right` of row y, which must lie inside. Quicker than Fill where they are few.
-  void FillRow(int y, int left, int right, std::uint32_t pixel) const;
-
   /// Every pixel of the rectangle, which must lie inside, becomes `pixel`.
   void Fill(const RECT& rect, std::uint32_t pixel) const;
 };

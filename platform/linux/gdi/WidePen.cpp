@@ -34,9 +34,18 @@ class Side {
 
   std::int64_t GetX() const { return x; }
 
-  void GoDown() {
-    x -= step;
-    rest += stepRest;
+  /// How many rows from here on have the same column, as far as that is quick to tell; at least 1.
+  std::int64_t RowsAlike() const {
+    constexpr std::int64_t MANY = 8;
+    if (step != 0 || stepRest * MANY > height)
+      return 1;
+    return stepRest == 0 ? height : (height - rest + stepRest - 1) / stepRest;
+  }
+
+  /// 1 row, or up to all that are alike.
+  void GoDown(std::int64_t rows) {
+    x -= step * rows;
+    rest += stepRest * rows;
     if (rest >= height) {
       rest -= height;
       --x;
@@ -55,18 +64,23 @@ class Side {
   std::int64_t stepRest;
 };
 
-/// Fills the rows from `first` up to `last` between two sides.
+/// Fills the rows from `first` up to `last` between two sides. A chart's lines have few pixels in a row but many rows, so
+/// rows that are alike are filled together.
 void FillBetween(const Target& target, Side one, Side other, LONG first, LONG last,
                  std::uint32_t pixel) {
-  for (LONG y = first; y < last; ++y) {
+  for (std::int64_t y = first; y < last;) {
     const std::int64_t left =
         std::max<std::int64_t>(std::min(one.GetX(), other.GetX()), target.clip.left);
     const std::int64_t right =
         std::min<std::int64_t>(std::max(one.GetX(), other.GetX()), target.clip.right);
+    const std::int64_t rows = std::min({one.RowsAlike(), other.RowsAlike(), last - y});
     if (left < right)
-      target.surface.FillRow(y, static_cast<int>(left), static_cast<int>(right), pixel);
-    one.GoDown();
-    other.GoDown();
+      target.surface.Fill({static_cast<LONG>(left), static_cast<LONG>(y), static_cast<LONG>(right),
+                           static_cast<LONG>(y + rows)},
+                          pixel);
+    one.GoDown(rows);
+    other.GoDown(rows);
+    y += rows;
   }
 }
 
