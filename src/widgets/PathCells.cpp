@@ -18,6 +18,11 @@ std::uint32_t HashOf(std::int32_t column, std::int32_t row) {
   return hash ^ hash >> 15;
 }
 
+/// The handheld rounds doubles only.
+std::int32_t StepAt(double place) {
+  return static_cast<std::int32_t>(std::floor(place));
+}
+
 PathCells::Extent& StripAt(std::array<PathCells::Extent, PathCells::STRIPS>& strips,
                            std::int32_t step) {
   return strips[static_cast<std::size_t>((step & MASK) / PathCells::STRIP_STEPS)];
@@ -84,8 +89,8 @@ bool PathCells::Add(const TrackPoint& point) {
   if (cells.Get().size() == MOST_CELLS && !Coarsen()) {
     return false;
   }
-  const auto x = static_cast<std::int32_t>(std::floor(point.longitude * stepsPerUnit));
-  const auto y = static_cast<std::int32_t>(std::floor(point.latitude * stepsPerUnit));
+  const std::int32_t x = StepAt(point.longitude * stepsPerUnit);
+  const std::int32_t y = StepAt(point.latitude * stepsPerUnit);
   const std::size_t number = Find(x >> 8, y >> 8);
   if (number == NONE) {
     return false;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace ferolin {
 
@@ -36,17 +35,20 @@ PathProjection::PathProjection(const PathBox& box, const RECT& area, float zoom,
            pixels.bottom < FARTHEST;
 }
 
-/// A pixel more, and the next number, make up for places and numbers that are rounded.
+/// A pixel more, and a little of the number itself, make up for places and numbers that are rounded.
 PathBox PathProjection::BoxAround(const RECT& rect) const {
-  constexpr float MOST = std::numeric_limits<float>::max();
-  const auto nextTo = [](double number, float towards) {
-    return std::nextafter(static_cast<float>(number), towards);
+  constexpr double FLOAT_ERROR = 1e-6;
+  const auto below = [](double number) {
+    return static_cast<float>(number - std::fabs(number) * FLOAT_ERROR);
+  };
+  const auto above = [](double number) {
+    return static_cast<float>(number + std::fabs(number) * FLOAT_ERROR);
   };
   PathBox box;
-  box.minLongitude = nextTo(LongitudeOfEdge(rect.left - 1), -MOST);
-  box.maxLongitude = nextTo(LongitudeOfEdge(rect.right + 1), MOST);
-  box.minLatitude = nextTo(LatitudeOfEdge(rect.bottom + 1), -MOST);
-  box.maxLatitude = nextTo(LatitudeOfEdge(rect.top - 1), MOST);
+  box.minLongitude = below(LongitudeOfEdge(rect.left - 1));
+  box.maxLongitude = above(LongitudeOfEdge(rect.right + 1));
+  box.minLatitude = below(LatitudeOfEdge(rect.bottom + 1));
+  box.maxLatitude = above(LatitudeOfEdge(rect.top - 1));
   return box;
 }
 
