@@ -35,6 +35,12 @@ PathProjection::PathProjection(const PathBox& box, const RECT& area, float zoom,
            pixels.bottom < FARTHEST;
 }
 
+RECT PathProjection::Project(const PathBox& box) const {
+  const POINT topLeft = Project(box.maxLatitude, box.minLongitude);
+  const POINT bottomRight = Project(box.minLatitude, box.maxLongitude);
+  return {topLeft.x, topLeft.y, bottomRight.x, bottomRight.y};
+}
+
 /// A pixel more, and a little of the number itself, make up for places and numbers that are rounded.
 PathBox PathProjection::BoxAround(const RECT& rect) const {
   constexpr double FLOAT_ERROR = 1e-6;

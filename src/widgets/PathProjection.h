@@ -30,11 +30,7 @@ class PathProjection {
   POINT Project(const TrackPoint& point) const { return Project(point.latitude, point.longitude); }
 
   /// The rectangle of pixels, all edges included.
-  RECT Project(const PathBox& box) const {
-    const POINT topLeft = Project(box.maxLatitude, box.minLongitude);
-    const POINT bottomRight = Project(box.minLatitude, box.maxLongitude);
-    return {topLeft.x, topLeft.y, bottomRight.x, bottomRight.y};
-  }
+  RECT Project(const PathBox& box) const;
 
   /// Pixels for 1 of latitude or longitude.
   double GetScale() const { return x.scale; }

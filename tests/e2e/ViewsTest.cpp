@@ -15,7 +15,7 @@ namespace {
 
 using Picture = Device::Picture;
 
-enum View { NONE = -1, DIAL = 0, BIG_SPEED = 1 };
+enum View { NONE = -1, DIAL = 0, BIG_SPEED = 1, PATH = 3 };
 
 /// What the notification carries.
 enum Code : LPARAM {
@@ -26,6 +26,8 @@ enum Code : LPARAM {
   CLOSE = 6,
   FLIP_HORIZONTALLY = 7,
   ROTATE_SCREEN = 8,
+  ZOOM_IN = 9,
+  ZOOM_OUT = 10,
 };
 
 constexpr int WIDTH = 240;
@@ -94,16 +96,24 @@ class Views : public EngineTest {
 
   /// The frame that an update draws.
   Picture Draw(const std::string& sentence = Rmc("120000", "A", "30")) {
+    return FrameOf([&] { EXPECT_EQ(1U, Send(sentence)); });
+  }
+
+  /// The frame that is drawn, some time, for what `act` does.
+  Picture FrameOf(const std::function<void()>& act) {
     const HWND window = engine->GetRenderWindow();
     const std::uint64_t before = device->GetPictureVersion(window);
-    EXPECT_EQ(1U, Send(sentence));
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-    while (device->GetPictureVersion(window) == before &&
-           std::chrono::steady_clock::now() < deadline) {
-      Sleep(1);
-    }
+    act();
+    WaitFor([&] { return device->GetPictureVersion(window) != before; });
     EXPECT_NE(before, device->GetPictureVersion(window)) << "nothing was drawn";
     return device->GetPicture(window);
+  }
+
+  static void WaitFor(const std::function<bool()>& isDone) {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while (!isDone() && std::chrono::steady_clock::now() < deadline) {
+      Sleep(1);
+    }
   }
 
   /// The same without the buttons, which would lie over it unchanged.
@@ -286,6 +296,35 @@ TEST_F(Views, ASwipeAcrossMoreThanHalfOfTheWindowTurnsTheView) {
   EXPECT_EQ(std::vector<LPARAM>{PREVIOUS_VIEW}, Stroke({40, 160}, {161, 160}));
   EXPECT_EQ(std::vector<LPARAM>{}, Stroke({200, 160}, {80, 160}));
   EXPECT_EQ(std::vector<LPARAM>{}, Stroke({200, 100}, {70, 240}));
+}
+
+/// What has been moved with the finger looks as if it had been drawn there.
+TEST_F(Views, ThePathFollowsTheFinger) {
+  StartWith(PATH);
+  for (int second = 0; second < 60; ++second) {
+    // A winding road: a hundredth of a minute to the east each second, up and down. The buttons
+    // have gone at its end.
+    const auto two = [](int value) { return (value < 10 ? "0" : "") + std::to_string(value); };
+    Draw(Sentence("GPRMC,1200" + two(second) + ",A,4807." + two(38 + second * second % 29) +
+                  "0,N,01131." + two(second) + "0,E,36.0,084.4,230324,,"));
+  }
+  const Picture before = ShowAgain();
+  engine->OnMouseDown(host->Get(), 100, 80);
+  Picture dragged;
+  for (const POINT to : {POINT{104, 81}, POINT{115, 90}, POINT{90, 60}, POINT{91, 60}}) {
+    dragged = FrameOf([&] { engine->OnMouseMove(host->Get(), to.x, to.y); });
+  }
+  engine->OnMouseUp(host->Get(), 91, 60);
+  EXPECT_NE(before, dragged);
+
+  // Larger and as large again: all of it is drawn anew.
+  constexpr int UPPER_ROW = HEIGHT - BAR_END - BUTTON / 2;
+  engine->OnDoubleClick();
+  EXPECT_EQ(std::vector<LPARAM>{ZOOM_IN}, Tap(150, UPPER_ROW));
+  EXPECT_EQ(std::vector<LPARAM>{ZOOM_OUT}, Tap(210, UPPER_ROW));
+  engine->OnDoubleClick();
+  WaitFor([&] { return ShowAgain() == dragged; });
+  EXPECT_EQ(dragged, ShowAgain());
 }
 
 }  // namespace
