@@ -311,10 +311,10 @@ TEST_F(Views, ThePathFollowsTheFinger) {
   const Picture before = ShowAgain();
   engine->OnMouseDown(host->Get(), 100, 80);
   Picture dragged;
-  for (const POINT to : {POINT{104, 81}, POINT{115, 90}, POINT{90, 60}, POINT{91, 60}}) {
+  for (const POINT to : {POINT{104, 81}, POINT{125, 100}, POINT{120, 97}}) {
     dragged = FrameOf([&] { engine->OnMouseMove(host->Get(), to.x, to.y); });
   }
-  engine->OnMouseUp(host->Get(), 91, 60);
+  engine->OnMouseUp(host->Get(), 120, 97);
   EXPECT_NE(before, dragged);
 
   // Larger and as large again: all of it is drawn anew.
