@@ -1,7 +1,10 @@
 #include "widgets/PathLayer.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
+
+#include "render/Surface.h"
 
 namespace ferolin {
 
@@ -13,6 +16,46 @@ bool AreEqual(const RECT& a, const RECT& b) {
   return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
 }
 
+void FillArea(HDC dc, const RECT& area, COLORREF color) {
+  const HBRUSH brush = CreateSolidBrush(color);
+  FillRect(dc, &area, brush);
+  DeleteObject(brush);
+}
+
+/// A line through all points, in pieces.
+void DrawThrough(HDC dc, const PathPoints& points, const PathProjection& projection) {
+  std::array<POINT, 256> run;
+  int length = 0;
+  for (int number = points.GetFirst(); number < points.GetEnd(); ++number) {
+    if (!HasPosition(points[number])) {
+      continue;
+    }
+    run[static_cast<std::size_t>(length++)] = projection.Project(points[number]);
+    if (length == static_cast<int>(run.size())) {
+      Polyline(dc, run.data(), length);
+      run.front() = run.back();
+      length = 1;
+    }
+  }
+  Polyline(dc, run.data(), length);
+}
+
+/// What is done without memory for a picture.
+void DrawPlainly(HDC dc, const RECT& area, const PathPoints& points,
+                 const PathProjection& projection, const PathLayer::Colors& colors) {
+  FillArea(dc, area, colors.background);
+  const HRGN region = CreateRectRgn(area.left, area.top, area.right, area.bottom);
+  const HPEN pen = CreatePen(PS_SOLID, 1, colors.path);
+  SelectClipRgn(dc, region);
+  {
+    const Selection selection(dc, pen);
+    DrawThrough(dc, points, projection);
+  }
+  SelectClipRgn(dc, nullptr);
+  DeleteObject(pen);
+  DeleteObject(region);
+}
+
 }  // namespace
 
 void PathLayer::Draw(HDC dc, const RECT& area, const PathLine::Track& track,
@@ -20,6 +63,7 @@ void PathLayer::Draw(HDC dc, const RECT& area, const PathLine::Track& track,
   const SIZE size = {area.right - area.left, area.bottom - area.top};
   if (!Shows(area, track.points, colors) || !Pan(track, projection)) {
     if (!picture.Clear(dc, size, colors.background, colors.path)) {
+      DrawPlainly(dc, area, track.points, projection, colors);
       return;
     }
     PathStrokes strokes(picture, area);

@@ -19,8 +19,7 @@ class PathLayer {
     bool operator==(const Colors&) const = default;
   };
 
-  /// Fills an area of `dc` with the background and the path. Draws nothing without memory for the
-  /// layer.
+  /// Fills an area of `dc` with the background and the path.
   void Draw(HDC dc, const RECT& area, const PathLine::Track& track,
             const PathProjection& projection, const Colors& colors);
 

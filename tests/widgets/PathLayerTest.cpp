@@ -305,6 +305,19 @@ TEST_F(PathLayerTest, NeedsNoMemoryForAnIndex) {
   ExpectPlainPicture(area, PathProjection(Box(), area, 4, {0, 0}));
 }
 
+TEST_F(PathLayerTest, NeedsNoMemoryForAPicture) {
+  // No picture can be this large.
+  const RECT area = {1, 1, 50001, 50001};
+  Wander(700);
+  const PathBox box = Box();
+  const POINT pan = PathProjection(box, area, 0.001F, {0, 0})
+                        .PanTo(points[350].latitude, points[350].longitude, {50, 60});
+  ExpectPlainPicture(area, PathProjection(box, area, 0.001F, pan));
+  Wander(5);
+  ExpectPlainPicture(area, PathProjection(box, area, 0.002F, pan));
+  EXPECT_GT(picturesWithInk, 0);
+}
+
 TEST_F(PathLayerTest, StartsAgainWithAShorterTrack) {
   const RECT area = {1, 1, 199, 159};
   Wander(500);
