@@ -7,9 +7,10 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <optional>
 #include <system_error>
+
+#include "shared/DecimalText.h"
 
 namespace handheld {
 
@@ -81,14 +82,6 @@ int PrintedLength(int wanted, std::size_t size) {
   return wanted < 0 ? 0 : static_cast<int>(std::min(static_cast<std::size_t>(wanted), size - 1));
 }
 
-bool IsBlank(char letter) {
-  return letter == ' ' || (letter >= '\t' && letter <= '\r');
-}
-
-bool IsDigit(char letter) {
-  return letter >= '0' && letter <= '9';
-}
-
 }  // namespace
 
 extern "C" {
@@ -113,21 +106,8 @@ int CrtPrintInt(char* out, std::size_t size, const char* conversion, int value) 
 #pragma GCC diagnostic pop
 
 double CrtParseDouble(const char* text) {
-  while (IsBlank(*text)) {
-    ++text;
-  }
-  const bool isNegative = *text == '-';
-  const char* digits = *text == '-' || *text == '+' ? text + 1 : text;
-  // Only decimal numbers: words such as "nan" are no numbers to the device.
-  if (!IsDigit(digits[0]) && !(digits[0] == '.' && IsDigit(digits[1]))) {
-    return 0;
-  }
-  double value = 0;
-  const auto result = std::from_chars(digits, digits + std::strlen(digits), value);
-  if (result.ec == std::errc::result_out_of_range) {
-    value = strtod_l(digits, nullptr, PlainLocale());
-  }
-  return isNegative ? -value : value;
+  return ParseDecimal(text,
+                      [](const char* digits) { return strtod_l(digits, nullptr, PlainLocale()); });
 }
 
 std::int64_t CrtParseInt64(const char* text) {

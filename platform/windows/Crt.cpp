@@ -4,12 +4,12 @@
 #include <malloc.h>
 
 #include <algorithm>
-#include <charconv>
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <system_error>
+
+#include "shared/DecimalText.h"
 
 namespace {
 
@@ -20,14 +20,6 @@ int PrintedLength(int wanted, std::size_t size) {
 _locale_t PlainLocale() {
   static const _locale_t plain = _create_locale(LC_ALL, "C");
   return plain;
-}
-
-bool IsBlank(char letter) {
-  return letter == ' ' || (letter >= '\t' && letter <= '\r');
-}
-
-bool IsDigit(char letter) {
-  return letter >= '0' && letter <= '9';
 }
 
 }  // namespace
@@ -55,21 +47,8 @@ int CrtPrintInt(char* out, std::size_t size, const char* conversion, int value) 
 #pragma GCC diagnostic pop
 
 double CrtParseDouble(const char* text) {
-  while (IsBlank(*text)) {
-    ++text;
-  }
-  const bool isNegative = *text == '-';
-  const char* digits = *text == '-' || *text == '+' ? text + 1 : text;
-  // Only decimal numbers: words such as "nan" are no numbers to the device.
-  if (!IsDigit(digits[0]) && !(digits[0] == '.' && IsDigit(digits[1]))) {
-    return 0;
-  }
-  double value = 0;
-  const auto result = std::from_chars(digits, digits + std::strlen(digits), value);
-  if (result.ec == std::errc::result_out_of_range) {
-    value = _strtod_l(digits, nullptr, PlainLocale());
-  }
-  return isNegative ? -value : value;
+  return handheld::ParseDecimal(
+      text, [](const char* digits) { return _strtod_l(digits, nullptr, PlainLocale()); });
 }
 
 std::int64_t CrtParseInt64(const char* text) {

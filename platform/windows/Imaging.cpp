@@ -3,8 +3,9 @@
 #include <imaging.h>
 #include <wincodec.h>
 
-#include <atomic>
 #include <new>
+
+#include "shared/Counted.h"
 
 // Here the system's own call is meant.
 #undef CoCreateInstance
@@ -12,31 +13,6 @@
 namespace {
 
 constexpr UINT BYTES_PER_PIXEL = 4;
-
-/// Reference counting of an object that is born with one reference.
-template <class Interface>
-class Counted : public Interface {
- public:
-  virtual ~Counted() = default;
-
-  HRESULT WINAPI QueryInterface(REFIID, LPVOID* object) override {
-    *object = nullptr;
-    return E_NOINTERFACE;
-  }
-
-  ULONG WINAPI AddRef() override { return ++references; }
-
-  ULONG WINAPI Release() override {
-    const ULONG left = --references;
-    if (left == 0) {
-      delete this;
-    }
-    return left;
-  }
-
- private:
-  std::atomic<ULONG> references = 1;
-};
 
 /// Owns one reference to an interface.
 template <class Interface>
@@ -60,7 +36,7 @@ class Reference {
 };
 
 /// The pixels of a picture, decoded when they are asked for.
-class BitmapImage final : public Counted<IBitmapImage> {
+class BitmapImage final : public handheld::Counted<IBitmapImage> {
  public:
   explicit BitmapImage(IWICBitmapSource* wanted) : source(wanted) { source->AddRef(); }
   ~BitmapImage() override { source->Release(); }
@@ -100,7 +76,7 @@ class BitmapImage final : public Counted<IBitmapImage> {
 };
 
 /// The first frame of a picture file.
-class Image final : public Counted<IImage> {
+class Image final : public handheld::Counted<IImage> {
  public:
   explicit Image(IWICBitmapSource* wanted) : frame(wanted) { frame->AddRef(); }
   ~Image() override { frame->Release(); }
@@ -116,7 +92,7 @@ class Image final : public Counted<IImage> {
   IWICBitmapSource* const frame;
 };
 
-class ImagingFactory final : public Counted<IImagingFactory> {
+class ImagingFactory final : public handheld::Counted<IImagingFactory> {
  public:
   explicit ImagingFactory(IWICImagingFactory* wanted) : components(wanted) { components->AddRef(); }
   ~ImagingFactory() override { components->Release(); }

@@ -2,47 +2,19 @@
 #include <imaging.h>
 #include <windows.h>
 
-#include <atomic>
 #include <cstring>
 #include <utility>
 
 #include "../LastError.h"
 #include "../Paths.h"
 #include "PngFile.h"
+#include "shared/Counted.h"
 
 namespace handheld {
 
 namespace {
 
 constexpr int BYTES_PER_PIXEL = 4;
-
-/// Reference counting of an object that is born with one reference.
-template <class Interface>
-class Counted : public Interface {
- public:
-  virtual ~Counted() = default;
-
-  HRESULT WINAPI QueryInterface(REFIID, LPVOID* object) override {
-    if (object == nullptr) {
-      return E_POINTER;
-    }
-    *object = nullptr;
-    return E_NOINTERFACE;
-  }
-
-  ULONG WINAPI AddRef() override { return ++references; }
-
-  ULONG WINAPI Release() override {
-    const ULONG left = --references;
-    if (left == 0) {
-      delete this;
-    }
-    return left;
-  }
-
- private:
-  std::atomic<ULONG> references = 1;
-};
 
 /// A picture whose file was found good so far; decoded when a bitmap is made of it.
 class Image final : public Counted<IImage> {
