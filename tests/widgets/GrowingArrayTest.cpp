@@ -1,8 +1,7 @@
-#include "widgets/GrowingArray.h"
-
 #include <gtest/gtest.h>
 
 #include "track/FailingMemory.h"
+#include "widgets/GrowingArray.h"
 
 namespace ferolin {
 
