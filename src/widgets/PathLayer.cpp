@@ -113,7 +113,8 @@ bool PathLayer::Pan(const PathLine::Track& track, const PathProjection& projecti
   picture.Move(way.x, way.y);
   picture.ClearOutside(
       {kept.left - area.left, kept.top - area.top, kept.right - area.left, kept.bottom - area.top});
-  line.DrawOutside(kept);
+  strokes.Keep(kept);
+  line.DrawRest();
   return true;
 }
 

@@ -22,9 +22,7 @@ LONG Least(LONG pixel, double place) {
 }  // namespace
 
 void PathLine::Draw() {
-  if (!index.IsUsable()) {
-    DrawAllPoints();
-  } else if (CellsHelp()) {
+  if (CellsHelp()) {
     DrawWithCells();
   } else {
     DrawAllBlocks();
@@ -32,17 +30,8 @@ void PathLine::Draw() {
   DrawEnd();
 }
 
-void PathLine::DrawOutside(const RECT& kept) {
-  if (index.IsUsable()) {
-    DrawBlocks([&](int, const PathIndex::Block& block) {
-      const RECT rect = projection.Project(block.box);
-      const bool isKept = rect.left >= kept.left && rect.right < kept.right &&
-                          rect.top >= kept.top && rect.bottom < kept.bottom;
-      return !isKept && strokes.CanLight(rect);
-    });
-  } else {
-    DrawAllPoints();
-  }
+void PathLine::DrawRest() {
+  DrawAllBlocks();
   DrawEnd();
 }
 
@@ -80,7 +69,7 @@ POINT PathLine::ReachFrom(POINT pixel) {
 }
 
 bool PathLine::CellsHelp() const {
-  return cells.Hold(points.GetEnd()) &&
+  return index.IsUsable() && cells.Hold(points.GetEnd()) &&
          cells.GetStepLength() * PathCells::STEPS * projection.GetScale() <= LARGEST_CELL;
 }
 
@@ -138,11 +127,11 @@ bool PathLine::DrawCell(std::size_t number, GrowingArray<POINT>& unsure) {
   return true;
 }
 
-void PathLine::DrawAllPoints() {
-  DrawPoints(points.GetFirst(), points.GetEnd());
-}
-
 void PathLine::DrawAllBlocks() {
+  if (!index.IsUsable()) {
+    DrawPoints(points.GetFirst(), points.GetEnd());
+    return;
+  }
   DrawBlocks([this](int, const PathIndex::Block& block) {
     return strokes.CanLight(projection.Project(block.box));
   });

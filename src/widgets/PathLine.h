@@ -30,8 +30,8 @@ class PathLine {
         view(theProjection.BoxAround(theStrokes.GetArea())) {}
 
   void Draw();
-  /// What is not wholly inside a part of the area that shows the path already.
-  void DrawOutside(const RECT& kept);
+  /// The same, best when most of the strokes' area is kept.
+  void DrawRest();
   /// The stretch that leads to point `number`, and all from there on.
   void DrawFrom(int number);
 
@@ -43,7 +43,6 @@ class PathLine {
   bool CellsHelp() const;
   void DrawWithCells();
   bool DrawCell(std::size_t number, GrowingArray<POINT>& unsure);
-  void DrawAllPoints();
   void DrawAllBlocks();
   template <class Wanted>
   void DrawBlocks(const Wanted& isWanted);

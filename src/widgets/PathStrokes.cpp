@@ -34,7 +34,7 @@ void PathStrokes::Draw(POINT from, POINT to) {
   }
   if (std::abs(to.x - from.x) <= 1 && std::abs(to.y - from.y) <= 1) {
     Light(from);
-  } else if (CanShow(Span(from, to))) {
+  } else if (const RECT span = Span(from, to); CanShow(span) && !IsKept(span)) {
     DrawLine(from, to);
   }
 }

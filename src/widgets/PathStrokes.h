@@ -25,6 +25,9 @@ class PathStrokes {
 
   const RECT& GetArea() const { return area; }
 
+  /// Lines that lie wholly inside a part of the area are drawn already, from now on.
+  void Keep(const RECT& part) { kept = part; }
+
   /// Whether there is a pixel of a rectangle (all edges included) in the area.
   bool CanShow(const RECT& rect) const {
     return rect.right >= area.left && rect.left < area.right && rect.bottom >= area.top &&
@@ -34,7 +37,7 @@ class PathStrokes {
   /// Whether lines that stay inside a rectangle (all edges included) can light any pixel that is
   /// not lit yet. May be true when they cannot.
   bool CanLight(const RECT& rect) const {
-    return CanShow(rect) && (rect.left != rect.right || rect.top != rect.bottom) &&
+    return CanShow(rect) && !IsKept(rect) && (rect.left != rect.right || rect.top != rect.bottom) &&
            !(IsSmall(rect) && AreAllLit(rect));
   }
 
@@ -58,6 +61,10 @@ class PathStrokes {
   static constexpr int RUN_LENGTH = 256;
   static constexpr LONG FEW_PIXELS = 16;
 
+  bool IsKept(const RECT& rect) const {
+    return rect.left >= kept.left && rect.right < kept.right && rect.top >= kept.top &&
+           rect.bottom < kept.bottom;
+  }
   static bool IsSmall(const RECT& rect) {
     const LONG width = rect.right - rect.left + 1;
     const LONG height = rect.bottom - rect.top + 1;
@@ -69,6 +76,7 @@ class PathStrokes {
 
   PathPicture& picture;
   RECT area;
+  RECT kept = {};
   std::array<POINT, RUN_LENGTH> run;  ///< a line through points, not drawn yet
   int runLength = 0;
 };
