@@ -4,6 +4,8 @@
 #include <handheld.h>
 #include <windows.h>
 
+#include <algorithm>
+
 #include "LongDrive.h"
 #include "ProgramFolder.h"
 #include "engine/Engine.h"
@@ -76,8 +78,11 @@ class LongTrack {
   void GoOn(float away = 0) {
     TrackPoint point = drive.Next();
     if (away > 0) {
-      point.latitude = 5600 + away;
-      point.longitude = 3800 + away;
+      point.latitude = north + away;
+      point.longitude = east + away;
+    } else {
+      north = std::max(north, point.latitude);
+      east = std::max(east, point.longitude);
     }
     engine.fix->track.Append(point);
   }
@@ -104,6 +109,8 @@ class LongTrack {
   static constexpr int POINTS_AN_UPDATE = 100;  // there is an update for each, but that takes long
 
   LongDrive drive;
+  float north = 0;
+  float east = 0;
   Engine engine;
 };
 

@@ -17,37 +17,52 @@ constexpr double STEPS = PathCells::STEPS;
 
 }  // namespace
 
-CellPixels::CellPixels(const PathCells::Cell& cell, double stepLength,
-                       const PathProjection& projection, const RECT& rect) {
+CellPixels::CellPixels(const PathCells::Cell& theCell, double theStepLength,
+                       const PathProjection& projection, const RECT& rect)
+    : cell(theCell), stepLength(theStepLength) {
   const double slack = STEP_SLACK + PIXEL_SLACK / (projection.GetScale() * stepLength);
   const double west = static_cast<double>(cell.column) * PathCells::STEPS;
   const double south = static_cast<double>(cell.row) * PathCells::STEPS;
-  Side eastward(Side::EASTWARD);
   for (LONG x = rect.left + 1; x <= rect.right; ++x) {
     eastward.AddEdge(projection.LongitudeOfEdge(x) / stepLength - west, slack);
   }
-  Side northward(Side::NORTHWARD);
   for (LONG y = rect.bottom; y > rect.top; --y) {
     northward.AddEdge(projection.LatitudeOfEdge(y) / stepLength - south, slack);
   }
-  const Sight columns(cell.columns, eastward, northward);
-  const Sight rows(cell.rows, northward, eastward);
+  columns.Take(cell.columns, eastward);
+  rows.Take(cell.rows, northward);
   possible = columns.GetPossible() & rows.GetPossible();
   sure = columns.GetSure(possible) | rows.GetSure(possible);
 }
 
-CellPixels::Sight::Sight(const std::array<PathCells::Extent, PathCells::STRIPS>& strips,
-                         const Side& across, const Side& theAlong)
-    : along(theAlong) {
-  across.ForStrips([this, &strips](int from, int to, Pixels pixels) {
+/// Numbers that are rounded to floats do not pass any that is one, as those of all positions are.
+PathBox CellPixels::RegionIn(Pixels pixel) const {
+  const auto edge = [this](std::int32_t cellNumber, int strip) {
+    return static_cast<float>(
+        (static_cast<double>(cellNumber) * PathCells::STEPS + strip * PathCells::STRIP_STEPS) *
+        stepLength);
+  };
+  const StripRange across = columns.StripsTo(pixel);
+  const StripRange up = rows.StripsTo(pixel);
+  PathBox box;
+  box.minLongitude = edge(cell.column, across.from);
+  box.maxLongitude = edge(cell.column, across.to);
+  box.minLatitude = edge(cell.row, up.from);
+  box.maxLatitude = edge(cell.row, up.to);
+  return box;
+}
+
+void CellPixels::Sight::Take(const std::array<PathCells::Extent, PathCells::STRIPS>& strips,
+                             const Side& across) {
+  across.ForStrips([this, &strips](StripRange range, Pixels pixels) {
     PathCells::Extent joined;
-    for (int strip = from; strip < to; ++strip) {
+    for (int strip = range.from; strip < range.to; ++strip) {
       const PathCells::Extent& extent = strips[static_cast<std::size_t>(strip)];
       joined.low = std::min(joined.low, extent.low);
       joined.high = std::max(joined.high, extent.high);
     }
     if (!joined.IsEmpty()) {
-      bands[count++] = {joined, pixels};
+      bands[count++] = {range, joined, pixels};
     }
   });
 }
@@ -56,7 +71,7 @@ CellPixels::Sight::Sight(const std::array<PathCells::Extent, PathCells::STRIPS>&
 CellPixels::Pixels CellPixels::Sight::GetPossible() const {
   Pixels pixels = 0;
   for (const Band& band : std::span(bands).first(count)) {
-    pixels |= band.pixels & along.PixelsOf(band.extent.low, band.extent.high);
+    pixels |= Reach(band);
   }
   return pixels;
 }
@@ -71,6 +86,17 @@ CellPixels::Pixels CellPixels::Sight::GetSure(Pixels possible) const {
     }
   }
   return pixels;
+}
+
+CellPixels::StripRange CellPixels::Sight::StripsTo(Pixels pixel) const {
+  StripRange strips;
+  for (const Band& band : std::span(bands).first(count)) {
+    if ((Reach(band) & pixel) != 0) {
+      strips.from = std::min(strips.from, band.strips.from);
+      strips.to = std::max(strips.to, band.strips.to);
+    }
+  }
+  return strips;
 }
 
 void CellPixels::Side::AddEdge(double step, double slack) {
@@ -97,11 +123,11 @@ void CellPixels::Side::ForStrips(Take take) const {
     const Edge& edge = edges[static_cast<std::size_t>(pixel)];
     const int cut = edge.before / PathCells::STRIP_STEPS;
     const int whole = (edge.after + PathCells::STRIP_STEPS - 1) / PathCells::STRIP_STEPS;
-    take(strip, cut, Span(pixel, pixel));
-    take(cut, whole, Span(pixel, pixel + 1));
+    take({strip, cut}, Span(pixel, pixel));
+    take({cut, whole}, Span(pixel, pixel + 1));
     strip = whole;
   }
-  take(strip, PathCells::STRIPS, Span(count, count));
+  take({strip, PathCells::STRIPS}, Span(count, count));
 }
 
 CellPixels::Pixels CellPixels::Side::Span(int low, int high) const {

@@ -20,14 +20,19 @@ class CellPixels {
   /// north.
   using Pixels = std::uint64_t;
 
-  /// `rect` is that of the cell's box, all edges included.
-  CellPixels(const PathCells::Cell& cell, double stepLength, const PathProjection& projection,
+  /// `rect` is that of the cell's box, all edges included. The cell is borrowed.
+  CellPixels(const PathCells::Cell& theCell, double theStepLength, const PathProjection& projection,
              const RECT& rect);
+  CellPixels(const CellPixels&) = delete;
+  CellPixels& operator=(const CellPixels&) = delete;
 
   /// In which there is a point for sure.
   Pixels GetSure() const { return sure; }
   /// In which there may be a point.
   Pixels GetPossible() const { return possible; }
+
+  /// Where in a pixel that is possible, but not sure, there may be points.
+  PathBox RegionIn(Pixels pixel) const;
 
  private:
   /// Where along a side of the cell one pixel ends and the next one begins.
@@ -41,8 +46,8 @@ class CellPixels {
     /// The columns, or rows, that steps `first` to `last` may lie in.
     Pixels PixelsOf(int first, int last) const;
 
-    /// Tells `take(from, to, pixels)` of all strips across, together if they lie in the same pixels
-    /// for sure: strips `from` up to, but not including, `to`.
+    /// Tells `take(strips, pixels)` of all strips across, together if they lie in the same pixels
+    /// for sure.
     template <class Take>
     void ForStrips(Take take) const;
 
@@ -58,8 +63,15 @@ class CellPixels {
     int count = 0;
   };
 
+  /// Strips `from` up to, but not including, `to`.
+  struct StripRange {
+    int from = PathCells::STRIPS;
+    int to = 0;
+  };
+
   /// Strips that lie in the same pixels, of which there may be two across.
   struct Band {
+    StripRange strips;
     PathCells::Extent extent;
     Pixels pixels;
   };
@@ -67,18 +79,31 @@ class CellPixels {
   /// The strips of a cell in one direction.
   class Sight {
    public:
-    Sight(const std::array<PathCells::Extent, PathCells::STRIPS>& strips, const Side& across,
-          const Side& theAlong);
+    explicit Sight(const Side& theAlong) : along(theAlong) {}
+    void Take(const std::array<PathCells::Extent, PathCells::STRIPS>& strips, const Side& across);
+
     Pixels GetPossible() const;
     /// Of pixels that are possible.
     Pixels GetSure(Pixels possible) const;
+    /// The strips that make a pixel possible.
+    StripRange StripsTo(Pixels pixel) const;
 
    private:
+    Pixels Reach(const Band& band) const {
+      return band.pixels & along.PixelsOf(band.extent.low, band.extent.high);
+    }
+
     const Side& along;
     std::array<Band, 2 * MOST_PIXELS> bands;
     std::size_t count = 0;
   };
 
+  const PathCells::Cell& cell;
+  double stepLength;
+  Side eastward{Side::EASTWARD};
+  Side northward{Side::NORTHWARD};
+  Sight columns{northward};
+  Sight rows{eastward};
   Pixels possible = 0;
   Pixels sure = 0;
 };

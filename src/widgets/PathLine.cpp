@@ -4,7 +4,6 @@
 #include <bit>
 
 #include "widgets/CellPixels.h"
-#include "widgets/PathDoubts.h"
 
 namespace ferolin {
 
@@ -73,44 +72,42 @@ bool PathLine::CellsHelp() const {
          cells.GetStepLength() * PathCells::STEPS * projection.GetScale() <= LARGEST_CELL;
 }
 
-/// Lights what the cells tell for sure, and then draws the blocks that hold more than that: lines
-/// that lead further than to a neighbour, and pixels of which the cells do not know.
+/// Lights what the cells tell for sure. Then the points are asked about pixels of which the cells do
+/// not know, and lines that lead further than to a neighbour are drawn.
 void PathLine::DrawWithCells() {
-  GrowingArray<POINT> unsure;
+  GrowingArray<Doubt> doubts;
   for (std::size_t number = 0; number < cells.GetCells().size(); ++number) {
-    if (!DrawCell(number, unsure)) {
+    if (!DrawCell(number, doubts)) {
       DrawAllBlocks();
       return;
     }
   }
-  PathDoubts doubts(strokes.GetArea());
-  for (const POINT pixel : unsure.Get()) {
-    if (!strokes.IsLit(pixel)) {
-      doubts.Add(pixel);
+  for (const Doubt& doubt : doubts.Get()) {
+    if (!strokes.IsLit(doubt.pixel) && HasPointFor(doubt)) {
+      strokes.Light(doubt.pixel);
     }
   }
   const double scale = projection.GetScale();
   DrawBlocks([&](int, const PathIndex::Block& block) {
-    const RECT rect = projection.Project(block.box);
-    return (block.step * scale >= LONG_STEP || doubts.MayTouch(rect)) && strokes.CanLight(rect);
+    return block.step * scale >= LONG_STEP && strokes.CanLight(projection.Project(block.box));
   });
 }
 
 /// Lights the pixels in which there are points of the cell for sure, and notes those in which there
 /// may be some. False without memory for that.
-bool PathLine::DrawCell(std::size_t number, GrowingArray<POINT>& unsure) {
+bool PathLine::DrawCell(std::size_t number, GrowingArray<Doubt>& doubts) {
   const PathBox& box = cells.GetBoxes()[number];
   if (!view.Overlaps(box)) {
     return true;
   }
   const RECT rect = projection.Project(box);
-  if (!strokes.CanShow(rect)) {
-    return true;
-  }
   // There are points at each edge of the box.
   if (rect.right - rect.left + rect.bottom - rect.top <= 1) {
     strokes.Light({rect.left, rect.top});
     strokes.Light({rect.right, rect.bottom});
+    return true;
+  }
+  if (!strokes.CanLight(rect)) {
     return true;
   }
   const CellPixels pixels(cells.GetCells()[number], cells.GetStepLength(), projection, rect);
@@ -120,11 +117,46 @@ bool PathLine::DrawCell(std::size_t number, GrowingArray<POINT>& unsure) {
                          rect.bottom - bit / CellPixels::MOST_PIXELS};
     if ((pixels.GetSure() >> bit & 1) != 0) {
       strokes.Light(pixel);
-    } else if (strokes.IsInside(pixel) && !strokes.IsLit(pixel) && !unsure.Add(pixel)) {
+    } else if (strokes.IsInside(pixel) && !strokes.IsLit(pixel) &&
+               !doubts.Add({pixel, pixels.RegionIn(CellPixels::Pixels{1} << bit)})) {
       return false;
     }
   }
   return true;
+}
+
+bool PathLine::HasPointFor(const Doubt& doubt) const {
+  constexpr int TOP = PathIndex::LEVELS - 1;
+  return HasPointInBlocks(doubt, TOP, 0, PathIndex::BlockOf(TOP, points.GetEnd() - 1));
+}
+
+bool PathLine::HasPointInBlocks(const Doubt& doubt, int level, int first, int last) const {
+  for (int number = first; number <= last; ++number) {
+    if (!doubt.region.Overlaps(index.GetBlock(level, number).box)) {
+      continue;
+    }
+    const int from = PathIndex::FirstOf(level, number);
+    const int to = std::min(PathIndex::FirstOf(level, number + 1), points.GetEnd());
+    if (level == 0 ? HasPointAmong(doubt, from, to)
+                   : HasPointInBlocks(doubt, level - 1, PathIndex::BlockOf(level - 1, from),
+                                      PathIndex::BlockOf(level - 1, to - 1))) {
+      return true;
+    }
+  }
+  return false;
+}
+
+bool PathLine::HasPointAmong(const Doubt& doubt, int from, int to) const {
+  for (int number = from; number < to; ++number) {
+    const TrackPoint& point = points[number];
+    if (doubt.region.Contains(point.latitude, point.longitude)) {
+      const POINT pixel = projection.Project(point);
+      if (pixel.x == doubt.pixel.x && pixel.y == doubt.pixel.y) {
+        return true;
+      }
+    }
+  }
+  return false;
 }
 
 void PathLine::DrawAllBlocks() {

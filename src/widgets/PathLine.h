@@ -40,9 +40,18 @@ class PathLine {
   POINT ReachFrom(POINT pixel);
 
  private:
+  /// A pixel that the path may light, and where the points are that would.
+  struct Doubt {
+    POINT pixel;
+    PathBox region;
+  };
+
   bool CellsHelp() const;
   void DrawWithCells();
-  bool DrawCell(std::size_t number, GrowingArray<POINT>& unsure);
+  bool DrawCell(std::size_t number, GrowingArray<Doubt>& doubts);
+  bool HasPointFor(const Doubt& doubt) const;
+  bool HasPointInBlocks(const Doubt& doubt, int level, int first, int last) const;
+  bool HasPointAmong(const Doubt& doubt, int from, int to) const;
   void DrawAllBlocks();
   template <class Wanted>
   void DrawBlocks(const Wanted& isWanted);
