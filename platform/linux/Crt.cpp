@@ -10,7 +10,7 @@
 #include <optional>
 #include <system_error>
 
-#include "shared/DecimalText.h"
+#include "../shared/DecimalText.h"
 
 namespace handheld {
 

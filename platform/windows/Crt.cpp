@@ -9,7 +9,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "shared/DecimalText.h"
+#include "../shared/DecimalText.h"
 
 namespace {
 

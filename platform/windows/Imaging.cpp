@@ -5,7 +5,7 @@
 
 #include <new>
 
-#include "shared/Counted.h"
+#include "../shared/Counted.h"
 
 // Here the system's own call is meant.
 #undef CoCreateInstance

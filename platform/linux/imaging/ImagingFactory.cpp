@@ -5,10 +5,10 @@
 #include <cstring>
 #include <utility>
 
+#include "../../shared/Counted.h"
 #include "../LastError.h"
 #include "../Paths.h"
 #include "PngFile.h"
-#include "shared/Counted.h"
 
 namespace handheld {
 
