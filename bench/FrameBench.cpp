@@ -106,7 +106,7 @@ class LongTrack {
   }
 
   static constexpr int PATH = 3;
-  static constexpr int POINTS_AN_UPDATE = 100;  // there is an update for each, but that takes long
+  static constexpr int POINTS_AN_UPDATE = 16;  // there is an update for each, but that takes long
 
   LongDrive drive;
   float north = 0;

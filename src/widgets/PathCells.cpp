@@ -11,6 +11,11 @@ namespace {
 constexpr float FARTHEST = 100'000;  // no position has more degrees x 100 + minutes
 constexpr std::int32_t MASK = PathCells::STEPS - 1;
 
+constexpr std::int32_t CellOf(std::int32_t step) {
+  return step >> 8;
+}
+static_assert(CellOf(PathCells::STEPS - 1) == 0 && CellOf(PathCells::STEPS) == 1);
+
 /// Scatters the cells of a road, which are neighbours, over the slots.
 std::uint32_t HashOf(std::int32_t column, std::int32_t row) {
   const std::uint32_t hash = static_cast<std::uint32_t>(column) * 0x9E3779B1U +
@@ -61,7 +66,7 @@ void PathCells::Update(const PathPoints& points) {
   if (state == State::EMPTY && points.GetCount() >= FEWEST_POINTS) {
     Start();
   }
-  const int limit = std::min(points.GetEnd(), end + MOST_AT_ONCE);
+  const int limit = std::min(points.GetEnd(), end + POINTS_AT_ONCE);
   for (; state == State::USABLE && end < limit; ++end) {
     if (HasPosition(points[end]) && !Add(points[end])) {
       Drop();
@@ -91,7 +96,7 @@ bool PathCells::Add(const TrackPoint& point) {
   }
   const std::int32_t x = StepAt(point.longitude * stepsPerUnit);
   const std::int32_t y = StepAt(point.latitude * stepsPerUnit);
-  const std::size_t number = Find(x >> 8, y >> 8);
+  const std::size_t number = Find(CellOf(x), CellOf(y));
   if (number == NONE) {
     return false;
   }

@@ -19,7 +19,10 @@ class PathCells {
   /// Shorter tracks have no cells: they are drawn as fast without.
   static constexpr int FEWEST_POINTS = 50'000;
 
-  /// A cell's side is cut into steps, and each 16 of them make a strip.
+  /// That an update takes in, so that none lasts long when the track has become long enough.
+  static constexpr int POINTS_AT_ONCE = 32;
+
+  /// A cell's side is cut into steps, and each 8 of them make a strip.
   static constexpr int STEPS = 256;
   static constexpr int STRIPS = 32;
   static constexpr int STRIP_STEPS = STEPS / STRIPS;
@@ -42,9 +45,8 @@ class PathCells {
     std::array<Extent, STRIPS> rows;
   };
 
-  /// Takes in the points that have come since the last call, but no more than 256 of them: called
-  /// with every point, it catches up soon. A track that has become shorter is a new one; one that
-  /// has lost its oldest points has no cells any more.
+  /// Takes in some of the points that have not been taken in yet. A track that has become shorter is
+  /// a new one; one that has lost its oldest points has no cells any more.
   void Update(const PathPoints& points);
 
   std::span<const Cell> GetCells() const { return cells.Get(); }
@@ -63,7 +65,6 @@ class PathCells {
   enum class State : std::uint8_t { EMPTY, USABLE, UNUSABLE };
   static constexpr std::size_t MOST_CELLS = 10'000;
   static constexpr std::size_t SLOTS = 1 << 15;
-  static constexpr int MOST_AT_ONCE = 256;
   static constexpr std::size_t NONE = MOST_CELLS;
   static constexpr float FINEST = 1 << 14;
 

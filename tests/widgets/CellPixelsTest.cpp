@@ -38,7 +38,7 @@ class CellPixelsTest : public testing::Test {
   CellPixels Look() {
     PathCells cells;
     points.resize(PathCells::FEWEST_POINTS, points.back());
-    for (std::size_t taken = 0; taken < points.size(); taken += 256) {
+    for (std::size_t taken = 0; taken < points.size(); taken += PathCells::POINTS_AT_ONCE) {
       cells.Update(PathPoints(points, 0));
     }
     EXPECT_EQ(1U, cells.GetCells().size());

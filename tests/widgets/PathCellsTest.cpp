@@ -24,7 +24,7 @@ class PathCellsTest : public testing::Test {
   }
   /// After as many updates as points need.
   void Update() {
-    for (std::size_t taken = 0; taken <= points.size(); taken += 256) {
+    for (std::size_t taken = 0; taken <= points.size(); taken += PathCells::POINTS_AT_ONCE) {
       cells.Update(PathPoints(points, 0));
     }
   }
@@ -65,7 +65,7 @@ TEST_F(PathCellsTest, AreNoneOfAShortTrack) {
 TEST_F(PathCellsTest, TakeInALongTrackLittleByLittle) {
   Add(10, 20);
   Rest();
-  for (int taken = 256; taken < 50'000; taken += 256) {
+  for (int taken = 32; taken < 50'000; taken += 32) {
     cells.Update(PathPoints(points, 0));
     EXPECT_TRUE(cells.Hold(taken));
   }

@@ -153,7 +153,7 @@ class PathLayerTest : public testing::Test {
 
   void CatchUp() {
     index.Update(Points());
-    for (std::size_t taken = 0; taken <= points.size(); taken += 256) {
+    for (std::size_t taken = 0; taken <= points.size(); taken += PathCells::POINTS_AT_ONCE) {
       cells.Update(Points());
     }
   }
