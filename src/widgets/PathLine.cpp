@@ -44,6 +44,7 @@ void PathLine::DrawFrom(int number) {
 }
 
 POINT PathLine::ReachFrom(POINT pixel) {
+  constexpr int FINE_ENOUGH = 2;  // finer blocks would tell little more
   const RECT& area = strokes.GetArea();
   if (!index.IsUsable()) {
     return {area.right, area.bottom};
@@ -52,7 +53,7 @@ POINT PathLine::ReachFrom(POINT pixel) {
   DrawBlocks([&](int level, const PathIndex::Block& block) {
     const RECT rect = projection.Project(block.box);
     const bool isCrossed = rect.left < pixel.x || rect.top < pixel.y;
-    if (level > 0 || !isCrossed) {
+    if (level > FINE_ENOUGH || !isCrossed) {
       return isCrossed;
     }
     const double longest = block.step * projection.GetScale() + 1;
