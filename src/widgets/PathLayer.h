@@ -19,7 +19,8 @@ class PathLayer {
     bool operator==(const Colors&) const = default;
   };
 
-  /// Fills an area of `dc` with the background and the path.
+  /// Fills an area of `dc` with the background and the path; the plain way, without what was kept,
+  /// when there is no memory for the picture. The track has points and is not kept.
   void Draw(HDC dc, const RECT& area, const PathLine::Track& track,
             const PathProjection& projection, const Colors& colors);
 

@@ -9,7 +9,8 @@
 namespace ferolin {
 
 /// A picture in two colours: background, and what of it is lit. Lines are drawn into its context,
-/// which has the pen for that; single pixels are lit faster here.
+/// which has the pen for that; single pixels are lit faster here. Owns all three. Used under the
+/// engine's data lock.
 class PathPicture {
  public:
   PathPicture() = default;
@@ -17,10 +18,13 @@ class PathPicture {
   PathPicture(const PathPicture&) = delete;
   PathPicture& operator=(const PathPicture&) = delete;
 
-  /// Makes it this large, with nothing lit. False without memory for it: there is no picture then.
+  /// Makes it this large, with nothing lit; only then may the rest be called. `model` is what its
+  /// context is made like, null: like the screen's. False without memory or size: there is no
+  /// picture then.
   bool Clear(HDC model, SIZE newSize, COLORREF background, COLORREF litColor);
 
-  /// Moves everything. Where nothing has come from, the pixels stay what they were.
+  /// Moves everything by so many pixels, which may be negative. Where nothing has come from, the
+  /// pixels stay what they were.
   void Move(LONG right, LONG down);
 
   /// Lights nothing any more outside of a part of the picture.

@@ -22,16 +22,6 @@ BITMAP Describe(HGDIOBJ bitmap) {
   return description;
 }
 
-BITMAPINFO SectionInfo(LONG width, LONG height, WORD bitsPerPixel) {
-  BITMAPINFO info = {};
-  info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
-  info.bmiHeader.biWidth = width;
-  info.bmiHeader.biHeight = height;
-  info.bmiHeader.biPlanes = 1;
-  info.bmiHeader.biBitCount = bitsPerPixel;
-  return info;
-}
-
 /// Deletes at the end what it holds.
 class Owned {
  public:

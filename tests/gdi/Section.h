@@ -5,17 +5,22 @@
 
 #include <cstdint>
 
+/// Of a DIB section without colour masks. Height as in BITMAPINFOHEADER: positive runs from the bottom up.
+inline BITMAPINFO SectionInfo(LONG width, LONG height, WORD bitsPerPixel) {
+  BITMAPINFO info = {};
+  info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
+  info.bmiHeader.biWidth = width;
+  info.bmiHeader.biHeight = height;
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = bitsPerPixel;
+  return info;
+}
+
 /// Black at first. Lives on the test's thread; frees its context and its bitmap.
 class Section {
  public:
-  /// Height as in BITMAPINFOHEADER: positive runs from the bottom up.
   Section(int width, int height, WORD bitsPerPixel = 32) {
-    BITMAPINFO info = {};
-    info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
-    info.bmiHeader.biWidth = width;
-    info.bmiHeader.biHeight = height;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = bitsPerPixel;
+    const BITMAPINFO info = SectionInfo(width, height, bitsPerPixel);
     bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
     dc = CreateCompatibleDC(nullptr);
     old = SelectObject(dc, bitmap);

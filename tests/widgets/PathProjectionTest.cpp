@@ -102,6 +102,53 @@ TEST(PathProjectionTest, PansAPositionExactlyToAPixel) {
   }
 }
 
+TEST(PathProjectionTest, MovesEveryPlaceByThePanToThePixel) {
+  const PathBox box = BoxOf(10.1F, 14.7F, 100.3F, 120.9F);
+  const PathProjection before(box, AREA, 7.7F, {1000, 2000});
+  const PathProjection after(box, AREA, 7.7F, {1013, 1995});
+  ASSERT_TRUE(after.IsPanned(before));
+  ExpectPixel(13, -5, after.PannedFrom(before));
+  for (int step = 0; step <= 4000; ++step) {
+    const float part = static_cast<float>(step) / 4000;
+    const POINT pixel = before.Project(10.1F + 4.6F * part, 100.3F + 20.6F * part);
+    ExpectPixel(pixel.x + 13, pixel.y - 5,
+                after.Project(10.1F + 4.6F * part, 100.3F + 20.6F * part));
+  }
+}
+
+TEST(PathProjectionTest, IsNotJustPannedWhenAnythingElseDiffers) {
+  const PathBox box = BoxOf(10, 14, 100, 120);
+  const PathProjection projection(box, AREA, 1, {0, 0});
+  EXPECT_FALSE(PathProjection(box, AREA, 2, {5, 0}).IsPanned(projection));
+  EXPECT_FALSE(PathProjection(BoxOf(10, 14, 100, 121), AREA, 1, {5, 0}).IsPanned(projection));
+  EXPECT_FALSE(PathProjection(BoxOf(10, 15, 100, 120), AREA, 1, {5, 0}).IsPanned(projection));
+  // Places that are cut off do not move.
+  const PathProjection far(box, AREA, 1e30F, {0, 0});
+  EXPECT_FALSE(PathProjection(box, AREA, 1e30F, {5, 0}).IsPanned(far));
+}
+
+TEST(PathProjectionTest, TellsWhereColumnsAndRowsBegin) {
+  const PathProjection projection(BoxOf(10, 14, 100, 120), AREA, 1, {0, 0});
+  // 5 pixels for 1; latitude 12, longitude 110 is pixel (60, 40).
+  EXPECT_NEAR(110.2, projection.LongitudeOfEdge(61), 1e-9);
+  EXPECT_NEAR(12.4, projection.LatitudeOfEdge(38), 1e-9);
+  // Pixel 0 begins at place -1: 61 pixels west of 60, 41 north of 40.
+  EXPECT_NEAR(97.8, projection.LongitudeOfEdge(0), 1e-9);
+  EXPECT_NEAR(20.2, projection.LatitudeOfEdge(0), 1e-9);
+}
+
+TEST(PathProjectionTest, KnowsABoxAroundPixels) {
+  const PathProjection projection(BoxOf(10, 14, 100, 120), AREA, 1, {0, 0});
+  // Columns 60 to 64 and rows 35 to 39: longitudes 110 to 111, latitudes 12 to 13.
+  const PathBox box = projection.BoxAround({60, 35, 65, 40});
+  EXPECT_TRUE(box.Contains(12, 110));
+  EXPECT_TRUE(box.Contains(13, 111));
+  EXPECT_FALSE(box.Contains(12, 109));
+  EXPECT_FALSE(box.Contains(12, 112));
+  EXPECT_FALSE(box.Contains(11, 110));
+  EXPECT_FALSE(box.Contains(14, 110));
+}
+
 }  // namespace
 
 }  // namespace ferolin
