@@ -62,14 +62,15 @@ void PathLayer::Draw(HDC dc, const RECT& area, const PathLine::Track& track,
                      const PathProjection& projection, const Colors& colors) {
   const SIZE size = {area.right - area.left, area.bottom - area.top};
   if (!Shows(area, track.points, colors) || !Pan(track, projection)) {
-    if (!picture.Clear(dc, size, colors.background, colors.path)) {
+    if (!patterns.Prepare(dc) ||
+        !picture.Clear(dc, size, colors.background, colors.path)) {
       DrawPlainly(dc, area, track.points, projection, colors);
       return;
     }
-    PathStrokes strokes(picture, area);
+    PathStrokes strokes(picture, patterns, area);
     PathLine(track, projection, strokes).Draw();
   } else if (shownEnd < track.points.GetEnd()) {
-    PathStrokes strokes(picture, area);
+    PathStrokes strokes(picture, patterns, area);
     PathLine(track, projection, strokes).DrawFrom(shownEnd);
   }
   shownArea = area;
@@ -99,7 +100,7 @@ bool PathLayer::Pan(const PathLine::Track& track, const PathProjection& projecti
   }
   const RECT& area = shownArea;
   const POINT way = projection.PannedFrom(shownProjection);
-  PathStrokes strokes(picture, area);
+  PathStrokes strokes(picture, patterns, area);
   PathLine line(track, projection, strokes);
   const POINT reach = line.ReachFrom({way.x == 0 ? NOWHERE : std::max<LONG>(way.x, 0) + 1,
                                       way.y == 0 ? NOWHERE : std::max<LONG>(way.y, 0) + 1});

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include "widgets/LinePatterns.h"
 #include "widgets/PathLine.h"
 #include "widgets/PathPicture.h"
 #include "widgets/PathProjection.h"
@@ -29,6 +30,7 @@ class PathLayer {
   bool Pan(const PathLine::Track& track, const PathProjection& projection);
 
   PathPicture picture;
+  LinePatterns patterns;
   // What the picture shows.
   RECT shownArea = {};
   PathProjection shownProjection;

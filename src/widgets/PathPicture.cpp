@@ -42,6 +42,11 @@ bool PathPicture::Clear(HDC model, SIZE newSize, COLORREF background, COLORREF l
   return true;
 }
 
+/// What was drawn is in the picture's memory for sure when a pixel has been asked for.
+void PathPicture::FinishDrawing() const {
+  GetPixel(GetDC(), 0, 0);
+}
+
 void PathPicture::Move(LONG right, LONG down) {
   FinishDrawing();
   const LONG width = size.cx - std::abs(right);
@@ -83,11 +88,6 @@ void PathPicture::TakePen(COLORREF color) {
     DeleteObject(pen);
   }
   pen = newPen;
-}
-
-/// What was drawn is in the picture's memory for sure when a pixel has been asked for.
-void PathPicture::FinishDrawing() const {
-  GetPixel(GetDC(), 0, 0);
 }
 
 }  // namespace ferolin

@@ -33,13 +33,15 @@ class PathPicture {
   bool Exists() const { return surface.HasBitmap(); }
   HDC GetDC() const { return surface.GetDC(); }
 
+  /// Lines that were drawn into the context are seen in the pixels from now on.
+  void FinishDrawing() const;
+
   /// The pixel must be one of the picture's. A line of this colour that was drawn into the context
   /// a moment ago may not be seen yet.
   bool IsLit(LONG x, LONG y) const { return *At(x, y) == lit; }
   void Light(LONG x, LONG y) { *At(x, y) = lit; }
 
  private:
-  void FinishDrawing() const;
   void ClearColumns(LONG left, LONG right, LONG y);
   /// Rows go from the bottom up.
   std::uint16_t* At(LONG x, LONG y) const { return bits + (size.cy - 1 - y) * rowLength + x; }

@@ -34,8 +34,16 @@ void PathStrokes::Draw(POINT from, POINT to) {
   }
   if (std::abs(to.x - from.x) <= 1 && std::abs(to.y - from.y) <= 1) {
     Light(from);
+  } else if (LinePatterns::Cover(to.x - from.x, to.y - from.y)) {
+    DrawShortLine(from, to);
   } else if (const RECT span = Span(from, to); CanShow(span) && !IsKept(span)) {
     DrawLine(from, to);
+  }
+}
+
+void PathStrokes::DrawShortLine(POINT from, POINT to) {
+  for (const LinePatterns::Pixel pixel : patterns.PixelsTo(to.x - from.x, to.y - from.y)) {
+    Light({from.x + pixel.right, from.y + pixel.down});
   }
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 
+#include "widgets/LinePatterns.h"
 #include "widgets/PathPicture.h"
 
 namespace ferolin {
@@ -17,8 +18,9 @@ namespace ferolin {
 class PathStrokes {
  public:
   /// Lines go into the picture, which has the size of the area: its pixel (0, 0) is pixel
-  /// (area.left, area.top) of the lines.
-  PathStrokes(PathPicture& target, const RECT& theArea) : picture(target), area(theArea) {}
+  /// (area.left, area.top) of the lines. Both are borrowed; the patterns are prepared.
+  PathStrokes(PathPicture& target, LinePatterns& thePatterns, const RECT& theArea)
+      : picture(target), patterns(thePatterns), area(theArea) {}
   ~PathStrokes() { Flush(); }
   PathStrokes(const PathStrokes&) = delete;
   PathStrokes& operator=(const PathStrokes&) = delete;
@@ -71,10 +73,12 @@ class PathStrokes {
     return width <= FEW_PIXELS && height <= FEW_PIXELS && width * height <= FEW_PIXELS;
   }
   bool AreAllLit(const RECT& rect) const;
+  void DrawShortLine(POINT from, POINT to);
   void DrawLine(POINT from, POINT to);
   void Flush();
 
   PathPicture& picture;
+  LinePatterns& patterns;
   RECT area;
   RECT kept = {};
   std::array<POINT, RUN_LENGTH> run;  ///< a line through points, not drawn yet
