@@ -82,7 +82,7 @@ CellPixels::Pixels CellPixels::Sight::GetSure(Pixels possible) const {
   for (const Band& band : std::span(bands).first(count)) {
     for (const int end : {band.extent.low, band.extent.high}) {
       const Pixels ends = band.pixels & along.PixelsOf(end, end) & possible;
-      pixels |= std::has_single_bit(ends) ? ends : 0;
+      pixels |= (ends & (ends - 1)) == 0 ? ends : 0;
     }
   }
   return pixels;

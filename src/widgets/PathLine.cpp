@@ -73,8 +73,13 @@ bool PathLine::CellsHelp() const {
          cells.GetStepLength() * PathCells::STEPS * projection.GetScale() <= LARGEST_CELL;
 }
 
-/// Lights what the cells tell for sure. Then the points are asked about pixels of which the cells do
-/// not know, and lines that lead further than to a neighbour are drawn.
+/// Whether a line of the block may lead further than to a neighbour.
+bool PathLine::HasLongStep(const PathIndex::Block& block) const {
+  return block.step * projection.GetScale() >= LONG_STEP;
+}
+
+/// Lights what the cells tell for sure, draws the lines that lead further than to a neighbour, and
+/// asks the other points about pixels of which the cells do not know.
 void PathLine::DrawWithCells() {
   GrowingArray<Doubt> doubts;
   for (std::size_t number = 0; number < cells.GetCells().size(); ++number) {
@@ -83,15 +88,14 @@ void PathLine::DrawWithCells() {
       return;
     }
   }
+  DrawBlocks([&](int, const PathIndex::Block& block) {
+    return HasLongStep(block) && strokes.CanLight(projection.Project(block.box));
+  });
   for (const Doubt& doubt : doubts.Get()) {
     if (!strokes.IsLit(doubt.pixel) && HasPointFor(doubt)) {
       strokes.Light(doubt.pixel);
     }
   }
-  const double scale = projection.GetScale();
-  DrawBlocks([&](int, const PathIndex::Block& block) {
-    return block.step * scale >= LONG_STEP && strokes.CanLight(projection.Project(block.box));
-  });
 }
 
 /// Lights the pixels in which there are points of the cell for sure, and notes those in which there
@@ -133,7 +137,8 @@ bool PathLine::HasPointFor(const Doubt& doubt) const {
 
 bool PathLine::HasPointInBlocks(const Doubt& doubt, int level, int first, int last) const {
   for (int number = first; number <= last; ++number) {
-    if (!doubt.region.Overlaps(index.GetBlock(level, number).box)) {
+    const PathIndex::Block& block = index.GetBlock(level, number);
+    if (!doubt.region.Overlaps(block.box) || (level == 0 && HasLongStep(block))) {
       continue;
     }
     const int from = PathIndex::FirstOf(level, number);

@@ -47,6 +47,7 @@ class PathLine {
   };
 
   bool CellsHelp() const;
+  bool HasLongStep(const PathIndex::Block& block) const;
   void DrawWithCells();
   bool DrawCell(std::size_t number, GrowingArray<Doubt>& doubts);
   bool HasPointFor(const Doubt& doubt) const;
