@@ -186,7 +186,7 @@ BENCHMARK(PathSteady)
     ->Iterations(500);
 BENCHMARK(PathGrowing)
     ->ArgNames({"points", "zoom"})
-    ->ArgsProduct({{TRACKS[0], TRACKS[1], TRACKS[2]}, {1, 4, 16}})
+    ->ArgsProduct({{TRACKS[0], TRACKS[1], TRACKS[2]}, {1, 2, 4, 8, 16, 32}})
     ->Iterations(200);
 BENCHMARK(PathDragged)
     ->ArgNames({"points", "zoom"})
