@@ -35,7 +35,8 @@ class LinePatterns {
   /// Of a line that leads so far right and down, which are covered and not both 0. The last pixel
   /// is left out, as always. Good as long as the patterns.
   std::span<const Pixel> PixelsTo(LONG right, LONG down) {
-    Pattern& pattern = patterns[static_cast<std::size_t>((down + FARTHEST) * SIDE + right + FARTHEST)];
+    Pattern& pattern =
+        patterns[static_cast<std::size_t>((down + FARTHEST) * SIDE + right + FARTHEST)];
     if (pattern.count == 0) {
       Learn(right, down, pattern);
     }
@@ -53,7 +54,7 @@ class LinePatterns {
   void Learn(LONG right, LONG down, Pattern& pattern);
 
   PathPicture sample;
-  std::array<Pattern, static_cast<std::size_t>(SIDE * SIDE)> patterns;
+  std::array<Pattern, static_cast<std::size_t>(SIDE* SIDE)> patterns;
 };
 
 }  // namespace ferolin

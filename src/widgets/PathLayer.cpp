@@ -62,8 +62,7 @@ void PathLayer::Draw(HDC dc, const RECT& area, const PathLine::Track& track,
                      const PathProjection& projection, const Colors& colors) {
   const SIZE size = {area.right - area.left, area.bottom - area.top};
   if (!Shows(area, track.points, colors) || !Pan(track, projection)) {
-    if (!patterns.Prepare(dc) ||
-        !picture.Clear(dc, size, colors.background, colors.path)) {
+    if (!patterns.Prepare(dc) || !picture.Clear(dc, size, colors.background, colors.path)) {
       DrawPlainly(dc, area, track.points, projection, colors);
       return;
     }
