@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
+#include <cstdlib>
+#include <limits>
 #include <span>
 
 namespace ferolin {
@@ -15,11 +17,23 @@ constexpr double PIXEL_SLACK = 1e-5;
 constexpr double STEP_SLACK = 1e-3;
 constexpr double STEPS = PathCells::STEPS;
 
+/// How many steps positions in a column or row of cells lie apart, at multiples of that: floats
+/// become coarser away from 0. Up to those of a strip; 0: less than one.
+int GrainOf(std::int32_t cellNumber) {
+  constexpr int FLOAT_BITS = std::numeric_limits<float>::digits;
+  const std::int32_t nearest = std::min(std::abs(cellNumber), std::abs(cellNumber + 1));
+  const int bits = std::bit_width(static_cast<std::uint32_t>(nearest) * PathCells::STEPS);
+  return bits < FLOAT_BITS ? 0 : std::min(1 << (bits - FLOAT_BITS), PathCells::STRIP_STEPS);
+}
+
 }  // namespace
 
 CellPixels::CellPixels(const PathCells::Cell& theCell, double theStepLength,
                        const PathProjection& projection, const RECT& rect)
-    : cell(theCell), stepLength(theStepLength) {
+    : cell(theCell),
+      stepLength(theStepLength),
+      eastward(Side::EASTWARD, cell.column),
+      northward(Side::NORTHWARD, cell.row) {
   const double slack = STEP_SLACK + PIXEL_SLACK / (projection.GetScale() * stepLength);
   const double west = static_cast<double>(cell.column) * PathCells::STEPS;
   const double south = static_cast<double>(cell.row) * PathCells::STEPS;
@@ -52,17 +66,11 @@ PathBox CellPixels::RegionIn(Pixels pixel) const {
   return box;
 }
 
-void CellPixels::Sight::Take(const std::array<PathCells::Extent, PathCells::STRIPS>& strips,
-                             const Side& across) {
+void CellPixels::Sight::Take(const PathCells::Strips& strips, const Side& across) {
   across.ForStrips([this, &strips](StripRange range, Pixels pixels) {
-    PathCells::Extent joined;
-    for (int strip = range.from; strip < range.to; ++strip) {
-      const PathCells::Extent& extent = strips[static_cast<std::size_t>(strip)];
-      joined.low = std::min(joined.low, extent.low);
-      joined.high = std::max(joined.high, extent.high);
-    }
-    if (!joined.IsEmpty()) {
-      bands[count++] = {range, joined, pixels};
+    const PathCells::Extent extent = strips.Join(range.from, range.to);
+    if (!extent.IsEmpty()) {
+      bands[count++] = {range, extent.low, extent.high, pixels};
     }
   });
 }
@@ -80,7 +88,7 @@ CellPixels::Pixels CellPixels::Sight::GetPossible() const {
 CellPixels::Pixels CellPixels::Sight::GetSure(Pixels possible) const {
   Pixels pixels = 0;
   for (const Band& band : std::span(bands).first(count)) {
-    for (const int end : {band.extent.low, band.extent.high}) {
+    for (const int end : {band.low, band.high}) {
       const Pixels ends = band.pixels & along.PixelsOf(end, end) & possible;
       pixels |= (ends & (ends - 1)) == 0 ? ends : 0;
     }
@@ -89,7 +97,7 @@ CellPixels::Pixels CellPixels::Sight::GetSure(Pixels possible) const {
 }
 
 CellPixels::StripRange CellPixels::Sight::StripsTo(Pixels pixel) const {
-  StripRange strips;
+  StripRange strips = {PathCells::STRIPS, 0};
   for (const Band& band : std::span(bands).first(count)) {
     if ((Reach(band) & pixel) != 0) {
       strips.from = std::min(strips.from, band.strips.from);
@@ -99,9 +107,14 @@ CellPixels::StripRange CellPixels::Sight::StripsTo(Pixels pixel) const {
   return strips;
 }
 
+CellPixels::Side::Side(Direction theDirection, std::int32_t cellNumber)
+    : direction(theDirection), grain(GrainOf(cellNumber)) {}
+
+/// Positions with a grain lie where their step begins, others anywhere in it.
 void CellPixels::Side::AddEdge(double step, double slack) {
+  const double before = grain > 0 ? std::ceil(step - slack) : std::floor(step - slack);
   edges[static_cast<std::size_t>(count++)] = {
-      static_cast<int>(std::clamp(std::floor(step - slack), 0.0, STEPS)),
+      static_cast<int>(std::clamp(before, 0.0, STEPS)),
       static_cast<int>(std::clamp(std::ceil(step + slack), 0.0, STEPS))};
 }
 
@@ -121,7 +134,8 @@ void CellPixels::Side::ForStrips(Take take) const {
   int strip = 0;
   for (int pixel = 0; pixel < count; ++pixel) {
     const Edge& edge = edges[static_cast<std::size_t>(pixel)];
-    const int cut = edge.before / PathCells::STRIP_STEPS;
+    // At the last steps of a strip, short of the grain, there is nothing.
+    const int cut = (edge.before + std::max(grain - 1, 0)) / PathCells::STRIP_STEPS;
     const int whole = (edge.after + PathCells::STRIP_STEPS - 1) / PathCells::STRIP_STEPS;
     take({strip, cut}, Span(pixel, pixel));
     take({cut, whole}, Span(pixel, pixel + 1));

@@ -39,7 +39,8 @@ class CellPixels {
   class Side {
    public:
     enum Direction { EASTWARD, NORTHWARD };
-    explicit Side(Direction theDirection) : direction(theDirection) {}
+    /// `cellNumber`: the column of an eastward side's cells, the row of a northward one's.
+    Side(Direction theDirection, std::int32_t cellNumber);
 
     void AddEdge(double step, double slack);
 
@@ -61,18 +62,20 @@ class CellPixels {
     Direction direction;
     std::array<Edge, MOST_PIXELS> edges;
     int count = 0;
+    int grain;
   };
 
   /// Strips `from` up to, but not including, `to`.
   struct StripRange {
-    int from = PathCells::STRIPS;
-    int to = 0;
+    int from;
+    int to;
   };
 
   /// Strips that lie in the same pixels, of which there may be two across.
   struct Band {
     StripRange strips;
-    PathCells::Extent extent;
+    std::uint8_t low;
+    std::uint8_t high;
     Pixels pixels;
   };
 
@@ -80,7 +83,7 @@ class CellPixels {
   class Sight {
    public:
     explicit Sight(const Side& theAlong) : along(theAlong) {}
-    void Take(const std::array<PathCells::Extent, PathCells::STRIPS>& strips, const Side& across);
+    void Take(const PathCells::Strips& strips, const Side& across);
 
     Pixels GetPossible() const;
     /// Of pixels that are possible.
@@ -90,7 +93,7 @@ class CellPixels {
 
    private:
     Pixels Reach(const Band& band) const {
-      return band.pixels & along.PixelsOf(band.extent.low, band.extent.high);
+      return band.pixels & along.PixelsOf(band.low, band.high);
     }
 
     const Side& along;
@@ -100,8 +103,8 @@ class CellPixels {
 
   const PathCells::Cell& cell;
   double stepLength;
-  Side eastward{Side::EASTWARD};
-  Side northward{Side::NORTHWARD};
+  Side eastward;
+  Side northward;
   Sight columns{northward};
   Sight rows{eastward};
   Pixels possible = 0;

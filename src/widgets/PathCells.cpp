@@ -28,19 +28,15 @@ std::int32_t StepAt(double place) {
   return static_cast<std::int32_t>(std::floor(place));
 }
 
-PathCells::Extent& StripAt(std::array<PathCells::Extent, PathCells::STRIPS>& strips,
-                           std::int32_t step) {
-  return strips[static_cast<std::size_t>((step & MASK) / PathCells::STRIP_STEPS)];
-}
-
 /// Strips of a cell of half the size go into a larger one's; the steps are what they were in the
 /// finer grid.
-void Merge(const std::array<PathCells::Extent, PathCells::STRIPS>& from, std::int32_t across,
-           std::int32_t along, std::array<PathCells::Extent, PathCells::STRIPS>& into) {
-  for (const PathCells::Extent& extent : from) {
+void Merge(const PathCells::Strips& from, std::int32_t across, std::int32_t along,
+           PathCells::Strips& into) {
+  for (int strip = 0; strip < PathCells::STRIPS; ++strip) {
+    const PathCells::Extent extent = from.Join(strip, strip + 1);
     if (!extent.IsEmpty()) {
-      StripAt(into, across >> 1).Widen((along + extent.low) >> 1);
-      StripAt(into, across >> 1).Widen((along + extent.high) >> 1);
+      into.Add(across >> 1, (along + extent.low) >> 1);
+      into.Add(across >> 1, (along + extent.high) >> 1);
     }
     across += PathCells::STRIP_STEPS;
   }
@@ -48,10 +44,25 @@ void Merge(const std::array<PathCells::Extent, PathCells::STRIPS>& from, std::in
 
 }  // namespace
 
-void PathCells::Extent::Widen(std::int32_t step) {
-  const auto place = static_cast<std::uint8_t>(step & MASK);
-  low = std::min(low, place);
-  high = std::max(high, place);
+PathCells::Strips::Strips() {
+  lows.fill(STEPS - 1);
+  highs.fill(0);
+}
+
+void PathCells::Strips::Add(std::int32_t across, std::int32_t along) {
+  const auto strip = static_cast<std::size_t>((across & MASK) / STRIP_STEPS);
+  const auto step = static_cast<std::uint8_t>(along & MASK);
+  lows[strip] = std::min(lows[strip], step);
+  highs[strip] = std::max(highs[strip], step);
+}
+
+PathCells::Extent PathCells::Strips::Join(int from, int to) const {
+  Extent extent;
+  for (auto strip = static_cast<std::size_t>(from); strip < static_cast<std::size_t>(to); ++strip) {
+    extent.low = std::min(extent.low, lows[strip]);
+    extent.high = std::max(extent.high, highs[strip]);
+  }
+  return extent;
 }
 
 void PathCells::Update(const PathPoints& points) {
@@ -101,8 +112,8 @@ bool PathCells::Add(const TrackPoint& point) {
     return false;
   }
   Cell& cell = cells.Get()[number];
-  StripAt(cell.columns, x).Widen(y);
-  StripAt(cell.rows, y).Widen(x);
+  cell.columns.Add(x, y);
+  cell.rows.Add(y, x);
   boxes.Get()[number].Widen(point.latitude, point.longitude);
   return true;
 }

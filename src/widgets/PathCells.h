@@ -13,7 +13,7 @@ namespace ferolin {
 
 /// Where a long track has been: the cells of a square grid in which there are points of it, and
 /// roughly where in each cell. A road takes no more of them, however often it is driven. There are
-/// at most 10,000, of 152 bytes; when a track spreads over more, the grid becomes coarser.
+/// at most 10,000, of 280 bytes; when a track spreads over more, the grid becomes coarser.
 class PathCells {
  public:
   /// Shorter tracks have no cells: they are drawn as fast without.
@@ -22,27 +22,41 @@ class PathCells {
   /// That an update takes in, so that none lasts long when the track has become long enough.
   static constexpr int POINTS_AT_ONCE = 32;
 
-  /// A cell's side is cut into steps, and each 8 of them make a strip.
+  /// A cell's side is cut into steps, and each 4 of them make a strip.
   static constexpr int STEPS = 256;
-  static constexpr int STRIPS = 32;
+  static constexpr int STRIPS = 64;
   static constexpr int STRIP_STEPS = STEPS / STRIPS;
 
-  /// From which step to which the points of a strip lie along it; there are points at both ends.
+  /// From which step to which points lie; there are some at both ends.
   struct Extent {
     std::uint8_t low = STEPS - 1;
     std::uint8_t high = 0;
 
     bool IsEmpty() const { return low > high; }
-    void Widen(std::int32_t step);
+  };
+
+  /// Of each strip from west to east or from south to north.
+  class Strips {
+   public:
+    Strips();
+
+    /// Takes in a point that lies at these steps across the strips and along its own.
+    void Add(std::int32_t across, std::int32_t along);
+
+    /// Of strips `from` up to, but not including, `to`.
+    Extent Join(int from, int to) const;
+
+   private:
+    std::array<std::uint8_t, STRIPS> lows;
+    std::array<std::uint8_t, STRIPS> highs;
   };
 
   struct Cell {
     // Of the grid.
     std::int32_t column;
     std::int32_t row;
-    // From west to east and from south to north.
-    std::array<Extent, STRIPS> columns;
-    std::array<Extent, STRIPS> rows;
+    Strips columns;
+    Strips rows;
   };
 
   /// Takes in some of the points that have not been taken in yet. A track that has become shorter is

@@ -12,7 +12,7 @@ namespace {
 // 5 pixels for 1 of latitude or longitude; latitude 12, longitude 110 is pixel (60, 40). Cells are
 // 1/64 wide and high. The one looked at spans longitudes 110.1875 to 110.203 and latitudes 12.1875
 // to 12.203. Pixel 61 begins at longitude 110.2, pixel row 38 at latitude 12.2: at step 204.8 of the
-// cell, which lies in strip 25.
+// cell, which lies in strip 51: that of steps 204 to 207.
 constexpr LONG MARGIN = PathProjection::MARGIN;
 constexpr RECT AREA = {60 - 50 - MARGIN, 40 - 30 - MARGIN, 60 + 50 + MARGIN, 40 + 30 + MARGIN};
 
@@ -24,10 +24,13 @@ constexpr CellPixels::Pixels NORTH_EAST = 2 << 8;
 
 class CellPixelsTest : public testing::Test {
  protected:
-  CellPixelsTest() {
+  CellPixelsTest() { LookAround(12, 110); }
+
+  /// Pixel (60, 40) becomes this place.
+  void LookAround(float latitude, float longitude) {
     PathBox box;
-    box.Widen(10, 100);
-    box.Widen(14, 120);
+    box.Widen(latitude - 2, longitude - 10);
+    box.Widen(latitude + 2, longitude + 10);
     projection = PathProjection(box, AREA, 1, {0, 0});
   }
 
@@ -74,12 +77,53 @@ TEST_F(CellPixelsTest, AreAllThatARoadAroundTheCornerLeadsThrough) {
 TEST_F(CellPixelsTest, AreOnlyPossibleNextToTheMeetingPointOfPixels) {
   Add(12.19F, 110.19F);
   Add(12.202F, 110.202F);
-  // In strip 25 both ways: at steps 205 north and 202 east, and at 203 north and 206 east.
-  Add(12.20005F, 110.19985F);
-  Add(12.1999F, 110.2001F);
+  // At steps 204 north and 206 east, and at 206 north and 204 east. Step 204 is cut.
+  Add(12.19998F, 110.2001F);
+  Add(12.2001F, 110.19998F);
   const CellPixels pixels = Look();
   EXPECT_EQ(SOUTH_WEST | NORTH_EAST, pixels.GetSure());
   EXPECT_EQ(SOUTH_WEST | SOUTH_EAST | NORTH_WEST | NORTH_EAST, pixels.GetPossible());
+}
+
+TEST_F(CellPixelsTest, AreSureWherePositionsAreCoarse) {
+  // Floats are multiples of 4 steps from 2048 on, and of 8 from 4096 on.
+  constexpr float STEP = 1 / 64.0F / 256;
+  LookAround(5542, 3740);
+  Add(5542.1875F + 200 * STEP, 3740.1875F + 208 * STEP);
+  Add(5542.1875F + 208 * STEP, 3740.1875F + 204 * STEP);
+  const CellPixels pixels = Look();
+  EXPECT_EQ(SOUTH_EAST | NORTH_WEST, pixels.GetSure());
+  EXPECT_EQ(SOUTH_EAST | NORTH_WEST, pixels.GetPossible());
+}
+
+TEST_F(CellPixelsTest, AreSureWherePositionsAreCoarseInTheSouthAndWest) {
+  constexpr float STEP = 1 / 64.0F / 256;
+  LookAround(-5542, -3740);
+  Add(-5541.8125F + 200 * STEP, -3739.8125F + 208 * STEP);
+  Add(-5541.8125F + 208 * STEP, -3739.8125F + 204 * STEP);
+  const CellPixels pixels = Look();
+  EXPECT_EQ(SOUTH_EAST | NORTH_WEST, pixels.GetSure());
+  EXPECT_EQ(SOUTH_EAST | NORTH_WEST, pixels.GetPossible());
+}
+
+TEST_F(CellPixelsTest, TellWhichPartOfAStripIsMeantWherePositionsAreFiner) {
+  // From 1024 on floats are multiples of 2 steps: 204 and 206 lie on either side of the edge.
+  constexpr float STEP = 1 / 64.0F / 256;
+  LookAround(1502, 1740);
+  Add(1502.1875F + 204 * STEP, 1740.1875F + 206 * STEP);
+  Add(1502.1875F + 206 * STEP, 1740.1875F + 100 * STEP);
+  const CellPixels pixels = Look();
+  EXPECT_EQ(SOUTH_EAST | NORTH_WEST, pixels.GetPossible() & (SOUTH_EAST | NORTH_WEST));
+  EXPECT_EQ(0U, pixels.GetSure() & (SOUTH_WEST | NORTH_EAST));
+}
+
+TEST_F(CellPixelsTest, TakePositionsAsFineAsTheyAreAtTheEdgeNearerToZero) {
+  // The cell begins at -1024, and east of there floats are multiples of 1 step. The edge is at 162.8.
+  constexpr float STEP = 1 / 64.0F / 256;
+  LookAround(12, -1024 - 3114 * STEP);
+  Add(12.19F, -1024 + 163 * STEP);
+  Add(12.202F, -1024 + 100 * STEP);
+  EXPECT_EQ(SOUTH_EAST | NORTH_WEST, Look().GetSure());
 }
 
 }  // namespace

@@ -86,18 +86,18 @@ TEST_F(PathCellsTest, TellWhereInACellThePointsLie) {
   EXPECT_EQ(10 + 1 / 256.0F, box.maxLatitude);
   EXPECT_EQ(20, box.minLongitude);
   EXPECT_EQ(20 + 1 / 128.0F, box.maxLongitude);
-  ExpectExtent(0, 0, cell.columns[0]);
-  ExpectExtent(64, 64, cell.columns[16]);
-  ExpectExtent(0, 0, cell.rows[0]);
-  ExpectExtent(128, 128, cell.rows[8]);
-  EXPECT_TRUE(cell.columns[8].IsEmpty());
-  EXPECT_TRUE(cell.rows[16].IsEmpty());
+  ExpectExtent(0, 0, cell.columns.Join(0, 1));
+  ExpectExtent(64, 64, cell.columns.Join(32, 33));
+  ExpectExtent(0, 0, cell.rows.Join(0, 1));
+  ExpectExtent(128, 128, cell.rows.Join(16, 17));
+  EXPECT_TRUE(cell.columns.Join(16, 17).IsEmpty());
+  EXPECT_TRUE(cell.rows.Join(32, 33).IsEmpty());
 }
 
 TEST_F(PathCellsTest, JoinThePointsOfAStrip) {
   Add(10 + 1 / 256.0F, 20);
   Add(10 + 1 / 128.0F, 20 + 1 / 16384.0F);
-  ExpectExtent(64, 128, TheCell().columns[0]);
+  ExpectExtent(64, 128, TheCell().columns.Join(0, 1));
 }
 
 TEST_F(PathCellsTest, LieOnBothSidesOfTheEquatorAndOfGreenwich) {
@@ -105,8 +105,8 @@ TEST_F(PathCellsTest, LieOnBothSidesOfTheEquatorAndOfGreenwich) {
   const PathCells::Cell& cell = TheCell();
   EXPECT_EQ(-1, cell.column);
   EXPECT_EQ(-1, cell.row);
-  ExpectExtent(128, 128, cell.columns[24]);
-  ExpectExtent(192, 192, cell.rows[16]);
+  ExpectExtent(128, 128, cell.columns.Join(48, 49));
+  ExpectExtent(192, 192, cell.rows.Join(32, 33));
 }
 
 TEST_F(PathCellsTest, AreNoMoreForARoadThatIsDrivenAgain) {
@@ -128,9 +128,9 @@ TEST_F(PathCellsTest, BecomeLargerWhenThereAreTooMany) {
   EXPECT_EQ(1 / 32.0 / 256, cells.GetStepLength());
   EXPECT_EQ(5'001U, cells.GetCells().size());
   const PathCells::Cell& cell = cells.GetCells()[0];
-  ExpectExtent(0, 0, cell.columns[0]);
-  ExpectExtent(0, 0, cell.columns[16]);
-  ExpectExtent(0, 128, cell.rows[0]);
+  ExpectExtent(0, 0, cell.columns.Join(0, 1));
+  ExpectExtent(0, 0, cell.columns.Join(32, 33));
+  ExpectExtent(0, 128, cell.rows.Join(0, 1));
   EXPECT_EQ(1 / 64.0F, cells.GetBoxes()[0].maxLongitude);
 }
 
