@@ -43,10 +43,15 @@ CellPixels::CellPixels(const PathCells::Cell& theCell, double theStepLength,
   for (LONG y = rect.bottom; y > rect.top; --y) {
     northward.AddEdge(projection.LatitudeOfEdge(y) / stepLength - south, slack);
   }
-  columns.Take(cell.columns, eastward);
+  // Most often the rows tell all.
   rows.Take(cell.rows, northward);
-  possible = columns.GetPossible() & rows.GetPossible();
-  sure = columns.GetSure(possible) | rows.GetSure(possible);
+  possible = rows.GetPossible();
+  sure = rows.GetSure(possible);
+  if (sure != possible) {
+    columns.Take(cell.columns, eastward);
+    possible &= columns.GetPossible();
+    sure = columns.GetSure(possible) | rows.GetSure(possible);
+  }
 }
 
 /// Numbers that are rounded to floats do not pass any that is one, as those of all positions are.
