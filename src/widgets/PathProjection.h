@@ -82,10 +82,8 @@ class PathProjection {
 
   /// Cuts the fraction off.
   static LONG ToPixel(double place) {
-    if (!(place > -FARTHEST)) {
-      return static_cast<LONG>(-FARTHEST);
-    }
-    return static_cast<LONG>(place < FARTHEST ? place : FARTHEST);
+    const double near = place > -FARTHEST ? place : -FARTHEST;  // also without a number
+    return static_cast<LONG>(near < FARTHEST ? near : FARTHEST);
   }
   /// Pixel 0 reaches to both sides of 0.
   static double EdgeOf(LONG pixel) { return pixel > 0 ? pixel : pixel - 1; }

@@ -27,14 +27,8 @@ bool PathStrokes::AreAllLit(const RECT& rect) const {
   return true;
 }
 
-/// Of a line to a neighbour only the first pixel is lit.
-void PathStrokes::Draw(POINT from, POINT to) {
-  if (AreEqual(from, to)) {
-    return;
-  }
-  if (std::abs(to.x - from.x) <= 1 && std::abs(to.y - from.y) <= 1) {
-    Light(from);
-  } else if (LinePatterns::Cover(to.x - from.x, to.y - from.y)) {
+void PathStrokes::DrawFar(POINT from, POINT to) {
+  if (LinePatterns::Cover(to.x - from.x, to.y - from.y)) {
     DrawShortLine(from, to);
   } else if (const RECT span = Span(from, to); CanShow(span) && !IsKept(span)) {
     DrawLine(from, to);

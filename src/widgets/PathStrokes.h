@@ -13,7 +13,7 @@ namespace ferolin {
 /// Draws a great many lines of one pixel's width and one colour, passing over those that would
 /// change nothing. All lines together give the same picture as if each were drawn. What keeps a
 /// line's picture unchanged:
-/// - it lights its first pixel and leaves its last one to the line that follows;
+/// - it lights its first pixel and leaves its last one to what follows, which lights it for sure;
 /// - it stays inside the rectangle that its ends span.
 class PathStrokes {
  public:
@@ -44,8 +44,9 @@ class PathStrokes {
   }
 
   bool IsInside(POINT point) const {
-    return point.x >= area.left && point.x < area.right && point.y >= area.top &&
-           point.y < area.bottom;
+    // All in one comparison each way, for there are very many.
+    return static_cast<ULONG>(point.x - area.left) < static_cast<ULONG>(area.right - area.left) &&
+           static_cast<ULONG>(point.y - area.top) < static_cast<ULONG>(area.bottom - area.top);
   }
 
   /// The pixel is to be inside the area. May be false when it is lit.
@@ -57,7 +58,12 @@ class PathStrokes {
     }
   }
 
-  void Draw(POINT from, POINT to);
+  void Draw(POINT from, POINT to) {
+    Light(from);
+    if (!AreNeighbours(from, to)) {
+      DrawFar(from, to);
+    }
+  }
 
  private:
   static constexpr int RUN_LENGTH = 256;
@@ -72,7 +78,11 @@ class PathStrokes {
     const LONG height = rect.bottom - rect.top + 1;
     return width <= FEW_PIXELS && height <= FEW_PIXELS && width * height <= FEW_PIXELS;
   }
+  static bool AreNeighbours(POINT a, POINT b) {
+    return static_cast<ULONG>(b.x - a.x + 1) <= 2 && static_cast<ULONG>(b.y - a.y + 1) <= 2;
+  }
   bool AreAllLit(const RECT& rect) const;
+  void DrawFar(POINT from, POINT to);
   void DrawShortLine(POINT from, POINT to);
   void DrawLine(POINT from, POINT to);
   void Flush();
