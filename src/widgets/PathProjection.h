@@ -82,8 +82,8 @@ class PathProjection {
 
   /// Cuts the fraction off.
   static LONG ToPixel(double place) {
-    const double near = place > -FARTHEST ? place : -FARTHEST;  // also without a number
-    return static_cast<LONG>(near < FARTHEST ? near : FARTHEST);
+    const double bounded = place > -FARTHEST ? place : -FARTHEST;  // also without a number
+    return static_cast<LONG>(bounded < FARTHEST ? bounded : FARTHEST);
   }
   /// Pixel 0 reaches to both sides of 0.
   static double EdgeOf(LONG pixel) { return pixel > 0 ? pixel : pixel - 1; }
