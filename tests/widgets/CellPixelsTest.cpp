@@ -13,6 +13,7 @@ namespace {
 // 1/64 wide and high. The one looked at spans longitudes 110.1875 to 110.203 and latitudes 12.1875
 // to 12.203. Pixel 61 begins at longitude 110.2, pixel row 38 at latitude 12.2: at step 204.8 of the
 // cell, which lies in strip 51: that of steps 204 to 207.
+constexpr float STEP = 1 / 64.0F / 256;
 constexpr LONG MARGIN = PathProjection::MARGIN;
 constexpr RECT AREA = {60 - 50 - MARGIN, 40 - 30 - MARGIN, 60 + 50 + MARGIN, 40 + 30 + MARGIN};
 
@@ -85,9 +86,18 @@ TEST_F(CellPixelsTest, AreOnlyPossibleNextToTheMeetingPointOfPixels) {
   EXPECT_EQ(SOUTH_WEST | SOUTH_EAST | NORTH_WEST | NORTH_EAST, pixels.GetPossible());
 }
 
+TEST_F(CellPixelsTest, AreThoseThatColumnsAndRowsAgreeOn) {
+  Add(12.1875F + 100.5F * STEP, 110.1875F + 100.5F * STEP);
+  // In the row of strips that is cut, but in no such column.
+  Add(12.1875F + 205.5F * STEP, 110.1875F + 100.5F * STEP);
+  Add(12.1875F + 205.5F * STEP, 110.1875F + 220.5F * STEP);
+  const CellPixels pixels = Look();
+  EXPECT_EQ(SOUTH_WEST | NORTH_WEST | NORTH_EAST, pixels.GetSure());
+  EXPECT_EQ(SOUTH_WEST | NORTH_WEST | NORTH_EAST, pixels.GetPossible());
+}
+
 TEST_F(CellPixelsTest, AreSureWherePositionsAreCoarse) {
   // Floats are multiples of 4 steps from 2048 on, and of 8 from 4096 on.
-  constexpr float STEP = 1 / 64.0F / 256;
   LookAround(5542, 3740);
   Add(5542.1875F + 200 * STEP, 3740.1875F + 208 * STEP);
   Add(5542.1875F + 208 * STEP, 3740.1875F + 204 * STEP);
@@ -97,7 +107,6 @@ TEST_F(CellPixelsTest, AreSureWherePositionsAreCoarse) {
 }
 
 TEST_F(CellPixelsTest, AreSureWherePositionsAreCoarseInTheSouthAndWest) {
-  constexpr float STEP = 1 / 64.0F / 256;
   LookAround(-5542, -3740);
   Add(-5541.8125F + 200 * STEP, -3739.8125F + 208 * STEP);
   Add(-5541.8125F + 208 * STEP, -3739.8125F + 204 * STEP);
@@ -106,9 +115,19 @@ TEST_F(CellPixelsTest, AreSureWherePositionsAreCoarseInTheSouthAndWest) {
   EXPECT_EQ(SOUTH_EAST | NORTH_WEST, pixels.GetPossible());
 }
 
+TEST_F(CellPixelsTest, AreSureOfStripsWithRoomForOnePosition) {
+  // Only step 204 of its strip, which is cut at 204.8.
+  LookAround(3742, 3740);
+  Add(3742.1875F + 204 * STEP, 3740.1875F + 204 * STEP);
+  Add(3742.1875F + 204 * STEP, 3740.1875F + 220 * STEP);
+  Add(3742.1875F + 208 * STEP, 3740.1875F + 204 * STEP);
+  const CellPixels pixels = Look();
+  EXPECT_EQ(SOUTH_WEST | SOUTH_EAST | NORTH_WEST, pixels.GetSure());
+  EXPECT_EQ(SOUTH_WEST | SOUTH_EAST | NORTH_WEST, pixels.GetPossible());
+}
+
 TEST_F(CellPixelsTest, TellWhichPartOfAStripIsMeantWherePositionsAreFiner) {
   // From 1024 on floats are multiples of 2 steps: 204 and 206 lie on either side of the edge.
-  constexpr float STEP = 1 / 64.0F / 256;
   LookAround(1502, 1740);
   Add(1502.1875F + 204 * STEP, 1740.1875F + 206 * STEP);
   Add(1502.1875F + 206 * STEP, 1740.1875F + 100 * STEP);
@@ -119,7 +138,6 @@ TEST_F(CellPixelsTest, TellWhichPartOfAStripIsMeantWherePositionsAreFiner) {
 
 TEST_F(CellPixelsTest, TakePositionsAsFineAsTheyAreAtTheEdgeNearerToZero) {
   // The cell begins at -1024, and east of there floats are multiples of 1 step. The edge is at 162.8.
-  constexpr float STEP = 1 / 64.0F / 256;
   LookAround(12, -1024 - 3114 * STEP);
   Add(12.19F, -1024 + 163 * STEP);
   Add(12.202F, -1024 + 100 * STEP);
