@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <span>
 
@@ -45,6 +46,7 @@ class LinePatterns {
 
  private:
   static constexpr LONG SIDE = 2 * FARTHEST + 1;
+  static constexpr std::size_t WAYS = SIDE * SIDE;
 
   struct Pattern {
     std::uint8_t count = 0;  ///< 0: not known yet
@@ -54,7 +56,7 @@ class LinePatterns {
   void Learn(LONG right, LONG down, Pattern& pattern);
 
   PathPicture sample;
-  std::array<Pattern, static_cast<std::size_t>(SIDE* SIDE)> patterns;
+  std::array<Pattern, WAYS> patterns;
 };
 
 }  // namespace ferolin

@@ -35,7 +35,7 @@ class PathCells {
     bool IsEmpty() const { return low > high; }
   };
 
-  /// Of each strip from west to east or from south to north.
+  /// Where along each strip its points lie. Strips go from west to east or from south to north.
   class Strips {
    public:
     Strips();
@@ -43,7 +43,7 @@ class PathCells {
     /// Takes in a point that lies at these steps across the strips and along its own.
     void Add(std::int32_t across, std::int32_t along);
 
-    /// Of strips `from` up to, but not including, `to`.
+    /// Of strips `from` up to, but not including, `to`, all together.
     Extent Join(int from, int to) const;
 
    private:
