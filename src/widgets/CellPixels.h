@@ -62,7 +62,7 @@ class CellPixels {
     Direction direction;
     std::array<Edge, MOST_PIXELS> edges;
     int count = 0;
-    int grain;
+    int grain;  ///< how many steps positions lie apart; 0: less than one
   };
 
   /// Strips `from` up to, but not including, `to`.

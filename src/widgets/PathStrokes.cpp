@@ -1,7 +1,5 @@
 #include "widgets/PathStrokes.h"
 
-#include <cstdlib>
-
 namespace ferolin {
 
 namespace {

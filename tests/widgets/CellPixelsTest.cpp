@@ -54,6 +54,13 @@ class CellPixelsTest : public testing::Test {
     return CellPixels(cells.GetCells()[0], cells.GetStepLength(), projection, rect);
   }
 
+  /// All pixels that are possible are sure, and are these.
+  void ExpectNoDoubt(CellPixels::Pixels expected) {
+    const CellPixels pixels = Look();
+    EXPECT_EQ(expected, pixels.GetSure());
+    EXPECT_EQ(expected, pixels.GetPossible());
+  }
+
   PathProjection projection;
   std::vector<TrackPoint> points;
 };
@@ -61,18 +68,14 @@ class CellPixelsTest : public testing::Test {
 TEST_F(CellPixelsTest, AreTheCornersThatARoadLeadsThrough) {
   Add(12.19F, 110.19F);
   Add(12.202F, 110.202F);
-  const CellPixels pixels = Look();
-  EXPECT_EQ(SOUTH_WEST | NORTH_EAST, pixels.GetSure());
-  EXPECT_EQ(SOUTH_WEST | NORTH_EAST, pixels.GetPossible());
+  ExpectNoDoubt(SOUTH_WEST | NORTH_EAST);
 }
 
 TEST_F(CellPixelsTest, AreAllThatARoadAroundTheCornerLeadsThrough) {
   Add(12.19F, 110.19F);
   Add(12.19F, 110.202F);
   Add(12.202F, 110.202F);
-  const CellPixels pixels = Look();
-  EXPECT_EQ(SOUTH_WEST | SOUTH_EAST | NORTH_EAST, pixels.GetSure());
-  EXPECT_EQ(SOUTH_WEST | SOUTH_EAST | NORTH_EAST, pixels.GetPossible());
+  ExpectNoDoubt(SOUTH_WEST | SOUTH_EAST | NORTH_EAST);
 }
 
 TEST_F(CellPixelsTest, AreOnlyPossibleNextToTheMeetingPointOfPixels) {
@@ -91,9 +94,7 @@ TEST_F(CellPixelsTest, AreThoseThatColumnsAndRowsAgreeOn) {
   // In the row of strips that is cut, but in no such column.
   Add(12.1875F + 205.5F * STEP, 110.1875F + 100.5F * STEP);
   Add(12.1875F + 205.5F * STEP, 110.1875F + 220.5F * STEP);
-  const CellPixels pixels = Look();
-  EXPECT_EQ(SOUTH_WEST | NORTH_WEST | NORTH_EAST, pixels.GetSure());
-  EXPECT_EQ(SOUTH_WEST | NORTH_WEST | NORTH_EAST, pixels.GetPossible());
+  ExpectNoDoubt(SOUTH_WEST | NORTH_WEST | NORTH_EAST);
 }
 
 TEST_F(CellPixelsTest, AreSureWherePositionsAreCoarse) {
@@ -101,18 +102,14 @@ TEST_F(CellPixelsTest, AreSureWherePositionsAreCoarse) {
   LookAround(5542, 3740);
   Add(5542.1875F + 200 * STEP, 3740.1875F + 208 * STEP);
   Add(5542.1875F + 208 * STEP, 3740.1875F + 204 * STEP);
-  const CellPixels pixels = Look();
-  EXPECT_EQ(SOUTH_EAST | NORTH_WEST, pixels.GetSure());
-  EXPECT_EQ(SOUTH_EAST | NORTH_WEST, pixels.GetPossible());
+  ExpectNoDoubt(SOUTH_EAST | NORTH_WEST);
 }
 
 TEST_F(CellPixelsTest, AreSureWherePositionsAreCoarseInTheSouthAndWest) {
   LookAround(-5542, -3740);
   Add(-5541.8125F + 200 * STEP, -3739.8125F + 208 * STEP);
   Add(-5541.8125F + 208 * STEP, -3739.8125F + 204 * STEP);
-  const CellPixels pixels = Look();
-  EXPECT_EQ(SOUTH_EAST | NORTH_WEST, pixels.GetSure());
-  EXPECT_EQ(SOUTH_EAST | NORTH_WEST, pixels.GetPossible());
+  ExpectNoDoubt(SOUTH_EAST | NORTH_WEST);
 }
 
 TEST_F(CellPixelsTest, AreSureOfStripsWithRoomForOnePosition) {
@@ -121,9 +118,7 @@ TEST_F(CellPixelsTest, AreSureOfStripsWithRoomForOnePosition) {
   Add(3742.1875F + 204 * STEP, 3740.1875F + 204 * STEP);
   Add(3742.1875F + 204 * STEP, 3740.1875F + 220 * STEP);
   Add(3742.1875F + 208 * STEP, 3740.1875F + 204 * STEP);
-  const CellPixels pixels = Look();
-  EXPECT_EQ(SOUTH_WEST | SOUTH_EAST | NORTH_WEST, pixels.GetSure());
-  EXPECT_EQ(SOUTH_WEST | SOUTH_EAST | NORTH_WEST, pixels.GetPossible());
+  ExpectNoDoubt(SOUTH_WEST | SOUTH_EAST | NORTH_WEST);
 }
 
 TEST_F(CellPixelsTest, TellWhichPartOfAStripIsMeantWherePositionsAreFiner) {
