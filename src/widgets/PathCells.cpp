@@ -8,7 +8,8 @@ namespace ferolin {
 
 namespace {
 
-constexpr float FARTHEST = 100'000;  // no position has more degrees x 100 + minutes
+constexpr float FARTHEST = 20'000;  // no position has more degrees x 100 + minutes
+constexpr float MOST_CELLS_ACROSS = 2048;
 constexpr std::int32_t MASK = PathCells::STEPS - 1;
 
 constexpr std::int32_t CellOf(std::int32_t step) {
@@ -75,7 +76,7 @@ void PathCells::Update(const PathPoints& points) {
     Drop();
   }
   if (state == State::EMPTY && points.GetCount() >= FEWEST_POINTS) {
-    Start();
+    Start(points);
   }
   const int limit = std::min(points.GetEnd(), end + POINTS_AT_ONCE);
   for (; state == State::USABLE && end < limit; ++end) {
@@ -85,8 +86,19 @@ void PathCells::Update(const PathPoints& points) {
   }
 }
 
-void PathCells::Start() {
+void PathCells::Start(const PathPoints& points) {
+  PathBox box;
+  for (int number = points.GetFirst(); number < points.GetEnd(); ++number) {
+    if (HasPosition(points[number])) {
+      box.Widen(points[number].latitude, points[number].longitude);
+    }
+  }
+  const float extent =
+      std::max(box.maxLatitude - box.minLatitude, box.maxLongitude - box.minLongitude);
   stepsPerUnit = FINEST;
+  while (extent * stepsPerUnit > MOST_CELLS_ACROSS * STEPS) {
+    stepsPerUnit /= 2;
+  }
   slots.reset(new (std::nothrow) std::uint16_t[SLOTS]());
   state = slots != nullptr ? State::USABLE : State::UNUSABLE;
 }

@@ -12,8 +12,9 @@
 namespace ferolin {
 
 /// Where a long track has been: the cells of a square grid in which there are points of it, and
-/// roughly where in each cell. A road takes no more of them, however often it is driven. There are
-/// at most 10,000, of 280 bytes; when a track spreads over more, the grid becomes coarser.
+/// roughly where in each cell. A road takes no more of them, however often it is driven. At first
+/// the grid is as fine as the track's extent needs. There are at most 10,000 cells, of 280 bytes;
+/// when a track spreads over more, the grid becomes coarser.
 class PathCells {
  public:
   /// Shorter tracks have no cells: they are drawn as fast without.
@@ -80,9 +81,9 @@ class PathCells {
   static constexpr std::size_t MOST_CELLS = 10'000;
   static constexpr std::size_t SLOTS = 1 << 15;
   static constexpr std::size_t NONE = MOST_CELLS;
-  static constexpr float FINEST = 1 << 14;
+  static constexpr float FINEST = 1 << 16;
 
-  void Start();
+  void Start(const PathPoints& points);
   void Drop();
   bool Add(const TrackPoint& point);
   std::size_t Find(std::int32_t column, std::int32_t row);

@@ -41,11 +41,13 @@ class CellPixelsTest : public testing::Test {
 
   CellPixels Look() {
     PathCells cells;
+    // So far away that cells are as large as said.
+    Add(points.back().latitude + 20, points.back().longitude);
     points.resize(PathCells::FEWEST_POINTS, points.back());
     for (std::size_t taken = 0; taken < points.size(); taken += PathCells::POINTS_AT_ONCE) {
       cells.Update(PathPoints(points, 0));
     }
-    EXPECT_EQ(1U, cells.GetCells().size());
+    EXPECT_EQ(2U, cells.GetCells().size());
     const RECT rect = projection.Project(cells.GetBoxes()[0]);
     EXPECT_EQ(60, rect.left);
     EXPECT_EQ(61, rect.right);

@@ -13,7 +13,7 @@ namespace ferolin {
 
 namespace {
 
-// At first a cell is 1/64 wide and high.
+// A track that spreads over 20 has cells that are 1/64 wide and high at first.
 
 class PathCellsTest : public testing::Test {
  protected:
@@ -30,13 +30,28 @@ class PathCellsTest : public testing::Test {
   }
   /// Standing still, until the track is long enough.
   void Rest() { points.resize(std::max(points.size(), LONG_ENOUGH), points.back()); }
-  bool HoldAll() const { return cells.Hold(static_cast<int>(points.size())); }
-  const PathCells::Cell& TheCell() {
+  /// The same in another cell, 20 away.
+  void RestFarAway() {
+    Add(points.back().latitude + 20, points.back().longitude);
     Rest();
+  }
+  bool HoldAll() const { return cells.Hold(static_cast<int>(points.size())); }
+  /// Of all points so far.
+  const PathCells::Cell& TheCell() {
+    RestFarAway();
     Update();
     EXPECT_TRUE(HoldAll());
-    EXPECT_EQ(1U, cells.GetCells().size());
+    EXPECT_EQ(2U, cells.GetCells().size());
     return cells.GetCells()[0];
+  }
+  void ExpectStepLength(double length, float extent) {
+    points.clear();
+    Update();
+    Add(0, 0);
+    Add(extent / 2, extent);
+    Rest();
+    Update();
+    EXPECT_EQ(length, cells.GetStepLength());
   }
 
   static constexpr std::size_t LONG_ENOUGH = 50'000;
@@ -110,27 +125,43 @@ TEST_F(PathCellsTest, LieOnBothSidesOfTheEquatorAndOfGreenwich) {
 }
 
 TEST_F(PathCellsTest, AreNoMoreForARoadThatIsDrivenAgain) {
-  for (int lap = 0; lap < 500; ++lap) {
-    for (int place = 0; place < 100; ++place) {
-      Add(55, static_cast<float>(place) / 64);
+  for (int lap = 0; lap < 50; ++lap) {
+    for (int place = 0; place < 1'000; ++place) {
+      Add(55, static_cast<float>(place) / 50);
     }
   }
   Update();
-  EXPECT_EQ(100U, cells.GetCells().size());
+  EXPECT_EQ(1'000U, cells.GetCells().size());
+}
+
+TEST_F(PathCellsTest, AreAsFineAsTheTracksExtentNeeds) {
+  // 2,048 of them, of 256 steps, are as wide as the track or wider, but none is less than 1/256.
+  ExpectStepLength(1 / 65'536.0, 0.01F);
+  ExpectStepLength(1 / 65'536.0, 8);
+  ExpectStepLength(1 / 32'768.0, 8.01F);
+  ExpectStepLength(1 / 32'768.0, 16);
+  ExpectStepLength(1 / 16'384.0, 16.01F);
+  ExpectStepLength(1 / 16.0, 20'000 - 1);
 }
 
 TEST_F(PathCellsTest, BecomeLargerWhenThereAreTooMany) {
+  // 2,000 columns of 5, and one more.
   for (int place = 0; place <= 10'000; ++place) {
-    Add(0, static_cast<float>(place) / 64);
+    Add(static_cast<float>(place % 5) / 64, static_cast<float>(place / 5) / 64);
   }
   Rest();
   Update();
   EXPECT_EQ(1 / 32.0 / 256, cells.GetStepLength());
-  EXPECT_EQ(5'001U, cells.GetCells().size());
+  EXPECT_EQ(3U * 1'000 + 1, cells.GetCells().size());
+  // Of 2 x 2 smaller ones with a point in each lower left corner.
   const PathCells::Cell& cell = cells.GetCells()[0];
-  ExpectExtent(0, 0, cell.columns.Join(0, 1));
-  ExpectExtent(0, 0, cell.columns.Join(32, 33));
+  ExpectExtent(0, 128, cell.columns.Join(0, 1));
+  ExpectExtent(0, 128, cell.columns.Join(32, 33));
   ExpectExtent(0, 128, cell.rows.Join(0, 1));
+  ExpectExtent(0, 128, cell.rows.Join(32, 33));
+  EXPECT_TRUE(cell.columns.Join(1, 32).IsEmpty());
+  EXPECT_TRUE(cell.rows.Join(33, 64).IsEmpty());
+  EXPECT_EQ(1 / 64.0F, cells.GetBoxes()[0].maxLatitude);
   EXPECT_EQ(1 / 64.0F, cells.GetBoxes()[0].maxLongitude);
 }
 
@@ -148,7 +179,9 @@ TEST_F(PathCellsTest, StartAgainWithAShorterTrack) {
   Update();
   EXPECT_EQ(2U, cells.GetCells().size());
   points.erase(points.begin());
-  TheCell();
+  Update();
+  EXPECT_TRUE(HoldAll());
+  EXPECT_EQ(1U, cells.GetCells().size());
 }
 
 TEST_F(PathCellsTest, AreGivenUpWhenTheTrackLosesItsOldestPoints) {
