@@ -26,6 +26,17 @@ int GrainOf(std::int32_t cellNumber) {
   return bits < FLOAT_BITS ? 0 : std::min(1 << (bits - FLOAT_BITS), PathCells::STRIP_STEPS);
 }
 
+/// The step of a cell that a place lies in; the nearest one if it lies in none.
+int StepAt(double place) {
+  return static_cast<int>(std::clamp(place, 0.0, STEPS));
+}
+
+/// The first step of a cell that begins there or further on.
+int StepFrom(double place) {
+  const int step = StepAt(place);
+  return step < place && step < PathCells::STEPS ? step + 1 : step;
+}
+
 }  // namespace
 
 CellPixels::CellPixels(const PathCells::Cell& theCell, double theStepLength,
@@ -34,14 +45,15 @@ CellPixels::CellPixels(const PathCells::Cell& theCell, double theStepLength,
       stepLength(theStepLength),
       eastward(Side::EASTWARD, cell.column),
       northward(Side::NORTHWARD, cell.row) {
-  const double slack = STEP_SLACK + PIXEL_SLACK / (projection.GetScale() * stepLength);
+  const double stepsPerUnit = 1 / stepLength;
+  const double slack = STEP_SLACK + PIXEL_SLACK * projection.GetPixelSize() * stepsPerUnit;
   const double west = static_cast<double>(cell.column) * PathCells::STEPS;
   const double south = static_cast<double>(cell.row) * PathCells::STEPS;
   for (LONG x = rect.left + 1; x <= rect.right; ++x) {
-    eastward.AddEdge(projection.LongitudeOfEdge(x) / stepLength - west, slack);
+    eastward.AddEdge(projection.LongitudeOfEdge(x) * stepsPerUnit - west, slack);
   }
   for (LONG y = rect.bottom; y > rect.top; --y) {
-    northward.AddEdge(projection.LatitudeOfEdge(y) / stepLength - south, slack);
+    northward.AddEdge(projection.LatitudeOfEdge(y) * stepsPerUnit - south, slack);
   }
   // Most often the rows tell all.
   rows.Take(cell.rows, northward);
@@ -117,10 +129,8 @@ CellPixels::Side::Side(Direction theDirection, std::int32_t cellNumber)
 
 /// Positions with a grain lie where their step begins, others anywhere in it.
 void CellPixels::Side::AddEdge(double step, double slack) {
-  const double before = grain > 0 ? std::ceil(step - slack) : std::floor(step - slack);
   edges[static_cast<std::size_t>(count++)] = {
-      static_cast<int>(std::clamp(before, 0.0, STEPS)),
-      static_cast<int>(std::clamp(std::ceil(step + slack), 0.0, STEPS))};
+      grain > 0 ? StepFrom(step - slack) : StepAt(step - slack), StepFrom(step + slack)};
 }
 
 CellPixels::Pixels CellPixels::Side::PixelsOf(int first, int last) const {

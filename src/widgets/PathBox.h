@@ -27,6 +27,11 @@ struct PathBox {
            longitude <= maxLongitude;
   }
 
+  bool Contains(const PathBox& other) const {
+    return minLatitude <= other.minLatitude && maxLatitude >= other.maxLatitude &&
+           minLongitude <= other.minLongitude && maxLongitude >= other.maxLongitude;
+  }
+
   bool Overlaps(const PathBox& other) const {
     return minLatitude <= other.maxLatitude && maxLatitude >= other.minLatitude &&
            minLongitude <= other.maxLongitude && maxLongitude >= other.minLongitude;

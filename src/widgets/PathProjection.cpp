@@ -17,6 +17,16 @@ double FitScale(LONG pixels, float low, float high) {
   return room / (static_cast<double>(high) - low);
 }
 
+constexpr double FLOAT_ERROR = 1e-6;
+
+float Below(double number) {
+  return static_cast<float>(number - std::fabs(number) * FLOAT_ERROR);
+}
+
+float Above(double number) {
+  return static_cast<float>(number + std::fabs(number) * FLOAT_ERROR);
+}
+
 }  // namespace
 
 PathProjection::PathProjection(const PathBox& box, const RECT& area, float zoom, POINT pan) {
@@ -24,6 +34,8 @@ PathProjection::PathProjection(const PathBox& box, const RECT& area, float zoom,
                               FitScale(area.bottom - area.top, box.minLatitude, box.maxLatitude));
   x.scale = fit * zoom;
   y.scale = -x.scale;
+  x.inverse = 1 / x.scale;
+  y.inverse = -x.inverse;
   x.offset = (area.left + area.right) / 2 - Middle(box.minLongitude, box.maxLongitude) * x.scale +
              Axis::ROUNDER;
   y.offset = (area.top + area.bottom) / 2 - Middle(box.minLatitude, box.maxLatitude) * y.scale +
@@ -35,26 +47,23 @@ PathProjection::PathProjection(const PathBox& box, const RECT& area, float zoom,
            pixels.bottom < FARTHEST;
 }
 
-RECT PathProjection::Project(const PathBox& box) const {
-  const POINT topLeft = Project(box.maxLatitude, box.minLongitude);
-  const POINT bottomRight = Project(box.minLatitude, box.maxLongitude);
-  return {topLeft.x, topLeft.y, bottomRight.x, bottomRight.y};
-}
-
 /// A pixel more, and a little of the number itself, make up for places and numbers that are rounded.
 PathBox PathProjection::BoxAround(const RECT& rect) const {
-  constexpr double FLOAT_ERROR = 1e-6;
-  const auto below = [](double number) {
-    return static_cast<float>(number - std::fabs(number) * FLOAT_ERROR);
-  };
-  const auto above = [](double number) {
-    return static_cast<float>(number + std::fabs(number) * FLOAT_ERROR);
-  };
   PathBox box;
-  box.minLongitude = below(LongitudeOfEdge(rect.left - 1));
-  box.maxLongitude = above(LongitudeOfEdge(rect.right + 1));
-  box.minLatitude = below(LatitudeOfEdge(rect.bottom + 1));
-  box.maxLatitude = above(LatitudeOfEdge(rect.top - 1));
+  box.minLongitude = Below(LongitudeOfEdge(rect.left - 1));
+  box.maxLongitude = Above(LongitudeOfEdge(rect.right + 1));
+  box.minLatitude = Below(LatitudeOfEdge(rect.bottom + 1));
+  box.maxLatitude = Above(LatitudeOfEdge(rect.top - 1));
+  return box;
+}
+
+/// A pixel less, for the same reason.
+PathBox PathProjection::BoxInside(const RECT& rect) const {
+  PathBox box;
+  box.minLongitude = Above(LongitudeOfEdge(rect.left + 1));
+  box.maxLongitude = Below(LongitudeOfEdge(rect.right - 1));
+  box.minLatitude = Above(LatitudeOfEdge(rect.bottom - 1));
+  box.maxLatitude = Below(LatitudeOfEdge(rect.top + 1));
   return box;
 }
 

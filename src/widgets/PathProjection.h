@@ -30,10 +30,21 @@ class PathProjection {
   POINT Project(const TrackPoint& point) const { return Project(point.latitude, point.longitude); }
 
   /// The rectangle of pixels, all edges included.
-  RECT Project(const PathBox& box) const;
+  RECT Project(const PathBox& box) const {
+    const POINT topLeft = Project(box.maxLatitude, box.minLongitude);
+    const POINT bottomRight = Project(box.minLatitude, box.maxLongitude);
+    return {topLeft.x, topLeft.y, bottomRight.x, bottomRight.y};
+  }
+
+  /// The same, faster, for positions that lie nearer than the farthest pixels.
+  POINT ProjectNear(float latitude, float longitude) const {
+    return {static_cast<LONG>(x.PlaceOf(longitude)), static_cast<LONG>(y.PlaceOf(latitude))};
+  }
 
   /// Pixels for 1 of latitude or longitude.
   double GetScale() const { return x.scale; }
+  /// Latitude or longitude of 1 pixel.
+  double GetPixelSize() const { return x.inverse; }
 
   /// Where the pixels of a column begin in the west, and those of a row in the north.
   double LongitudeOfEdge(LONG column) const { return x.NumberAt(EdgeOf(column)); }
@@ -42,6 +53,9 @@ class PathProjection {
   /// Holds all positions that are projected into a rectangle of pixels (its right and bottom edge
   /// excluded), and some around.
   PathBox BoxAround(const RECT& rect) const;
+
+  /// All positions in it are projected into the rectangle. May hold none.
+  PathBox BoxInside(const RECT& rect) const;
 
   /// How far to pan on so that the position lies on that pixel.
   POINT PanTo(float latitude, float longitude, POINT pixel) const;
@@ -66,11 +80,12 @@ class PathProjection {
     static constexpr double ROUNDER = 1LL << 33;
 
     double scale = 0;
+    double inverse = 0;
     double offset = ROUNDER;
     double pan = 0;
 
     double PlaceOf(double number) const { return number * scale + offset - (ROUNDER - pan); }
-    double NumberAt(double place) const { return (place - pan - (offset - ROUNDER)) / scale; }
+    double NumberAt(double place) const { return (place - pan - (offset - ROUNDER)) * inverse; }
     bool IsPanned(const Axis& other) const {
       return scale == other.scale && offset == other.offset;
     }

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "widgets/PathProjection.h"
 
 namespace ferolin {
@@ -147,6 +149,39 @@ TEST(PathProjectionTest, KnowsABoxAroundPixels) {
   EXPECT_FALSE(box.Contains(12, 112));
   EXPECT_FALSE(box.Contains(11, 110));
   EXPECT_FALSE(box.Contains(14, 110));
+}
+
+TEST(PathProjectionTest, KnowsABoxInsidePixels) {
+  const PathProjection projection(BoxOf(10, 14, 100, 120), AREA, 1, {0, 0});
+  // Of columns 60 to 64 and rows 35 to 39 a pixel less: longitudes 110.2 to 110.8, latitudes 12.2 to
+  // 12.8.
+  const PathBox box = projection.BoxInside({60, 35, 65, 40});
+  EXPECT_TRUE(box.Contains(12.21F, 110.21F));
+  EXPECT_TRUE(box.Contains(12.79F, 110.79F));
+  EXPECT_FALSE(box.Contains(12.5F, 110.19F));
+  EXPECT_FALSE(box.Contains(12.5F, 110.81F));
+  EXPECT_FALSE(box.Contains(12.19F, 110.5F));
+  EXPECT_FALSE(box.Contains(12.81F, 110.5F));
+  EXPECT_TRUE(projection.BoxInside({60, 35, 61, 36}).IsEmpty());
+}
+
+TEST(PathProjectionTest, ProjectsWhatIsNearLikeAnythingElse) {
+  const PathProjection projection(BoxOf(10, 14, 100, 120), AREA, 64, {-3, 8});
+  for (const auto& [latitude, longitude] :
+       {std::pair(12.0F, 110.0F), {12.3F, 110.7F}, {10.0F, 100.0F}, {13.9F, 119.9F}}) {
+    const POINT pixel = projection.Project(latitude, longitude);
+    ExpectPixel(pixel.x, pixel.y, projection.ProjectNear(latitude, longitude));
+  }
+}
+
+TEST(PathBoxTest, HoldsBoxesThatReachToItsEdges) {
+  const PathBox box = BoxOf(10, 14, 100, 120);
+  EXPECT_TRUE(box.Contains(box));
+  EXPECT_TRUE(box.Contains(BoxOf(11, 12, 110, 111)));
+  EXPECT_FALSE(box.Contains(BoxOf(9, 14, 100, 120)));
+  EXPECT_FALSE(box.Contains(BoxOf(10, 15, 100, 120)));
+  EXPECT_FALSE(box.Contains(BoxOf(10, 14, 99, 120)));
+  EXPECT_FALSE(box.Contains(BoxOf(10, 14, 100, 121)));
 }
 
 }  // namespace
