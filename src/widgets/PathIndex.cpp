@@ -2,62 +2,63 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 
 namespace ferolin {
-
-namespace {
-
-constexpr int GROWTH = 256;
-
-}  // namespace
-
-PathIndex::~PathIndex() {
-  Drop();
-}
 
 void PathIndex::Update(const PathPoints& points) {
   if (end > points.GetEnd()) {
     Drop();
+    first = 0;
     end = 0;
+    stepSum = 0;
     isUsable = true;
   }
-  for (int number = std::max(end, points.GetFirst()); isUsable && number < points.GetEnd();
-       ++number) {
-    Add(number, points[number]);
+  first = std::max(first, points.GetFirst());
+  while (first < end && !HasPosition(points[first])) {
+    ++first;
+  }
+  for (; isUsable && end < points.GetEnd(); ++end) {
+    if (!Reach(end) || (end >= points.GetFirst() && !Add(points[end]))) {
+      Drop();
+    }
   }
   end = points.GetEnd();
 }
 
-void PathIndex::Add(int number, const TrackPoint& point) {
-  for (int level = 0; level < LEVELS; ++level) {
-    if (!Reach(levels[static_cast<std::size_t>(level)], BlockOf(level, number))) {
-      Drop();
-      return;
-    }
-  }
+/// Takes in point number `end`. False when its position is no number.
+bool PathIndex::Add(const TrackPoint& point) {
   if (!HasPosition(point)) {
-    return;
+    if (end == first) {
+      ++first;
+      return true;
+    }
+    PositionAt(end) = PositionAt(end - 1);
+  } else if (std::isfinite(point.latitude) && std::isfinite(point.longitude)) {
+    PositionAt(end) = {point.latitude, point.longitude};
+  } else {
+    return false;
   }
-  if (lastKnown != NONE) {
-    WidenBlocksOf(lastKnown, point);
-    NoteStep(lastKnown, std::max(std::fabs(point.latitude - lastLatitude),
-                                 std::fabs(point.longitude - lastLongitude)));
+  const Position position = PositionAt(end);
+  if (end > first) {
+    const Position last = PositionAt(end - 1);
+    WidenBlocksOf(end - 1, position);
+    const float step = std::max(std::fabs(position.latitude - last.latitude),
+                                std::fabs(position.longitude - last.longitude));
+    NoteStep(end - 1, step);
+    stepSum += std::min(step, 1.0F);
   }
-  WidenBlocksOf(number, point);
-  lastKnown = number;
-  lastLatitude = point.latitude;
-  lastLongitude = point.longitude;
+  WidenBlocksOf(end, position);
+  return true;
 }
 
 /// What a block holds, the blocks above it hold too.
-void PathIndex::WidenBlocksOf(int number, const TrackPoint& point) {
+void PathIndex::WidenBlocksOf(int number, Position position) {
   for (int level = 0; level < LEVELS; ++level) {
     PathBox& box = BlockAt(level, number).box;
-    if (box.Contains(point.latitude, point.longitude)) {
+    if (box.Contains(position.latitude, position.longitude)) {
       return;
     }
-    box.Widen(point.latitude, point.longitude);
+    box.Widen(position.latitude, position.longitude);
   }
 }
 
@@ -72,29 +73,23 @@ void PathIndex::NoteStep(int number, float step) {
   }
 }
 
-/// Makes the blocks up to this one; false when there is no memory for them.
-bool PathIndex::Reach(Level& level, int block) {
-  if (block >= level.capacity) {
-    const int capacity = block + GROWTH;
-    void* grown = std::realloc(level.blocks, static_cast<std::size_t>(capacity) * sizeof(Block));
-    if (grown == nullptr) {
-      return false;
+/// Makes room for point `number` and the blocks that it belongs to; false without memory for that.
+bool PathIndex::Reach(int number) {
+  bool isReached = positions.Add({});
+  for (int level = 0; level < LEVELS; ++level) {
+    GrowingArray<Block>& blocks = levels[static_cast<std::size_t>(level)];
+    if (blocks.Get().size() == static_cast<std::size_t>(BlockOf(level, number))) {
+      isReached = blocks.Add({}) && isReached;
     }
-    level.blocks = static_cast<Block*>(grown);
-    level.capacity = capacity;
   }
-  while (level.count <= block) {
-    level.blocks[level.count++] = Block();
-  }
-  return true;
+  return isReached;
 }
 
 void PathIndex::Drop() {
-  for (Level& level : levels) {
-    std::free(level.blocks);
-    level = Level();
+  positions.Release();
+  for (GrowingArray<Block>& blocks : levels) {
+    blocks.Release();
   }
-  lastKnown = NONE;
   isUsable = false;
 }
 

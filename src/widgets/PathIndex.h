@@ -1,18 +1,26 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
+#include <span>
 
+#include "widgets/GrowingArray.h"
 #include "widgets/PathBox.h"
 #include "widgets/PathPoints.h"
 
 namespace ferolin {
 
-/// Blocks of a track, so that a drawing can pass over those in which there is nothing to see. Level
-/// 0 holds a block for every 16 points, level 1 one for every 4 of those, and so on. To a block
-/// belong the lines from each of its points on to the next. Takes less than 2 bytes a point.
+/// The positions of a track, by themselves, and blocks of them, so that a drawing can pass over
+/// those in which there is nothing to see. Level 0 holds a block for every 16 points, level 1 one
+/// for every 4 of those, and so on. To a block belong the lines from each of its points on to the
+/// next. Takes less than 10 bytes a point.
 class PathIndex {
  public:
+  /// In degrees x 100 + minutes.
+  struct Position {
+    float latitude;
+    float longitude;
+  };
+
   struct Block {
     PathBox box;     ///< holds the lines
     float step = 0;  ///< the longest line's extent in latitude or in longitude
@@ -20,17 +28,28 @@ class PathIndex {
 
   static constexpr int LEVELS = 5;
 
-  PathIndex() = default;
-  ~PathIndex();
-  PathIndex(const PathIndex&) = delete;
-  PathIndex& operator=(const PathIndex&) = delete;
-
   /// Takes in the points that have come since the last call. A track that has become shorter is a
   /// new one.
   void Update(const PathPoints& points);
 
-  /// False when the memory has run out; there are no blocks any more then.
+  /// False when the memory has run out, or a position was no number; there is nothing any more then.
   bool IsUsable() const { return isUsable; }
+
+  /// Numbers of the oldest point that has a position, and of the one that will come next. Equal
+  /// when there is none with a position.
+  int GetFirst() const { return first; }
+  int GetEnd() const { return end; }
+
+  /// Of points `from` up to, but not including, `to`. A point without position has that of the one
+  /// before. Borrowed: good until the next update.
+  std::span<const Position> GetPositions(int from, int to) const {
+    return positions.Get().subspan(static_cast<std::size_t>(from),
+                                   static_cast<std::size_t>(to - from));
+  }
+
+  /// How far points lie from the one before, on average, in latitude or in longitude, whichever is
+  /// more. Jumps count as 1.
+  double GetMeanStep() const { return end > first ? stepSum / (end - first) : 0; }
 
   /// Number of the block that point `number` belongs to.
   static int BlockOf(int level, int number) { return number >> ShiftOf(level); }
@@ -39,34 +58,28 @@ class PathIndex {
 
   /// The block must have been reached by an update.
   const Block& GetBlock(int level, int block) const {
-    return levels[static_cast<std::size_t>(level)].blocks[block];
+    return levels[static_cast<std::size_t>(level)].Get()[static_cast<std::size_t>(block)];
   }
 
  private:
   static constexpr int ShiftOf(int level) { return 4 + 2 * level; }
-  static constexpr int NONE = -1;
 
-  struct Level {
-    Block* blocks = nullptr;
-    int count = 0;
-    int capacity = 0;
-  };
-
-  static bool Reach(Level& level, int block);
-  void Add(int number, const TrackPoint& point);
+  bool Reach(int number);
+  bool Add(const TrackPoint& point);
+  Position& PositionAt(int number) { return positions.Get()[static_cast<std::size_t>(number)]; }
   Block& BlockAt(int level, int number) {
-    return levels[static_cast<std::size_t>(level)].blocks[BlockOf(level, number)];
+    return levels[static_cast<std::size_t>(level)]
+        .Get()[static_cast<std::size_t>(BlockOf(level, number))];
   }
-  void WidenBlocksOf(int number, const TrackPoint& point);
+  void WidenBlocksOf(int number, Position position);
   void NoteStep(int number, float step);
   void Drop();
 
-  std::array<Level, LEVELS> levels;
-  int end = 0;  ///< number of the next point to take in
-  // The last point that had a position.
-  int lastKnown = NONE;  ///< its number
-  float lastLatitude = 0;
-  float lastLongitude = 0;
+  GrowingArray<Position> positions;
+  std::array<GrowingArray<Block>, LEVELS> levels;
+  int first = 0;
+  int end = 0;
+  double stepSum = 0;
   bool isUsable = true;
 };
 

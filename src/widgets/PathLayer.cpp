@@ -5,6 +5,8 @@
 #include <limits>
 
 #include "render/Surface.h"
+#include "widgets/PathLine.h"
+#include "widgets/PathStrokes.h"
 
 namespace ferolin {
 
@@ -22,9 +24,10 @@ void FillArea(HDC dc, const RECT& area, COLORREF color) {
   DeleteObject(brush);
 }
 
-/// A line through all points, in pieces.
-void DrawThrough(HDC dc, const PathPoints& points, const PathProjection& projection) {
-  std::array<POINT, 256> run;
+/// A line through all points, in pieces, with its last pixel.
+void DrawThrough(HDC dc, const PathPoints& points, const PathProjection& projection,
+                 COLORREF color) {
+  std::array<POINT, 256> run = {};
   int length = 0;
   for (int number = points.GetFirst(); number < points.GetEnd(); ++number) {
     if (!HasPosition(points[number])) {
@@ -38,9 +41,13 @@ void DrawThrough(HDC dc, const PathPoints& points, const PathProjection& project
     }
   }
   Polyline(dc, run.data(), length);
+  if (length > 0) {
+    const POINT end = run[static_cast<std::size_t>(length - 1)];
+    SetPixel(dc, end.x, end.y, color);
+  }
 }
 
-/// What is done without memory for a picture.
+/// What is done without memory.
 void DrawPlainly(HDC dc, const RECT& area, const PathPoints& points,
                  const PathProjection& projection, const PathLayer::Colors& colors) {
   FillArea(dc, area, colors.background);
@@ -49,7 +56,7 @@ void DrawPlainly(HDC dc, const RECT& area, const PathPoints& points,
   SelectClipRgn(dc, region);
   {
     const Selection selection(dc, pen);
-    DrawThrough(dc, points, projection);
+    DrawThrough(dc, points, projection, colors.path);
   }
   SelectClipRgn(dc, nullptr);
   DeleteObject(pen);
@@ -58,26 +65,41 @@ void DrawPlainly(HDC dc, const RECT& area, const PathPoints& points,
 
 }  // namespace
 
-void PathLayer::Draw(HDC dc, const RECT& area, const PathLine::Track& track,
-                     const PathProjection& projection, const Colors& colors) {
-  const SIZE size = {area.right - area.left, area.bottom - area.top};
-  if (!Shows(area, track.points, colors) || !Pan(track, projection)) {
-    if (!patterns.Prepare(dc) || !picture.Clear(dc, size, colors.background, colors.path)) {
-      DrawPlainly(dc, area, track.points, projection, colors);
-      return;
+void PathLayer::Draw(HDC dc, const RECT& area, const Track& track, const PathProjection& projection,
+                     const Colors& colors) {
+  if (track.index.IsUsable() && BringUpToDate(dc, area, track, projection, colors)) {
+    BitBlt(dc, area.left, area.top, area.right - area.left, area.bottom - area.top, picture.GetDC(),
+           0, 0, SRCCOPY);
+  } else {
+    DrawPlainly(dc, area, track.points, projection, colors);
+  }
+}
+
+/// False without memory for the picture.
+bool PathLayer::BringUpToDate(HDC model, const RECT& area, const Track& track,
+                              const PathProjection& projection, const Colors& colors) {
+  const bool isKept = Shows(area, track.points, colors) && Pan(track, projection);
+  if (!isKept) {
+    const SIZE size = {area.right - area.left, area.bottom - area.top};
+    if (!patterns.Prepare(model) || !picture.Clear(model, size, colors.background, colors.path)) {
+      return false;
     }
+  }
+  {
     PathStrokes strokes(picture, patterns, area);
-    PathLine(track, projection, strokes).Draw();
-  } else if (shownEnd < track.points.GetEnd()) {
-    PathStrokes strokes(picture, patterns, area);
-    PathLine(track, projection, strokes).DrawFrom(shownEnd);
+    PathLine line(track.index, track.cells, projection, strokes);
+    if (!isKept) {
+      line.Draw();
+    } else if (shownEnd < track.points.GetEnd()) {
+      line.DrawFrom(shownEnd);
+    }
   }
   shownArea = area;
   shownProjection = projection;
   shownColors = colors;
   shownFirst = track.points.GetFirst();
   shownEnd = track.points.GetEnd();
-  BitBlt(dc, area.left, area.top, size.cx, size.cy, picture.GetDC(), 0, 0, SRCCOPY);
+  return true;
 }
 
 bool PathLayer::Shows(const RECT& area, const PathPoints& points, const Colors& colors) const {
@@ -90,7 +112,7 @@ bool PathLayer::Shows(const RECT& area, const PathPoints& points, const Colors& 
 /// Places left of the frame and above it are cut toward zero like all others. For them that is the
 /// other way, so they do not just move with the rest, and lines that come from there are drawn
 /// anew, too.
-bool PathLayer::Pan(const PathLine::Track& track, const PathProjection& projection) {
+bool PathLayer::Pan(const Track& track, const PathProjection& projection) {
   if (projection == shownProjection) {
     return true;
   }
@@ -100,7 +122,7 @@ bool PathLayer::Pan(const PathLine::Track& track, const PathProjection& projecti
   const RECT& area = shownArea;
   const POINT way = projection.PannedFrom(shownProjection);
   PathStrokes strokes(picture, patterns, area);
-  PathLine line(track, projection, strokes);
+  PathLine line(track.index, track.cells, projection, strokes);
   const POINT reach = line.ReachFrom({way.x == 0 ? NOWHERE : std::max<LONG>(way.x, 0) + 1,
                                       way.y == 0 ? NOWHERE : std::max<LONG>(way.y, 0) + 1});
   const RECT kept = {

@@ -3,8 +3,10 @@
 #include <windows.h>
 
 #include "widgets/LinePatterns.h"
-#include "widgets/PathLine.h"
+#include "widgets/PathCells.h"
+#include "widgets/PathIndex.h"
 #include "widgets/PathPicture.h"
+#include "widgets/PathPoints.h"
 #include "widgets/PathProjection.h"
 
 namespace ferolin {
@@ -20,14 +22,24 @@ class PathLayer {
     bool operator==(const Colors&) const = default;
   };
 
+  /// All are borrowed. The index and the cells are up to date with the points, of which one or more
+  /// have a position.
+  struct Track {
+    const PathPoints& points;
+    const PathIndex& index;
+    const PathCells& cells;
+  };
+
   /// Fills an area of `dc` with the background and the path; the plain way, without what was kept,
-  /// when there is no memory for the picture. The track has points and is not kept.
-  void Draw(HDC dc, const RECT& area, const PathLine::Track& track,
-            const PathProjection& projection, const Colors& colors);
+  /// when there is no memory for the index or the picture. The track is not kept.
+  void Draw(HDC dc, const RECT& area, const Track& track, const PathProjection& projection,
+            const Colors& colors);
 
  private:
+  bool BringUpToDate(HDC model, const RECT& area, const Track& track,
+                     const PathProjection& projection, const Colors& colors);
   bool Shows(const RECT& area, const PathPoints& points, const Colors& colors) const;
-  bool Pan(const PathLine::Track& track, const PathProjection& projection);
+  bool Pan(const Track& track, const PathProjection& projection);
 
   PathPicture picture;
   LinePatterns patterns;

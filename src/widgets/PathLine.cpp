@@ -9,10 +9,9 @@ namespace ferolin {
 
 namespace {
 
-constexpr double LARGEST_CELL = 4.0;  // pixels
-
-/// Shorter lines, in pixels, lead to the same pixel or to a neighbour.
-constexpr double LONG_STEP = 0.999;
+// In pixels.
+constexpr double LARGEST_CELL = 4;
+constexpr double LARGEST_MEAN_STEP = 0.5;
 
 LONG Least(LONG pixel, double place) {
   return place < pixel ? static_cast<LONG>(place) : pixel;
@@ -35,26 +34,19 @@ void PathLine::DrawRest() {
 }
 
 void PathLine::DrawFrom(int number) {
-  int from = number - 1;
-  while (from > points.GetFirst() && !HasPosition(points[from])) {
-    --from;
-  }
-  DrawPoints(std::max(from, points.GetFirst()), points.GetEnd());
+  DrawLines(index.GetPositions(std::max(number - 1, index.GetFirst()), index.GetEnd()));
   DrawEnd();
 }
 
 POINT PathLine::ReachFrom(POINT pixel) {
   constexpr int FINE_ENOUGH = 2;  // finer blocks would tell little more
   const RECT& area = strokes.GetArea();
-  if (!index.IsUsable()) {
-    return {area.right, area.bottom};
-  }
   POINT reach = {area.left - 1, area.top - 1};
-  DrawBlocks([&](int level, const PathIndex::Block& block) {
+  DrawBlocks([&](int level, const PathIndex::Block& block, bool) {
     const RECT rect = projection.Project(block.box);
     const bool isCrossed = rect.left < pixel.x || rect.top < pixel.y;
-    if (level > FINE_ENOUGH || !isCrossed) {
-      return isCrossed;
+    if (isCrossed && level > FINE_ENOUGH) {
+      return Part::SOME;
     }
     const double longest = block.step * projection.GetScale() + 1;
     if (rect.left < pixel.x) {
@@ -63,24 +55,37 @@ POINT PathLine::ReachFrom(POINT pixel) {
     if (rect.top < pixel.y) {
       reach.y = std::max(reach.y, Least(rect.bottom, pixel.y + longest));
     }
-    return false;
+    return Part::NONE;
   });
   return reach;
 }
 
+/// Small cells do, as long as most lines are short: the others are drawn all the same.
 bool PathLine::CellsHelp() const {
-  return index.IsUsable() && cells.Hold(points.GetEnd()) &&
-         cells.GetStepLength() * PathCells::STEPS * projection.GetScale() <= LARGEST_CELL;
+  return cells.Hold(index.GetEnd()) &&
+         cells.GetStepLength() * PathCells::STEPS * projection.GetScale() <= LARGEST_CELL &&
+         index.GetMeanStep() * projection.GetScale() <= LARGEST_MEAN_STEP;
 }
 
-/// Whether a line of the block may lead further than to a neighbour.
-bool PathLine::HasLongStep(const PathIndex::Block& block) const {
-  return block.step * projection.GetScale() >= LONG_STEP;
+/// Whether the points of a block lie about a pixel apart or more, so that among smaller blocks there
+/// is hardly one to pass over.
+bool PathLine::LeadsOn(int level, const PathIndex::Block& block) const {
+  const PathBox& box = block.box;
+  return (static_cast<double>(box.maxLatitude) - box.minLatitude + box.maxLongitude -
+          box.minLongitude) *
+             projection.GetScale() >=
+         PathIndex::FirstOf(level, 1);
 }
 
-/// Lights what the cells tell for sure, draws the lines that lead further than to a neighbour, and
+/// Draws the lines that lead further than to a neighbour, lights what the cells tell for sure, and
 /// asks the other points about pixels of which the cells do not know.
 void PathLine::DrawWithCells() {
+  DrawBlocks([this](int level, const PathIndex::Block& block, bool) {
+    if (!HasLongStep(block)) {
+      return Part::NONE;
+    }
+    return level > 0 ? Part::SOME : Part::ALL;
+  });
   GrowingArray<Doubt> doubts;
   for (std::size_t number = 0; number < cells.GetCells().size(); ++number) {
     if (!DrawCell(number, doubts)) {
@@ -88,9 +93,6 @@ void PathLine::DrawWithCells() {
       return;
     }
   }
-  DrawBlocks([&](int, const PathIndex::Block& block) {
-    return HasLongStep(block) && strokes.CanLight(projection.Project(block.box));
-  });
   for (const Doubt& doubt : doubts.Get()) {
     if (!strokes.IsLit(doubt.pixel) && HasPointFor(doubt)) {
       strokes.Light(doubt.pixel);
@@ -132,7 +134,8 @@ bool PathLine::DrawCell(std::size_t number, GrowingArray<Doubt>& doubts) {
 
 bool PathLine::HasPointFor(const Doubt& doubt) const {
   constexpr int TOP = PathIndex::LEVELS - 1;
-  return HasPointInBlocks(doubt, TOP, 0, PathIndex::BlockOf(TOP, points.GetEnd() - 1));
+  return HasPointInBlocks(doubt, TOP, PathIndex::BlockOf(TOP, index.GetFirst()),
+                          PathIndex::BlockOf(TOP, index.GetEnd() - 1));
 }
 
 bool PathLine::HasPointInBlocks(const Doubt& doubt, int level, int first, int last) const {
@@ -141,8 +144,8 @@ bool PathLine::HasPointInBlocks(const Doubt& doubt, int level, int first, int la
     if (!doubt.region.Overlaps(block.box) || (level == 0 && HasLongStep(block))) {
       continue;
     }
-    const int from = PathIndex::FirstOf(level, number);
-    const int to = std::min(PathIndex::FirstOf(level, number + 1), points.GetEnd());
+    const int from = std::max(PathIndex::FirstOf(level, number), index.GetFirst());
+    const int to = std::min(PathIndex::FirstOf(level, number + 1), index.GetEnd());
     if (level == 0 ? HasPointAmong(doubt, from, to)
                    : HasPointInBlocks(doubt, level - 1, PathIndex::BlockOf(level - 1, from),
                                       PathIndex::BlockOf(level - 1, to - 1))) {
@@ -153,10 +156,9 @@ bool PathLine::HasPointInBlocks(const Doubt& doubt, int level, int first, int la
 }
 
 bool PathLine::HasPointAmong(const Doubt& doubt, int from, int to) const {
-  for (int number = from; number < to; ++number) {
-    const TrackPoint& point = points[number];
-    if (doubt.region.Contains(point.latitude, point.longitude)) {
-      const POINT pixel = projection.Project(point);
+  for (const auto [latitude, longitude] : index.GetPositions(from, to)) {
+    if (doubt.region.Contains(latitude, longitude)) {
+      const POINT pixel = projection.Project(latitude, longitude);
       if (pixel.x == doubt.pixel.x && pixel.y == doubt.pixel.y) {
         return true;
       }
@@ -166,77 +168,76 @@ bool PathLine::HasPointAmong(const Doubt& doubt, int from, int to) const {
 }
 
 void PathLine::DrawAllBlocks() {
-  if (!index.IsUsable()) {
-    DrawPoints(points.GetFirst(), points.GetEnd());
-    return;
-  }
-  DrawBlocks([this](int, const PathIndex::Block& block) {
-    return strokes.CanLight(projection.Project(block.box));
+  DrawBlocks([this](int level, const PathIndex::Block& block, bool isInside) {
+    if (!strokes.CanLight(projection.Project(block.box))) {
+      return Part::NONE;
+    }
+    return level == 0 || (isInside && LeadsOn(level, block)) ? Part::ALL : Part::SOME;
   });
 }
 
-/// Only blocks that can be seen, or lie just outside of the view, are asked for.
-template <class Wanted>
-void PathLine::DrawBlocks(const Wanted& isWanted) {
+/// Only blocks that can be seen, or lie just outside of the view, are to be chosen from. `choose` is
+/// told the level, the block, and whether all of it is seen for sure.
+template <class Choose>
+void PathLine::DrawBlocks(const Choose& choose) {
   constexpr int TOP = PathIndex::LEVELS - 1;
-  if (points.GetCount() > 0) {
-    DrawBlocks(isWanted, TOP, PathIndex::BlockOf(TOP, points.GetFirst()),
-               PathIndex::BlockOf(TOP, points.GetEnd() - 1));
-  }
+  DrawBlocks(choose, TOP, PathIndex::BlockOf(TOP, index.GetFirst()),
+             PathIndex::BlockOf(TOP, index.GetEnd() - 1), false);
 }
 
 /// A block that has lost its oldest points still has its old box, which holds the rest all the
 /// same.
-template <class Wanted>
-void PathLine::DrawBlocks(const Wanted& isWanted, int level, int first, int last) {
+template <class Choose>
+void PathLine::DrawBlocks(const Choose& choose, int level, int first, int last, bool areInside) {
   for (int number = first; number <= last; ++number) {
     const PathIndex::Block& block = index.GetBlock(level, number);
-    if (!view.Overlaps(block.box) || !isWanted(level, block)) {
+    if (!areInside && !view.Overlaps(block.box)) {
       continue;
     }
-    const int from = std::max(PathIndex::FirstOf(level, number), points.GetFirst());
-    const int to = std::min(PathIndex::FirstOf(level, number + 1), points.GetEnd());
-    if (level == 0) {
-      DrawPoints(from, to);
+    const bool isInside = areInside || inside.Contains(block.box);
+    const Part part = choose(level, block, isInside);
+    if (part == Part::NONE) {
+      continue;
+    }
+    const int from = std::max(PathIndex::FirstOf(level, number), index.GetFirst());
+    const int to = std::min(PathIndex::FirstOf(level, number + 1), index.GetEnd());
+    if (part == Part::SOME) {
+      DrawBlocks(choose, level - 1, PathIndex::BlockOf(level - 1, from),
+                 PathIndex::BlockOf(level - 1, to - 1), isInside);
+      continue;
+    }
+    const auto through = index.GetPositions(from, std::min(to + 1, index.GetEnd()));
+    if (isInside && block.step <= shortStep) {
+      DrawShortLinesInside(through);
     } else {
-      DrawBlocks(isWanted, level - 1, PathIndex::BlockOf(level - 1, from),
-                 PathIndex::BlockOf(level - 1, to - 1));
+      DrawLines(through);
     }
   }
 }
 
-/// The lines that begin at points from `from` up to, but not including, `to`.
-void PathLine::DrawPoints(int from, int to) {
-  bool hasStart = false;
-  POINT start = {};
-  for (int number = from; number < points.GetEnd(); ++number) {
-    const TrackPoint& point = points[number];
-    if (!HasPosition(point)) {
-      continue;
-    }
-    if (number >= to && !hasStart) {
-      return;
-    }
-    const POINT end = projection.Project(point);
-    if (hasStart) {
-      strokes.Draw(start, end);
-    }
-    if (number >= to) {
-      return;
-    }
+void PathLine::DrawLines(std::span<const PathIndex::Position> through) {
+  POINT start = projection.Project(through.front().latitude, through.front().longitude);
+  for (const auto [latitude, longitude] : through.subspan(1)) {
+    const POINT end = projection.Project(latitude, longitude);
+    strokes.Draw(start, end);
     start = end;
-    hasStart = true;
+  }
+}
+
+/// The same, faster, for lines that the patterns cover and that stay inside the strokes' area.
+void PathLine::DrawShortLinesInside(std::span<const PathIndex::Position> through) {
+  POINT start = projection.ProjectNear(through.front().latitude, through.front().longitude);
+  for (const auto [latitude, longitude] : through.subspan(1)) {
+    const POINT end = projection.ProjectNear(latitude, longitude);
+    strokes.DrawInside(start, end);
+    start = end;
   }
 }
 
 /// Lines leave out their last pixel.
 void PathLine::DrawEnd() {
-  for (int number = points.GetEnd() - 1; number >= points.GetFirst(); --number) {
-    if (HasPosition(points[number])) {
-      strokes.Light(projection.Project(points[number]));
-      return;
-    }
-  }
+  const PathIndex::Position last = index.GetPositions(index.GetEnd() - 1, index.GetEnd()).front();
+  strokes.Light(projection.Project(last.latitude, last.longitude));
 }
 
 }  // namespace ferolin

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <cstdint>
+#include <span>
+
 #include "widgets/GrowingArray.h"
 #include "widgets/PathCells.h"
 #include "widgets/PathIndex.h"
-#include "widgets/PathPoints.h"
 #include "widgets/PathProjection.h"
 #include "widgets/PathStrokes.h"
 
@@ -14,20 +16,17 @@ namespace ferolin {
 /// of a long track all that lies in cells which are known to light their pixels.
 class PathLine {
  public:
-  /// All are borrowed. The index and the cells are up to date with the points.
-  struct Track {
-    const PathPoints& points;
-    const PathIndex& index;
-    const PathCells& cells;
-  };
-
-  PathLine(const Track& theTrack, const PathProjection& theProjection, PathStrokes& theStrokes)
-      : points(theTrack.points),
-        index(theTrack.index),
-        cells(theTrack.cells),
+  /// All are borrowed. The index is usable and knows of a position.
+  PathLine(const PathIndex& theIndex, const PathCells& theCells,
+           const PathProjection& theProjection, PathStrokes& theStrokes)
+      : index(theIndex),
+        cells(theCells),
         projection(theProjection),
         strokes(theStrokes),
-        view(theProjection.BoxAround(theStrokes.GetArea())) {}
+        view(theProjection.BoxAround(theStrokes.GetArea())),
+        inside(theProjection.BoxInside(theStrokes.GetArea())),
+        longStep(LONG_STEP * theProjection.GetPixelSize()),
+        shortStep(SHORT_STEP * theProjection.GetPixelSize()) {}
 
   void Draw();
   /// The same, best when most of the strokes' area is kept.
@@ -40,33 +39,46 @@ class PathLine {
   POINT ReachFrom(POINT pixel);
 
  private:
+  /// Lines that are shorter, in pixels, lead to the same pixel or to a neighbour.
+  static constexpr double LONG_STEP = 0.999;
+  /// Lines that are no longer than that are covered by the patterns.
+  static constexpr double SHORT_STEP = LinePatterns::FARTHEST - 0.001;
+
   /// A pixel that the path may light, and where the points are that would.
   struct Doubt {
     POINT pixel;
     PathBox region;
   };
 
+  /// What of a block is to be drawn.
+  enum class Part : std::uint8_t { NONE, SOME, ALL };
+
   bool CellsHelp() const;
-  bool HasLongStep(const PathIndex::Block& block) const;
+  bool HasLongStep(const PathIndex::Block& block) const { return block.step >= longStep; }
+  bool LeadsOn(int level, const PathIndex::Block& block) const;
   void DrawWithCells();
   bool DrawCell(std::size_t number, GrowingArray<Doubt>& doubts);
   bool HasPointFor(const Doubt& doubt) const;
   bool HasPointInBlocks(const Doubt& doubt, int level, int first, int last) const;
   bool HasPointAmong(const Doubt& doubt, int from, int to) const;
   void DrawAllBlocks();
-  template <class Wanted>
-  void DrawBlocks(const Wanted& isWanted);
-  template <class Wanted>
-  void DrawBlocks(const Wanted& isWanted, int level, int first, int last);
-  void DrawPoints(int from, int to);
+  template <class Choose>
+  void DrawBlocks(const Choose& choose);
+  template <class Choose>
+  void DrawBlocks(const Choose& choose, int level, int first, int last, bool areInside);
+  void DrawLines(std::span<const PathIndex::Position> through);
+  void DrawShortLinesInside(std::span<const PathIndex::Position> through);
   void DrawEnd();
 
-  const PathPoints& points;
   const PathIndex& index;
   const PathCells& cells;
   const PathProjection& projection;
   PathStrokes& strokes;
-  PathBox view;  ///< what lies outside of it cannot be seen
+  PathBox view;    ///< what lies outside of it cannot be seen
+  PathBox inside;  ///< what lies inside of it is all seen
+  // In degrees x 100 + minutes.
+  double longStep;
+  double shortStep;
 };
 
 }  // namespace ferolin

@@ -21,12 +21,12 @@ bool PathPicture::Clear(HDC model, SIZE newSize, COLORREF background, COLORREF l
     void* memory = nullptr;
     surface.EnsureDC(model);
     surface.SetBitmap(CreateFrameBitmap(model, newSize.cx, newSize.cy, &memory));
-    bits = static_cast<std::uint16_t*>(memory);
+    if (!Exists()) {
+      return false;
+    }
     size = newSize;
-    rowLength = (size.cx + 1) / 2 * 2;
-  }
-  if (!Exists()) {
-    return false;
+    const LONG rowLength = (size.cx + 1) / 2 * 2;
+    pixels = Pixels(static_cast<std::uint16_t*>(memory) + (size.cy - 1) * rowLength, rowLength);
   }
   const RECT whole = {0, 0, size.cx, size.cy};
   const HBRUSH brush = CreateSolidBrush(background);
@@ -34,10 +34,10 @@ bool PathPicture::Clear(HDC model, SIZE newSize, COLORREF background, COLORREF l
   DeleteObject(brush);
   TakePen(litColor);
   FinishDrawing();
-  std::uint16_t& sample = *At(0, 0);
+  std::uint16_t& sample = *pixels.At({0, 0});
   unlit = sample;
   SetPixel(GetDC(), 0, 0, litColor);
-  lit = sample;
+  pixels.SetLit(sample);
   sample = unlit;
   return true;
 }
@@ -57,9 +57,9 @@ void PathPicture::Move(LONG right, LONG down) {
   for (LONG count = 0; count < height; ++count) {
     // No row is written over before it has been moved itself.
     const LONG row = down > 0 ? height - 1 - count : count;
-    std::memmove(At(std::max<LONG>(right, 0), row + std::max<LONG>(down, 0)),
-                 At(std::max<LONG>(-right, 0), row + std::max<LONG>(-down, 0)),
-                 static_cast<std::size_t>(width) * sizeof *bits);
+    std::memmove(pixels.At({std::max<LONG>(right, 0), row + std::max<LONG>(down, 0)}),
+                 pixels.At({std::max<LONG>(-right, 0), row + std::max<LONG>(-down, 0)}),
+                 static_cast<std::size_t>(width) * sizeof unlit);
   }
 }
 
@@ -76,7 +76,7 @@ void PathPicture::ClearOutside(const RECT& part) {
 }
 
 void PathPicture::ClearColumns(LONG left, LONG right, LONG y) {
-  std::fill(At(left, y), At(right, y), unlit);
+  std::fill(pixels.At({left, y}), pixels.At({right, y}), unlit);
 }
 
 void PathPicture::TakePen(COLORREF color) {

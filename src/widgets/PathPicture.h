@@ -13,6 +13,38 @@ namespace ferolin {
 /// engine's data lock.
 class PathPicture {
  public:
+  /// The pixels in the picture's memory, good until it is made anew. Those that are asked for must
+  /// be some of the picture's.
+  class Pixels {
+   public:
+    Pixels() = default;
+    /// `theOrigin` is pixel (0, 0). Rows go from the bottom up.
+    Pixels(std::uint16_t* theOrigin, LONG theRowLength)
+        : origin(theOrigin), rowLength(theRowLength) {}
+
+    /// The same, what was pixel (0, 0) being called `corner`.
+    Pixels From(POINT corner) const {
+      Pixels moved = *this;
+      moved.offset += corner.y * rowLength - corner.x;
+      return moved;
+    }
+
+    std::uint16_t* At(POINT pixel) const {
+      return origin + (offset + pixel.x - pixel.y * rowLength);
+    }
+    void SetLit(std::uint16_t value) { lit = value; }
+
+    /// A line of this colour that was drawn into the context a moment ago may not be seen yet.
+    bool IsLit(POINT pixel) const { return *At(pixel) == lit; }
+    void Light(POINT pixel) const { *At(pixel) = lit; }
+
+   private:
+    std::uint16_t* origin = nullptr;
+    LONG offset = 0;
+    LONG rowLength = 0;
+    std::uint16_t lit = 0;
+  };
+
   PathPicture() = default;
   ~PathPicture();
   PathPicture(const PathPicture&) = delete;
@@ -36,25 +68,19 @@ class PathPicture {
   /// Lines that were drawn into the context are seen in the pixels from now on.
   void FinishDrawing() const;
 
-  /// The pixel must be one of the picture's. A line of this colour that was drawn into the context
-  /// a moment ago may not be seen yet.
-  bool IsLit(LONG x, LONG y) const { return *At(x, y) == lit; }
-  void Light(LONG x, LONG y) { *At(x, y) = lit; }
+  const Pixels& GetPixels() const { return pixels; }
+  bool IsLit(LONG x, LONG y) const { return pixels.IsLit({x, y}); }
+  void Light(LONG x, LONG y) { pixels.Light({x, y}); }
 
  private:
   void ClearColumns(LONG left, LONG right, LONG y);
-  /// Rows go from the bottom up.
-  std::uint16_t* At(LONG x, LONG y) const { return bits + (size.cy - 1 - y) * rowLength + x; }
-
   void TakePen(COLORREF color);
 
   Surface surface;
   HPEN pen = nullptr;
   HGDIOBJ firstPen = nullptr;  ///< that the context came with
   SIZE size = {};
-  LONG rowLength = 0;  ///< in pixels
-  std::uint16_t* bits = nullptr;
-  std::uint16_t lit = 0;
+  Pixels pixels;
   std::uint16_t unlit = 0;
 };
 

@@ -39,6 +39,12 @@ void PathStrokes::DrawShortLine(POINT from, POINT to) {
   }
 }
 
+void PathStrokes::DrawShortLineInside(POINT from, POINT to) {
+  for (const LinePatterns::Pixel pixel : patterns.PixelsTo(to.x - from.x, to.y - from.y)) {
+    pixels.Light({from.x + pixel.right, from.y + pixel.down});
+  }
+}
+
 void PathStrokes::DrawLine(POINT from, POINT to) {
   const POINT start = {from.x - area.left, from.y - area.top};
   if (runLength == 0 || runLength == RUN_LENGTH ||

@@ -20,7 +20,10 @@ class PathStrokes {
   /// Lines go into the picture, which has the size of the area: its pixel (0, 0) is pixel
   /// (area.left, area.top) of the lines. Both are borrowed; the patterns are prepared.
   PathStrokes(PathPicture& target, LinePatterns& thePatterns, const RECT& theArea)
-      : picture(target), patterns(thePatterns), area(theArea) {}
+      : picture(target),
+        pixels(target.GetPixels().From({theArea.left, theArea.top})),
+        patterns(thePatterns),
+        area(theArea) {}
   ~PathStrokes() { Flush(); }
   PathStrokes(const PathStrokes&) = delete;
   PathStrokes& operator=(const PathStrokes&) = delete;
@@ -50,11 +53,11 @@ class PathStrokes {
   }
 
   /// The pixel is to be inside the area. May be false when it is lit.
-  bool IsLit(POINT point) const { return picture.IsLit(point.x - area.left, point.y - area.top); }
+  bool IsLit(POINT point) const { return pixels.IsLit(point); }
 
   void Light(POINT point) {
     if (IsInside(point)) {
-      picture.Light(point.x - area.left, point.y - area.top);
+      pixels.Light(point);
     }
   }
 
@@ -62,6 +65,14 @@ class PathStrokes {
     Light(from);
     if (!AreNeighbours(from, to)) {
       DrawFar(from, to);
+    }
+  }
+
+  /// The same, faster, for a line that stays inside the area and that the patterns cover.
+  void DrawInside(POINT from, POINT to) {
+    pixels.Light(from);
+    if (!AreNeighbours(from, to)) {
+      DrawShortLineInside(from, to);
     }
   }
 
@@ -84,10 +95,12 @@ class PathStrokes {
   bool AreAllLit(const RECT& rect) const;
   void DrawFar(POINT from, POINT to);
   void DrawShortLine(POINT from, POINT to);
+  void DrawShortLineInside(POINT from, POINT to);
   void DrawLine(POINT from, POINT to);
   void Flush();
 
   PathPicture& picture;
+  PathPicture::Pixels pixels;
   LinePatterns& patterns;
   RECT area;
   RECT kept = {};

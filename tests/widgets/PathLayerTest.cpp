@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <limits>
 #include <random>
 #include <vector>
 
@@ -112,10 +113,10 @@ class PathLayerTest : public testing::Test {
     }
   }
 
-  /// Forth and back on one winding road of 20 minutes' length, with the receiver's noise.
+  /// Forth and back on one winding road of an hour's length, with the receiver's noise.
   void DriveAllDay(int count) {
-    constexpr int PLACES = 1000;
-    constexpr float STEP = 0.02F;
+    constexpr int PLACES = 4000;
+    constexpr float STEP = 0.005F;
     std::vector<std::pair<float, float>> road = {{latitude, longitude}};
     float heading = Shift(3);
     while (road.size() < PLACES) {
@@ -303,6 +304,15 @@ TEST_F(PathLayerTest, NeedsNoMemoryForAnIndex) {
   ExpectPlainPicture(area, PathProjection(Box(), area, 1, {0, 0}));
   Wander(5);
   ExpectPlainPicture(area, PathProjection(Box(), area, 4, {0, 0}));
+}
+
+TEST_F(PathLayerTest, DrawsPositionsThatAreNoNumbersLikeThePlainWay) {
+  const RECT area = {1, 1, 199, 159};
+  Wander(50);
+  points.push_back(PathPointAt(std::numeric_limits<float>::quiet_NaN(), longitude, 10, 0));
+  Wander(50);
+  ExpectPlainPicture(area, PathProjection(Box(), area, 1, {0, 0}));
+  EXPECT_EQ(1, picturesWithInk);
 }
 
 TEST_F(PathLayerTest, NeedsNoMemoryForAPicture) {
