@@ -61,7 +61,7 @@ BENCHMARK(Frame)->ArgNames({"view", "turned"})->ArgsProduct({{0, 1, 2, 3, 4}, {0
 /// A view of a long track: the engine has driven so far before its frames are measured.
 class LongTrack {
  public:
-  explicit LongTrack(int points) {
+  explicit LongTrack(int points, double roadLength = 1) : drive(roadLength) {
     Stage& stage = TheStage();
     engine.AttachModule(stage.program.GetModule());
     engine.renderWindow = stage.window;
@@ -124,8 +124,8 @@ void PathSteady(benchmark::State& state) {
 }
 
 /// Into new country: everything is seen a little smaller each time.
-void PathGrowing(benchmark::State& state) {
-  LongTrack track(static_cast<int>(state.range(0)));
+void DriveIntoNewCountry(benchmark::State& state, double roadLength) {
+  LongTrack track(static_cast<int>(state.range(0)), roadLength);
   for (int zoom = 1; zoom < state.range(1); zoom *= 2) {
     track.ZoomIn();
   }
@@ -135,6 +135,15 @@ void PathGrowing(benchmark::State& state) {
     track.GoOn(away);
     track.Frame();
   }
+}
+
+void PathGrowing(benchmark::State& state) {
+  DriveIntoNewCountry(state, 1);
+}
+
+/// After days in one town, whose roads are seen five times larger.
+void PathOfATownGrowing(benchmark::State& state) {
+  DriveIntoNewCountry(state, 0.2);
 }
 
 void PathDragged(benchmark::State& state) {
@@ -187,6 +196,10 @@ BENCHMARK(PathSteady)
 BENCHMARK(PathGrowing)
     ->ArgNames({"points", "zoom"})
     ->ArgsProduct({{TRACKS[0], TRACKS[1], TRACKS[2]}, {1, 2, 4, 8, 16, 32}})
+    ->Iterations(200);
+BENCHMARK(PathOfATownGrowing)
+    ->ArgNames({"points", "zoom"})
+    ->ArgsProduct({{TRACKS[1], TRACKS[2]}, {1, 2, 4, 8, 16}})
     ->Iterations(200);
 BENCHMARK(PathDragged)
     ->ArgNames({"points", "zoom"})

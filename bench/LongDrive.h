@@ -10,13 +10,14 @@
 
 namespace ferolin {
 
-/// What a receiver tells once a second of somebody who drives out and home again over a dozen roads of up to 40 km, the
-/// same ones over and over, with bends, stops at crossings and rests at the far end. The same drive every time.
+/// What a receiver tells once a second of somebody who drives out and home again over a dozen roads of up to 40 km, or
+/// so many times as long, the same ones over and over, with bends, stops at crossings and rests at the far end. The same
+/// drive every time.
 class LongDrive {
  public:
-  LongDrive() {
+  explicit LongDrive(double times = 1) {
     for (int number = 0; number < ROUTES; ++number) {
-      routes.push_back(MakeRoute(2000.0 + 3500.0 * number));
+      routes.push_back(MakeRoute((2000.0 + 3500.0 * number) * times));
     }
   }
 
