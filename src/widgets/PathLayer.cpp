@@ -135,8 +135,7 @@ bool PathLayer::Pan(const Track& track, const PathProjection& projection) {
   picture.Move(way.x, way.y);
   picture.ClearOutside(
       {kept.left - area.left, kept.top - area.top, kept.right - area.left, kept.bottom - area.top});
-  strokes.Keep(kept);
-  line.DrawRest();
+  line.DrawRest(kept);
   return true;
 }
 

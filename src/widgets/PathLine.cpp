@@ -28,8 +28,15 @@ void PathLine::Draw() {
   DrawEnd();
 }
 
-void PathLine::DrawRest() {
-  DrawAllBlocks();
+void PathLine::DrawRest(const RECT& kept) {
+  strokes.Keep(kept);
+  const PathBox done = projection.BoxInside(kept);
+  DrawBlocks([this, &done](int level, const PathIndex::Block& block, bool) {
+    if (done.Contains(block.box) || !strokes.CanLight(projection.Project(block.box))) {
+      return Part::NONE;
+    }
+    return level > 0 ? Part::SOME : Part::ALL;
+  });
   DrawEnd();
 }
 
