@@ -146,8 +146,8 @@ void PathOfATownGrowing(benchmark::State& state) {
   DriveIntoNewCountry(state, 0.2);
 }
 
-void PathDragged(benchmark::State& state) {
-  LongTrack track(static_cast<int>(state.range(0)));
+void Drag(benchmark::State& state, double roadLength) {
+  LongTrack track(static_cast<int>(state.range(0)), roadLength);
   for (int zoom = 1; zoom < state.range(1); zoom *= 2) {
     track.ZoomIn();
   }
@@ -165,6 +165,14 @@ void PathDragged(benchmark::State& state) {
     track.Frame();
   }
   track.View().OnMouseUp(window, finger);
+}
+
+void PathDragged(benchmark::State& state) {
+  Drag(state, 1);
+}
+
+void PathOfATownDragged(benchmark::State& state) {
+  Drag(state, 0.2);
 }
 
 /// To this zoom and half of it, in turn.
@@ -204,6 +212,10 @@ BENCHMARK(PathOfATownGrowing)
 BENCHMARK(PathDragged)
     ->ArgNames({"points", "zoom"})
     ->ArgsProduct({{TRACKS[0], TRACKS[1], TRACKS[2]}, {1, 2, 4, 8, 16, 64}})
+    ->Iterations(200);
+BENCHMARK(PathOfATownDragged)
+    ->ArgNames({"points", "zoom"})
+    ->ArgsProduct({{TRACKS[1], TRACKS[2]}, {1, 2, 4, 8, 16}})
     ->Iterations(200);
 BENCHMARK(PathZoomed)
     ->ArgNames({"points", "zoom"})
