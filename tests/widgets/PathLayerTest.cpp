@@ -269,6 +269,26 @@ TEST_F(PathLayerTest, DrawsATrackThatSpreadsOverACountryLikeThePlainWay) {
   EXPECT_EQ(11, picturesWithInk);
 }
 
+TEST_F(PathLayerTest, LightsPixelsThatLinesLeadOverButNoPointLiesIn) {
+  // 1.2 pixels forth and back, over a pixel in the middle, with rests at both ends.
+  const RECT area = {1, 1, 199, 159};
+  PathBox box;
+  box.Widen(10, 20);
+  box.Widen(11, 21);
+  const PathProjection projection(box, area, 1, {0, 0});
+  const double pixel = projection.GetPixelSize();
+  const auto west = static_cast<float>(projection.LongitudeOfEdge(100) - pixel / 10);
+  const auto east = static_cast<float>(projection.LongitudeOfEdge(101) + pixel / 10);
+  for (int second = 0; second < PathCells::FEWEST_POINTS; ++second) {
+    points.push_back(PathPointAt(10.5F, second / 3 % 2 == 0 ? west : east, 10, second));
+  }
+  ExpectPlainPicture(area, projection);
+  EXPECT_TRUE(cells.Hold(PathCells::FEWEST_POINTS));
+  EXPECT_EQ(99, projection.Project(points[0]).x);
+  EXPECT_EQ(101, projection.Project(points[3]).x);
+  EXPECT_EQ(1, picturesWithInk);
+}
+
 TEST_F(PathLayerTest, GrowsWithItsBox) {
   const RECT area = {1, 1, 199, 159};
   Wander(300);
@@ -301,6 +321,8 @@ TEST_F(PathLayerTest, NeedsNoMemoryForAnIndex) {
   Wander(500);
   CatchUp();
   EXPECT_FALSE(index.IsUsable());
+  // Also the last pixel, which lines leave out.
+  points.push_back(PathPointAt(latitude + 1, longitude + 1, 10, 0));
   ExpectPlainPicture(area, PathProjection(Box(), area, 1, {0, 0}));
   Wander(5);
   ExpectPlainPicture(area, PathProjection(Box(), area, 4, {0, 0}));
