@@ -26,9 +26,13 @@ bool PathStrokes::AreAllLit(const RECT& rect) const {
 }
 
 void PathStrokes::DrawFar(POINT from, POINT to) {
+  const RECT span = Span(from, to);
+  if (!CanShow(span) || IsKept(span)) {
+    return;
+  }
   if (LinePatterns::Cover(to.x - from.x, to.y - from.y)) {
     DrawShortLine(from, to);
-  } else if (const RECT span = Span(from, to); CanShow(span) && !IsKept(span)) {
+  } else {
     DrawLine(from, to);
   }
 }
