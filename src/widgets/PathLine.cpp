@@ -31,7 +31,7 @@ void PathLine::Draw() {
 void PathLine::DrawRest(const RECT& kept) {
   strokes.Keep(kept);
   const PathBox done = projection.BoxInside(kept);
-  DrawBlocks([this, &done](int level, const PathIndex::Block& block, bool) {
+  DrawBlocks([this, &done](int level, const PathIndex::Block& block) {
     if (done.Contains(block.box) || !strokes.CanLight(projection.Project(block.box))) {
       return Part::NONE;
     }
@@ -49,7 +49,7 @@ POINT PathLine::ReachFrom(POINT pixel) {
   constexpr int FINE_ENOUGH = 2;  // finer blocks would tell little more
   const RECT& area = strokes.GetArea();
   POINT reach = {area.left - 1, area.top - 1};
-  DrawBlocks([&](int level, const PathIndex::Block& block, bool) {
+  DrawBlocks([&](int level, const PathIndex::Block& block) {
     const RECT rect = projection.Project(block.box);
     const bool isCrossed = rect.left < pixel.x || rect.top < pixel.y;
     if (isCrossed && level > FINE_ENOUGH) {
@@ -87,7 +87,7 @@ bool PathLine::LeadsOn(int level, const PathIndex::Block& block) const {
 /// Draws the lines that lead further than to a neighbour, lights what the cells tell for sure, and
 /// asks the other points about pixels of which the cells do not know.
 void PathLine::DrawWithCells() {
-  DrawBlocks([this](int level, const PathIndex::Block& block, bool) {
+  DrawBlocks([this](int level, const PathIndex::Block& block) {
     if (!HasLongStep(block)) {
       return Part::NONE;
     }
@@ -175,16 +175,16 @@ bool PathLine::HasPointAmong(const Doubt& doubt, int from, int to) const {
 }
 
 void PathLine::DrawAllBlocks() {
-  DrawBlocks([this](int level, const PathIndex::Block& block, bool isInside) {
+  DrawBlocks([this](int level, const PathIndex::Block& block) {
     if (!strokes.CanLight(projection.Project(block.box))) {
       return Part::NONE;
     }
-    return level == 0 || (isInside && LeadsOn(level, block)) ? Part::ALL : Part::SOME;
+    return level == 0 || LeadsOn(level, block) ? Part::ALL : Part::SOME;
   });
 }
 
 /// Only blocks that can be seen, or lie just outside of the view, are to be chosen from. `choose` is
-/// told the level, the block, and whether all of it is seen for sure.
+/// told the level and the block. Of larger blocks that are not all seen only some is drawn.
 template <class Choose>
 void PathLine::DrawBlocks(const Choose& choose) {
   constexpr int TOP = PathIndex::LEVELS - 1;
@@ -201,14 +201,14 @@ void PathLine::DrawBlocks(const Choose& choose, int level, int first, int last, 
     if (!areInside && !view.Overlaps(block.box)) {
       continue;
     }
-    const bool isInside = areInside || inside.Contains(block.box);
-    const Part part = choose(level, block, isInside);
+    const Part part = choose(level, block);
     if (part == Part::NONE) {
       continue;
     }
+    const bool isInside = areInside || inside.Contains(block.box);
     const int from = std::max(PathIndex::FirstOf(level, number), index.GetFirst());
     const int to = std::min(PathIndex::FirstOf(level, number + 1), index.GetEnd());
-    if (part == Part::SOME) {
+    if (part == Part::SOME || (level > 0 && !isInside)) {
       DrawBlocks(choose, level - 1, PathIndex::BlockOf(level - 1, from),
                  PathIndex::BlockOf(level - 1, to - 1), isInside);
       continue;
