@@ -58,7 +58,8 @@ void Frame(benchmark::State& state) {
 }
 BENCHMARK(Frame)->ArgNames({"view", "turned"})->ArgsProduct({{0, 1, 2, 3, 4}, {0, 1}});
 
-/// A view of a long track: the engine has driven so far before its frames are measured.
+/// A view of a long track: the engine has driven so far before its frames are measured, on roads
+/// that are `roadLength` times as long as those of the long drive.
 class LongTrack {
  public:
   explicit LongTrack(int points, double roadLength = 1) : drive(roadLength) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <new>
 
 namespace ferolin {
@@ -87,6 +88,8 @@ void PathCells::Update(const PathPoints& points) {
 }
 
 void PathCells::Start(const PathPoints& points) {
+  static_assert(FARTHEST * FINEST < static_cast<float>(std::numeric_limits<std::int32_t>::max()),
+                "the steps of all positions have a number");
   PathBox box;
   for (int number = points.GetFirst(); number < points.GetEnd(); ++number) {
     if (HasPosition(points[number])) {

@@ -40,15 +40,15 @@ class PathIndex {
   int GetFirst() const { return first; }
   int GetEnd() const { return end; }
 
-  /// Of points `from` up to, but not including, `to`. A point without position has that of the one
-  /// before. Borrowed: good until the next update.
+  /// Of points `from` up to, but not including, `to`, which are to lie from GetFirst() to GetEnd().
+  /// A point without position has that of the one before. Borrowed: good until the next update.
   std::span<const Position> GetPositions(int from, int to) const {
     return positions.Get().subspan(static_cast<std::size_t>(from),
                                    static_cast<std::size_t>(to - from));
   }
 
   /// How far points lie from the one before, on average, in latitude or in longitude, whichever is
-  /// more. Jumps count as 1.
+  /// more; in degrees x 100 + minutes, of which a jump counts as 1. 0 without points.
   double GetMeanStep() const { return end > first ? stepSum / (end - first) : 0; }
 
   /// Number of the block that point `number` belongs to.

@@ -29,9 +29,11 @@ class PathPicture {
       return moved;
     }
 
+    /// Those to the right of it follow.
     std::uint16_t* At(POINT pixel) const {
       return origin + (offset + pixel.x - pixel.y * rowLength);
     }
+    /// What lit pixels are in memory.
     void SetLit(std::uint16_t value) { lit = value; }
 
     /// A line of this colour that was drawn into the context a moment ago may not be seen yet.

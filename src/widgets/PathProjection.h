@@ -36,14 +36,14 @@ class PathProjection {
     return {topLeft.x, topLeft.y, bottomRight.x, bottomRight.y};
   }
 
-  /// The same, faster, for positions that lie nearer than the farthest pixels.
+  /// Of a position, faster; it must lie nearer than the farthest pixels.
   POINT ProjectNear(float latitude, float longitude) const {
     return {static_cast<LONG>(x.PlaceOf(longitude)), static_cast<LONG>(y.PlaceOf(latitude))};
   }
 
   /// Pixels for 1 of latitude or longitude.
   double GetScale() const { return x.scale; }
-  /// Latitude or longitude of 1 pixel.
+  /// How much of latitude or of longitude 1 pixel is.
   double GetPixelSize() const { return x.inverse; }
 
   /// Where the pixels of a column begin in the west, and those of a row in the north.
@@ -80,7 +80,7 @@ class PathProjection {
     static constexpr double ROUNDER = 1LL << 33;
 
     double scale = 0;
-    double inverse = 0;
+    double inverse = 0;  ///< 1 / scale
     double offset = ROUNDER;
     double pan = 0;
 

@@ -193,8 +193,9 @@ TEST_F(PathCellsTest, AreGivenUpWhenTheTrackLosesItsOldestPoints) {
 }
 
 TEST_F(PathCellsTest, AreGivenUpForPositionsOutOfThisWorld) {
-  for (const float longitude : {1e9F, -1e9F, std::numeric_limits<float>::infinity(),
-                                std::numeric_limits<float>::quiet_NaN()}) {
+  for (const float longitude :
+       {20'000.0F, -99'999.0F, 1e9F, -1e9F, std::numeric_limits<float>::infinity(),
+        std::numeric_limits<float>::quiet_NaN()}) {
     points.clear();
     Update();
     Add(10, longitude);
