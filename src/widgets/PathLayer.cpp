@@ -18,6 +18,15 @@ bool AreEqual(const RECT& a, const RECT& b) {
   return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
 }
 
+/// The part of an area, and what lies beyond those of the area's edges that it reaches.
+RECT AndBeyond(const RECT& part, const RECT& area) {
+  constexpr LONG FAR_AWAY = static_cast<LONG>(PathProjection::FARTHEST);
+  return {part.left == area.left ? -FAR_AWAY : part.left,
+          part.top == area.top ? -FAR_AWAY : part.top,
+          part.right == area.right ? FAR_AWAY : part.right,
+          part.bottom == area.bottom ? FAR_AWAY : part.bottom};
+}
+
 void FillArea(HDC dc, const RECT& area, COLORREF color) {
   const HBRUSH brush = CreateSolidBrush(color);
   FillRect(dc, &area, brush);
@@ -125,6 +134,7 @@ bool PathLayer::Pan(const Track& track, const PathProjection& projection) {
   PathLine line(track.index, track.cells, projection, strokes);
   const POINT reach = line.ReachFrom({way.x == 0 ? NOWHERE : std::max<LONG>(way.x, 0) + 1,
                                       way.y == 0 ? NOWHERE : std::max<LONG>(way.y, 0) + 1});
+  // Before, the same lines may have led one pixel further.
   const RECT kept = {
       std::max(area.left + way.x, reach.x + 2), std::max(area.top + way.y, reach.y + 2),
       std::min(area.right + way.x, area.right), std::min(area.bottom + way.y, area.bottom)};
@@ -135,7 +145,7 @@ bool PathLayer::Pan(const Track& track, const PathProjection& projection) {
   picture.Move(way.x, way.y);
   picture.ClearOutside(
       {kept.left - area.left, kept.top - area.top, kept.right - area.left, kept.bottom - area.top});
-  line.DrawRest(kept);
+  line.DrawRest(AndBeyond(kept, area));
   return true;
 }
 

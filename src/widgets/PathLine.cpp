@@ -48,7 +48,7 @@ void PathLine::DrawFrom(int number) {
 POINT PathLine::ReachFrom(POINT pixel) {
   constexpr int FINE_ENOUGH = 2;  // finer blocks would tell little more
   const RECT& area = strokes.GetArea();
-  POINT reach = {area.left - 1, area.top - 1};
+  POINT reach = {area.left - 2, area.top - 2};  // nowhere near what is seen
   DrawBlocks([&](int level, const PathIndex::Block& block) {
     const RECT rect = projection.Project(block.box);
     const bool isCrossed = rect.left < pixel.x || rect.top < pixel.y;

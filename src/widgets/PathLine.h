@@ -29,8 +29,8 @@ class PathLine {
         shortStep(SHORT_STEP * theProjection.GetPixelSize()) {}
 
   void Draw();
-  /// The same, best when only little is to be drawn: what lies wholly inside `kept`, a part of the
-  /// strokes' area, is there already.
+  /// The same, best when only little is to be drawn: lines that stay inside `kept`, which may reach
+  /// beyond the strokes' area, are there already.
   void DrawRest(const RECT& kept);
   /// The stretch that leads to point `number`, and all from there on.
   void DrawFrom(int number);

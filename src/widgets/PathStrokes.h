@@ -30,8 +30,9 @@ class PathStrokes {
 
   const RECT& GetArea() const { return area; }
 
-  /// Lines that lie wholly inside a part of the area are drawn already, from now on.
-  void Keep(const RECT& part) { kept = part; }
+  /// Lines that stay inside a rectangle, which may reach beyond the area, are drawn already, from
+  /// now on.
+  void Keep(const RECT& rect) { kept = rect; }
 
   /// Whether there is a pixel of a rectangle (all edges included) in the area.
   bool CanShow(const RECT& rect) const {
