@@ -20,7 +20,8 @@ struct OwnButton {
   LPARAM code;
 };
 
-/// Filled in from the right, the row over the arrows reads: centre, automatic, in, out.
+/// Where they have a row over the arrows it reads, being filled from the right: centre, automatic,
+/// in, out.
 constexpr OwnButton OWN_BUTTONS[] = {
     {TEXT("\\Pics\\BtnZoomOut.png"), ZOOM_OUT},
     {TEXT("\\Pics\\BtnZoomIn.png"), ZOOM_IN},

@@ -77,7 +77,7 @@ void SpeedChartWidget::SaveSettings(IniStore& store) const {
   SaveFaces(TEXTS, SECTION, store, *this);
 }
 
-/// The first line of buttons is that of the other views.
+/// Those of the other views come first. Where not all fit into one line, the rest has one of its own.
 void SpeedChartWidget::CreateOwnButtons() {
   if (!ownBar.IsEmpty()) {
     return;
@@ -137,6 +137,7 @@ void SpeedChartWidget::Draw(HWND window) {
   if (!points.empty()) {
     DrawSpeeds(plot, scale, std::max(points.back().speedKmh, 0.0F));
   }
+  DrawScale(plot, scale);
   theCanvas.PresentTransformed();
   DrawOverlay(theCanvas);
   theCanvas.FlushToWindow();
@@ -177,20 +178,25 @@ void SpeedChartWidget::DrawBox(const RECT& plot) {
   theCanvas.DrawThinLine(axesColor, plot.left, plot.bottom, right, plot.bottom);
 }
 
-/// Labels stand on their lines.
 void SpeedChartWidget::DrawGrid(const RECT& plot, const SpeedScale& scale) {
+  for (int kmh = scale.step; kmh <= scale.top; kmh += scale.step) {
+    const LONG row = scale.RowOf(static_cast<float>(kmh), plot);
+    axesPen.DrawLine(theCanvas, axesColor, plot.left - OVERHANG, row, plot.right, row);
+  }
+}
+
+/// Labels stand on the lines of the grid, and over the chart, which would hide them.
+void SpeedChartWidget::DrawScale(const RECT& plot, const SpeedScale& scale) {
   const HFONT font = smallStyle.GetFont(theCanvas);
   for (int kmh = 0; kmh <= scale.top; kmh += scale.step) {
-    const LONG row = scale.RowOf(static_cast<float>(kmh), plot);
-    if (kmh > 0) {
-      axesPen.DrawLine(theCanvas, axesColor, plot.left - OVERHANG, row, plot.right, row);
-    }
     WideString label = Widen(Format("%i", kmh));
     if (kmh == scale.top) {
       label += TEXT(" км/ч");
     }
-    theCanvas.DrawText(font, label.c_str(), plot.left + LABEL_GAP,
-                       row - theCanvas.MeasureText(font, label.c_str()).cy, smallTextColor);
+    DrawRimmed(font, label,
+               {plot.left + LABEL_GAP, scale.RowOf(static_cast<float>(kmh), plot) -
+                                           theCanvas.MeasureText(font, label.c_str()).cy},
+               smallTextColor);
   }
 }
 
@@ -247,20 +253,26 @@ void SpeedChartWidget::DrawSpeeds(const RECT& plot, const SpeedScale& scale, flo
             maxSpeedLineColor);
 }
 
-/// Stands on its line, or hangs below one that has no room above; never leaves the plot. A rim of
-/// the background's colour sets the figures off from the chart below them. Returns the width.
+/// Stands on its line, or hangs below one that has no room above; never leaves the plot. Returns the
+/// width.
 int SpeedChartWidget::DrawSpeed(const RECT& plot, float kmh, LONG row, LONG right, COLORREF color) {
   const HFONT font = bigStyle.GetFont(theCanvas);
   const WideString text = Widen(Format("%.0f", kmh));
   const SIZE size = theCanvas.MeasureText(font, text.c_str());
   const LONG above = row - size.cy;
   const LONG top = std::max(above >= plot.top ? above : row + 1, plot.top);
-  const LONG left = right - size.cx;
-  for (const POINT& offset : {POINT{-1, 0}, POINT{1, 0}, POINT{0, -1}, POINT{0, 1}}) {
-    theCanvas.DrawText(font, text.c_str(), left + offset.x, top + offset.y, backgroundColor);
-  }
-  theCanvas.DrawText(font, text.c_str(), left, top, color);
+  DrawRimmed(font, text, {right - size.cx, top}, color);
   return size.cx;
+}
+
+/// A rim of the background's colour sets the text off from the chart below it.
+void SpeedChartWidget::DrawRimmed(HFONT font, const WideString& text, POINT corner,
+                                  COLORREF color) {
+  for (const POINT& offset : {POINT{-1, 0}, POINT{1, 0}, POINT{0, -1}, POINT{0, 1}}) {
+    theCanvas.DrawText(font, text.c_str(), corner.x + offset.x, corner.y + offset.y,
+                       backgroundColor);
+  }
+  theCanvas.DrawText(font, text.c_str(), corner.x, corner.y, color);
 }
 
 }  // namespace ferolin

@@ -45,6 +45,8 @@ class SpeedChartWidget : public Widget {
   void DrawChart(const RECT& plot, const SpeedScale& scale);
   void DrawSpeeds(const RECT& plot, const SpeedScale& scale, float current);
   int DrawSpeed(const RECT& plot, float kmh, LONG row, LONG right, COLORREF color);
+  void DrawScale(const RECT& plot, const SpeedScale& scale);
+  void DrawRimmed(HFONT font, const WideString& text, POINT corner, COLORREF color);
 
   COLORREF borderColor;
   COLORREF backgroundColor;

@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 #include "ViewTest.h"
 #include "gps/FixRecord.h"
@@ -70,6 +72,19 @@ class SpeedChartTest : public ViewTest {
     return bounds.left < bounds.right;
   }
 
+  /// Places of the labels' colour beside the vertical axis, below the topmost label.
+  static std::vector<std::pair<int, int>> ScalePixels() {
+    std::vector<std::pair<int, int>> places;
+    for (int y = 30; y < 305; ++y) {
+      for (int x = 16; x < 60; ++x) {
+        if (FrameAt(x, y) == Seen(0x00FFFFFF)) {
+          places.emplace_back(x, y);
+        }
+      }
+    }
+    return places;
+  }
+
   int second = 0;
 };
 
@@ -99,6 +114,22 @@ TEST_F(SpeedChartTest, HasFourGridLinesOnTheSmallestScale) {
     EXPECT_EQ(AXES, FrameAt(210, row)) << row;        // 200 % 24 = 8
     EXPECT_EQ(BACKGROUND, FrameAt(200, row)) << row;  // 190 % 24 = 22
   }
+}
+
+TEST_F(SpeedChartTest, KeepsItsScaleReadableWhereTheChartFillsThePlot) {
+  DrawPlain();
+  const auto labels = ScalePixels();
+  ASSERT_FALSE(labels.empty());
+  TapZoomOut();
+  TapZoomOut();
+  for (int pair = 0; pair < 400; ++pair) {
+    Append(1, 0);
+    Append(1, 20);
+  }
+  DrawPlain();
+  ASSERT_EQ(CHART, FrameAt(17, 170));
+  ASSERT_EQ(CHART, FrameAt(59, 280));
+  EXPECT_EQ(labels, ScalePixels());
 }
 
 TEST_F(SpeedChartTest, DrawsALineOfTwoPixels) {
