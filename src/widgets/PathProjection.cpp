@@ -70,8 +70,8 @@ PathBox PathProjection::BoxInside(const RECT& rect) const {
 /// Rounded down rather than cut, so that the position does not end up one pixel off on the way over
 /// the frame's upper or left edge.
 POINT PathProjection::PanTo(float latitude, float longitude, POINT pixel) const {
-  return {pixel.x - ToPixel(std::floor(x.PlaceOf(longitude))),
-          pixel.y - ToPixel(std::floor(y.PlaceOf(latitude)))};
+  return {pixel.x - Cut(std::floor(x.PlaceOf(longitude)), FARTHEST_PAN),
+          pixel.y - Cut(std::floor(y.PlaceOf(latitude)), FARTHEST_PAN)};
 }
 
 }  // namespace ferolin

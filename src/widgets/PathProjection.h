@@ -15,6 +15,8 @@ class PathProjection {
  public:
   /// Nearest and farthest pixels that there are: device contexts calculate with 27 bits.
   static constexpr double FARTHEST = 1 << 26;
+  /// Pixels, either way.
+  static constexpr double FARTHEST_PAN = 1 << 30;
   /// Between the path and the edges of its area, so that marks at its ends are seen whole.
   static constexpr LONG MARGIN = 8;
 
@@ -57,7 +59,8 @@ class PathProjection {
   /// All positions in it are projected into the rectangle. May hold none.
   PathBox BoxInside(const RECT& rect) const;
 
-  /// How far to pan on so that the position lies on that pixel.
+  /// How far to pan on so that the position lies on that pixel. Falls short of it where that is more
+  /// than the farthest pan.
   POINT PanTo(float latitude, float longitude, POINT pixel) const;
 
   /// Whether the two are the same but for the pan, which is all that the places of the box differ
@@ -95,10 +98,11 @@ class PathProjection {
   LONG ProjectLongitude(float longitude) const { return ToPixel(x.PlaceOf(longitude)); }
   LONG ProjectLatitude(float latitude) const { return ToPixel(y.PlaceOf(latitude)); }
 
+  static LONG ToPixel(double place) { return Cut(place, FARTHEST); }
   /// Cuts the fraction off.
-  static LONG ToPixel(double place) {
-    const double bounded = place > -FARTHEST ? place : -FARTHEST;  // also without a number
-    return static_cast<LONG>(bounded < FARTHEST ? bounded : FARTHEST);
+  static LONG Cut(double place, double farthest) {
+    const double bounded = place > -farthest ? place : -farthest;  // also without a number
+    return static_cast<LONG>(bounded < farthest ? bounded : farthest);
   }
   /// Pixel 0 reaches to both sides of 0.
   static double EdgeOf(LONG pixel) { return pixel > 0 ? pixel : pixel - 1; }

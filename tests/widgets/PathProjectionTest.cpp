@@ -104,6 +104,20 @@ TEST(PathProjectionTest, PansAPositionExactlyToAPixel) {
   }
 }
 
+TEST(PathProjectionTest, PansToAPositionBeyondTheFarthestPixels) {
+  const PathBox box = BoxOf(10, 14, 100, 120);
+  constexpr float ZOOM = 1 << 21;
+  const POINT pan = PathProjection(box, AREA, ZOOM, {0, 0}).PanTo(14, 120, {60, 40});
+  EXPECT_LT(pan.x, -PathProjection::FARTHEST);
+  ExpectPixel(60, 40, PathProjection(box, AREA, ZOOM, pan).Project(14, 120));
+}
+
+TEST(PathProjectionTest, PansNoFartherThanCanBeAddedUp) {
+  const PathBox box = BoxOf(10, 14, 100, 120);
+  const POINT pan = PathProjection(box, AREA, 1e30F, {0, 0}).PanTo(14, 120, {60, 40});
+  ExpectPixel(60 - (1 << 30), 40 + (1 << 30), pan);
+}
+
 TEST(PathProjectionTest, MovesEveryPlaceByThePanToThePixel) {
   const PathBox box = BoxOf(10.1F, 14.7F, 100.3F, 120.9F);
   const PathProjection before(box, AREA, 7.7F, {1000, 2000});

@@ -256,6 +256,15 @@ TEST_F(PathTest, CentresAtTheZoomThatIsSet) {
   EXPECT_EQ((Pixel{120, 105}), EndMark());
 }
 
+TEST_F(PathTest, CentresHoweverLargeThePathIs) {
+  OpenDiagonal();
+  for (int zoom = 0; zoom < 22; ++zoom) {
+    TapZoomIn();
+    TapCenter();
+    EXPECT_EQ((Pixel{120, 105}), EndMark()) << zoom;
+  }
+}
+
 TEST_F(PathTest, CentresOnceThereIsAPath) {
   Open(240, 320);
   Add(5544, 3736);
