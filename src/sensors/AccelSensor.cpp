@@ -15,11 +15,7 @@ std::string NameFor(float targetKmh) {
   return Format("%s 0-%g %s", GetText(Word::ACCEL), targetKmh, GetText(Word::KMH));
 }
 
-/// Longer steps and runs are no acceleration.
-bool IsPlausible(std::int64_t milliseconds) {
-  constexpr std::int64_t LONGEST = 1'000'000;
-  return milliseconds >= 0 && milliseconds <= LONGEST;
-}
+constexpr std::int64_t LONGEST_MS = 1'000'000;
 
 }  // namespace
 
@@ -71,11 +67,13 @@ bool AccelSensor::CrossesTarget(float speedKmh) const {
          lastTime > 0 && startTime > 0;
 }
 
+/// Longer steps and runs are no acceleration. A clock that went back meanwhile makes the run shorter,
+/// as long as there is any time left of it.
 void AccelSensor::RecordRun(float speedKmh, std::int64_t time) {
   constexpr double SECONDS_PER_MILLISECOND = 0.001F;
   const std::int64_t stepMs = (time - lastTime) / FILE_TIME_PER_MILLISECOND;
   const std::int64_t runMs = (lastTime - startTime) / FILE_TIME_PER_MILLISECOND;
-  if (!IsPlausible(stepMs) || !IsPlausible(runMs)) {
+  if (stepMs > LONGEST_MS || runMs > LONGEST_MS) {
     return;
   }
   const double last = static_cast<double>(lastSpeed);
@@ -84,7 +82,7 @@ void AccelSensor::RecordRun(float speedKmh, std::int64_t time) {
   const double seconds = (crossingMs + static_cast<double>(runMs)) * SECONDS_PER_MILLISECOND;
   if (seconds > 0 && (IsMissing(bestTime) || seconds < static_cast<double>(bestTime))) {
     bestTime = static_cast<float>(seconds);
-    SetText("%s", TimeText(seconds));
+    SetText("%s", TimeText(static_cast<double>(bestTime)));
   }
 }
 

@@ -108,6 +108,30 @@ TEST_F(AccelSensorTest, LongerStepIsIgnored) {
   EXPECT_EQ(drive.At(0, 0).At(1, 95).At(1001.001, 105).Text(), "");
 }
 
+/// Back by 1 s between two fixes that are 10 km/h apart: half of that second is taken from the 9.
+TEST_F(AccelSensorTest, ClockThatGoesBackOverTheCrossingShortensTheRun) {
+  EXPECT_EQ(drive.At(0, 0).At(9, 95).At(8, 105).Text(), "8.500 s");
+}
+
+/// Back by half a second since the start, then 3 s over the crossing: -0.5 + 1.5.
+TEST_F(AccelSensorTest, ClockThatWentBackBeforeTheCrossingShortensTheRun) {
+  EXPECT_EQ(drive.At(10, 0).At(9.5, 95).At(12.5, 105).Text(), "1.000 s");
+}
+
+TEST_F(AccelSensorTest, RunThatTookNoTimeIsIgnored) {
+  EXPECT_EQ(drive.At(10, 0).At(9, 95).At(11, 105).Text(), "");
+  EXPECT_EQ(drive.State(), "100;-9999");
+}
+
+/// 35.625 s, and by the factor of a thousandth, which is a little more than that, 35.6250017: shown
+/// is the record, in which that little is lost.
+TEST_F(AccelSensorTest, TextIsThatOfTheRecordThatIsKept) {
+  drive.At(0, 0).At(35, 77.5F).At(36, 113.5F);
+  AccelSensor restored(100);
+  ASSERT_EQ(restored.SetRegistryString(drive.State().c_str()), 1);
+  EXPECT_EQ(drive.Text(), restored.GetValueText());
+}
+
 TEST_F(AccelSensorTest, RestoredRecordIsShownAtOnce) {
   EXPECT_EQ(sensor.SetRegistryString("100;8.25"), 1);
   EXPECT_EQ(drive.Text(), "8.250 s");

@@ -134,7 +134,7 @@ class Accel:
         seconds = (share + run) * single(0.001)
         if seconds > 0 and (self.best is MISSING or seconds < self.best):
             self.best = single(seconds)
-            self.text = time_text(seconds)
+            self.text = time_text(self.best)
 
     def state(self):
         return "%g;%g" % (self.target, -9999 if self.best is MISSING else self.best)
