@@ -101,8 +101,8 @@ FEROLIN_API int WINAPI ResetSensorValue(int index);
 FEROLIN_API int WINAPI IsSensorSaveable(int index);
 
 /// State of a saveable sensor as text, to be given back with `SetSensorRegistryString` in a later run. The buffer must
-/// hold 256 bytes. Returns the length of the text then in the buffer: a sensor that is not saveable leaves the buffer
-/// as it was. An unknown index gives 0. "" and 0 without an engine.
+/// hold 256 bytes, whatever `size` says: a state is never cut short. Returns the length of the text then in the buffer:
+/// a sensor that is not saveable leaves the buffer as it was. An unknown index gives 0. "" and 0 without an engine.
 FEROLIN_API int WINAPI GetSensorRegistryString(int index, char* buffer, int size);
 
 /// Gives a saveable sensor its state back; its value shows it at once. Returns 1 when the text was taken, and 0 when it

@@ -22,8 +22,8 @@ constexpr std::int64_t LONGEST_MS = 1'000'000;
 AccelSensor::AccelSensor(float targetKmh)
     : SaveableSensor(NameFor(targetKmh)), targetSpeed(targetKmh) {}
 
-void AccelSensor::GetRegistryString(char* out, int size) const {
-  PrintState(out, size, "%g;%g", targetSpeed, bestTime);
+void AccelSensor::GetRegistryString(char* out, int) const {
+  PrintState(out, "%g;%g", targetSpeed, bestTime);
 }
 
 int AccelSensor::SetRegistryString(const char* text) {

@@ -15,8 +15,8 @@ constexpr float HOURS_PER_SECOND = 0.00027777778F;
 
 }  // namespace
 
-void AverageSpeedSensor::GetRegistryString(char* out, int size) const {
-  PrintState(out, size, "%g;%i", distanceKm, static_cast<int>(seconds));
+void AverageSpeedSensor::GetRegistryString(char* out, int) const {
+  PrintState(out, "%g;%i", distanceKm, static_cast<int>(seconds));
 }
 
 int AverageSpeedSensor::SetRegistryString(const char* text) {

@@ -8,8 +8,8 @@
 
 namespace ferolin {
 
-void DistanceSensor::GetRegistryString(char* out, int size) const {
-  PrintState(out, size, "%g", distanceKm);
+void DistanceSensor::GetRegistryString(char* out, int) const {
+  PrintState(out, "%g", distanceKm);
 }
 
 int DistanceSensor::SetRegistryString(const char* text) {

@@ -8,8 +8,8 @@
 
 namespace ferolin {
 
-void ElapsedSensor::GetRegistryString(char* out, int size) const {
-  PrintState(out, size, "%i", static_cast<int>(seconds));
+void ElapsedSensor::GetRegistryString(char* out, int) const {
+  PrintState(out, "%i", static_cast<int>(seconds));
 }
 
 int ElapsedSensor::SetRegistryString(const char* text) {

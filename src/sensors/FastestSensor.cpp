@@ -22,8 +22,8 @@ std::string NameFor(float targetMetres) {
 FastestSensor::FastestSensor(float targetMetres)
     : SaveableSensor(NameFor(targetMetres)), targetDistance(targetMetres) {}
 
-void FastestSensor::GetRegistryString(char* out, int size) const {
-  PrintState(out, size, "%g;%i", targetDistance, static_cast<int>(bestTime));
+void FastestSensor::GetRegistryString(char* out, int) const {
+  PrintState(out, "%g;%i", targetDistance, static_cast<int>(bestTime));
 }
 
 int FastestSensor::SetRegistryString(const char* text) {

@@ -6,8 +6,8 @@
 
 namespace ferolin {
 
-void MaxSpeedSensor::GetRegistryString(char* out, int size) const {
-  PrintState(out, size, "%g", maximumKmh);
+void MaxSpeedSensor::GetRegistryString(char* out, int) const {
+  PrintState(out, "%g", maximumKmh);
 }
 
 int MaxSpeedSensor::SetRegistryString(const char* text) {

@@ -13,10 +13,8 @@ class SaveableSensor : public Sensor {
 
  protected:
   template <class... Values>
-  static void PrintState(char* out, int size, std::string_view format, const Values&... values) {
-    if (size > 0) {
-      FormatInto(out, static_cast<std::size_t>(size), format, values...);
-    }
+  static void PrintState(char* out, std::string_view format, const Values&... values) {
+    FormatInto(out, TEXT_SIZE, format, values...);
   }
 };
 

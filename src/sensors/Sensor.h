@@ -24,7 +24,8 @@ class Sensor {
   /// 1 when the sensor has a state that is worth keeping between runs.
   virtual int IsSaveable() const { return 0; }
 
-  /// Writes the state as text into `out` (`size` bytes, 256 are always enough). Sensors without state leave it alone.
+  /// Writes the state as text into `out`, which must hold 256 bytes: a state that is cut short would be another one, so
+  /// `size` makes no difference. Sensors without state leave it alone.
   virtual void GetRegistryString(char* out, int size) const;
 
   /// Takes a state over; the value text shows it at once. Returns 1, or 0 when the text holds no state above zero: then

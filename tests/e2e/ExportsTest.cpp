@@ -89,6 +89,15 @@ TEST_F(Exports, RegistryStringOfASensorWithoutStateIsWhatTheBufferHeld) {
   EXPECT_STREQ("previous", buffer);
 }
 
+TEST_F(Exports, RegistryStringIsNeverCutShort) {
+  ASSERT_EQ(1, engine->SetSensorRegistryString(ELAPSED, TEXT("90061")));
+  for (const int size : {0, 3, 256}) {
+    char buffer[256] = "previous";
+    EXPECT_EQ(5, engine->GetSensorRegistryString(ELAPSED, buffer, size)) << size;
+    EXPECT_STREQ("90061", buffer) << size;
+  }
+}
+
 TEST_F(Exports, OverlongRegistryTextIsCut) {
   // 255 characters are kept: "7" and 254 blanks, then the digits that no longer count.
   std::basic_string<WCHAR> text(300, ' ');
