@@ -178,7 +178,7 @@ FEROLIN_API int WINAPI IsRussianLocale(void);
 
 // ---- SMS reports --------------------------------------------------------------------------------------------------
 
-/// Sends one position report to every recipient now.
+/// Sends one position report to every recipient now, and returns when the sibling library has taken it.
 FEROLIN_API void WINAPI SendSMS(void);
 /// Whether reports are sent automatically; 0 without an engine.
 FEROLIN_API int WINAPI IsSMSEnabled(void);

@@ -18,6 +18,7 @@ class FixRecord;
 class IniStore;
 class LocaleHelper;
 class Sensor;
+class SmsReport;
 class SmsReporter;
 class SpeedEvents;
 class Widget;
@@ -179,8 +180,8 @@ class Engine {
   void PollGpsApi();
   static DWORD WINAPI ReaderThreadProc(LPVOID argument);
 
-  void UpdateFromFix();
-  void FinishUpdate();
+  SmsReport UpdateFromFix();
+  void FinishUpdate(const SmsReport& report);
   void KeepPower();
 
   bool CanRedraw() const;

@@ -6,6 +6,7 @@
 #include "events/SpeedEvents.h"
 #include "gps/FixRecord.h"
 #include "sensors/Sensor.h"
+#include "sms/SmsReport.h"
 #include "sms/SmsReporter.h"
 #include "widgets/Widget.h"
 
@@ -18,41 +19,47 @@ WCHAR BACKLIGHT_DEVICE[] = TEXT("BKL1:");
 }  // namespace
 
 void Engine::OnUpdate(const char* sentence) {
+  SmsReport report;
   {
     const LockGuard guard(dataLock);
     if (!fix->ParseSentence(sentence)) {
       return;
     }
-    UpdateFromFix();
+    report = UpdateFromFix();
   }
-  FinishUpdate();
+  FinishUpdate(report);
 }
 
 void Engine::OnUpdate(const GPS_POSITION* position) {
+  SmsReport report;
   {
     const LockGuard guard(dataLock);
     if (!fix->ApplyGpsPosition(position)) {
       return;
     }
-    UpdateFromFix();
+    report = UpdateFromFix();
   }
-  FinishUpdate();
+  FinishUpdate(report);
 }
 
-/// Everything that reads the fix, under the data lock.
-void Engine::UpdateFromFix() {
+/// Sensors, views and the report of the fix, under the data lock.
+SmsReport Engine::UpdateFromFix() {
   for (int index = 0; index < sensorCount; ++index) {
     GetSensor(index)->Update(*fix);
   }
   for (int index = 0; index < widgetCount; ++index) {
     GetWidget(index)->Attach();
   }
-  smsReporter->Tick();
-  speedEvents->Check(*fix);
+  return smsReporter->Tick();
 }
 
-/// Everything that reaches out of the engine, without the lock.
-void Engine::FinishUpdate() {
+/// What reaches out of the engine, without the lock: a message may take seconds to be sent.
+void Engine::FinishUpdate(const SmsReport& report) {
+  report.Send();
+  {
+    const LockGuard guard(dataLock);
+    speedEvents->Check(*fix);
+  }
   PostToHost(wndMessageId, 0, 0);
   KeepPower();
   RequestRedraw();

@@ -22,6 +22,7 @@ using ferolin::Engine;
 using ferolin::LockGuard;
 using ferolin::Narrow;
 using ferolin::Sensor;
+using ferolin::SmsReport;
 using ferolin::SpeedEvent;
 using ferolin::theEngine;
 using ferolin::theInvertFlags;
@@ -357,7 +358,10 @@ int WINAPI IsRussianLocale() {
 // SMS reports.
 
 void WINAPI SendSMS() {
-  WithEngine([](const Engine& engine) { engine.smsReporter->Send(); });
+  // Sent without the lock, which nobody is to wait for while a message is on its way.
+  WithEngine(SmsReport(), [](const Engine& engine) {
+    return engine.smsReporter->MakeReport();
+  }).Send();
 }
 
 int WINAPI IsSMSEnabled() {

@@ -109,27 +109,20 @@ void SmsReporter::SaveSettings(IniStore& store) const {
   save("Text", text);
 }
 
-void SmsReporter::Send() const {
-  if (sendProc == nullptr) {
-    return;
-  }
-  const std::string message = BuildMessage();
-  for (const WideString& recipient : recipients) {
-    sendProc(recipient.c_str(), message.c_str());
-  }
+SmsReport SmsReporter::MakeReport() const {
+  return CanSend() ? SmsReport(sendProc, recipients, BuildMessage()) : SmsReport();
 }
 
-void SmsReporter::Tick() {
+SmsReport SmsReporter::Tick() {
   if (!enabled || interval < 1) {
-    return;
+    return {};
   }
   const std::int64_t now = FileTimeOf(fix.localTime);
-  if (IsDue(now)) {
-    Send();
-  }
+  const bool isDue = IsDue(now);
   lastTime = now;
   lastLongitude = fix.longitude;
   lastLatitude = fix.latitude;
+  return isDue ? MakeReport() : SmsReport();
 }
 
 bool SmsReporter::IsDue(std::int64_t now) const {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "sms/SmsReport.h"
 #include "text/WideString.h"
 
 namespace ferolin {
@@ -13,9 +14,10 @@ namespace ferolin {
 class FixRecord;
 class IniStore;
 
-/// Sends the current position as a text message to one or more numbers: on request, and on its own when two successive
-/// fixes lie a chosen time apart. The sibling library "Parlex.DLL" does the sending; without it every send is a no-op.
-/// `Tick` runs on the reader thread, everything else on the host's, all under the engine's data lock.
+/// Reports the current position as a text message to one or more numbers: on request, and on its own when two successive
+/// fixes lie a chosen time apart. The sibling library "Parlex.DLL" does the sending; without it reports go nowhere.
+/// `Tick` runs on the reader thread, everything else on the host's, all under the engine's data lock; the reports are
+/// sent without it.
 class SmsReporter {
  public:
   /// Loads the sibling library. `fixRecord` must outlive the reporter.
@@ -42,24 +44,23 @@ class SmsReporter {
   void LoadSettings(const IniStore& store);
   void SaveSettings(IniStore& store) const;
 
-  /// Sends the message to every recipient in order.
-  void Send() const;
+  /// A report of the position now, to be sent while the reporter lives.
+  SmsReport MakeReport() const;
 
-  /// The automatic step, at each fix. The interval is measured between this fix and the one before, not since the last
-  /// message: a message goes out when the receiver was silent that long.
-  void Tick();
+  /// The automatic step, at each fix: a report that is to be sent, or one that goes nowhere when none is due. The
+  /// interval is measured between this fix and the one before, not since the last message: a message goes out when the
+  /// receiver was silent that long.
+  SmsReport Tick();
 
   /// The template with its placeholders replaced by values of the fix.
   std::string BuildMessage() const;
 
  private:
-  using SendProc = void(WINAPI*)(LPCWSTR recipient, LPCSTR message);
-
   void SetAddress(WideStringView address);
   bool IsDue(std::int64_t now) const;
 
   HMODULE library;
-  SendProc sendProc = nullptr;
+  SmsReport::SendProc sendProc = nullptr;
   std::vector<WideString> recipients;
   const FixRecord& fix;
   std::string text;

@@ -68,7 +68,10 @@ class Device {
     std::string recipient;
     std::string text;
   };
+  /// Those that are being sent are the last.
   virtual std::vector<Sms> GetSmsSent() const = 0;
+  /// As long as it is busy, no message gets further than the first one from now on.
+  virtual void MakeSmsBusy(bool isBusy) = 0;
 
   /// Makes the sibling library of the GPS API available. It answers the position set last, and none before.
   virtual void InstallGpsLibrary() = 0;

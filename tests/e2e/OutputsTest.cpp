@@ -1,10 +1,16 @@
 // What leaves the engine: track files, messages and sounds.
 
+#include <chrono>
+#include <future>
+#include <thread>
+
 #include "EngineTest.h"
 
 namespace e2e {
 
 namespace {
+
+using namespace std::chrono_literals;
 
 class Outputs : public EngineTest {
  protected:
@@ -108,6 +114,29 @@ TEST_F(Outputs, SmsGoesOutByItselfOnlyAfterAGap) {
   EXPECT_EQ(1U, Send(Rmc("120500", "A", "1")));
   ASSERT_EQ(1U, device->GetSmsSent().size());
   EXPECT_EQ("12:5:0", device->GetSmsSent()[0].text);
+}
+
+TEST_F(Outputs, HostIsAnsweredWhileAnSmsIsOnItsWay) {
+  device->InstallSmsLibrary();
+  Start();
+  engine->SetSMSParams(TEXT("111,222"), TEXT("%Time%"), 2, 1, 0);
+  EXPECT_EQ(1U, Send(Rmc("120000", "A", "1")));
+  device->MakeSmsBusy(true);
+  receiver->Send(Rmc("120500", "A", "2"));
+  const auto patience = std::chrono::steady_clock::now() + 10s;
+  while (device->GetSmsSent().empty() && std::chrono::steady_clock::now() < patience) {
+    std::this_thread::sleep_for(1ms);
+  }
+  EXPECT_EQ(1U, device->GetSmsSent().size());
+  auto speed = std::async(std::launch::async, [this] { return engine->SensorValue(SPEED); });
+  const bool isAnswered = speed.wait_for(10s) == std::future_status::ready;
+  EXPECT_TRUE(isAnswered);
+  EXPECT_EQ(0U, host->Take(engine->GetWndMessageID()).size());
+  device->MakeSmsBusy(false);
+  EXPECT_EQ(1U, host->WaitFor(engine->GetWndMessageID(), 1).size());
+  EXPECT_EQ(2U, device->GetSmsSent().size());
+  // 2 knots.
+  EXPECT_EQ("3.7 km/h", speed.get());
 }
 
 TEST_F(Outputs, SmsSettingsLastFromRunToRun) {

@@ -93,7 +93,7 @@ TEST(SmsReporterWithoutLibraryTest, MissingLibraryMakesEverySendANoOp) {
   SmsReporter reporter(fix);
   EXPECT_FALSE(reporter.CanSend());
   reporter.SetParams(TEXT("111,222"), "text", 1, true, false);
-  reporter.Send();
+  reporter.MakeReport().Send();
   EXPECT_EQ(reporter.GetText(), "text");
 }
 
@@ -104,7 +104,7 @@ TEST(SmsReporterWithoutLibraryTest, LibraryWithoutTheEntryMakesEverySendANoOp) {
   handheld::SetModuleDirectory("");
   EXPECT_FALSE(reporter.CanSend());
   reporter.SetParams(TEXT("111"), "text", 1, true, false);
-  reporter.Send();
+  reporter.MakeReport().Send();
 }
 
 // ---- Parameters ----
@@ -295,20 +295,20 @@ TEST_F(SmsReporterTest, LongTemplatesAreNotCut) {
 TEST_F(SmsReporterTest, EveryRecipientGetsTheSameMessageInOrder) {
   fix.speedKmh = 50;
   reporter.SetParams(TEXT("111,222"), "%Speed%", 1, false, false);
-  reporter.Send();
+  reporter.MakeReport().Send();
   EXPECT_EQ(outbox.All(), (Outbox::Messages{{"111", "50.0"}, {"222", "50.0"}}));
 }
 
 TEST_F(SmsReporterTest, RequestIsSentWhateverIntervalAndFlags) {
   reporter.SetParams(TEXT("111"), "now", 0, false, true);
-  reporter.Send();
-  reporter.Send();
+  reporter.MakeReport().Send();
+  reporter.MakeReport().Send();
   EXPECT_EQ(outbox.Count(), 2);
 }
 
 TEST_F(SmsReporterTest, WithoutRecipientsNothingIsSent) {
   reporter.SetParams(TEXT(""), "now", 1, true, false);
-  reporter.Send();
+  reporter.MakeReport().Send();
   EXPECT_EQ(outbox.Count(), 0);
 }
 
@@ -329,7 +329,7 @@ class SmsReporterTickTest : public SmsReporterTest {
   /// A fix so long after 12:00:00.
   void TickAt(int minutes, int seconds = 0, int milliseconds = 0) {
     fix.localTime = Moment(2024, 5, 6, 12, minutes, seconds, milliseconds);
-    reporter.Tick();
+    reporter.Tick().Send();
   }
 };
 
