@@ -163,7 +163,6 @@ HMODULE Modules::Load(const std::string& name) {
   const auto module = std::make_shared<Module>();
   module->path = path;
   module->worker = std::this_thread::get_id();
-  module->order = ++loads;
   modules.push_back(module);
   lock.unlock();
   return Attach(module);
@@ -191,9 +190,11 @@ HMODULE Modules::Attach(const ModulePointer& module) {
     Detach(module, false);
     return Fail<HMODULE>(isOpen ? ERROR_DLL_INIT_FAILED : ERROR_MOD_NOT_FOUND, nullptr);
   }
-  // Registered after the module's static objects were made, so it runs before they are destroyed.
-  std::atexit(DetachNewest);
   const std::lock_guard lock(mutex);
+  // Registered after the module's static objects were made, so it runs before they are destroyed.
+  // Libraries that the module has loaded itself meanwhile are older.
+  std::atexit(DetachNewest);
+  module->order = ++loads;
   module->state = State::LOADED;
   module->worker = {};
   stateChanged.notify_all();

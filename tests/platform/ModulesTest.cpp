@@ -193,8 +193,9 @@ TEST_F(ModulesTest, AreLoadedAndFreedByManyThreads) {
   EXPECT_EQ(80, loaded);
 }
 
-/// Loads the library, lets it report its detachment, and ends the process in the ordinary way.
-[[noreturn]] void ExitWithLibraryLoaded() {
+/// Loads the library, lets the probe report its detachment, and ends the process in the ordinary way.
+[[noreturn]] void ExitWithLibraryLoaded(LPCWSTR name) {
+  LoadLibraryW(name);
   const HMODULE module = LoadLibraryW(u"Probe.dll");
   Symbol<void(ProbeObserver)>(module, u"ProbeObserve")([](bool isEnding, bool areStaticsAlive) {
     std::fprintf(stderr, "detached, ending %d, statics alive %d\n", isEnding, areStaticsAlive);
@@ -205,8 +206,16 @@ TEST_F(ModulesTest, AreLoadedAndFreedByManyThreads) {
 TEST(ModulesDeathTest, AreDetachedWhenTheProcessEnds) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   handheld::AddLibraryDirectory(TEST_MODULES);
-  EXPECT_EXIT(ExitWithLibraryLoaded(), testing::ExitedWithCode(0),
+  EXPECT_EXIT(ExitWithLibraryLoaded(u"Probe.dll"), testing::ExitedWithCode(0),
               "detached, ending 1, statics alive 1");
+}
+
+/// It may still need it.
+TEST(ModulesDeathTest, AreDetachedBeforeThoseThatTheyHaveLoadedThemselves) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  handheld::AddLibraryDirectory(TEST_MODULES);
+  EXPECT_EXIT(ExitWithLibraryLoaded(u"Outer.dll"), testing::ExitedWithCode(0),
+              "outer detached, statics alive 1\ndetached, ending 1, statics alive 1");
 }
 
 }  // namespace
