@@ -178,12 +178,16 @@ bool IniStore::Create(const std::string& fileName) {
 }
 
 bool IniStore::Save(const std::string& fileName) const {
+  const std::string text = Print(Content());
   const std::string aside = fileName + std::string(SAVING_SUFFIX);
   const WideString wideAside = Widen(aside);
   bool written = false;
   {
     const OpenFile file(aside, GENERIC_WRITE, CREATE_ALWAYS);
-    written = file.IsOpen() && file.WriteAll(Print(Content()));
+    if (!file.IsOpen()) {
+      return OpenFile(fileName, GENERIC_WRITE, CREATE_ALWAYS).WriteAll(text);
+    }
+    written = file.WriteAll(text);
   }
   if (!written) {
     DeleteFileW(wideAside.c_str());

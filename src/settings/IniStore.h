@@ -20,7 +20,8 @@ class IniStore {
   /// Writes an empty file, truncating what was there.
   bool Create(const std::string& fileName);
 
-  /// Writes the content to the file: aside first, so that a full disk or a lost battery leaves the old file whole.
+  /// Writes the content to the file: aside first, so that a full disk or a lost battery leaves the old file whole. Where
+  /// no other file can be made in its folder it is written in place.
   bool Save(const std::string& fileName) const;
 
   /// Value of the first record with exactly this section and key; empty when there is none, so that a caller keeps its

@@ -360,6 +360,13 @@ TEST_F(IniStoreTest, SaveLeavesOnlyTheSettingsFileBehind) {
   EXPECT_EQ(folder.CountFiles(), 1);
 }
 
+TEST_F(IniStoreTest, SaveWritesInPlaceWhereNoOtherFileCanBeMade) {
+  Parse("[S]\na=1\nb=2\n");
+  std::filesystem::create_directory(FileName() + ".new");
+  Set("a", "3", "S");
+  EXPECT_EQ(Saved(), " [S]\n a=3\n b=2\n");
+}
+
 TEST_F(IniStoreTest, FullDiskLeavesTheOldFileWhole) {
   const std::string old = "[S]\na=1\n";
   Parse(old);
