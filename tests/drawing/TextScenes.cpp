@@ -66,7 +66,7 @@ void MeasureTexts(Scene& scene) {
   scene.Keep(paper);
 }
 
-void DrawTexts(Scene& scene, int angle) {
+void DrawTexts(Scene& scene, int angle, int backgroundMode) {
   const auto kind = static_cast<Paper::Kind>(scene.index % Paper::KINDS);
   const Paper paper(kind, 260, 180);
   const COLORREF below = scene.random.Color();
@@ -74,7 +74,7 @@ void DrawTexts(Scene& scene, int angle) {
   const InUse font(paper.GetDC(), FontOfScene(scene, angle));
   const COLORREF color = scene.random.Color();
   SetTextColor(paper.GetDC(), scene.index % 3 == 0 ? RGB(255, 255, 255) : color);
-  SetBkMode(paper.GetDC(), TRANSPARENT);
+  SetBkMode(paper.GetDC(), backgroundMode);
   const WCHAR* text = TEXTS[static_cast<std::size_t>(scene.random.In(0, TEXTS_DRAWN - 1))];
   const bool isLevel = angle == 0;
   const int x = scene.random.In(isLevel ? -5 : -20, isLevel ? 30 : 280);
@@ -85,13 +85,17 @@ void DrawTexts(Scene& scene, int angle) {
 }
 
 void DrawLevel(Scene& scene) {
-  DrawTexts(scene, 0);
+  DrawTexts(scene, 0, TRANSPARENT);
+}
+
+void DrawOpaque(Scene& scene) {
+  DrawTexts(scene, 0, OPAQUE);
 }
 
 void DrawTurned(Scene& scene) {
   constexpr int DEGREE = 10;
   const int angle = scene.random.In(-360, 360);
-  DrawTexts(scene, angle * DEGREE);
+  DrawTexts(scene, angle * DEGREE, TRANSPARENT);
 }
 
 }  // namespace
@@ -100,6 +104,7 @@ std::vector<Family> TextFamilies() {
   return {
       {"measured", COMBINATIONS, &MeasureTexts},
       {"text", COMBINATIONS * 4, &DrawLevel},
+      {"opaque-text", COMBINATIONS, &DrawOpaque},
       {"turned-text", COMBINATIONS * 4, &DrawTurned},
   };
 }

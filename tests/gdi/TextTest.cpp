@@ -112,6 +112,19 @@ TEST(Text, IsDrawnFromItsUpperLeftCorner) {
   EXPECT_EQ(24, touched.bottom);
 }
 
+/// The cells are 34 and 108 wide and 17 high.
+TEST(Text, FillsItsCellsUnlessItIsTransparent) {
+  const Page page(u"Liberation Serif", 18);
+  SetBkMode(page.section.dc, OPAQUE);
+  const RECT touched = page.Draw(TEXT("Wgy|\nOOOOOOOOO"), 5, 10);
+  EXPECT_EQ(5, touched.left);
+  EXPECT_EQ(10, touched.top);
+  EXPECT_EQ(5 + 108, touched.right);
+  EXPECT_EQ(10 + 2 * 17, touched.bottom);
+  EXPECT_EQ(WHITE, GetPixel(page.section.dc, 5 + 33, 10));
+  EXPECT_EQ(RGB(0, 0, 0), GetPixel(page.section.dc, 5 + 34, 10)) << "beside the shorter line";
+}
+
 TEST(Text, TurnsAroundItsCorner) {
   const Page page(u"Liberation Serif", 18, 900);
   const RECT touched = page.Draw(TEXT("123.45"), 90, 45);

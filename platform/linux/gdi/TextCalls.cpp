@@ -157,8 +157,12 @@ int Draw(DeviceContext& context, SizedFont& font, const std::vector<Line>& lines
   if ((format & DT_NOCLIP) == 0)
     target.clip = Intersect(target.clip, rect);
   const GlyphPainter painter(target, context.textColor);
+  const std::uint32_t background = target.surface.PixelFrom(BACKGROUND_COLOR);
   LONG y = rect.top;
   for (const Line& line : lines) {
+    if (context.backgroundMode == OPAQUE)
+      target.Fill({rect.left, y, rect.left + WidthOf(font, line), y + font.LineHeight()},
+                  background);
     DrawLine(painter, font, line, rect.left, y);
     y += font.LineHeight();
   }
@@ -169,7 +173,7 @@ int Draw(DeviceContext& context, SizedFont& font, const std::vector<Line>& lines
 
 extern "C" {
 
-/// The background of text is never filled: nothing here draws text that is not transparent.
+/// Behind turned text that is not transparent the cells of level text are filled: nothing here draws such text.
 int WINAPI DrawTextW(HDC dc, LPCWSTR text, int length, RECT* rect, UINT format) {
   return Guarded<int>(0, [&] {
     const bool isDrawing = (format & DT_CALCRECT) == 0;
