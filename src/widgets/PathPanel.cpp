@@ -37,7 +37,8 @@ constexpr Text TEXTS[] = {
 
 }  // namespace
 
-PathPanel::PathPanel(Canvas& target, const Inks& theInks) : canvas(target), inks(theInks) {
+PathPanel::PathPanel(Canvas& target, const Inks& theInks)
+    : canvas(target), inks(Fitting(target, theInks)) {
   const RECT frame = canvas.GetFrameRect();
   if (frame.right > frame.bottom) {
     LayOutColumn({frame.right, frame.bottom});
@@ -46,8 +47,18 @@ PathPanel::PathPanel(Canvas& target, const Inks& theInks) : canvas(target), inks
   }
 }
 
-int PathPanel::ColumnWidth(const Ink& ink) const {
+int PathPanel::ColumnWidth(Canvas& canvas, const Ink& ink) {
   return canvas.MeasureText(ink.style.GetFont(canvas), WIDEST_VALUE).cx + COLUMN_PADDING;
+}
+
+/// Where a portrait frame has no room for two values beside each other, values are as small as their
+/// labels, and the speed as values are elsewhere.
+PathPanel::Inks PathPanel::Fitting(Canvas& canvas, const Inks& inks) {
+  const RECT frame = canvas.GetFrameRect();
+  if (frame.right > frame.bottom || 2 * ColumnWidth(canvas, inks.value) <= frame.right) {
+    return inks;
+  }
+  return {inks.label, {inks.label.style, inks.value.color}, {inks.value.style, inks.speed.color}};
 }
 
 int PathPanel::HeightOf(const Ink& ink) const {

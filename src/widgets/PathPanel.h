@@ -46,7 +46,9 @@ class PathPanel {
     POINT value;
   };
 
-  int ColumnWidth(const Ink& ink) const;
+  static int ColumnWidth(Canvas& canvas, const Ink& ink);
+  static Inks Fitting(Canvas& canvas, const Inks& inks);
+  int ColumnWidth(const Ink& ink) const { return ColumnWidth(canvas, ink); }
   int HeightOf(const Ink& ink) const;
   const Ink& InkOf(Item item) const;
   int ItemHeight(Item item) const { return HeightOf(inks.label) + HeightOf(InkOf(item)); }

@@ -99,8 +99,9 @@ TEST_P(PathPicturesAtTheirLongest, Match) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Sizes, PathPicturesAtTheirLongest,
-                         testing::Values(std::pair(240, 320), std::pair(320, 240),
-                                         std::pair(480, 640), std::pair(640, 480)));
+                         testing::Values(std::pair(176, 220), std::pair(240, 320),
+                                         std::pair(320, 240), std::pair(480, 640),
+                                         std::pair(640, 480)));
 
 TEST_F(PathPictures, MatchWithBars) {
   Open(240, 320);

@@ -186,9 +186,10 @@ TEST_F(PathTest, IsNotDrawnForPointsOnOneLongitude) {
 }
 
 TEST_F(PathTest, IsNotDrawnWhereThereIsNoRoomForIt) {
-  // The texts take 110 of the rows and the border 2: an area of 9, then of 10.
-  for (const auto& [height, isDrawn] : {std::pair(121, false), std::pair(122, true)}) {
-    OpenDiagonal(120, height);
+  // The texts take 88 of the rows (two by 31, 20 for the speed, 6 between them) and the border 2: an
+  // area of 9, then of 10.
+  for (const auto& [height, isDrawn] : {std::pair(99, false), std::pair(100, true)}) {
+    OpenDiagonal(90, height);
     EXPECT_EQ(isDrawn, EndMark() != NOWHERE) << height;
     Unload();
   }
