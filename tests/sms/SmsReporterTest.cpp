@@ -266,6 +266,28 @@ TEST_F(SmsReporterTest, PlaceholdersMayTouch) {
   EXPECT_EQ(MessageFrom("%Speed%%Altitude%%Speed%"), "50.07.0050.0");
 }
 
+/// Of two that share a sign the one that comes first in this order is replaced, wherever it stands.
+TEST_F(SmsReporterTest, PlaceholdersAreReplacedInTheirOrder) {
+  fix.latitude = 5530.5F;
+  fix.longitude = -1131.25F;
+  fix.altitude = 7;
+  fix.speedKmh = 50;
+  fix.course = 84;
+  EXPECT_EQ(MessageFrom("%Latitude%Longitude%"), "55.305000Longitude%");
+  EXPECT_EQ(MessageFrom("%Longitude%Latitude%"), "%Longitude55.305000");
+  EXPECT_EQ(MessageFrom("%Longitude%Altitude%"), "-11.312500Altitude%");
+  EXPECT_EQ(MessageFrom("%Altitude%Longitude%"), "%Altitude-11.312500");
+  EXPECT_EQ(MessageFrom("%Altitude%Speed%"), "7.00Speed%");
+  EXPECT_EQ(MessageFrom("%Speed%Altitude%"), "%Speed7.00");
+  EXPECT_EQ(MessageFrom("%Speed%Azimuth%"), "50.0Azimuth%");
+  EXPECT_EQ(MessageFrom("%Azimuth%Speed%"), "%Azimuth50.0");
+  EXPECT_EQ(MessageFrom("%Azimuth%Time%"), "84Time%");
+  EXPECT_EQ(MessageFrom("%Time%Azimuth%"), "%Time84");
+  EXPECT_EQ(MessageFrom("%Time%GoogleMaps%"), "0:0:0GoogleMaps%");
+  EXPECT_EQ(MessageFrom("%GoogleMaps%Time%"), "%GoogleMaps0:0:0");
+  EXPECT_EQ(MessageFrom("%Speed%Time%"), "50.0Time%");
+}
+
 TEST_F(SmsReporterTest, MissingValuesAreNotAvailable) {
   EXPECT_EQ(MessageFrom("%Latitude% %Longitude% %Altitude% %Speed% %Azimuth%"),
             "N/A N/A N/A N/A N/A");
