@@ -36,6 +36,14 @@ TEST_F(TextTest, DescribesTheFontAsAsked) {
   EXPECT_EQ(-1290, description.lfOrientation);
   EXPECT_EQ(400, description.lfWeight);
   EXPECT_EQ(0, description.lfWidth);
+  EXPECT_EQ(0, description.lfItalic);
+  EXPECT_EQ(0, description.lfUnderline);
+  EXPECT_EQ(0, description.lfStrikeOut);
+  EXPECT_EQ(0, description.lfCharSet);
+  EXPECT_EQ(0, description.lfOutPrecision);
+  EXPECT_EQ(0, description.lfClipPrecision);
+  EXPECT_EQ(0, description.lfQuality);
+  EXPECT_EQ(0, description.lfPitchAndFamily);
   EXPECT_EQ(TEXT("Times New Roman"), WideString(description.lfFaceName));
   DeleteObject(font);
 }
