@@ -59,6 +59,15 @@ TEST_F(CanvasTest, KeepsItsBuffersFromFrameToFrame) {
   EXPECT_EQ(objects, handheld::GdiObjectsAlive());
 }
 
+TEST_F(CanvasTest, KeepsWhatWasPresentedUntilItIsPresentedAnew) {
+  Open(240, 320);
+  SetPixel(theCanvas.GetPresentDC(), 3, 4, RED);
+  theCanvas.BeginFrame(window);
+  EXPECT_EQ(RED, GetPixel(theCanvas.GetPresentDC(), 3, 4));
+  theCanvas.FlushToWindow();
+  EXPECT_EQ(RED, WindowAt(3, 4));
+}
+
 TEST_F(CanvasTest, MakesNewBuffersForAnotherSizeAndFreesTheOld) {
   Open(240, 320);
   const int objects = handheld::GdiObjectsAlive();
@@ -187,6 +196,18 @@ TEST_F(CanvasTest, DrawsACircleOfRadiusOneAsFourPixels) {
   EXPECT_EQ((std::set<Point>{{0, 1}, {0, -1}, {1, 0}, {-1, 0}}), Circle(*this, 1));
 }
 
+/// The pixels and their mirror images in both axes.
+std::set<Point> Mirrored(std::initializer_list<Point> quarter) {
+  std::set<Point> points;
+  for (const Point& point : quarter) {
+    for (const int x : {point.first, -point.first}) {
+      points.insert({x, point.second});
+      points.insert({x, -point.second});
+    }
+  }
+  return points;
+}
+
 TEST_F(CanvasTest, WalksACircleOfRadiusThree) {
   Open(240, 320);
   // i j  e   plots      because
@@ -196,15 +217,34 @@ TEST_F(CanvasTest, WalksACircleOfRadiusThree) {
   // 3 2  4  (3, 2)   2(4 - 3) - 1 = 1: down, t = 2, e += 1 - 2
   // 3 1  3  (3, 1)   2(3 - 3) - 1 = -1: both, e += 2(4 - 1)
   // 4 0  9  (4, 0)   2(9 - 4) - 1 = 9: down, j = -1
-  std::set<Point> expected;
-  for (const Point& point :
-       {Point(0, 3), Point(1, 3), Point(2, 2), Point(3, 2), Point(3, 1), Point(4, 0)}) {
-    for (const int x : {point.first, -point.first}) {
-      expected.insert({x, point.second});
-      expected.insert({x, -point.second});
-    }
-  }
+  const auto expected = Mirrored({{0, 3}, {1, 3}, {2, 2}, {3, 2}, {3, 1}, {4, 0}});
   EXPECT_EQ(expected, Circle(*this, 3));
+}
+
+TEST_F(CanvasTest, WalksACircleOfRadiusTen) {
+  Open(240, 320);
+  //  i  j   e  plots     because
+  //  0 10 -18  (0, 10)   2(-18 + 10) - 1 = -17: across, e += 3
+  //  1 10 -15  (1, 10)   2(-15 + 10) - 1 = -11: across, e += 5
+  //  2 10 -10  (2, 10)   2(-10 + 10) - 1 = -1: across, e += 7
+  //  3 10  -3  (3, 10)   2(-3 + 10) - 1 = 13: both, e += 2(4 - 10)
+  //  4  9 -15  (4, 9)    2(-15 + 9) - 1 = -13: across, e += 11
+  //  5  9  -4  (5, 9)    2(-4 + 9) - 1 = 9: both, e += 2(6 - 9)
+  //  6  8 -10  (6, 8)    2(-10 + 8) - 1 = -5: across, e += 15
+  //  7  8   5  (7, 8)    2(5 - 7) - 1 = -5: both, e += 2(8 - 8)
+  //  8  7   5  (8, 7)    2(5 - 8) - 1 = -7: both, e += 2(9 - 7)
+  //  9  6   9  (9, 6)    2(9 - 9) - 1 = -1: both, e += 2(10 - 6)
+  // 10  5  17  (10, 5)   2(17 - 10) - 1 = 13: down, t = 8, e += 1 - 8
+  // 10  4  10  (10, 4)   2(10 - 10) - 1 = -1: both, e += 2(11 - 4)
+  // 11  3  24  (11, 3)   2(24 - 11) - 1 = 25: down, t = 4, e += 1 - 4
+  // 11  2  21  (11, 2)   2(21 - 11) - 1 = 19: down, t = 2, e += 1 - 2
+  // 11  1  20  (11, 1)   2(20 - 11) - 1 = 17: down, t = 0, e += 1
+  // 11  0  21  (11, 0)   2(21 - 11) - 1 = 19: down, j = -1
+  const auto expected =
+      Mirrored({Point(0, 10), Point(1, 10), Point(2, 10), Point(3, 10), Point(4, 9), Point(5, 9),
+                Point(6, 8), Point(7, 8), Point(8, 7), Point(9, 6), Point(10, 5), Point(10, 4),
+                Point(11, 3), Point(11, 2), Point(11, 1), Point(11, 0)});
+  EXPECT_EQ(expected, Circle(*this, 10));
 }
 
 TEST_F(CanvasTest, DrawsNoCircleForANegativeRadius) {
@@ -238,8 +278,13 @@ TEST_F(CanvasTest, DrawsARectangleWithItsFrame) {
 TEST_F(CanvasTest, RoundsTheCornersOfARectangle) {
   Open(240, 320);
   theCanvas.DrawRoundRect(RED, 1, GREEN, 10, 20, 30, 40);
-  EXPECT_EQ(BLACK, At(10, 20));
+  // A corner of 3 x 3 lacks its outermost pixel and no other.
+  for (const Point& corner : {Point(10, 20), Point(29, 20), Point(10, 39), Point(29, 39)}) {
+    EXPECT_EQ(BLACK, At(corner.first, corner.second));
+  }
+  EXPECT_EQ(20 * 20 - 4, CountInk());
   EXPECT_EQ(RED, At(20, 20));
+  EXPECT_EQ(GREEN, At(11, 21));
   EXPECT_EQ(GREEN, At(20, 30));
   const int ink = CountInk();
   theCanvas.FillBackground(BLACK);
