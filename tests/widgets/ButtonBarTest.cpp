@@ -43,6 +43,19 @@ class ButtonBarTest : public ViewTest {
     return frames;
   }
 
+  /// Of the bar's button over a black frame.
+  int DrawnBrightness() {
+    theCanvas.FillBackground(RGB(0, 0, 0));
+    theCanvas.PresentTransformed();
+    DrawBar();
+    int sum = 0;
+    for (int x = 5; x < 55; ++x) {
+      sum += GetGValue(GetPixel(theCanvas.GetPresentDC(), x, 26)) +
+             GetRValue(GetPixel(theCanvas.GetPresentDC(), x, 26));
+    }
+    return sum;
+  }
+
   ButtonBar bar{BarSide::TOP};
 };
 
@@ -132,20 +145,20 @@ TEST_F(ButtonBarTest, KnowsNoButtonOutOfRange) {
 }
 
 TEST_F(ButtonBarTest, DrawsPressedButtonsAtFullStrength) {
-  theCanvas.FillBackground(RGB(0, 0, 0));
-  const auto brightness = [&] {
-    theCanvas.PresentTransformed();
-    DrawBar();
-    int sum = 0;
-    for (int x = 5; x < 55; ++x) {
-      sum += GetGValue(GetPixel(theCanvas.GetPresentDC(), x, 26)) +
-             GetRValue(GetPixel(theCanvas.GetPresentDC(), x, 26));
-    }
-    return sum;
-  };
-  const int released = brightness();
+  const int released = DrawnBrightness();
   bar.Press(0);
-  EXPECT_GT(brightness(), released);
+  EXPECT_GT(DrawnBrightness(), released);
+}
+
+TEST_F(ButtonBarTest, DrawsItsLastFramesFainter) {
+  const int full = DrawnBrightness();
+  ASSERT_GT(full, 0);
+  for (int countdown = 7; countdown >= 4; --countdown) {
+    EXPECT_EQ(full, DrawnBrightness()) << countdown;
+  }
+  for (int countdown = 3; countdown >= 0; --countdown) {
+    EXPECT_NEAR(countdown / 4.0, double(DrawnBrightness()) / full, 0.05) << countdown;
+  }
 }
 
 }  // namespace
