@@ -30,11 +30,11 @@ class WidgetTest : public ViewTest {
     return TakePosted();
   }
 
-  Codes Swipe(POINT from, POINT to) {
+  Codes Swipe(HWND touched, POINT from, POINT to) {
     ShowBars(FULL_SCREEN_SPEED, false);
-    ::OnMouseDown(window, from.x, from.y);
-    ::OnMouseMove(window, to.x, to.y);
-    ::OnMouseUp(window, to.x, to.y);
+    ::OnMouseDown(touched, from.x, from.y);
+    ::OnMouseMove(touched, to.x, to.y);
+    ::OnMouseUp(touched, to.x, to.y);
     return TakePosted();
   }
 };
@@ -82,6 +82,12 @@ TEST_F(WidgetTest, PostsTheCodesOfTheButtonsInLandscape) {
   EXPECT_EQ(Codes{7}, Tap(294, 150));
   EXPECT_EQ(Codes{8}, Tap(294, 90));
   EXPECT_EQ(Codes{1}, Tap(294, 30));
+}
+
+TEST_F(WidgetTest, TakesASquareWindowForAnUprightOne) {
+  OpenAttached(240, 240);
+  EXPECT_EQ(Codes{6}, Tap(210, 26));
+  EXPECT_EQ(Codes{1}, Tap(30, 214));
 }
 
 TEST_F(WidgetTest, PostsTheEnginesMessageToTheHost) {
@@ -179,6 +185,19 @@ TEST_F(WidgetTest, DrawsAPressedButtonAtOnceAndReleasesIt) {
   EXPECT_EQ(released, Shown().rows);
 }
 
+TEST_F(WidgetTest, PresentsAnewWhenTheFingerIsLifted) {
+  OpenAttached(240, 320);
+  Draw(FULL_SCREEN_SPEED);
+  ShowBars(FULL_SCREEN_SPEED, true);
+  ::OnMouseDown(window, 120, 200);
+  const auto withBars = Shown().rows;
+  ::OnDoubleClick();
+  EXPECT_EQ(withBars, Shown().rows);
+  // No button was pressed, so no redraw comes of it.
+  ::OnMouseUp(window, 120, 200);
+  EXPECT_NE(withBars, Shown().rows);
+}
+
 struct SwipeCase {
   const char* name;
   POINT from, to;
@@ -189,7 +208,7 @@ class Swipes : public WidgetTest, public testing::WithParamInterface<SwipeCase> 
 
 TEST_P(Swipes, PostTheirDirection) {
   OpenAttached(240, 320);
-  EXPECT_EQ(GetParam().expected, Swipe(GetParam().from, GetParam().to)) << GetParam().name;
+  EXPECT_EQ(GetParam().expected, Swipe(window, GetParam().from, GetParam().to)) << GetParam().name;
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -202,6 +221,18 @@ INSTANTIATE_TEST_SUITE_P(
                     SwipeCase{"further down than across", {20, 20}, {200, 300}, {}},
                     SwipeCase{"nearly as far up as across", {20, 270}, {200, 91}, {1}},
                     SwipeCase{"a tap", {120, 160}, {120, 160}, {}}));
+
+TEST_F(WidgetTest, MeasuresASwipeByTheWindowThatItIsMadeIn) {
+  OpenAttached(240, 320);
+  // Half of the render window is 120.
+  for (const auto& [width, distance, expected] :
+       {std::tuple(100, 51, Codes{1}), std::tuple(480, 141, Codes{})}) {
+    const HWND touched = CreateWindowExW(0, TEXT("ViewTest"), TEXT(""), WS_VISIBLE, 0, 0, width,
+                                         320, nullptr, nullptr, nullptr, nullptr);
+    EXPECT_EQ(expected, Swipe(touched, {20, 160}, {20 + distance, 160})) << width;
+    DestroyWindow(touched);
+  }
+}
 
 TEST_F(WidgetTest, AButtonUnderTheFingersEndCountsMoreThanASwipe) {
   OpenAttached(240, 320);
