@@ -38,6 +38,19 @@ class PathTest : public ViewTest {
     second += 10;
   }
 
+  /// Points without a position. A track takes none, so they lose it once they are there.
+  void AddUnknown() {
+    for (const auto& [latitude, longitude] :
+         {std::pair(5545.0F, MISSING_FLOAT), std::pair(MISSING_FLOAT, 3737.0F),
+          std::pair(MISSING_FLOAT, MISSING_FLOAT)}) {
+      Add(5545, 3737);
+      const TrackStore& track = engine->fix->track;
+      auto* point = const_cast<TrackPoint*>(track.GetPoint(track.GetPointCount() - 1));
+      point->latitude = latitude;
+      point->longitude = longitude;
+    }
+  }
+
   /// With a track from the lower left to the upper right.
   void OpenDiagonal(int width = 240, int height = 320, int dpi = 96) {
     Open(width, height, dpi);
@@ -276,6 +289,19 @@ TEST_F(PathTest, CentresOnceThereIsAPath) {
   EXPECT_EQ((Pixel{120, 105}), EndMark());
 }
 
+TEST_F(PathTest, EndsAtTheLastPointWithAPosition) {
+  OpenDiagonal();
+  AddUnknown();
+  EXPECT_EQ((Pixel{216, 9}), EndMark());
+}
+
+TEST_F(PathTest, CentresOnTheLastPointWithAPosition) {
+  OpenDiagonal();
+  AddUnknown();
+  TapCenter();
+  EXPECT_EQ((Pixel{120, 105}), EndMark());
+}
+
 TEST_F(PathTest, PostsTheCodesOfItsButtonsInPortrait) {
   OpenDiagonal();
   EXPECT_EQ(Codes{2}, Tap(210, 294));
@@ -369,6 +395,15 @@ TEST_F(PathTest, CatchesUpWithAFingerThatComesBack) {
   ViewTest::Draw(PATH);
   Drag({{100, 180}, {100, 250}, {90, 190}});
   EXPECT_EQ((Pixel{206, 19}), EndMark());
+}
+
+TEST_F(PathTest, FollowsAFingerThatComesInFromItsTexts) {
+  OpenDiagonal(320, 240);
+  ShowBars(PATH, false);
+  const Pixel end = EndMark();
+  // All the way from where the finger went down, beside the area.
+  Drag({{310, 100}, {300, 90}, {190, 110}});
+  EXPECT_EQ((Pixel{end.x - 120, end.y + 10}), EndMark());
 }
 
 TEST_F(PathTest, TakesADragForNoSwipe) {
