@@ -30,8 +30,8 @@ class FullScreenSpeedTest : public ViewTest {
   }
 
   /// The frame after an update, without buttons.
-  std::vector<std::uint32_t> FrameFor(double kmh) {
-    Drive("120000", kmh);
+  std::vector<std::uint32_t> FrameFor(double kmh, const std::string& time = "120000") {
+    Drive(time, kmh);
     SetSatellites(0);
     ShowBars(FULL_SCREEN_SPEED, false);
     Draw(FULL_SCREEN_SPEED);
@@ -110,6 +110,18 @@ TEST_F(FullScreenSpeedTest, PutsTheClockBetweenTheIcons) {
   EXPECT_LE(bounds.bottom, 48);
   EXPECT_GT(bounds.right, bounds.left);
   EXPECT_NEAR(120, (bounds.left + bounds.right) / 2, 6);
+}
+
+TEST_F(FullScreenSpeedTest, GivesTheClockThePlaceOfABatteryWhoseStateIsUnknown) {
+  handheld::SetBatteryFailing(true);
+  Open(240, 320);
+  FrameFor(50, "200002");
+  // 48 to 240. Size 45, the largest that is no higher than the icon, is 162 wide, too wide for the
+  // 144 beside a battery: from (240 - 162 + 48) / 2 = 63 to 225.
+  const RECT bounds = Bounds(TIME_COLOR, 0);
+  EXPECT_NEAR(63, bounds.left, 6);
+  EXPECT_NEAR(225, bounds.right, 6);
+  EXPECT_LE(bounds.bottom, 48);
 }
 
 TEST_F(FullScreenSpeedTest, ShrinksTheClockToFiveWithoutIcons) {
