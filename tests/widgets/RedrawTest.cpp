@@ -2,6 +2,10 @@
 
 #include <ferolin.h>
 
+#include <atomic>
+#include <functional>
+#include <utility>
+
 #include "ViewTest.h"
 #include "render/Canvas.h"
 
@@ -9,15 +13,50 @@ namespace ferolin {
 
 namespace {
 
-class RedrawTest : public ViewTest {
- protected:
-  RedrawTest() {
-    Open(240, 320);
-    Drive("120000", 50);
-    engine->curRenderWidget = FULL_SCREEN_SPEED;
-    Redraw();
-  }
+constexpr int NO_PRIORITY = -1;
 
+/// Called once, when the next thread is about to be started.
+std::function<void()> beforeNextThread;
+/// The thread started last, and what priority it was given.
+std::atomic<HANDLE> lastThread = nullptr;
+std::atomic<int> lastPriority = NO_PRIORITY;
+/// Threads that were given a priority so far: only those that redraw are.
+std::atomic<int> redraws = 0;
+
+}  // namespace
+
+// The linker sends the program's calls through here; the names are its.
+extern "C" {
+
+HANDLE WINAPI __real_CreateThread(SECURITY_ATTRIBUTES* attributes, DWORD stackSize,
+                                  LPTHREAD_START_ROUTINE procedure, LPVOID argument, DWORD flags,
+                                  LPDWORD threadId);
+BOOL WINAPI __real_SetThreadPriority(HANDLE thread, int priority);
+
+HANDLE WINAPI __wrap_CreateThread(SECURITY_ATTRIBUTES* attributes, DWORD stackSize,
+                                  LPTHREAD_START_ROUTINE procedure, LPVOID argument, DWORD flags,
+                                  LPDWORD threadId) {
+  if (beforeNextThread) {
+    std::exchange(beforeNextThread, nullptr)();
+  }
+  lastPriority = NO_PRIORITY;
+  lastThread = __real_CreateThread(attributes, stackSize, procedure, argument, flags, threadId);
+  return lastThread;
+}
+
+BOOL WINAPI __wrap_SetThreadPriority(HANDLE thread, int priority) {
+  ++redraws;
+  if (thread == lastThread) {
+    lastPriority = priority;
+  }
+  return __real_SetThreadPriority(thread, priority);
+}
+}
+
+namespace {
+
+class Redrawing : public ViewTest {
+ protected:
   void Redraw() {
     engine->RequestRedraw();
     engine->StopCallBack();
@@ -31,6 +70,16 @@ class RedrawTest : public ViewTest {
     ::OnMouseDown(window, 210, 26);
     ::OnMouseUp(window, 210, 26);
     return !TakePosted().empty();
+  }
+};
+
+class RedrawTest : public Redrawing {
+ protected:
+  RedrawTest() {
+    Open(240, 320);
+    Drive("120000", 50);
+    engine->curRenderWidget = FULL_SCREEN_SPEED;
+    Redraw();
   }
 
   /// What the view drew last: touches alone do not change it.
@@ -110,12 +159,60 @@ TEST_F(RedrawTest, LeavesTheButtonsOfTheSameViewHidden) {
 TEST_F(RedrawTest, RemembersAViewThatWasHiddenWhenItsTurnCame) {
   ShowBars(SPEEDOMETER, false);
   engine->curRenderWidget = SPEEDOMETER;
+  const std::uint64_t version = Version();
+  beforeNextThread = [&] { ShowWindow(window, SW_HIDE); };
+  Redraw();
+  EXPECT_EQ(version, Version()) << "nothing to be seen, nothing drawn";
+  ShowWindow(window, SW_SHOW);
+  Redraw();
+  EXPECT_NE(version, Version());
+  EXPECT_FALSE(HasButtons());
+}
+
+TEST_F(RedrawTest, ShowsTheButtonsOfAViewThatIsComeBackTo) {
+  engine->curRenderWidget = SPEEDOMETER;
   Redraw();
   engine->curRenderWidget = FULL_SCREEN_SPEED;
   ShowBars(FULL_SCREEN_SPEED, false);
   Redraw();
-  EXPECT_TRUE(HasButtons()) << "back again";
+  EXPECT_TRUE(HasButtons());
 }
+
+TEST_F(RedrawTest, RunsAtTheLowestPriority) {
+  constexpr int LOWEST = 5;
+  engine->RequestRedraw();
+  EXPECT_EQ(LOWEST, lastPriority);
+}
+
+class FirstRedraw : public Redrawing, public testing::WithParamInterface<int> {
+ protected:
+  FirstRedraw() {
+    Open(240, 320);
+    Drive("120000", 50);
+    engine->curRenderWidget = GetParam();
+    ForgetTheLastView();
+  }
+
+  /// Tests that ran before in this process have drawn views: now none was the last one.
+  void ForgetTheLastView() {
+    if (redraws > 0) {
+      beforeNextThread = [&] { engine->curRenderWidget = -1; };
+      Redraw();
+      engine->curRenderWidget = GetParam();
+    }
+  }
+};
+
+TEST_P(FirstRedraw, ShowsTheButtonsAlsoWhenTheyWereHiddenBefore) {
+  ::OnDoubleClick();
+  EXPECT_FALSE(HasButtons());
+  Redraw();
+  EXPECT_TRUE(HasButtons());
+}
+
+INSTANTIATE_TEST_SUITE_P(Views, FirstRedraw,
+                         testing::Values(SPEEDOMETER, FULL_SCREEN_SPEED, SATELLITES, PATH,
+                                         SPEED_CHART));
 
 TEST_F(RedrawTest, FollowsAReleasedButtonButNoOtherTouch) {
   ShowBars(FULL_SCREEN_SPEED, true);
