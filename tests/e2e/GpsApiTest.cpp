@@ -1,5 +1,7 @@
 // Positions that come through the platform's GPS API instead of the serial port.
 
+#include <chrono>
+
 #include "EngineTest.h"
 
 namespace e2e {
@@ -81,6 +83,18 @@ TEST_F(GpsApi, PositionsAreAskedForAgainAndAgain) {
   EXPECT_EQ("37.0 km/h", engine->SensorValue(SPEED));
 }
 
+TEST_F(GpsApi, APositionIsAskedForOnceASecondAtMost) {
+  using namespace std::chrono_literals;
+  device->InstallGpsLibrary();
+  device->SetGpsPosition(MakePosition());
+  device->SetTimeRate(10);
+  const auto start = std::chrono::steady_clock::now();
+  StartApi();
+  EXPECT_EQ(6U, WaitForUpdates(6));
+  // Five pauses of a second, ten times as fast, as a coarse clock may cut them short.
+  EXPECT_LE(400ms, std::chrono::steady_clock::now() - start);
+}
+
 TEST_F(GpsApi, WithoutAFixThereIsNoPosition) {
   device->InstallGpsLibrary();
   GPS_POSITION position = MakePosition();
@@ -109,6 +123,29 @@ TEST_F(GpsApi, EveryRunStartsAndStopsTheLibrary) {
   Unload();
   EXPECT_EQ((std::vector<std::string>{"StartGPSAPI", "StopGPSAPI", "StartGPSAPI", "StopGPSAPI"}),
             device->GetGpsCalls());
+}
+
+TEST_F(GpsApi, AStartedReaderOnlyGetsANewWindow) {
+  device->InstallGpsLibrary();
+  StartApi();
+  HostWindow second;
+  EXPECT_EQ(1, engine->StartCallBack(second.Get()));
+  EXPECT_EQ(1U, second.WaitFor(engine->GetWndMessageID(), 1).size());
+  EXPECT_EQ(std::vector<std::string>{"StartGPSAPI"}, device->GetGpsCalls());
+}
+
+TEST_F(GpsApi, AChoiceForAStoppedEngineStartsNoReader) {
+  device->InstallGpsLibrary();
+  Load();
+  EXPECT_EQ(1, engine->SetComPortName(TEXT("COM1")));
+  EXPECT_EQ(1, engine->SetUseGPSAPI(1));
+  EXPECT_EQ(std::vector<std::string>{}, device->GetGpsCalls());
+  StartApi();
+  engine->StopCallBack();
+  const std::vector<std::string> calls = device->GetGpsCalls();
+  EXPECT_EQ(1, engine->SetComPortName(TEXT("COM2")));
+  EXPECT_EQ(1, engine->SetUseGPSAPI(1));
+  EXPECT_EQ(calls, device->GetGpsCalls());
 }
 
 }  // namespace
