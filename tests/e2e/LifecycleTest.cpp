@@ -92,6 +92,10 @@ TEST_F(Lifecycle, LeavesNoHandleOpen) {
     Start();
     EXPECT_EQ(1U, Send(Rmc("120000", "A", "10.0")));
     engine->SetComPortName(TEXT("COM9"));  // not there: its reader ends by itself
+    for (int start = 0; start < 5; ++start) {
+      Sleep(100);
+      EXPECT_EQ(1, engine->StartCallBack(host->Get()));
+    }
     engine->SetComPortName(TEXT("COM1"));
     Unload();
   }
