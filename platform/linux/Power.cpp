@@ -6,6 +6,7 @@
 
 #include "BatteryFlags.h"
 #include "Handles.h"
+#include "History.h"
 #include "IdleInhibitor.h"
 #include "LastError.h"
 #include "PowerSupply.h"
@@ -25,7 +26,9 @@ struct Power {
   std::mutex mutex;
   std::optional<SYSTEM_POWER_STATUS_EX> chosenStatus;
   bool isBatteryFailing = false;
+  bool isRequirementFailing = false;
   bool isReleaseFailing = false;
+  History<PowerRequest> requests;
   int held = 0;
   int taken = 0;
   int idleResets = 0;
@@ -71,6 +74,17 @@ const SYSTEM_POWER_STATUS_EX& MachineStatus(Power& power) {
   return power.reading;
 }
 
+HANDLE Require(const PowerRequest& request) {
+  ThePower().requests.Add(request);
+  {
+    const std::lock_guard lock(ThePower().mutex);
+    if (ThePower().isRequirementFailing) {
+      return Fail<HANDLE>(ERROR_GEN_FAILURE, nullptr);
+    }
+  }
+  return HandleTable::Instance().Add(std::make_shared<PowerRequirement>());
+}
+
 DWORD Release(HANDLE requirement) {
   HandleTable& table = HandleTable::Instance();
   if (table.Find<PowerRequirement>(requirement) == nullptr) {
@@ -98,9 +112,18 @@ void SetBatteryFailing(bool failing) {
   ThePower().isBatteryFailing = failing;
 }
 
+void SetPowerRequirementFailing(bool failing) {
+  const std::lock_guard lock(ThePower().mutex);
+  ThePower().isRequirementFailing = failing;
+}
+
 void SetPowerReleaseFailing(bool failing) {
   const std::lock_guard lock(ThePower().mutex);
   ThePower().isReleaseFailing = failing;
+}
+
+std::vector<PowerRequest> PowerRequests() {
+  return ThePower().requests.All();
 }
 
 int PowerRequirementsHeld() {
@@ -149,7 +172,7 @@ HANDLE WINAPI SetPowerRequirement(LPVOID device, CEDEVICE_POWER_STATE state, ULO
     if (!isNamed || state < D0 || state >= PwrDeviceMaximum) {
       return Fail<HANDLE>(ERROR_INVALID_PARAMETER, nullptr);
     }
-    return HandleTable::Instance().Add(std::make_shared<PowerRequirement>());
+    return Require({WideText(static_cast<LPCWSTR>(device)), state});
   });
 }
 

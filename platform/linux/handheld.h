@@ -3,6 +3,7 @@
 // called from any thread.
 #pragma once
 
+#include <pm.h>
 #include <windows.h>
 
 #include <cstdint>
@@ -56,8 +57,17 @@ void SetTimeZone(const char* zone);
 /// asked every two seconds at most). Without a battery the flag is 128 and the percentage 255.
 void SetBattery(BYTE flag, BYTE percent);
 void SetBatteryFailing(bool failing);
+/// Makes SetPowerRequirement fail (true) or succeed (false).
+void SetPowerRequirementFailing(bool failing);
 /// Makes ReleasePowerRequirement fail (true) or succeed (false).
 void SetPowerReleaseFailing(bool failing);
+struct PowerRequest {
+  std::u16string device;
+  CEDEVICE_POWER_STATE state;
+};
+/// Devices and states that SetPowerRequirement was asked for so far, also in vain, in order: the
+/// latest 65536 of them.
+std::vector<PowerRequest> PowerRequests();
 /// Number of power requirements now held, and ever taken. While one is held, logind (when there is
 /// one) is asked to keep the machine from idling.
 int PowerRequirementsHeld();

@@ -128,6 +128,24 @@ TEST(PowerRequirements, StayHeldWhenReleasingFails) {
   EXPECT_EQ(ERROR_SUCCESS, ReleasePowerRequirement(requirement));
 }
 
+TEST(PowerRequirements, AreRememberedAsTheyWereAskedForAlsoInVain) {
+  const std::size_t before = handheld::PowerRequests().size();
+  const HANDLE requirement = HoldBacklight();
+  handheld::SetPowerRequirementFailing(true);
+  char16_t name[] = u"COM1:";
+  EXPECT_EQ(nullptr, SetPowerRequirement(name, D2, POWER_NAME, nullptr, 0));
+  handheld::SetPowerRequirementFailing(false);
+  EXPECT_EQ(1, handheld::PowerRequirementsHeld());
+
+  const std::vector<handheld::PowerRequest> requests = handheld::PowerRequests();
+  ASSERT_EQ(before + 2, requests.size());
+  EXPECT_EQ(u"BKL1:", requests[before].device);
+  EXPECT_EQ(D0, requests[before].state);
+  EXPECT_EQ(u"COM1:", requests[before + 1].device);
+  EXPECT_EQ(D2, requests[before + 1].state);
+  EXPECT_EQ(ERROR_SUCCESS, ReleasePowerRequirement(requirement));
+}
+
 TEST(PowerRequirements, NeedANamedDeviceAndAState) {
   char16_t name[] = u"BKL1:";
   EXPECT_EQ(nullptr, SetPowerRequirement(nullptr, D0, POWER_NAME, nullptr, 0));
