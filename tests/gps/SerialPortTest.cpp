@@ -79,6 +79,19 @@ TEST_F(SerialPortTest, OpenPortIsNotShared) {
   EXPECT_EQ(OpenSerialPort("COM7"), INVALID_HANDLE_VALUE);
 }
 
+TEST_F(SerialPortTest, OpenPortIsNotLentToReadersEither) {
+  const testing_support::TempFolder folder;
+  // On this home no port is ever lent, whatever was asked for; a file of such a name is lent as asked for.
+  folder.Write("file:", "");
+  port = OpenSerialPort(handheld::Utf8FromWide(folder.DevicePath("file")));
+  ASSERT_NE(port, INVALID_HANDLE_VALUE);
+  constexpr DWORD FILE_SHARE_WRITE = 2;
+  EXPECT_EQ(CreateFileW(folder.DevicePath("file:").c_str(), GENERIC_READ,
+                        FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                        FILE_ATTRIBUTE_NORMAL, nullptr),
+            INVALID_HANDLE_VALUE);
+}
+
 TEST_F(SerialPortTest, OpenPortIsRead) {
   Open();
   ASSERT_EQ(write(receiver, "$A\r\n", 4), 4);
