@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 #include <handheld.h>
+#include <sys/stat.h>
 
+#include "Fonts.h"
 #include "engine/Engine.h"
+#include "support/TempFolder.h"
 
 namespace ferolin {
 
@@ -13,10 +16,38 @@ constexpr const char* ACCEPTED = "$GPRMC,120000,A,4807.038,N,01131.000,E,10.0,08
 
 class UpdateCycle : public testing::Test {
  protected:
-  ~UpdateCycle() override { handheld::SetPowerReleaseFailing(false); }
+  ~UpdateCycle() override {
+    handheld::SetPowerRequirementFailing(false);
+    handheld::SetPowerReleaseFailing(false);
+  }
 
   Engine engine;
 };
+
+TEST_F(UpdateCycle, HoldsTheBacklightAtFullPower) {
+  const std::size_t before = handheld::PowerRequests().size();
+  engine.alwaysTurnOn = 1;
+  engine.OnUpdate(ACCEPTED);
+  const std::vector<handheld::PowerRequest> requests = handheld::PowerRequests();
+  ASSERT_EQ(before + 1, requests.size());
+  EXPECT_EQ(u"BKL1:", requests[before].device);
+  EXPECT_EQ(D0, requests[before].state);
+  engine.alwaysTurnOn = 0;
+  engine.OnUpdate(ACCEPTED);
+}
+
+TEST_F(UpdateCycle, AsksOnceForABacklightThatCannotBeHad) {
+  const std::size_t before = handheld::PowerRequests().size();
+  const int resets = handheld::IdleTimerResets();
+  handheld::SetPowerRequirementFailing(true);
+  engine.alwaysTurnOn = 1;
+  engine.OnUpdate(ACCEPTED);
+  handheld::SetPowerRequirementFailing(false);
+  engine.OnUpdate(ACCEPTED);
+  EXPECT_EQ(before + 1, handheld::PowerRequests().size());
+  EXPECT_EQ(0, handheld::PowerRequirementsHeld());
+  EXPECT_EQ(resets + 2, handheld::IdleTimerResets());
+}
 
 TEST_F(UpdateCycle, TriesAFailedBacklightReleaseAgainAtTheNextUpdate) {
   engine.alwaysTurnOn = 1;
@@ -44,6 +75,41 @@ TEST_F(UpdateCycle, KeepsTheBacklightAsItIsForARejectedSentence) {
 TEST_F(UpdateCycle, AttachingANullModuleLoadsNothing) {
   engine.AttachModule(nullptr);
   EXPECT_TRUE(engine.GetModuleDir().empty());
+}
+
+TEST_F(UpdateCycle, HasTheDisplayFontFromAttachToShutdown) {
+  const testing_support::TempFolder folder;
+  folder.Write("lcd-u.ttf", "");
+  handheld::SetModuleDirectory(folder.Path());
+  // Any loaded library will do: it only has to lie in the folder.
+  const HMODULE module = LoadLibraryW(handheld::DevicePath(ANY_LIBRARY).c_str());
+  engine.AttachModule(module);
+  EXPECT_EQ(std::vector<std::string>{folder.Path("lcd-u.ttf")}, handheld::RegisteredFonts());
+  engine.Shutdown();
+  EXPECT_EQ(std::vector<std::string>{}, handheld::RegisteredFonts());
+  FreeLibrary(module);
+  handheld::SetModuleDirectory("");
+}
+
+TEST_F(UpdateCycle, StartsNoReaderOnAPortWithoutSettings) {
+  const testing_support::TempFolder folder;
+  const int handles = handheld::HandlesAlive();
+  ASSERT_EQ(0, mkfifo(folder.Path("pipe").c_str(), 0600));
+  handheld::MapSerialPort("COM7", folder.Path("pipe"));
+  engine.useGpsApi = 0;
+  engine.SetComPortName(TEXT("COM7"));
+  engine.comPortSpeed = 9600;
+  EXPECT_EQ(0, engine.StartReader());
+  EXPECT_FALSE(engine.IsReaderRunning());
+  EXPECT_EQ(handles + 1, handheld::HandlesAlive()) << "the port alone";
+
+  // None are needed for the speed that it has. Nobody else may open the port before it is closed.
+  engine.comPortSpeed = Engine::KEEP_PORT_SPEED;
+  EXPECT_EQ(1, engine.StartReader());
+  EXPECT_TRUE(engine.IsReaderRunning());
+  engine.StopReader();
+  EXPECT_EQ(handles, handheld::HandlesAlive());
+  handheld::MapSerialPort("COM7", "");
 }
 
 }  // namespace
