@@ -1,6 +1,7 @@
 #include "Fonts.h"
 
 #include <algorithm>
+#include <atomic>
 #include <mutex>
 
 #include "LastError.h"
@@ -20,6 +21,7 @@ struct Registration {
 struct Registry {
   std::mutex mutex;
   std::vector<Registration> registrations;
+  std::atomic<std::uint64_t> version = 0;
 
   auto Find(const std::string& path) {
     return std::find_if(registrations.begin(), registrations.end(),
@@ -42,6 +44,7 @@ int Add(LPCWSTR fileName) {
   const auto found = registry.Find(location.path);
   if (found == registry.registrations.end()) {
     registry.registrations.push_back({location.path, 1});
+    ++registry.version;
   } else {
     ++found->count;
   }
@@ -58,6 +61,7 @@ BOOL Remove(LPCWSTR fileName) {
   }
   if (--found->count == 0) {
     registry.registrations.erase(found);
+    ++registry.version;
   }
   return TRUE;
 }
@@ -72,6 +76,10 @@ std::vector<std::string> RegisteredFonts() {
     paths.push_back(entry.path);
   }
   return paths;
+}
+
+std::uint64_t RegisteredFontsVersion() {
+  return TheRegistry().version;
 }
 
 extern "C" {

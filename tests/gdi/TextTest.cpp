@@ -224,4 +224,15 @@ TEST(Text, AddedFontsAreFoundByTheirNameUntilTheyAreRemoved) {
   EXPECT_EQ(FALSE, RemoveFontResourceW(file.c_str()));
 }
 
+TEST(Text, FontsThatAreInUseFollowTheAddedOnes) {
+  const std::u16string file = handheld::DevicePath(ASSETS "/lcd-u.ttf");
+  const Page page(u"LCD", 100);
+  const SIZE without = page.Measure(TEXT("188"));
+  ASSERT_NE(159, without.cx);
+  ASSERT_EQ(1, AddFontResourceW(file.c_str()));
+  EXPECT_EQ(159, page.Measure(TEXT("188")).cx);
+  EXPECT_EQ(TRUE, RemoveFontResourceW(file.c_str()));
+  EXPECT_EQ(without.cx, page.Measure(TEXT("188")).cx);
+}
+
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <memory>
 
@@ -10,10 +11,12 @@
 
 namespace handheld::gdi {
 
+class SizedFont;
+
 enum class ObjectKind { BITMAP, PEN, BRUSH, FONT, REGION, DEVICE_CONTEXT };
 
 /// What all objects have. `selections` and `isDeletePending` belong to the object table and its lock; the rest of an
-/// object never changes after it was made (device contexts apart).
+/// object never changes after it was made (device contexts and what fonts are drawn by apart).
 struct Object {
   explicit Object(ObjectKind objectKind) : kind(objectKind) {}
   virtual ~Object() = default;
@@ -69,6 +72,10 @@ struct Font : Object {
   explicit Font(const LOGFONTW& fontDescription) : Object(KIND), description(fontDescription) {}
 
   const LOGFONTW description;
+
+  /// What draws it, found when it was used first and with these registered fonts. Belongs to FontLock.
+  mutable std::shared_ptr<SizedFont> sized;
+  mutable std::uint64_t fontsVersion = 0;
 };
 
 /// A rectangle; empty ones have all sides 0.

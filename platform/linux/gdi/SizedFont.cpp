@@ -8,6 +8,8 @@
 #include <numbers>
 #include <tuple>
 
+#include "Fonts.h"
+
 #include FT_OUTLINE_H
 #include FT_TRIGONOMETRY_H
 #include FT_TRUETYPE_TABLES_H
@@ -217,7 +219,10 @@ void SizedFont::TakeCoverage(Glyph& glyph, const FT_Bitmap& bitmap) {
   }
 }
 
-std::shared_ptr<SizedFont> FontFor(const LOGFONTW& description) {
+namespace {
+
+/// The same for equal descriptions.
+std::shared_ptr<SizedFont> Find(const LOGFONTW& description) {
   using Key = std::tuple<FontFile, LONG, LONG>;
   static std::map<Key, std::shared_ptr<SizedFont>>& fonts =
       *new std::map<Key, std::shared_ptr<SizedFont>>;
@@ -235,6 +240,17 @@ std::shared_ptr<SizedFont> FontFor(const LOGFONTW& description) {
       std::make_shared<SizedFont>(std::get<0>(key), description.lfHeight, description.lfEscapement);
   fonts.emplace(key, font);
   return font;
+}
+
+}  // namespace
+
+SizedFont& SizedFontOf(const Font& font) {
+  const std::uint64_t version = RegisteredFontsVersion();
+  if (font.sized == nullptr || font.fontsVersion != version) {
+    font.sized = Find(font.description);
+    font.fontsVersion = version;
+  }
+  return *font.sized;
 }
 
 }  // namespace handheld::gdi

@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "FontFiles.h"
+#include "Objects.h"
 
 namespace handheld::gdi {
 
@@ -79,8 +80,8 @@ class SizedFont {
   std::map<char32_t, Glyph> glyphs;
 };
 
-/// The font for a description. Fonts are kept for the next use; all of this belongs to FontLock.
-std::shared_ptr<SizedFont> FontFor(const LOGFONTW& description);
+/// What draws a font. Kept for the next use; all of this belongs to FontLock.
+SizedFont& SizedFontOf(const Font& font);
 
 /// Taken around every use of a font: the fonts of a process share their library.
 std::mutex& FontLock();

@@ -186,8 +186,8 @@ int WINAPI DrawTextW(HDC dc, LPCWSTR text, int length, RECT* rect, UINT format) 
                    : std::u16string_view(text, static_cast<std::size_t>(length));
     const std::vector<Line> lines = SplitLines(whole);
     const std::lock_guard lock(FontLock());
-    const std::shared_ptr<SizedFont> font = FontFor(context->font->description);
-    return isDrawing ? Draw(*context, *font, lines, *rect, format) : Measure(*font, lines, *rect);
+    SizedFont& font = SizedFontOf(*context->font);
+    return isDrawing ? Draw(*context, font, lines, *rect, format) : Measure(font, lines, *rect);
   });
 }
 
