@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+#include "RecordingSms.h"
+
 namespace e2e {
 
 /// A receiver at the far end of a serial line.
@@ -71,7 +73,7 @@ class Device {
   /// Those that are being sent are the last.
   virtual std::vector<Sms> GetSmsSent() const = 0;
   /// As long as it is busy, no message gets further than the first one from now on.
-  virtual void MakeSmsBusy(bool isBusy) = 0;
+  void MakeSmsBusy(bool isBusy) { WriteFile(RECORDING_SMS_BUSY, isBusy ? "busy" : ""); }
 
   /// Makes the sibling library of the GPS API available. It answers the position set last, and none before.
   virtual void InstallGpsLibrary() = 0;

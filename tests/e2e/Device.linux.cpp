@@ -153,15 +153,6 @@ class LinuxDevice : public Device {
     setenv(RECORDING_GPS_FOLDER, folder.c_str(), 1);
   }
 
-  void MakeSmsBusy(bool isBusy) override {
-    const std::string busy = std::string("sms.txt") + RECORDING_SMS_BUSY;
-    if (isBusy) {
-      WriteFile(busy, "");
-    } else {
-      fs::remove(folder / busy);
-    }
-  }
-
   std::vector<Sms> GetSmsSent() const override {
     std::vector<Sms> sent;
     std::ifstream file(folder / "sms.txt");

@@ -159,15 +159,6 @@ class WindowsDevice : public Device {
     _putenv_s(RECORDING_SMS_FILE, (folder / "sms.txt").string().c_str());
   }
 
-  void MakeSmsBusy(bool isBusy) override {
-    const std::string busy = std::string("sms.txt") + RECORDING_SMS_BUSY;
-    if (isBusy) {
-      WriteFile(busy, "");
-    } else {
-      fs::remove(folder / busy);
-    }
-  }
-
   std::vector<Sms> GetSmsSent() const override {
     std::vector<Sms> sent;
     std::ifstream file(folder / "sms.txt");

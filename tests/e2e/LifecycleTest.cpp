@@ -92,6 +92,7 @@ TEST_F(Lifecycle, LeavesNoHandleOpen) {
     Start();
     EXPECT_EQ(1U, Send(Rmc("120000", "A", "10.0")));
     engine->SetComPortName(TEXT("COM9"));  // not there: its reader ends by itself
+    // So does each of these, and leaves what the next one or the end has to close.
     for (int start = 0; start < 5; ++start) {
       Sleep(100);
       EXPECT_EQ(1, engine->StartCallBack(host->Get()));

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <string>
+#include <system_error>
 
 extern "C" void WINAPI SendParlex(LPCWSTR recipient, LPCSTR message) {
   const char* name = std::getenv(RECORDING_SMS_FILE);
@@ -19,7 +19,9 @@ extern "C" void WINAPI SendParlex(LPCWSTR recipient, LPCSTR message) {
     }
     file << '\n' << message << '\n';
   }
-  while (std::filesystem::exists(std::string(name) + RECORDING_SMS_BUSY)) {
+  const auto busy = std::filesystem::path(name).replace_filename(RECORDING_SMS_BUSY);
+  std::error_code notThere;
+  while (std::filesystem::exists(busy, notThere) && !std::filesystem::is_empty(busy, notThere)) {
     Sleep(10);
   }
 }
