@@ -9,6 +9,7 @@
 #include <tuple>
 
 #include "Fonts.h"
+#include "Objects.h"
 
 #include FT_OUTLINE_H
 #include FT_TRIGONOMETRY_H

@@ -15,7 +15,6 @@
 #include <vector>
 
 #include "FontFiles.h"
-#include "Objects.h"
 
 namespace handheld::gdi {
 
@@ -80,7 +79,9 @@ class SizedFont {
   std::map<char32_t, Glyph> glyphs;
 };
 
-/// What draws a font. Kept for the next use; all of this belongs to FontLock.
+struct Font;
+
+/// What draws a font. Kept for the next use; all of this belongs to FontLock, and the answer is good while that is held.
 SizedFont& SizedFontOf(const Font& font);
 
 /// Taken around every use of a font: the fonts of a process share their library.
