@@ -35,6 +35,20 @@ constexpr Text TEXTS[] = {
     {"Distance:", &PathReadouts::distance},
 };
 
+int ColumnWidth(Canvas& canvas, const PathPanel::Ink& ink) {
+  return canvas.MeasureText(ink.style.GetFont(canvas), WIDEST_VALUE).cx + COLUMN_PADDING;
+}
+
+/// Where a portrait frame has no room for two values beside each other, values are as small as their
+/// labels, and the speed as values are elsewhere.
+PathPanel::Inks Fitting(Canvas& canvas, const PathPanel::Inks& inks) {
+  const RECT frame = canvas.GetFrameRect();
+  if (frame.right > frame.bottom || 2 * ColumnWidth(canvas, inks.value) <= frame.right) {
+    return inks;
+  }
+  return {inks.label, {inks.label.style, inks.value.color}, {inks.value.style, inks.speed.color}};
+}
+
 }  // namespace
 
 PathPanel::PathPanel(Canvas& target, const Inks& theInks)
@@ -45,20 +59,6 @@ PathPanel::PathPanel(Canvas& target, const Inks& theInks)
   } else {
     LayOutRows({frame.right, frame.bottom});
   }
-}
-
-int PathPanel::ColumnWidth(Canvas& canvas, const Ink& ink) {
-  return canvas.MeasureText(ink.style.GetFont(canvas), WIDEST_VALUE).cx + COLUMN_PADDING;
-}
-
-/// Where a portrait frame has no room for two values beside each other, values are as small as their
-/// labels, and the speed as values are elsewhere.
-PathPanel::Inks PathPanel::Fitting(Canvas& canvas, const Inks& inks) {
-  const RECT frame = canvas.GetFrameRect();
-  if (frame.right > frame.bottom || 2 * ColumnWidth(canvas, inks.value) <= frame.right) {
-    return inks;
-  }
-  return {inks.label, {inks.label.style, inks.value.color}, {inks.value.style, inks.speed.color}};
 }
 
 int PathPanel::HeightOf(const Ink& ink) const {
@@ -77,8 +77,8 @@ void PathPanel::PlaceItem(Item item, int left, int top) {
 /// One below the other, evenly over the whole height. On small frames the speed is no larger than
 /// the rest: a third of the width is enough for texts.
 void PathPanel::LayOutColumn(SIZE frame) {
-  isSpeedLarge = ColumnWidth(inks.speed) <= frame.cx / LARGEST_PART;
-  const int left = frame.cx - ColumnWidth(isSpeedLarge ? inks.speed : inks.value);
+  isSpeedLarge = ColumnWidth(canvas, inks.speed) <= frame.cx / LARGEST_PART;
+  const int left = frame.cx - ColumnWidth(canvas, isSpeedLarge ? inks.speed : inks.value);
   int height = 0;
   for (const Item item : ITEMS) {
     height += ItemHeight(item);
@@ -98,8 +98,8 @@ void PathPanel::LayOutColumn(SIZE frame) {
 void PathPanel::LayOutRows(SIZE frame) {
   const int gridHeight = 2 * (ItemHeight(ELAPSED) + GAP);
   const int gridTop = frame.cy - gridHeight;
-  const int speedWidth = ColumnWidth(inks.speed);
-  if (speedWidth + 2 * ColumnWidth(inks.value) <= frame.cx) {
+  const int speedWidth = ColumnWidth(canvas, inks.speed);
+  if (speedWidth + 2 * ColumnWidth(canvas, inks.value) <= frame.cx) {
     PlaceItem(SPEED, LARGE_INSET, gridTop + (gridHeight - GAP - ItemHeight(SPEED)) / 2);
     LayOutGrid(speedWidth + LARGE_INSET, (frame.cx - speedWidth) / 2, gridTop);
     rest = {0, 0, frame.cx, gridTop - GAP};

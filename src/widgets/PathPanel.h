@@ -46,9 +46,6 @@ class PathPanel {
     POINT value;
   };
 
-  static int ColumnWidth(Canvas& canvas, const Ink& ink);
-  static Inks Fitting(Canvas& canvas, const Inks& inks);
-  int ColumnWidth(const Ink& ink) const { return ColumnWidth(canvas, ink); }
   int HeightOf(const Ink& ink) const;
   const Ink& InkOf(Item item) const;
   int ItemHeight(Item item) const { return HeightOf(inks.label) + HeightOf(InkOf(item)); }

@@ -15,7 +15,7 @@ class PathProjection {
  public:
   /// Nearest and farthest pixels that there are: device contexts calculate with 27 bits.
   static constexpr double FARTHEST = 1 << 26;
-  /// Pixels, either way.
+  /// As far as pans go, in pixels, either way: with drags added they still fit into a LONG.
   static constexpr double FARTHEST_PAN = 1 << 30;
   /// Between the path and the edges of its area, so that marks at its ends are seen whole.
   static constexpr LONG MARGIN = 8;

@@ -202,12 +202,9 @@ void PathWidget::DrawMarks(const PathPoints& points, const PathProjection& proje
 
 /// Pans so that the current position lies in the middle.
 void PathWidget::Center(const PathPoints& points) {
-  int last = points.GetEnd() - 1;
-  while (last > points.GetFirst() && !HasPosition(points[last])) {
-    --last;
-  }
+  const TrackPoint& last = points[FindKnown(points, points.GetEnd() - 1, -1)];
   const PathProjection unmoved(trip.GetBox(), pathArea, zoom, {0, 0});
-  pan = unmoved.PanTo(points[last].latitude, points[last].longitude,
+  pan = unmoved.PanTo(last.latitude, last.longitude,
                       {(pathArea.left + pathArea.right) / 2, (pathArea.top + pathArea.bottom) / 2});
 }
 

@@ -40,12 +40,12 @@ class SpeedChartWidget : public Widget {
   void Collect(const RECT& plot, std::span<const TrackPoint> points);
   void DrawBox(const RECT& plot);
   void DrawGrid(const RECT& plot, const SpeedScale& scale);
+  void DrawScale(const RECT& plot, const SpeedScale& scale);
   void DrawTitles(const RECT& plot);
   void DrawMarks(const RECT& plot);
   void DrawChart(const RECT& plot, const SpeedScale& scale);
   void DrawSpeeds(const RECT& plot, const SpeedScale& scale, float current);
   int DrawSpeed(const RECT& plot, float kmh, LONG row, LONG right, COLORREF color);
-  void DrawScale(const RECT& plot, const SpeedScale& scale);
   void DrawRimmed(HFONT font, const WideString& text, POINT corner, COLORREF color);
 
   COLORREF borderColor;
