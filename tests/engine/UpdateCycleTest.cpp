@@ -4,8 +4,8 @@
 #include <handheld.h>
 #include <sys/stat.h>
 
-#include "Fonts.h"
 #include "engine/Engine.h"
+#include "gdi/Fonts.h"
 #include "support/TempFolder.h"
 
 namespace ferolin {

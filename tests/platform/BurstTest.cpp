@@ -3,7 +3,7 @@
 #include <cstring>
 #include <string>
 
-#include "Burst.h"
+#include "serial/Burst.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "Calendar.h"
 #include "handheld.h"
+#include "time/Calendar.h"
 
 namespace {
 

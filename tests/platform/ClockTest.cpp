@@ -5,9 +5,9 @@
 #include <cstdlib>
 #include <thread>
 
-#include "Calendar.h"
-#include "Clock.h"
 #include "handheld.h"
+#include "time/Calendar.h"
+#include "time/Clock.h"
 
 namespace {
 

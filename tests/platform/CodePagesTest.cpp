@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "CodePages.h"
 #include "handheld.h"
+#include "text/CodePages.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "Fonts.h"
 #include "TemporaryFolder.h"
+#include "gdi/Fonts.h"
 
 namespace {
 

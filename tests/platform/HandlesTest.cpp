@@ -5,8 +5,8 @@
 #include <thread>
 #include <vector>
 
-#include "Handles.h"
 #include "TemporaryFolder.h"
+#include "core/Handles.h"
 
 namespace {
 

@@ -9,8 +9,8 @@
 #include <cstdlib>
 #include <string>
 
-#include "IdleInhibitor.h"
 #include "handheld.h"
+#include "power/IdleInhibitor.h"
 
 namespace {
 

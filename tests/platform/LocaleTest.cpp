@@ -3,8 +3,8 @@
 #include <cstdlib>
 #include <string>
 
-#include "CodePages.h"
 #include "handheld.h"
+#include "text/CodePages.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <thread>
 #include <vector>
 
-#include "History.h"
+#include "core/History.h"
 #include "handheld.h"
 
 namespace {

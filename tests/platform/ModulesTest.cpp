@@ -8,8 +8,8 @@
 #include <thread>
 #include <vector>
 
-#include "Modules.h"
 #include "TemporaryFolder.h"
+#include "modules/Modules.h"
 #include "modules/Probe.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "Paths.h"
 #include "TemporaryFolder.h"
+#include "files/Paths.h"
 
 namespace {
 

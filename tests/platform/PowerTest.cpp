@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 #include <pm.h>
 
-#include "PowerSupply.h"
 #include "TemporaryFolder.h"
 #include "handheld.h"
+#include "power/PowerSupply.h"
 
 namespace {
 

@@ -9,8 +9,8 @@
 #include <thread>
 
 #include "PseudoTerminal.h"
-#include "SerialPort.h"
 #include "TemporaryFolder.h"
+#include "serial/SerialPort.h"
 
 namespace {
 

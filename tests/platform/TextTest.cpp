@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "Text.h"
 #include "handheld.h"
+#include "text/Text.h"
 
 namespace {
 

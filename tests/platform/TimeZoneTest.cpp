@@ -6,9 +6,9 @@
 #include <filesystem>
 #include <thread>
 
-#include "Calendar.h"
-#include "TimeZone.h"
 #include "handheld.h"
+#include "time/Calendar.h"
+#include "time/TimeZone.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <thread>
 #include <vector>
 
-#include "WindowTable.h"
 #include "handheld.h"
+#include "windows/WindowTable.h"
 
 namespace {
 

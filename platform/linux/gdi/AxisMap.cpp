@@ -1,4 +1,4 @@
-#include "AxisMap.h"
+#include "gdi/AxisMap.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,7 +1,7 @@
 // Calls that copy, scale and blend pictures.
-#include "Blits.h"
-#include "DeviceContext.h"
-#include "LastError.h"
+#include "core/LastError.h"
+#include "gdi/Blits.h"
+#include "gdi/DeviceContext.h"
 
 namespace handheld::gdi {
 

@@ -1,11 +1,11 @@
-#include "Blits.h"
+#include "gdi/Blits.h"
 
 #include <algorithm>
 #include <cstring>
 #include <type_traits>
 #include <vector>
 
-#include "AxisMap.h"
+#include "gdi/AxisMap.h"
 
 namespace handheld::gdi {
 

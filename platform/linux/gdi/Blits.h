@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "Surface.h"
+#include "gdi/Surface.h"
 
 namespace handheld::gdi {
 

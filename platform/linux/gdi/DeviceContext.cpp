@@ -1,6 +1,6 @@
-#include "DeviceContext.h"
+#include "gdi/DeviceContext.h"
 
-#include "ObjectTable.h"
+#include "gdi/ObjectTable.h"
 
 namespace handheld::gdi {
 

@@ -7,8 +7,8 @@
 #include <mutex>
 #include <optional>
 
-#include "Objects.h"
-#include "WindowSurfaces.h"
+#include "gdi/Objects.h"
+#include "gdi/WindowSurfaces.h"
 
 namespace handheld::gdi {
 

@@ -4,12 +4,12 @@
 #include <span>
 #include <vector>
 
-#include "DeviceContext.h"
-#include "Ellipses.h"
-#include "LastError.h"
-#include "Lines.h"
-#include "ObjectTable.h"
-#include "WidePen.h"
+#include "core/LastError.h"
+#include "gdi/DeviceContext.h"
+#include "gdi/Ellipses.h"
+#include "gdi/Lines.h"
+#include "gdi/ObjectTable.h"
+#include "gdi/WidePen.h"
 
 namespace handheld::gdi {
 

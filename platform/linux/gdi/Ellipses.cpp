@@ -1,4 +1,4 @@
-#include "Ellipses.h"
+#include "gdi/Ellipses.h"
 
 #include <algorithm>
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "Surface.h"
+#include "gdi/Surface.h"
 
 namespace handheld::gdi {
 

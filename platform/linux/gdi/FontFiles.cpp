@@ -1,4 +1,4 @@
-#include "FontFiles.h"
+#include "gdi/FontFiles.h"
 
 #include <fontconfig/fontconfig.h>
 #include <strings.h>
@@ -7,7 +7,7 @@
 #include <memory>
 #include <vector>
 
-#include "Fonts.h"
+#include "gdi/Fonts.h"
 #include "handheld.h"
 
 namespace handheld::gdi {

@@ -1,4 +1,4 @@
-#include "Lines.h"
+#include "gdi/Lines.h"
 
 #include <algorithm>
 #include <cstdlib>

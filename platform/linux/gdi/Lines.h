@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "Surface.h"
+#include "gdi/Surface.h"
 
 namespace handheld::gdi {
 

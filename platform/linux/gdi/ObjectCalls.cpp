@@ -3,11 +3,11 @@
 #include <cstring>
 #include <utility>
 
-#include "DeviceContext.h"
-#include "LastError.h"
-#include "ObjectTable.h"
-#include "WindowTable.h"
+#include "core/LastError.h"
+#include "gdi/DeviceContext.h"
+#include "gdi/ObjectTable.h"
 #include "handheld.h"
+#include "windows/WindowTable.h"
 
 namespace handheld {
 

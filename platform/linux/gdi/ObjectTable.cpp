@@ -1,4 +1,4 @@
-#include "ObjectTable.h"
+#include "gdi/ObjectTable.h"
 
 #include <utility>
 

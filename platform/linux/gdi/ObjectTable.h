@@ -5,7 +5,7 @@
 #include <mutex>
 #include <vector>
 
-#include "Objects.h"
+#include "gdi/Objects.h"
 
 namespace handheld::gdi {
 

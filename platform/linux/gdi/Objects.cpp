@@ -1,4 +1,4 @@
-#include "Objects.h"
+#include "gdi/Objects.h"
 
 namespace handheld::gdi {
 

@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <memory>
 
-#include "Surface.h"
+#include "gdi/Surface.h"
 
 namespace handheld::gdi {
 

@@ -1,4 +1,4 @@
-#include "SizedFont.h"
+#include "gdi/SizedFont.h"
 
 #include <algorithm>
 #include <climits>
@@ -8,8 +8,8 @@
 #include <numbers>
 #include <tuple>
 
-#include "Fonts.h"
-#include "Objects.h"
+#include "gdi/Fonts.h"
+#include "gdi/Objects.h"
 
 #include FT_OUTLINE_H
 #include FT_TRIGONOMETRY_H

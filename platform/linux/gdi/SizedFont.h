@@ -14,7 +14,7 @@
 #include <string>
 #include <vector>
 
-#include "FontFiles.h"
+#include "gdi/FontFiles.h"
 
 namespace handheld::gdi {
 

@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "DeviceContext.h"
-#include "LastError.h"
-#include "SizedFont.h"
+#include "core/LastError.h"
+#include "gdi/DeviceContext.h"
+#include "gdi/SizedFont.h"
 
 namespace handheld::gdi {
 

@@ -1,4 +1,4 @@
-#include "WidePen.h"
+#include "gdi/WidePen.h"
 
 #include <algorithm>
 #include <array>
@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <optional>
 
-#include "Ellipses.h"
+#include "gdi/Ellipses.h"
 
 namespace handheld::gdi {
 

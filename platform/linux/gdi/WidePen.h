@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "Surface.h"
+#include "gdi/Surface.h"
 
 namespace handheld::gdi {
 

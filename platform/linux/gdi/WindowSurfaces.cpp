@@ -1,10 +1,10 @@
-#include "WindowSurfaces.h"
+#include "gdi/WindowSurfaces.h"
 
 #include <algorithm>
 #include <atomic>
 
-#include "WindowTable.h"
 #include "handheld.h"
+#include "windows/WindowTable.h"
 
 namespace handheld::gdi {
 

@@ -9,7 +9,7 @@
 #include <mutex>
 #include <vector>
 
-#include "Surface.h"
+#include "gdi/Surface.h"
 
 namespace handheld::gdi {
 

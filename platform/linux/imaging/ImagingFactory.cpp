@@ -6,9 +6,9 @@
 #include <utility>
 
 #include "../../shared/Counted.h"
-#include "../LastError.h"
-#include "../Paths.h"
-#include "PngFile.h"
+#include "core/LastError.h"
+#include "files/Paths.h"
+#include "imaging/PngFile.h"
 
 namespace handheld {
 

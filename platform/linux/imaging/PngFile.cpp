@@ -1,4 +1,4 @@
-#include "PngFile.h"
+#include "imaging/PngFile.h"
 
 #include <png.h>
 

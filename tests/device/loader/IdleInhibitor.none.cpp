@@ -1,5 +1,5 @@
 // No session to keep awake while the device's code is tested.
-#include "IdleInhibitor.h"
+#include "power/IdleInhibitor.h"
 
 namespace handheld {
 

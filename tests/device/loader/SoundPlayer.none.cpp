@@ -1,5 +1,5 @@
 // No loudspeaker while the device's code is tested: what was asked for is recorded elsewhere.
-#include "SoundPlayer.h"
+#include "sound/SoundPlayer.h"
 
 namespace handheld {
 

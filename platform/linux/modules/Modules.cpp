@@ -1,0 +1,349 @@
+#include "modules/Modules.h"
+
+#include <dirent.h>
+#include <dlfcn.h>
+#include <link.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <climits>
+#include <cstdlib>
+
+#include "core/LastError.h"
+#include "files/Paths.h"
+#include "handheld.h"
+#include "text/Text.h"
+
+namespace handheld {
+
+namespace {
+
+constexpr std::string_view PREFIX = "lib";
+constexpr std::string_view LINUX_EXTENSION = ".so";
+constexpr std::string_view DEVICE_EXTENSION = ".dll";
+
+/// A module is known by the address it was loaded at, as on the device.
+HMODULE ModuleAt(const void* address) {
+  Dl_info info = {};
+  if (dladdr(address, &info) == 0) {
+    return nullptr;
+  }
+  return static_cast<HMODULE>(info.dli_fbase);
+}
+
+HMODULE ModuleOf(void* library) {
+  link_map* map = nullptr;
+  return dlinfo(library, RTLD_DI_LINKMAP, &map) == 0 ? ModuleAt(map->l_ld) : nullptr;
+}
+
+std::string ProgramPath() {
+  char path[PATH_MAX];
+  const ssize_t length = readlink("/proc/self/exe", path, sizeof(path));
+  return length < 0 ? std::string() : std::string(path, static_cast<std::size_t>(length));
+}
+
+std::string RealPath(const std::string& path) {
+  char resolved[PATH_MAX];
+  return realpath(path.c_str(), resolved) == nullptr ? path : resolved;
+}
+
+/// What a device library's file is called here: "Parlex.DLL" is in "libparlex.so" or a spelling
+/// like it.
+std::string LinuxLibraryName(const std::string& fileName) {
+  const std::size_t dot = fileName.rfind('.');
+  const bool hasExtension =
+      dot != std::string::npos && SameName(fileName.substr(dot), std::string(DEVICE_EXTENSION));
+  return std::string(PREFIX) + (hasExtension ? fileName.substr(0, dot) : fileName) +
+         std::string(LINUX_EXTENSION);
+}
+
+/// Path of the library in this folder; empty when it is not there.
+std::string FindInFolder(const std::string& folder, const std::string& fileName) {
+  // The name as it stands counts only for Linux's own libraries: a handheld's may lie beside them.
+  if (SameName(fileName.substr(std::min(fileName.size(), fileName.rfind('.'))),
+               std::string(LINUX_EXTENSION))) {
+    const std::string exact = FindEntry(folder, fileName);
+    if (!exact.empty()) {
+      return Join(folder, exact);
+    }
+  }
+  const std::string entry = FindEntry(folder, LinuxLibraryName(fileName));
+  return entry.empty() ? entry : Join(folder, entry);
+}
+
+}  // namespace
+
+Modules& Modules::Instance() {
+  static Modules& modules = *new Modules;
+  return modules;
+}
+
+void Modules::SetDirectory(const std::string& path) {
+  const std::lock_guard lock(mutex);
+  directory = path;
+}
+
+void Modules::AddSearchFolder(const std::string& path) {
+  const std::lock_guard lock(mutex);
+  searchFolders.push_back(path);
+}
+
+void Modules::RegisterEntry(ModuleEntry entry) {
+  const HMODULE handle = ModuleAt(reinterpret_cast<const void*>(entry));
+  const std::lock_guard lock(mutex);
+  entries[handle] = entry;
+}
+
+void Modules::UnregisterEntry(ModuleEntry entry) {
+  const HMODULE handle = ModuleAt(reinterpret_cast<const void*>(entry));
+  const std::lock_guard lock(mutex);
+  entries.erase(handle);
+}
+
+std::vector<std::string> Modules::SearchFolders() const {
+  std::vector<std::string> folders;
+  {
+    const std::lock_guard lock(mutex);
+    if (!directory.empty()) {
+      folders.push_back(directory);
+    }
+    folders.insert(folders.end(), searchFolders.begin(), searchFolders.end());
+  }
+  folders.push_back(FolderOf(ProgramPath()));
+  return folders;
+}
+
+std::string Modules::FindFile(const std::string& name) const {
+  const std::string fileName = FileNameOf(name);
+  if (fileName != name) {
+    return FindInFolder(Locate(FolderOf(name)).path, fileName);
+  }
+  for (const std::string& folder : SearchFolders()) {
+    std::string found = FindInFolder(folder, fileName);
+    if (!found.empty()) {
+      return found;
+    }
+  }
+  return "";
+}
+
+Modules::ModulePointer Modules::FindByPath(const std::string& path) const {
+  const auto found = std::find_if(modules.begin(), modules.end(), [&](const ModulePointer& module) {
+    return module->path == path;
+  });
+  return found == modules.end() ? nullptr : *found;
+}
+
+Modules::ModulePointer Modules::FindByHandle(HMODULE handle) const {
+  const auto found = std::find_if(modules.begin(), modules.end(), [&](const ModulePointer& module) {
+    return module->handle == handle;
+  });
+  return handle == nullptr || found == modules.end() ? nullptr : *found;
+}
+
+HMODULE Modules::Load(const std::string& name) {
+  const std::string file = FindFile(name);
+  if (file.empty()) {
+    return Fail<HMODULE>(ERROR_MOD_NOT_FOUND, nullptr);
+  }
+  const std::string path = RealPath(file);
+
+  std::unique_lock lock(mutex);
+  while (const ModulePointer loaded = FindByPath(path)) {
+    const bool isOwn = loaded->worker == std::this_thread::get_id();
+    if (loaded->state == State::LOADED || (loaded->state == State::ATTACHING && isOwn)) {
+      ++loaded->references;
+      return loaded->handle;
+    }
+    if (isOwn) {
+      return Fail<HMODULE>(ERROR_MOD_NOT_FOUND, nullptr);
+    }
+    stateChanged.wait(lock);
+  }
+  const auto module = std::make_shared<Module>();
+  module->path = path;
+  module->worker = std::this_thread::get_id();
+  modules.push_back(module);
+  lock.unlock();
+  return Attach(module);
+}
+
+bool Modules::Open(Module& module) {
+  void* library = dlopen(module.path.c_str(), RTLD_NOW | RTLD_LOCAL);
+  if (library == nullptr) {
+    return Fail(ERROR_MOD_NOT_FOUND, false);
+  }
+  const HMODULE handle = ModuleOf(library);
+  const std::lock_guard lock(mutex);
+  module.library = library;
+  module.handle = handle;
+  const auto entry = entries.find(handle);
+  module.entry = entry == entries.end() ? nullptr : entry->second;
+  return true;
+}
+
+HMODULE Modules::Attach(const ModulePointer& module) {
+  const bool isOpen = Open(*module);
+  const bool isAttached = isOpen && (module->entry == nullptr ||
+                                     module->entry(module->handle, DLL_PROCESS_ATTACH, nullptr));
+  if (!isAttached) {
+    Detach(module, false);
+    return Fail<HMODULE>(isOpen ? ERROR_DLL_INIT_FAILED : ERROR_MOD_NOT_FOUND, nullptr);
+  }
+  const std::lock_guard lock(mutex);
+  // Registered after the module's static objects were made, so it runs before they are destroyed.
+  // Libraries that the module has loaded itself meanwhile are older.
+  std::atexit(DetachNewest);
+  module->order = ++loads;
+  module->state = State::LOADED;
+  module->worker = {};
+  stateChanged.notify_all();
+  return module->handle;
+}
+
+void Modules::Detach(const ModulePointer& module, bool isProcessEnding) {
+  // The entry hears in its last argument whether the whole process ends, in which case there is
+  // nothing to unload.
+  if (module->entry != nullptr) {
+    module->entry(module->handle, DLL_PROCESS_DETACH, isProcessEnding ? this : nullptr);
+  }
+  if (module->library != nullptr && !isProcessEnding) {
+    dlclose(module->library);
+  }
+  const std::lock_guard lock(mutex);
+  std::erase(modules, module);
+  stateChanged.notify_all();
+}
+
+bool Modules::Free(HMODULE handle) {
+  ModulePointer module;
+  {
+    const std::lock_guard lock(mutex);
+    module = FindByHandle(handle);
+    if (module == nullptr || module->state == State::DETACHING) {
+      return false;
+    }
+    if (--module->references > 0) {
+      return true;
+    }
+    module->state = State::DETACHING;
+    module->worker = std::this_thread::get_id();
+  }
+  Detach(module, false);
+  return true;
+}
+
+void Modules::DetachNewest() {
+  Modules& self = Instance();
+  ModulePointer newest;
+  {
+    const std::lock_guard lock(self.mutex);
+    for (const ModulePointer& module : self.modules) {
+      if (module->state == State::LOADED && (newest == nullptr || module->order > newest->order)) {
+        newest = module;
+      }
+    }
+    if (newest == nullptr) {
+      return;
+    }
+    newest->state = State::DETACHING;
+    newest->worker = std::this_thread::get_id();
+  }
+  self.Detach(newest, true);
+}
+
+FARPROC Modules::FindSymbol(HMODULE handle, const std::string& name) const {
+  void* library = nullptr;
+  {
+    const std::lock_guard lock(mutex);
+    const ModulePointer module = FindByHandle(handle);
+    if (module == nullptr) {
+      return Fail<FARPROC>(ERROR_INVALID_HANDLE, nullptr);
+    }
+    library = module->library;
+  }
+  void* symbol = dlsym(library, name.c_str());
+  // Linux also looks into the libraries that the module itself uses.
+  if (symbol == nullptr || ModuleAt(symbol) != handle) {
+    return Fail<FARPROC>(ERROR_PROC_NOT_FOUND, nullptr);
+  }
+  return reinterpret_cast<FARPROC>(symbol);
+}
+
+std::string Modules::PathOf(HMODULE handle) const {
+  if (handle == nullptr) {
+    return ProgramPath();
+  }
+  const std::lock_guard lock(mutex);
+  const ModulePointer module = FindByHandle(handle);
+  if (module == nullptr) {
+    return "";
+  }
+  return directory.empty() ? module->path : Join(directory, FileNameOf(module->path));
+}
+
+void RegisterModuleEntry(ModuleEntry entry) {
+  Modules::Instance().RegisterEntry(entry);
+}
+
+void UnregisterModuleEntry(ModuleEntry entry) {
+  Modules::Instance().UnregisterEntry(entry);
+}
+
+void SetModuleDirectory(const std::string& path) {
+  Modules::Instance().SetDirectory(path);
+}
+
+void AddLibraryDirectory(const std::string& path) {
+  Modules::Instance().AddSearchFolder(path);
+}
+
+extern "C" {
+
+HMODULE WINAPI LoadLibraryW(LPCWSTR fileName) {
+  return Guarded<HMODULE>(nullptr, [&] {
+    if (WideLength(fileName) == 0) {
+      return Fail<HMODULE>(ERROR_MOD_NOT_FOUND, nullptr);
+    }
+    return Modules::Instance().Load(LinuxPath(WideText(fileName)));
+  });
+}
+
+FARPROC WINAPI GetProcAddressW(HMODULE module, LPCWSTR name) {
+  return Guarded<FARPROC>(nullptr, [&] {
+    // Small numbers in place of a name are ordinals, which Linux libraries have not.
+    if (reinterpret_cast<ULONG_PTR>(name) <= 0xFFFF) {
+      return Fail<FARPROC>(ERROR_PROC_NOT_FOUND, nullptr);
+    }
+    return Modules::Instance().FindSymbol(module, Utf8FromWide(name));
+  });
+}
+
+BOOL WINAPI FreeLibrary(HMODULE module) {
+  return Guarded<BOOL>(FALSE, [&] {
+    return Modules::Instance().Free(module) ? TRUE : Fail(ERROR_INVALID_HANDLE, FALSE);
+  });
+}
+
+DWORD WINAPI GetModuleFileNameW(HMODULE module, LPWSTR fileName, DWORD size) {
+  return Guarded<DWORD>(0, [&]() -> DWORD {
+    const std::u16string path = DevicePath(Modules::Instance().PathOf(module));
+    if (path.empty()) {
+      return Fail<DWORD>(ERROR_MOD_NOT_FOUND, 0);
+    }
+    if (fileName == nullptr || size == 0) {
+      return Fail<DWORD>(ERROR_INSUFFICIENT_BUFFER, 0);
+    }
+    const std::size_t length = path.copy(fileName, size - 1);
+    fileName[length] = 0;
+    // A path that does not fit is cut, and the answer is then the whole buffer's size.
+    if (length < path.size()) {
+      return Fail(ERROR_INSUFFICIENT_BUFFER, size);
+    }
+    return static_cast<DWORD>(length);
+  });
+}
+
+}  // extern "C"
+
+}  // namespace handheld

@@ -1,0 +1,68 @@
+// An open serial port.
+#pragma once
+
+#include <atomic>
+#include <chrono>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+
+#include "core/Descriptor.h"
+#include "core/Handles.h"
+#include "serial/Burst.h"
+
+namespace handheld {
+
+/// Reads wait for data and hand over a burst whole. A device that disappears (an unplugged adapter,
+/// a pseudo-terminal whose other side closed) is looked for again about once a second, as long as
+/// the handle is open and somebody reads.
+class SerialPort : public Stream {
+ public:
+  /// Opens the device at `devicePath`, raw, at the baud rate it has. Null with `error` set when
+  /// that fails. `claimName` is the name under which SerialPorts keeps the port for this one
+  /// opening.
+  static std::shared_ptr<SerialPort> Open(const std::string& devicePath, std::string claimName,
+                                          DWORD& error);
+
+  SerialPort(std::string devicePath, std::string claimName, Descriptor opened);
+
+  void HandleClosed() override;
+  DWORD Read(void* buffer, DWORD size, DWORD& count) override;
+  DWORD Write(const void* data, DWORD size, DWORD& count) override;
+  DWORD Flush() override;
+
+  /// Nothing when the device is gone or has no baud rate.
+  std::optional<DWORD> Baud() const;
+  bool SetBaud(DWORD baud);
+
+ private:
+  using Device = std::shared_ptr<const Descriptor>;
+  enum class Event { DATA, SILENCE, CLOSED, LOST };
+
+  Device CurrentDevice() const;
+  Event Await(const Device& from, short events, std::optional<Burst::Duration> patience) const;
+  Event Receive(const Device& from, Burst& burst);
+  Event Gather(const Device& from, Burst& burst);
+  void TakeLeftover(Burst& burst);
+  /// Number of bytes to hand over; the rest is kept for the next read.
+  DWORD KeepLeftover(const Burst& burst);
+  void Drop(const Device& lost);
+  /// Waits for the next time to look for a lost device and looks. False when it is still away.
+  Event AwaitReturn();
+
+  const std::string path;
+  const std::string claim;
+  /// Readable once the handle is closed: wakes everybody who waits for the device.
+  const Descriptor closeEvent;
+
+  mutable std::mutex mutex;
+  bool closed = false;
+  Device device;
+  std::string leftover;
+  /// Rate that was asked for, to be applied again to a device that comes back.
+  std::optional<DWORD> wantedBaud;
+  std::chrono::steady_clock::time_point lastLook;
+};
+
+}  // namespace handheld

@@ -1,0 +1,153 @@
+#include "serial/SerialPorts.h"
+
+#include <climits>
+#include <cstdlib>
+
+#include "core/Handles.h"
+#include "core/LastError.h"
+#include "handheld.h"
+#include "serial/SerialPort.h"
+#include "text/Text.h"
+
+namespace handheld {
+
+namespace {
+
+constexpr std::size_t LETTERS = 3;
+
+/// Ports are known by folded names with their colon.
+std::string PortKey(const std::u16string& name) {
+  std::string key = Utf8FromWide(FoldCase(name));
+  if (!key.empty() && key.back() != ':') {
+    key += ':';
+  }
+  return key;
+}
+
+/// The device behind symbolic links.
+std::string RealPath(const std::string& path) {
+  char resolved[PATH_MAX];
+  return realpath(path.c_str(), resolved) == nullptr ? path : resolved;
+}
+
+bool FillSettings(const SerialPort& port, DCB& settings) {
+  const auto baud = port.Baud();
+  if (!baud) {
+    return false;
+  }
+  settings = {};
+  settings.DCBlength = sizeof(DCB);
+  settings.BaudRate = *baud;
+  settings.flags = 1;  // Binary transfer, the only kind there is.
+  settings.ByteSize = 8;
+  return true;
+}
+
+/// Only 8 data bits, no parity and 1 stop bit are supported.
+bool IsSupported(const DCB& settings) {
+  return settings.BaudRate != 0 && settings.ByteSize == 8 && settings.Parity == 0 &&
+         settings.StopBits == 0;
+}
+
+}  // namespace
+
+SerialPorts& SerialPorts::Instance() {
+  static SerialPorts& ports = *new SerialPorts;
+  return ports;
+}
+
+bool SerialPorts::IsPortName(const std::u16string& name) {
+  const std::u16string folded = FoldCase(name);
+  if (folded.size() < LETTERS + 2 || folded.back() != u':') {
+    return false;
+  }
+  for (std::size_t i = 0; i + 1 < folded.size(); ++i) {
+    const bool fits = i < LETTERS ? folded[i] >= u'a' && folded[i] <= u'z'
+                                  : folded[i] >= u'0' && folded[i] <= u'9';
+    if (!fits) {
+      return false;
+    }
+  }
+  return true;
+}
+
+void SerialPorts::Map(const std::string& port, const std::string& devicePath) {
+  const std::string key = PortKey(WideFromUtf8(port));
+  const std::lock_guard lock(mutex);
+  if (devicePath.empty()) {
+    paths.erase(key);
+  } else {
+    paths[key] = devicePath;
+  }
+}
+
+std::string SerialPorts::PathOf(const std::string& port) const {
+  const std::lock_guard lock(mutex);
+  const auto found = paths.find(port);
+  return found == paths.end() ? std::string() : found->second;
+}
+
+bool SerialPorts::Claim(const std::string& claim) {
+  const std::lock_guard lock(mutex);
+  return claims.insert(claim).second;
+}
+
+void SerialPorts::Release(const std::string& claim) {
+  const std::lock_guard lock(mutex);
+  claims.erase(claim);
+}
+
+HANDLE SerialPorts::Open(const std::u16string& name) {
+  const std::string path = PathOf(PortKey(name));
+  if (path.empty()) {
+    return Fail(ERROR_FILE_NOT_FOUND, INVALID_HANDLE_VALUE);
+  }
+  const std::string claim = RealPath(path);
+  if (!Claim(claim)) {
+    return Fail(ERROR_ACCESS_DENIED, INVALID_HANDLE_VALUE);
+  }
+
+  DWORD error = ERROR_SUCCESS;
+  auto port = SerialPort::Open(path, claim, error);
+  if (port == nullptr) {
+    Release(claim);
+    return Fail(error, INVALID_HANDLE_VALUE);
+  }
+  return HandleTable::Instance().Add(std::move(port));
+}
+
+void MapSerialPort(const std::string& port, const std::string& devicePath) {
+  SerialPorts::Instance().Map(port, devicePath);
+}
+
+extern "C" {
+
+BOOL WINAPI GetCommState(HANDLE port, DCB* settings) {
+  return Guarded<BOOL>(FALSE, [&] {
+    const auto found = HandleTable::Instance().Find<SerialPort>(port);
+    if (found == nullptr) {
+      return Fail(ERROR_INVALID_HANDLE, FALSE);
+    }
+    if (settings == nullptr) {
+      return Fail(ERROR_INVALID_PARAMETER, FALSE);
+    }
+    return FillSettings(*found, *settings) ? TRUE : Fail(ERROR_GEN_FAILURE, FALSE);
+  });
+}
+
+BOOL WINAPI SetCommState(HANDLE port, DCB* settings) {
+  return Guarded<BOOL>(FALSE, [&] {
+    const auto found = HandleTable::Instance().Find<SerialPort>(port);
+    if (found == nullptr) {
+      return Fail(ERROR_INVALID_HANDLE, FALSE);
+    }
+    if (settings == nullptr || !IsSupported(*settings)) {
+      return Fail(ERROR_INVALID_PARAMETER, FALSE);
+    }
+    return found->SetBaud(settings->BaudRate) ? TRUE : Fail(ERROR_GEN_FAILURE, FALSE);
+  });
+}
+
+}  // extern "C"
+
+}  // namespace handheld

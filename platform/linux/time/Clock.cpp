@@ -1,0 +1,155 @@
+#include "time/Clock.h"
+
+#include <sched.h>
+
+#include <cerrno>
+#include <chrono>
+#include <cmath>
+#include <ctime>
+
+#include "core/LastError.h"
+#include "handheld.h"
+#include "time/Calendar.h"
+#include "time/TimeZone.h"
+
+namespace handheld {
+
+namespace {
+
+using Calendar::UNITS_PER_SECOND;
+constexpr std::int64_t UNITS_PER_MILLISECOND = 10'000;
+constexpr DWORD INFINITE = 0xFFFFFFFF;
+/// Below this a system call costs more than the sleep itself.
+constexpr double SHORTEST_SLEEP_NS = 1000;
+
+std::int64_t Read(clockid_t clock) {
+  timespec now;
+  clock_gettime(clock, &now);
+  return static_cast<std::int64_t>(now.tv_sec) * UNITS_PER_SECOND + now.tv_nsec / 100;
+}
+
+void SleepNanoseconds(double nanoseconds) {
+  if (nanoseconds < SHORTEST_SLEEP_NS) {
+    sched_yield();
+    return;
+  }
+  const double seconds = std::floor(nanoseconds / 1e9);
+  timespec rest = {static_cast<time_t>(seconds), static_cast<long>(nanoseconds - seconds * 1e9)};
+  while (nanosleep(&rest, &rest) != 0 && errno == EINTR) {
+  }
+}
+
+}  // namespace
+
+Clock& Clock::Instance() {
+  static Clock& clock = *new Clock;
+  return clock;
+}
+
+std::int64_t Clock::NowLocked() const {
+  if (isMachineTime) {
+    return Read(CLOCK_REALTIME) + Calendar::UNIX_EPOCH;
+  }
+  if (isStopped) {
+    return timeBase;
+  }
+  const auto elapsed = static_cast<double>(Read(CLOCK_MONOTONIC) - machineBase);
+  return timeBase + static_cast<std::int64_t>(elapsed * Rate());
+}
+
+std::int64_t Clock::TicksLocked() const {
+  const std::int64_t uptime = Read(CLOCK_MONOTONIC);
+  if (machineBase == 0) {
+    return uptime;
+  }
+  return ticksBase + static_cast<std::int64_t>(static_cast<double>(uptime - machineBase) * Rate());
+}
+
+void Clock::Rebase() {
+  timeBase = NowLocked();
+  ticksBase = TicksLocked();
+  machineBase = Read(CLOCK_MONOTONIC);
+  isMachineTime = false;
+}
+
+std::int64_t Clock::Now() const {
+  const std::lock_guard lock(mutex);
+  return NowLocked();
+}
+
+void Clock::Set(std::int64_t now) {
+  const std::lock_guard lock(mutex);
+  Rebase();
+  timeBase = now;
+}
+
+void Clock::SetStopped(bool stopped) {
+  const std::lock_guard lock(mutex);
+  Rebase();
+  isStopped = stopped;
+}
+
+void Clock::SetRate(double newRate) {
+  if (!(newRate > 0) || !std::isfinite(newRate)) {
+    return;
+  }
+  const std::lock_guard lock(mutex);
+  if (newRate == Rate()) {
+    return;
+  }
+  Rebase();
+  rate.store(newRate, std::memory_order_relaxed);
+}
+
+DWORD Clock::Ticks() const {
+  const std::lock_guard lock(mutex);
+  return static_cast<DWORD>(TicksLocked() / UNITS_PER_MILLISECOND);
+}
+
+void Clock::Sleep(DWORD milliseconds) const {
+  if (milliseconds != INFINITE) {
+    return SleepNanoseconds(milliseconds * 1e6 / Rate());
+  }
+  while (true) {
+    SleepNanoseconds(1e18);
+  }
+}
+
+void SetClock(const SYSTEMTIME& utc) {
+  if (const auto moment = Calendar::FromFields(utc)) {
+    Clock::Instance().Set(*moment);
+  }
+}
+
+void SetClockStopped(bool stopped) {
+  Clock::Instance().SetStopped(stopped);
+}
+
+void SetTimeRate(double rate) {
+  Clock::Instance().SetRate(rate);
+}
+
+extern "C" {
+
+DWORD WINAPI GetTickCount() {
+  return Clock::Instance().Ticks();
+}
+
+void WINAPI Sleep(DWORD milliseconds) {
+  Clock::Instance().Sleep(milliseconds);
+}
+
+void WINAPI GetLocalTime(SYSTEMTIME* local) {
+  if (local == nullptr) {
+    return;
+  }
+  const std::int64_t now = Clock::Instance().Now();
+  const std::int64_t bias = TimeZones::Instance().OffsetAt(now) * UNITS_PER_SECOND;
+  if (const auto fields = Calendar::ToFields(now + bias)) {
+    *local = *fields;
+  }
+}
+
+}  // extern "C"
+
+}  // namespace handheld

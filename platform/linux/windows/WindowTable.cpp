@@ -1,0 +1,125 @@
+#include "windows/WindowTable.h"
+
+#include <utility>
+
+#include "handheld.h"
+
+namespace handheld {
+
+WindowTable& WindowTable::Instance() {
+  static WindowTable& table = *new WindowTable;
+  return table;
+}
+
+HWND WindowTable::Add(Window window) {
+  const std::lock_guard lock(mutex);
+  lastNumber += 2;
+  const HWND handle = reinterpret_cast<HWND>(lastNumber);
+  window.handle = handle;
+  windows.emplace(handle, std::move(window));
+  return handle;
+}
+
+bool WindowTable::Remove(HWND handle) {
+  const std::lock_guard lock(mutex);
+  const auto found = windows.find(handle);
+  if (found == windows.end()) {
+    return false;
+  }
+  found->second.queue->DropWindow(handle);
+  windows.erase(found);
+  return true;
+}
+
+void WindowTable::RemoveOfQueue(const MessageQueue& queue) {
+  const std::lock_guard lock(mutex);
+  std::erase_if(windows, [&](const auto& entry) { return entry.second.queue.get() == &queue; });
+}
+
+std::optional<Window> WindowTable::Find(HWND handle) const {
+  const std::lock_guard lock(mutex);
+  const auto found = windows.find(handle);
+  return found == windows.end() ? std::nullopt : std::optional(found->second);
+}
+
+std::vector<HWND> WindowTable::ChildrenOf(HWND parent) const {
+  const std::lock_guard lock(mutex);
+  std::vector<HWND> children;
+  for (const auto& [handle, window] : windows) {
+    if (window.parent == parent) {
+      children.push_back(handle);
+    }
+  }
+  return children;
+}
+
+std::vector<HWND> WindowTable::All() const {
+  const std::lock_guard lock(mutex);
+  std::vector<HWND> handles;
+  for (const auto& [handle, window] : windows) {
+    handles.push_back(handle);
+  }
+  return handles;
+}
+
+bool WindowTable::Post(const MSG& message) {
+  // Under the lock, so that no message slips in behind a window that is being removed.
+  const std::lock_guard lock(mutex);
+  const auto found = windows.find(message.hwnd);
+  if (found == windows.end()) {
+    return false;
+  }
+  found->second.queue->Post(message);
+  return true;
+}
+
+bool WindowTable::SetVisible(HWND handle, bool isVisible) {
+  const std::lock_guard lock(mutex);
+  const auto found = windows.find(handle);
+  if (found == windows.end()) {
+    return false;
+  }
+  found->second.isVisible = isVisible;
+  found->second.wasShown |= isVisible;
+  return true;
+}
+
+bool WindowTable::SetRect(HWND handle, const RECT& rect) {
+  const std::lock_guard lock(mutex);
+  const auto found = windows.find(handle);
+  if (found == windows.end()) {
+    return false;
+  }
+  found->second.rect = rect;
+  return true;
+}
+
+namespace {
+
+constexpr Screen USUAL_SCREEN = {240, 320, 96};
+
+struct SharedScreen {
+  std::mutex mutex;
+  Screen screen = USUAL_SCREEN;
+};
+
+SharedScreen& TheScreen() {
+  static SharedScreen& shared = *new SharedScreen;
+  return shared;
+}
+
+}  // namespace
+
+Screen CurrentScreen() {
+  SharedScreen& shared = TheScreen();
+  const std::lock_guard lock(shared.mutex);
+  return shared.screen;
+}
+
+void SetScreen(int width, int height, int dpi) {
+  SharedScreen& shared = TheScreen();
+  const std::lock_guard lock(shared.mutex);
+  shared.screen = {width, height, dpi};
+}
+
+}  // namespace handheld

@@ -1,0 +1,214 @@
+#include <algorithm>
+
+#include "core/LastError.h"
+#include "handheld.h"
+#include "text/Text.h"
+#include "windows/WindowClasses.h"
+#include "windows/WindowTable.h"
+
+namespace handheld {
+
+namespace {
+
+LPARAM PackSize(const RECT& rect) {
+  const LONG width = rect.right - rect.left;
+  const LONG height = rect.bottom - rect.top;
+  return static_cast<LPARAM>(static_cast<DWORD>(height & 0xFFFF) << 16 |
+                             static_cast<DWORD>(width & 0xFFFF));
+}
+
+/// Where a new window lies: what was asked for, except that one that leaves it to the system fills
+/// the screen.
+RECT Place(int x, int y, int width, int height) {
+  const Screen screen = CurrentScreen();
+  const bool isPlaced = x != CW_USEDEFAULT;
+  RECT rect;
+  rect.left = isPlaced ? x : 0;
+  rect.top = isPlaced && y != CW_USEDEFAULT ? y : 0;
+  rect.right = rect.left + (width == CW_USEDEFAULT ? screen.width : std::max(width, 0));
+  rect.bottom =
+      rect.top +
+      (width == CW_USEDEFAULT || height == CW_USEDEFAULT ? screen.height : std::max(height, 0));
+  return rect;
+}
+
+/// Calls run by the window's own thread: windows hear about themselves at once, not through the
+/// queue.
+void Tell(const Window& window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (window.queue == MessageQueue::OfThisThread()) {
+    window.procedure(window.handle, message, wParam, lParam);
+  }
+}
+
+void Show(const Window& window, bool isVisible) {
+  WindowTable::Instance().SetVisible(window.handle, isVisible);
+  if (isVisible && !window.wasShown) {
+    Tell(window, WM_SIZE, 0, PackSize(window.rect));
+  }
+}
+
+HWND Create(LPCWSTR className, LPCWSTR title, DWORD style, const RECT& rect, HWND parent) {
+  if (className == nullptr) {
+    return Fail<HWND>(ERROR_CANNOT_FIND_WINDOW_CLASS, nullptr);
+  }
+  Window window;
+  window.procedure = WindowClasses::Instance().Find(className);
+  if (window.procedure == nullptr) {
+    return Fail<HWND>(ERROR_CANNOT_FIND_WINDOW_CLASS, nullptr);
+  }
+  WindowTable& table = WindowTable::Instance();
+  if (parent != nullptr && !table.Find(parent)) {
+    return Fail<HWND>(ERROR_INVALID_WINDOW_HANDLE, nullptr);
+  }
+
+  window.queue = MessageQueue::OfThisThread();
+  window.title = WideText(title);
+  window.style = style;
+  window.rect = rect;
+  window.parent = parent;
+  window.handle = table.Add(window);
+  if ((style & WS_VISIBLE) != 0) {
+    Show(window, true);
+  }
+  return window.handle;
+}
+
+/// First the window hears of its end, then those that depend on it, while it still exists.
+void Destroy(const Window& window) {
+  WindowTable& table = WindowTable::Instance();
+  Tell(window, WM_DESTROY, 0, 0);
+  for (const HWND child : table.ChildrenOf(window.handle)) {
+    if (const auto found = table.Find(child)) {
+      Destroy(*found);
+    }
+  }
+  table.Remove(window.handle);
+}
+
+std::optional<Window> FindOrFail(HWND handle) {
+  auto window = WindowTable::Instance().Find(handle);
+  if (!window) {
+    SetError(ERROR_INVALID_WINDOW_HANDLE);
+  }
+  return window;
+}
+
+}  // namespace
+
+extern "C" {
+
+ATOM WINAPI RegisterClassW(const WNDCLASSW* windowClass) {
+  return Guarded<ATOM>(0, [&]() -> ATOM {
+    if (windowClass == nullptr || windowClass->lpfnWndProc == nullptr ||
+        WideLength(windowClass->lpszClassName) == 0) {
+      return Fail<ATOM>(ERROR_INVALID_PARAMETER, 0);
+    }
+    const ATOM atom =
+        WindowClasses::Instance().Register(windowClass->lpszClassName, windowClass->lpfnWndProc);
+    return atom != 0 ? atom : Fail<ATOM>(ERROR_CLASS_ALREADY_EXISTS, 0);
+  });
+}
+
+HWND WINAPI CreateWindowExW(DWORD, LPCWSTR className, LPCWSTR title, DWORD style, int x, int y,
+                            int width, int height, HWND parent, HANDLE, HINSTANCE, LPVOID) {
+  return Guarded<HWND>(
+      nullptr, [&] { return Create(className, title, style, Place(x, y, width, height), parent); });
+}
+
+BOOL WINAPI DestroyWindow(HWND window) {
+  return Guarded<BOOL>(FALSE, [&] {
+    const auto found = FindOrFail(window);
+    if (!found) {
+      return FALSE;
+    }
+    if (found->queue != MessageQueue::OfThisThread()) {
+      return Fail(ERROR_ACCESS_DENIED, FALSE);
+    }
+    Destroy(*found);
+    return TRUE;
+  });
+}
+
+BOOL WINAPI ShowWindow(HWND window, int command) {
+  return Guarded<BOOL>(FALSE, [&] {
+    const auto found = FindOrFail(window);
+    if (!found) {
+      return FALSE;
+    }
+    Show(*found, command != SW_HIDE);
+    return found->isVisible ? TRUE : FALSE;
+  });
+}
+
+BOOL WINAPI IsWindow(HWND window) {
+  return Guarded<BOOL>(FALSE, [&] { return WindowTable::Instance().Find(window) ? TRUE : FALSE; });
+}
+
+BOOL WINAPI IsWindowVisible(HWND window) {
+  return Guarded<BOOL>(FALSE, [&] {
+    const auto found = FindOrFail(window);
+    return found && found->isVisible ? TRUE : FALSE;
+  });
+}
+
+BOOL WINAPI GetClientRect(HWND window, RECT* rect) {
+  return Guarded<BOOL>(FALSE, [&] {
+    const auto found = FindOrFail(window);
+    if (!found) {
+      return FALSE;
+    }
+    if (rect == nullptr) {
+      return Fail(ERROR_INVALID_PARAMETER, FALSE);
+    }
+    *rect = {0, 0, found->rect.right - found->rect.left, found->rect.bottom - found->rect.top};
+    return TRUE;
+  });
+}
+
+BOOL WINAPI GetWindowRect(HWND window, RECT* rect) {
+  return Guarded<BOOL>(FALSE, [&] {
+    const auto found = FindOrFail(window);
+    if (!found) {
+      return FALSE;
+    }
+    if (rect == nullptr) {
+      return Fail(ERROR_INVALID_PARAMETER, FALSE);
+    }
+    *rect = found->rect;
+    return TRUE;
+  });
+}
+
+int WINAPI GetWindowTextW(HWND window, LPWSTR text, int size) {
+  return Guarded<int>(0, [&] {
+    if (text == nullptr || size <= 0) {
+      return Fail(ERROR_INVALID_PARAMETER, 0);
+    }
+    text[0] = 0;
+    const auto found = FindOrFail(window);
+    if (!found) {
+      return 0;
+    }
+    const std::size_t length = found->title.copy(text, static_cast<std::size_t>(size) - 1);
+    text[length] = 0;
+    return static_cast<int>(length);
+  });
+}
+
+HWND WINAPI GetParent(HWND window) {
+  return Guarded<HWND>(nullptr, [&]() -> HWND {
+    const auto found = FindOrFail(window);
+    return found ? found->parent : nullptr;
+  });
+}
+
+LRESULT WINAPI DefWindowProcW(HWND window, UINT message, WPARAM, LPARAM) {
+  if (message == WM_CLOSE) {
+    DestroyWindow(window);
+  }
+  return 0;
+}
+
+}  // extern "C"
+
+}  // namespace handheld
