@@ -1,6 +1,6 @@
 // ferolin-host: a GPS speedometer on Linux.
 
-#include "Application.h"
+#include "run/Application.h"
 
 int main(int argc, char** argv) {
   return host::RunApplication(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));

@@ -5,8 +5,8 @@
 #include <sstream>
 #include <vector>
 
-#include "DemoDrive.h"
-#include "NmeaSentence.h"
+#include "sources/DemoDrive.h"
+#include "sources/NmeaSentence.h"
 
 namespace host {
 namespace {

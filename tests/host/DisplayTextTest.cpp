@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "DisplayText.h"
+#include "base/DisplayText.h"
 
 namespace host {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "EpochSplitter.h"
+#include "sources/EpochSplitter.h"
 
 namespace host {
 namespace {

@@ -6,7 +6,7 @@
 #include <array>
 #include <atomic>
 
-#include "Feeder.h"
+#include "sources/Feeder.h"
 
 namespace host {
 namespace {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "JsonWriter.h"
+#include "outputs/JsonWriter.h"
 
 namespace host {
 namespace {

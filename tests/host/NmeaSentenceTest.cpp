@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "NmeaSentence.h"
+#include "sources/NmeaSentence.h"
 
 namespace host {
 namespace {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "HostError.h"
-#include "Options.h"
+#include "base/HostError.h"
+#include "commandline/Options.h"
 
 namespace host {
 namespace {

@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <filesystem>
 
-#include "HostError.h"
-#include "PngWriter.h"
+#include "base/HostError.h"
+#include "outputs/PngWriter.h"
 
 namespace host {
 namespace {

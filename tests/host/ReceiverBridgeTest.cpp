@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "ReceiverBridge.h"
+#include "sources/ReceiverBridge.h"
 
 namespace host {
 namespace {

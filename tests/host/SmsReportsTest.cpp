@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "SmsReports.h"
+#include "run/SmsReports.h"
 
 namespace host {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "DisplayText.h"
-#include "TerminalTable.h"
+#include "base/DisplayText.h"
+#include "outputs/TerminalTable.h"
 
 namespace host {
 namespace {

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "Display.h"
-#include "HostError.h"
-#include "ViewControl.h"
+#include "base/HostError.h"
+#include "window/ViewControl.h"
 
 namespace host {
 namespace {

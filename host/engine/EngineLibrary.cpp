@@ -1,0 +1,142 @@
+#include "engine/EngineLibrary.h"
+
+#include <array>
+
+#include "base/HostError.h"
+#include "handheld.h"
+
+namespace host {
+
+namespace {
+
+/// Holds every name, value and state.
+using Buffer = std::array<char, 256>;
+
+std::string Utf8(const Buffer& buffer) {
+  return handheld::Utf8FromAnsi(buffer.data());
+}
+
+template <class Function>
+void Find(HMODULE module, const char* name, Function& function) {
+  const FARPROC found = GetProcAddressW(module, handheld::WideFromUtf8(name).c_str());
+  // By way of the one function type that compilers let be cast to any other.
+  function = reinterpret_cast<Function>(reinterpret_cast<void (*)()>(found));
+  if (function == nullptr) {
+    throw HostError(std::string("the engine library has no ") + name);
+  }
+}
+
+EngineLibrary::Functions FindFunctions(HMODULE module) {
+  EngineLibrary::Functions functions;
+#define FIND(name) Find(module, #name, functions.name)
+  FIND(StartCallBack);
+  FIND(StopCallBack);
+  FIND(GetWndMessageID);
+  FIND(SetComPortName);
+  FIND(SetComPortSpeed);
+  FIND(SetUseGPSAPI);
+  FIND(GetSensorsCount);
+  FIND(GetSensorName);
+  FIND(GetSensorValue);
+  FIND(IsSensorSaveable);
+  FIND(GetSensorRegistryString);
+  FIND(SetSensorRegistryString);
+  FIND(ResetSensorValue);
+  FIND(GetWidgetsCount);
+  FIND(GetWidgetName);
+  FIND(GetCurRenderWidget);
+  FIND(SetCurRenderWidget);
+  FIND(SetRenderWindow);
+  FIND(GetInvertVert);
+  FIND(SetInvertVert);
+  FIND(GetInvertHorz);
+  FIND(SetInvertHorz);
+  FIND(GetInvertColor);
+  FIND(SetInvertColor);
+  FIND(GetInvertOrient);
+  FIND(SetInvertOrient);
+  FIND(OnDoubleClick);
+  FIND(OnMouseDown);
+  FIND(OnMouseMove);
+  FIND(OnMouseUp);
+  FIND(SetWriteKML);
+  FIND(SetLogFolder);
+  FIND(SendSMS);
+  FIND(GetSMSText);
+  FIND(GetSMSAddress);
+  FIND(SetSMSParams);
+  FIND(IsSMSExist);
+  FIND(GetSpeedEventsCount);
+  FIND(GetEventSpeedLimit);
+  FIND(GetEventSpeedInter);
+  FIND(SetSpeedEvent);
+  FIND(SetBeepOnZero);
+  FIND(GetIniFileValue);
+  FIND(SetIniFileValue);
+#undef FIND
+  return functions;
+}
+
+}  // namespace
+
+EngineLibrary::EngineLibrary() : module(LoadLibraryW(TEXT("Ferolin.dll"))) {
+  if (module == nullptr) {
+    throw HostError("cannot load the engine library: error " + std::to_string(GetLastError()));
+  }
+  try {
+    functions = FindFunctions(module);
+  } catch (...) {
+    FreeLibrary(module);
+    throw;
+  }
+}
+
+EngineLibrary::~EngineLibrary() {
+  FreeLibrary(module);
+}
+
+int EngineLibrary::CountSensors() const {
+  return functions.GetSensorsCount();
+}
+
+std::string EngineLibrary::GetSensorName(int index) const {
+  Buffer buffer = {};
+  functions.GetSensorName(index, buffer.data(), static_cast<int>(buffer.size()));
+  return Utf8(buffer);
+}
+
+std::string EngineLibrary::GetSensorValue(int index) const {
+  Buffer buffer = {};
+  functions.GetSensorValue(index, buffer.data(), static_cast<int>(buffer.size()));
+  return Utf8(buffer);
+}
+
+bool EngineLibrary::IsSensorSaveable(int index) const {
+  return functions.IsSensorSaveable(index) != 0;
+}
+
+std::string EngineLibrary::GetSensorState(int index) const {
+  Buffer buffer = {};
+  functions.GetSensorRegistryString(index, buffer.data(), static_cast<int>(buffer.size()));
+  return Utf8(buffer);
+}
+
+Readouts EngineLibrary::GetReadouts() const {
+  Readouts readouts;
+  for (int i = 0; i < CountSensors(); ++i) {
+    readouts.push_back({GetSensorName(i), GetSensorValue(i)});
+  }
+  return readouts;
+}
+
+Readouts EngineLibrary::GetStates() const {
+  Readouts states;
+  for (int i = 0; i < CountSensors(); ++i) {
+    if (IsSensorSaveable(i)) {
+      states.push_back({GetSensorName(i), GetSensorState(i)});
+    }
+  }
+  return states;
+}
+
+}  // namespace host

@@ -1,0 +1,15 @@
+#include "outputs/JsonOutput.h"
+
+#include "outputs/JsonWriter.h"
+
+namespace host {
+
+void JsonOutput::Show(const Update& update) {
+  output.Write(JsonUpdate(update));
+}
+
+void JsonOutput::Finish(const Update& last, const Readouts& registry) {
+  output.Write(JsonEnd(last.number, registry));
+}
+
+}  // namespace host

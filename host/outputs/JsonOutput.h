@@ -1,0 +1,20 @@
+// One line of JSON for each update.
+#pragma once
+
+#include "outputs/Output.h"
+#include "outputs/Screen.h"
+
+namespace host {
+
+class JsonOutput : public Output {
+ public:
+  explicit JsonOutput(StandardOutput& outputToUse) : output(outputToUse) {}
+
+  void Show(const Update& update) override;
+  void Finish(const Update& last, const Readouts& registry) override;
+
+ private:
+  StandardOutput& output;
+};
+
+}  // namespace host

@@ -1,0 +1,59 @@
+#include "outputs/LineOutput.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "base/DisplayText.h"
+
+namespace host {
+
+namespace {
+
+constexpr std::chrono::seconds LONGEST_SILENCE(10);
+constexpr std::array IN_LINE = {GPS_STATUS, CURRENT_TIME, SPEED, DISTANCE, ELAPSED};
+
+}  // namespace
+
+bool LineOutput::IsDue(const Update& update) {
+  const auto now = std::chrono::steady_clock::now();
+  const int tenths = static_cast<int>(update.progress.value_or(0) * 10);
+  const bool due = update.number == 1 || tenths > tenthsShown || now - lastShown >= LONGEST_SILENCE;
+  if (due) {
+    lastShown = now;
+    tenthsShown = tenths;
+  }
+  return due;
+}
+
+void LineOutput::Show(const Update& update) {
+  if (!IsDue(update)) {
+    return;
+  }
+  std::string line;
+  if (update.progress) {
+    line = PadLeft(std::to_string(static_cast<int>(*update.progress * 100)), 3) + " %  ";
+  }
+  line += "update " + std::to_string(update.number);
+  for (const std::size_t place : IN_LINE) {
+    if (place < update.readouts.size() && !update.readouts[place].value.empty()) {
+      line += "  " + update.readouts[place].value;
+    }
+  }
+  output.Write(line + "\n");
+}
+
+void LineOutput::Finish(const Update& last, const Readouts&) {
+  std::size_t widest = 0;
+  for (const Readout& each : last.readouts) {
+    widest = std::max(widest, CountColumns(each.name));
+  }
+  std::string text = "\n";
+  for (const Readout& each : last.readouts) {
+    text += each.value.empty() ? each.name : PadRight(each.name, widest + 2) + each.value;
+    text += '\n';
+  }
+  output.Write(text);
+}
+
+}  // namespace host

@@ -1,0 +1,39 @@
+#include "outputs/PngWriter.h"
+
+#include <png.h>
+
+#include <cstdint>
+#include <vector>
+
+#include "base/HostError.h"
+
+namespace host {
+
+namespace {
+
+std::vector<std::uint8_t> ToRgb(const handheld::Pixels& pixels) {
+  std::vector<std::uint8_t> bytes;
+  bytes.reserve(pixels.rows.size() * 3);
+  for (const std::uint32_t pixel : pixels.rows) {
+    bytes.push_back(static_cast<std::uint8_t>(pixel >> 16));
+    bytes.push_back(static_cast<std::uint8_t>(pixel >> 8));
+    bytes.push_back(static_cast<std::uint8_t>(pixel));
+  }
+  return bytes;
+}
+
+}  // namespace
+
+void WritePng(const std::string& path, const handheld::Pixels& pixels) {
+  png_image image = {};
+  image.version = PNG_IMAGE_VERSION;
+  image.width = static_cast<png_uint_32>(pixels.width);
+  image.height = static_cast<png_uint_32>(pixels.height);
+  image.format = PNG_FORMAT_RGB;
+  const std::vector<std::uint8_t> bytes = ToRgb(pixels);
+  if (png_image_write_to_file(&image, path.c_str(), 0, bytes.data(), 0, nullptr) == 0) {
+    throw HostError("cannot write " + path + ": " + image.message);
+  }
+}
+
+}  // namespace host

@@ -1,0 +1,94 @@
+#include "run/Choices.h"
+
+#include <array>
+#include <charconv>
+
+#include "base/HostError.h"
+
+namespace host {
+
+namespace {
+
+constexpr const char* DEVICE = "Device";
+constexpr const char* BAUD = "Baud";
+constexpr const char* GPSD = "Gpsd";
+constexpr const char* KML_FOLDER = "KmlFolder";
+constexpr const char* VIEW = "View";
+
+struct PictureFlag {
+  const char* key;
+  std::optional<bool> Options::Picture::*flag;
+};
+
+constexpr std::array PICTURE_FLAGS = {
+    PictureFlag{"Mirror", &Options::Picture::mirror},
+    PictureFlag{"Flip", &Options::Picture::flip},
+    PictureFlag{"Rotate", &Options::Picture::rotate},
+    PictureFlag{"Invert", &Options::Picture::invert},
+};
+
+int ParseBaud(const std::string& text) {
+  int baud = 0;
+  std::from_chars(text.data(), text.data() + text.size(), baud);
+  return baud;
+}
+
+void RecallPort(Options& options, const Settings& settings) {
+  const std::string lastDevice = settings.Get(DEVICE);
+  if (options.device.empty()) {
+    options.device = lastDevice;
+  }
+  if (options.device.empty()) {
+    throw UsageError("--port needs DEVICE, such as /dev/ttyUSB0: none was used before");
+  }
+  if (!options.baud) {
+    options.baud = options.device == lastDevice ? ParseBaud(settings.Get(BAUD)) : 0;
+  }
+}
+
+}  // namespace
+
+void RecallChoices(Options& options, const Settings& settings) {
+  if (options.source == Options::Source::PORT) {
+    RecallPort(options, settings);
+  }
+  if (options.source == Options::Source::GPSD && options.gpsd.empty()) {
+    options.gpsd = settings.Get(GPSD);
+  }
+  if (options.writeKml && options.kmlFolder.empty()) {
+    options.kmlFolder = settings.Get(KML_FOLDER);
+  }
+}
+
+void KeepChoices(const Options& options, const Settings& settings) {
+  if (options.source == Options::Source::PORT) {
+    settings.Set(DEVICE, options.device);
+    settings.Set(BAUD, std::to_string(options.baud.value_or(0)));
+  }
+  if (options.source == Options::Source::GPSD) {
+    settings.Set(GPSD, options.gpsd);
+  }
+  if (options.writeKml) {
+    settings.Set(KML_FOLDER, options.kmlFolder);
+  }
+}
+
+void RecallPicture(Options::Picture& picture, const Settings& settings) {
+  if (picture.view.empty()) {
+    picture.view = settings.Get(VIEW);
+  }
+  for (const PictureFlag& each : PICTURE_FLAGS) {
+    if (!(picture.*each.flag)) {
+      picture.*each.flag = settings.Get(each.key) == "1";
+    }
+  }
+}
+
+void KeepPicture(const Options::Picture& picture, const Settings& settings) {
+  settings.Set(VIEW, picture.view);
+  for (const PictureFlag& each : PICTURE_FLAGS) {
+    settings.Set(each.key, (picture.*each.flag).value_or(false) ? "1" : "0");
+  }
+}
+
+}  // namespace host

@@ -1,0 +1,80 @@
+#include "sources/BridgeNotices.h"
+
+#include <array>
+
+namespace host {
+
+namespace {
+
+/// A kind of change: what is said when it begins, and what stands behind its count at the end.
+struct Kind {
+  std::uint64_t ReceiverBridge::Counts::*count;
+  const char* news;
+  const char* sum;
+};
+
+using Counts = ReceiverBridge::Counts;
+
+constexpr std::array KINDS = {
+    Kind{&Counts::talkers, nullptr, "sentences of other talkers read as GP"},
+    Kind{&Counts::times, "fractions of seconds are cut", "times without their fractions"},
+    Kind{&Counts::satellites,
+         "satellite lists are filled up to four satellites a sentence, each system's numbers apart",
+         "satellite lists filled up or renumbered"},
+    Kind{&Counts::speeds, "VTG speeds are put where the engine looks for knots",
+         "VTG speeds put in their place"},
+    Kind{&Counts::speedsDropped, nullptr, "VTG sentences without a speed left out"},
+    Kind{&Counts::damaged, "sentences with a wrong checksum are passed unchanged",
+         "sentences with a wrong checksum passed unchanged"},
+};
+
+std::string Sum(const char* what, std::uint64_t count) {
+  return std::string(what) + ": " + std::to_string(count);
+}
+
+std::string Join(const std::set<std::string>& talkers) {
+  std::string text;
+  for (const std::string& each : talkers) {
+    text += (text.empty() ? "" : ", ") + each;
+  }
+  return text;
+}
+
+}  // namespace
+
+std::vector<std::string> BridgeNotices::TakeNews(const Feeder::Report& report) {
+  std::vector<std::string> news;
+  if (report.bridge == last.bridge) {
+    return news;
+  }
+  if (report.talkers != last.talkers) {
+    news.push_back("the receiver speaks as " + Join(report.talkers) +
+                   ": such sentences are read as GP ones (--raw leaves them alone)");
+  }
+  for (const Kind& kind : KINDS) {
+    const bool begins = report.bridge.*kind.count > 0 && last.bridge.*kind.count == 0;
+    if (begins && kind.news != nullptr) {
+      news.emplace_back(kind.news);
+    }
+  }
+  last = report;
+  return news;
+}
+
+std::vector<std::string> BridgeNotices::SumUp(const Feeder::Report& report) {
+  std::vector<std::string> sums;
+  for (const Kind& kind : KINDS) {
+    if (report.bridge.*kind.count > 0) {
+      sums.push_back(Sum(kind.sum, report.bridge.*kind.count));
+    }
+  }
+  if (report.linesDropped > 0) {
+    sums.push_back(Sum("lines that are no sentences left out", report.linesDropped));
+  }
+  if (report.updatesMissed > 0) {
+    sums.push_back(Sum("positions that the engine did not take", report.updatesMissed));
+  }
+  return sums;
+}
+
+}  // namespace host

@@ -1,0 +1,197 @@
+#include "sources/Feeder.h"
+
+#include <algorithm>
+
+namespace host {
+
+namespace {
+
+using std::chrono::milliseconds;
+
+/// Recorded time between two epochs when their time stamps do not tell, or tell of a long pause.
+constexpr std::int64_t USUAL_STEP_MS = 1000;
+constexpr std::int64_t LONGEST_STEP_MS = 10000;
+
+/// How long an update is waited for: long at first; once updates stay away, shorter and shorter.
+constexpr milliseconds LONGEST_PATIENCE(3000);
+constexpr milliseconds SHORTEST_PATIENCE(100);
+
+/// The driver of a serial port collects a burst until the line falls silent. After this pause the
+/// next one is its own.
+constexpr milliseconds SILENCE(40);
+constexpr milliseconds LONGEST_READ(2000);
+constexpr milliseconds STEP(2);
+
+}  // namespace
+
+Feeder::Feeder(NmeaSource& sourceToRead, const PseudoTerminal& lineToWrite, Bridge bridgeUse,
+               double paceFactor, std::function<void(const Epoch&)> beforeEpoch,
+               std::function<void()> onEnd)
+    : source(sourceToRead),
+      line(lineToWrite),
+      pace(paceFactor),
+      prepare(std::move(beforeEpoch)),
+      end(std::move(onEnd)),
+      splitter(bridgeUse == Bridge::ON ? &bridge : nullptr,
+               [this](Epoch epoch) { queue.push_back(std::move(epoch)); }),
+      patience(LONGEST_PATIENCE) {}
+
+Feeder::~Feeder() {
+  Stop();
+}
+
+void Feeder::Start() {
+  thread = std::thread([this] { Run(); });
+}
+
+void Feeder::Stop() {
+  {
+    const std::lock_guard lock(mutex);
+    stopped = true;
+  }
+  changed.notify_all();
+  source.Stop();
+  if (thread.joinable()) {
+    thread.join();
+  }
+}
+
+void Feeder::Answer() {
+  {
+    const std::lock_guard lock(mutex);
+    ++answered;
+  }
+  changed.notify_all();
+}
+
+Feeder::Report Feeder::GetReport() const {
+  const std::lock_guard lock(mutex);
+  return report;
+}
+
+void Feeder::Run() {
+  bool goOn = true;
+  while (goOn) {
+    const std::optional<std::string> bytes = source.Read();
+    if (bytes) {
+      splitter.Add(*bytes);
+    } else {
+      splitter.Finish();
+    }
+    goOn = FeedQueue() && bytes.has_value();
+  }
+  end();
+}
+
+bool Feeder::FeedQueue() {
+  while (!queue.empty()) {
+    const Epoch epoch = TakeEpoch();
+    if (!WaitForTurn(epoch)) {
+      return false;
+    }
+    Publish(epoch);
+    prepare(epoch);
+    Expect(epoch.updates);
+    const bool taken =
+        Write(epoch.bytes) && (epoch.updates > 0 ? WaitForAnswer() : WaitUntilRead());
+    if (!taken) {
+      return false;
+    }
+  }
+  return true;
+}
+
+Epoch Feeder::TakeEpoch() {
+  Epoch epoch = std::move(queue.front());
+  queue.pop_front();
+  while (source.IsLive() && !queue.empty() &&
+         epoch.bytes.size() + queue.front().bytes.size() <= EpochSplitter::MAX_BYTES) {
+    epoch.bytes += queue.front().bytes;
+    epoch.updates += queue.front().updates;
+    queue.pop_front();
+  }
+  return epoch;
+}
+
+bool Feeder::WaitForTurn(const Epoch& epoch) {
+  if (pace <= 0 || epoch.updates == 0) {
+    return Pause(Clock::duration::zero());
+  }
+  if (lastTurn == Clock::time_point()) {
+    lastTurn = Clock::now();
+  } else {
+    std::int64_t stepMs = epoch.timeMs && lastTimeMs ? *epoch.timeMs - *lastTimeMs : USUAL_STEP_MS;
+    if (stepMs < 0 || stepMs > LONGEST_STEP_MS) {
+      stepMs = USUAL_STEP_MS;
+    }
+    const auto step = std::chrono::duration<double, std::milli>(static_cast<double>(stepMs) / pace);
+    lastTurn += std::chrono::duration_cast<Clock::duration>(step);
+  }
+  lastTimeMs = epoch.timeMs;
+  const Clock::time_point now = Clock::now();
+  if (lastTurn < now) {
+    lastTurn = now;
+  }
+  return Pause(lastTurn - now);
+}
+
+bool Feeder::Write(const std::string& bytes) {
+  std::string_view rest = bytes;
+  while (true) {
+    rest.remove_prefix(line.Write(rest));
+    if (rest.empty()) {
+      return true;
+    }
+    if (!Pause(STEP)) {
+      return false;
+    }
+  }
+}
+
+/// An answer that came after its time was up does not count for what comes now.
+void Feeder::Expect(int updates) {
+  const std::lock_guard lock(mutex);
+  expected = std::max(expected, answered) + static_cast<std::uint64_t>(updates);
+}
+
+bool Feeder::WaitForAnswer() {
+  std::unique_lock lock(mutex);
+  if (changed.wait_for(lock, patience, [this] { return stopped || answered >= expected; })) {
+    patience = LONGEST_PATIENCE;
+  } else {
+    report.updatesMissed += expected - answered;
+    expected = answered;
+    patience = std::max<Clock::duration>(patience / 2, SHORTEST_PATIENCE);
+  }
+  return !stopped;
+}
+
+bool Feeder::WaitUntilRead() {
+  const Clock::time_point latest = Clock::now() + LONGEST_READ;
+  do {
+    if (!Pause(SILENCE)) {
+      return false;
+    }
+  } while (line.CountUnread() > 0 && Clock::now() < latest);
+  return true;
+}
+
+bool Feeder::Pause(Clock::duration duration) {
+  std::unique_lock lock(mutex);
+  return !changed.wait_for(lock, duration, [this] { return stopped; });
+}
+
+void Feeder::Publish(const Epoch& epoch) {
+  const std::optional<std::uint64_t> size = source.GetSize();
+  const std::lock_guard lock(mutex);
+  if (size) {
+    report.progress =
+        *size == 0 ? 1.0 : static_cast<double>(epoch.sourceOffset) / static_cast<double>(*size);
+  }
+  report.bridge = bridge.GetCounts();
+  report.talkers = bridge.GetTalkers();
+  report.sentences = splitter.GetSentences();
+  report.linesDropped = splitter.GetLinesDropped();
+}
+
+}  // namespace host

@@ -1,0 +1,151 @@
+#include "sources/ReceiverBridge.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+namespace host {
+
+namespace {
+
+constexpr std::array<std::string_view, 6> KNOWN_TYPES = {"RMC", "GGA", "GSA", "GSV", "GLL", "VTG"};
+
+/// Satellites numbered 1 to `ownLast` by their own system get `offset` added.
+struct SatelliteSystem {
+  std::string_view talker;
+  int ownLast;
+  int offset;
+};
+
+constexpr std::array<SatelliteSystem, 8> SATELLITE_SYSTEMS = {{
+    {"GL", 32, 64},
+    {"GA", 64, 300},
+    {"GB", 64, 400},
+    {"BD", 64, 400},
+    {"GQ", 10, 192},
+    {"QZ", 10, 192},
+    {"GI", 32, 500},
+    {"IR", 32, 500},
+}};
+
+// Places in NmeaSentence::fields.
+constexpr std::size_t RMC_TIME = 0;
+constexpr std::size_t GSV_SATELLITES = 3;
+constexpr std::size_t GSV_SATELLITE_FIELDS = 4;
+constexpr std::size_t GSV_FIELDS = GSV_SATELLITES + 4 * GSV_SATELLITE_FIELDS;
+constexpr std::size_t VTG_TRUE_COURSE = 0;
+constexpr std::size_t VTG_TRUE_UNIT = 1;
+constexpr std::size_t VTG_MAGNETIC_COURSE = 2;
+constexpr std::size_t VTG_KNOTS = 4;
+constexpr std::size_t VTG_KMH = 6;
+
+bool IsKnown(const NmeaSentence& sentence) {
+  // Names of proprietary sentences start with "P".
+  return sentence.GetTalker().size() == 2 && sentence.name[0] != 'P' &&
+         std::find(KNOWN_TYPES.begin(), KNOWN_TYPES.end(), sentence.GetType()) != KNOWN_TYPES.end();
+}
+
+int ParseNumber(std::string_view text) {
+  int value = 0;
+  std::from_chars(text.data(), text.data() + text.size(), value);
+  return value;
+}
+
+/// Brings a GSV to exactly four satellites. True when that changed it.
+bool FillSatellites(NmeaSentence& sentence) {
+  auto& fields = sentence.fields;
+  if (fields.size() < GSV_SATELLITES || fields.size() == GSV_FIELDS) {
+    return false;
+  }
+  const std::size_t satelliteFields = fields.size() - GSV_SATELLITES;
+  const std::size_t whole = satelliteFields - satelliteFields % GSV_SATELLITE_FIELDS;
+  fields.resize(std::min(GSV_SATELLITES + whole, GSV_FIELDS));
+  fields.resize(GSV_FIELDS);
+  return true;
+}
+
+/// Moves the numbers of satellites out of the way of those of GPS. True when there were any.
+bool RenumberSatellites(NmeaSentence& sentence) {
+  const auto* system = std::find_if(
+      SATELLITE_SYSTEMS.begin(), SATELLITE_SYSTEMS.end(),
+      [&sentence](const SatelliteSystem& each) { return each.talker == sentence.GetTalker(); });
+  if (system == SATELLITE_SYSTEMS.end()) {
+    return false;
+  }
+  bool changed = false;
+  for (std::size_t i = GSV_SATELLITES; i < sentence.fields.size(); i += GSV_SATELLITE_FIELDS) {
+    const int number = ParseNumber(sentence.fields[i]);
+    if (number >= 1 && number <= system->ownLast) {
+      sentence.fields[i] = std::to_string(number + system->offset);
+      changed = true;
+    }
+  }
+  return changed;
+}
+
+bool HasUnits(const NmeaSentence& vtg) {
+  return vtg.fields.size() > VTG_KNOTS && vtg.fields[VTG_TRUE_UNIT] == "T";
+}
+
+void RemoveUnits(NmeaSentence& vtg) {
+  vtg.fields.resize(std::max(vtg.fields.size(), VTG_KMH + 1));
+  vtg.fields = {vtg.fields[VTG_TRUE_COURSE], vtg.fields[VTG_MAGNETIC_COURSE], vtg.fields[VTG_KNOTS],
+                vtg.fields[VTG_KMH]};
+}
+
+}  // namespace
+
+std::optional<std::string> ReceiverBridge::Rewrite(std::string_view text) {
+  NmeaSentence sentence(text);
+  if (!IsKnown(sentence)) {
+    return std::string(text);
+  }
+  if (sentence.checksum == NmeaSentence::Checksum::WRONG) {
+    ++counts.damaged;
+    return std::string(text);
+  }
+  bool changed = false;
+  if (sentence.GetType() == "GSV") {
+    changed = FillSatellites(sentence);
+    changed |= RenumberSatellites(sentence);
+    counts.satellites += changed ? 1 : 0;
+  } else if (sentence.GetType() == "VTG" && HasUnits(sentence)) {
+    if (sentence.fields[VTG_KNOTS].empty()) {
+      ++counts.speedsDropped;
+      return std::nullopt;
+    }
+    RemoveUnits(sentence);
+    ++counts.speeds;
+    changed = true;
+  } else if (sentence.GetType() == "RMC") {
+    changed = CutTime(sentence);
+  }
+  changed |= RenameTalker(sentence);
+  return changed ? sentence.GetText() : std::string(text);
+}
+
+bool ReceiverBridge::RenameTalker(NmeaSentence& sentence) {
+  if (sentence.GetTalker() == "GP") {
+    return false;
+  }
+  talkers.emplace(sentence.GetTalker());
+  sentence.name.replace(0, 2, "GP");
+  ++counts.talkers;
+  return true;
+}
+
+bool ReceiverBridge::CutTime(NmeaSentence& sentence) {
+  if (sentence.fields.size() <= RMC_TIME) {
+    return false;
+  }
+  std::string& time = sentence.fields[RMC_TIME];
+  const std::size_t point = time.find('.');
+  if (point == std::string::npos) {
+    return false;
+  }
+  time.resize(point);
+  ++counts.times;
+  return true;
+}
+
+}  // namespace host

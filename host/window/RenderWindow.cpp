@@ -1,0 +1,54 @@
+#include "window/RenderWindow.h"
+
+#include <chrono>
+#include <string>
+#include <thread>
+
+#include "base/HostError.h"
+
+namespace host {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr LPCWSTR CLASS_NAME = TEXT("FerolinView");
+/// Drawing takes a few milliseconds; a machine under load may take much longer.
+constexpr auto PATIENCE = 2s;
+constexpr auto CHECK_INTERVAL = 200us;
+
+}  // namespace
+
+RenderWindow::RenderWindow(int width, int height) {
+  WNDCLASSW description = {};
+  description.lpfnWndProc = DefWindowProcW;
+  description.lpszClassName = CLASS_NAME;
+  RegisterClassW(&description);
+  window = CreateWindowExW(0, CLASS_NAME, TEXT("Ferolin"), WS_POPUP | WS_VISIBLE, 0, 0, width,
+                           height, nullptr, nullptr, nullptr, nullptr);
+  if (window == nullptr) {
+    throw HostError("cannot make a window: error " + std::to_string(GetLastError()));
+  }
+  // Whoever draws first gets fresh pixels, which are no frame yet: have them made now.
+  ReleaseDC(window, GetWindowDC(window));
+  versionTaken = handheld::WindowPixelsVersion(window);
+}
+
+RenderWindow::~RenderWindow() {
+  DestroyWindow(window);
+}
+
+std::optional<handheld::Pixels> RenderWindow::AwaitFrame() {
+  const auto deadline = std::chrono::steady_clock::now() + PATIENCE;
+  while (handheld::WindowPixelsVersion(window) == versionTaken) {
+    if (std::chrono::steady_clock::now() > deadline) {
+      return std::nullopt;
+    }
+    // In real time: the device may be living much faster.
+    std::this_thread::sleep_for(CHECK_INTERVAL);
+  }
+  versionTaken = handheld::WindowPixelsVersion(window);
+  return handheld::WindowPixels(window);
+}
+
+}  // namespace host
