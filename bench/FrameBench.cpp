@@ -1,4 +1,5 @@
-// How long a frame of each view takes, as it is presented (upright, turned), and its parts. 800 x 480.
+// How long a frame of each view takes, as it is presented (upright, turned), and its parts. 800 x
+// 480.
 
 #include <benchmark/benchmark.h>
 #include <handheld.h>

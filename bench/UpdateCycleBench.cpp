@@ -1,4 +1,5 @@
-// How fast sentences go through the parser alone and through the whole update cycle (sensors, SMS, events; no window).
+// How fast sentences go through the parser alone and through the whole update cycle (sensors, SMS,
+// events; no window).
 
 #include <benchmark/benchmark.h>
 

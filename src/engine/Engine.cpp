@@ -5,13 +5,13 @@
 #include <algorithm>
 #include <new>
 
+#include "base/CodePage.h"
 #include "events/SpeedEvents.h"
 #include "gps/FixRecord.h"
 #include "sensors/LocalizedText.h"
 #include "sensors/Sensor.h"
 #include "settings/IniStore.h"
 #include "sms/SmsReporter.h"
-#include "text/CodePage.h"
 #include "track/TrackKmlWriter.h"
 #include "widgets/Widget.h"
 
@@ -137,6 +137,10 @@ Sensor* Engine::GetSensor(int index) const {
 Widget* Engine::GetWidget(int index) const {
   return index >= 0 && index < widgetCount ? widgets[static_cast<std::size_t>(index)].get()
                                            : nullptr;
+}
+
+bool Engine::CanSendSms() const {
+  return smsReporter->CanSend();
 }
 
 void Engine::PostToHost(UINT message, WPARAM wParam, LPARAM lParam) const {

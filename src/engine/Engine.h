@@ -8,9 +8,10 @@
 #include <memory>
 #include <string>
 
-#include "engine/Lock.h"
-#include "text/SharedWord.h"
-#include "text/WideString.h"
+#include "base/Lock.h"
+#include "base/SharedWord.h"
+#include "base/WideString.h"
+#include "widgets/WidgetOwner.h"
 
 namespace ferolin {
 
@@ -32,7 +33,7 @@ class Widget;
 /// calls) and one redraw thread at a time. `dataLock` guards the fix, the track, the sensors, the
 /// views with the canvas, SMS reports and speed events. Nobody waits for a thread while holding it.
 /// The single words beside them are SharedWords.
-class Engine {
+class Engine final : public WidgetOwner {
  public:
   static constexpr std::size_t MAX_WIDGETS = 10;
   static constexpr std::size_t MAX_SENSORS = 50;
@@ -85,10 +86,16 @@ class Engine {
 
   /// Has the current view drawn on a thread of its own, after waiting for the redraw before to end.
   /// Nothing happens when the render window is not to be seen or no view is current.
-  void RequestRedraw();
+  void RequestRedraw() override;
 
   /// Posts to the host, unless it has stopped or its window is gone.
-  void PostToHost(UINT message, WPARAM wParam, LPARAM lParam) const;
+  void PostToHost(UINT message, WPARAM wParam, LPARAM lParam) const override;
+
+  const FixRecord& GetFix() const override { return *fix; }
+  bool CanSendSms() const override;
+  HWND GetRenderWindow() const override { return renderWindow; }
+  UINT GetMessageId() const override { return wndMessageId; }
+  Lock& GetDataLock() const override { return dataLock; }
 
   // ---- Settings that the host makes, on the host's thread ----
 
@@ -102,11 +109,11 @@ class Engine {
   /// The folder set, or "Tracks" in the library's folder, which is then kept.
   WideString GetLogFolder();
 
-  WideString GetModuleDir() const { return moduleDir.data(); }
+  WideString GetModuleDir() const override { return moduleDir.data(); }
 
   /// Null for an index out of range.
-  Sensor* GetSensor(int index) const;
-  int GetSensorCount() const { return sensorCount; }
+  Sensor* GetSensor(int index) const override;
+  int GetSensorCount() const override { return sensorCount; }
 
   /// Null for an index out of range.
   Widget* GetWidget(int index) const;

@@ -1,7 +1,7 @@
 // The reader thread: starting it on the chosen source, its loops, and ending it.
 
+#include "base/Threads.h"
 #include "engine/Engine.h"
-#include "engine/Threads.h"
 #include "gps/GpsApiLibrary.h"
 #include "gps/SentenceSplitter.h"
 #include "gps/SerialPort.h"

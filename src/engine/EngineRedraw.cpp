@@ -1,7 +1,7 @@
 // The redraw thread: it draws the current view once and ends.
 
+#include "base/Threads.h"
 #include "engine/Engine.h"
-#include "engine/Threads.h"
 #include "widgets/Widget.h"
 
 namespace ferolin {

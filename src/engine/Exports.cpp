@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/CodePage.h"
 #include "engine/Engine.h"
 #include "events/SpeedEvents.h"
 #include "render/InvertFlags.h"
@@ -15,7 +16,6 @@
 #include "sensors/Sensor.h"
 #include "settings/IniStore.h"
 #include "sms/SmsReporter.h"
-#include "text/CodePage.h"
 #include "widgets/Widget.h"
 
 using ferolin::Engine;

@@ -1,5 +1,7 @@
 // The list of sensors. Hosts keep choices by index, so the order never changes.
 
+#include <ferolin.h>
+
 #include <new>
 
 #include "engine/Engine.h"
@@ -51,42 +53,59 @@ SensorPointer Pdop() {
   return Make<DopSensor>("PDOP", &FixRecord::pdop);
 }
 
-constexpr SensorPointer (*SENSORS[])() = {
-    &Named<GpsStatusSensor, Word::GPS_STATUS>,
-    &Named<SatellitesUsedSensor, Word::SATELLITES_USED>,
-    &Named<CurrentTimeSensor, Word::CURRENT_TIME>,
-    &Fastest<100>,
-    &Fastest<402>,
-    &Fastest<1000>,
-    &Named<DistanceSensor, Word::DISTANCE>,
-    &Named<ElapsedSensor, Word::ELAPSED>,
-    &Named<AverageSpeedSensor, Word::AVERAGE_SPEED>,
-    &Named<SpeedSensor, Word::SPEED>,
-    &Named<MaxSpeedSensor, Word::MAX_SPEED>,
-    &Accel<10>,
-    &Accel<30>,
-    &Accel<60>,
-    &Accel<100>,
-    &Accel<150>,
-    &Accel<200>,
-    &Named<LatitudeSensor, Word::LATITUDE>,
-    &Named<LongitudeSensor, Word::LONGITUDE>,
-    &Named<AltitudeSensor, Word::ALTITUDE>,
-    &Named<AzimuthSensor, Word::AZIMUTH>,
-    &Hdop,
-    &Vdop,
-    &Pdop,
-    &Named<BatterySensor, Word::BATTERY_STATUS>,
-    &Fastest<500>,
-    &Fastest<10000>,
-    &Accel<20>,
-    &Accel<40>,
-    &Accel<50>,
-    &Accel<70>,
-    &Accel<80>,
-    &Accel<90>,
-    &Accel<120>,
+struct SensorEntry {
+  FerolinSensor index;
+  SensorPointer (*make)();
 };
+
+constexpr SensorEntry SENSORS[] = {
+    {FEROLIN_SENSOR_GPS_STATUS, &Named<GpsStatusSensor, Word::GPS_STATUS>},
+    {FEROLIN_SENSOR_SATELLITES_USED, &Named<SatellitesUsedSensor, Word::SATELLITES_USED>},
+    {FEROLIN_SENSOR_CURRENT_TIME, &Named<CurrentTimeSensor, Word::CURRENT_TIME>},
+    {FEROLIN_SENSOR_FASTEST_100, &Fastest<100>},
+    {FEROLIN_SENSOR_FASTEST_402, &Fastest<402>},
+    {FEROLIN_SENSOR_FASTEST_1000, &Fastest<1000>},
+    {FEROLIN_SENSOR_DISTANCE, &Named<DistanceSensor, Word::DISTANCE>},
+    {FEROLIN_SENSOR_ELAPSED, &Named<ElapsedSensor, Word::ELAPSED>},
+    {FEROLIN_SENSOR_AVERAGE_SPEED, &Named<AverageSpeedSensor, Word::AVERAGE_SPEED>},
+    {FEROLIN_SENSOR_SPEED, &Named<SpeedSensor, Word::SPEED>},
+    {FEROLIN_SENSOR_MAX_SPEED, &Named<MaxSpeedSensor, Word::MAX_SPEED>},
+    {FEROLIN_SENSOR_ACCEL_10, &Accel<10>},
+    {FEROLIN_SENSOR_ACCEL_30, &Accel<30>},
+    {FEROLIN_SENSOR_ACCEL_60, &Accel<60>},
+    {FEROLIN_SENSOR_ACCEL_100, &Accel<100>},
+    {FEROLIN_SENSOR_ACCEL_150, &Accel<150>},
+    {FEROLIN_SENSOR_ACCEL_200, &Accel<200>},
+    {FEROLIN_SENSOR_LATITUDE, &Named<LatitudeSensor, Word::LATITUDE>},
+    {FEROLIN_SENSOR_LONGITUDE, &Named<LongitudeSensor, Word::LONGITUDE>},
+    {FEROLIN_SENSOR_ALTITUDE, &Named<AltitudeSensor, Word::ALTITUDE>},
+    {FEROLIN_SENSOR_AZIMUTH, &Named<AzimuthSensor, Word::AZIMUTH>},
+    {FEROLIN_SENSOR_HDOP, &Hdop},
+    {FEROLIN_SENSOR_VDOP, &Vdop},
+    {FEROLIN_SENSOR_PDOP, &Pdop},
+    {FEROLIN_SENSOR_BATTERY_STATUS, &Named<BatterySensor, Word::BATTERY_STATUS>},
+    {FEROLIN_SENSOR_FASTEST_500, &Fastest<500>},
+    {FEROLIN_SENSOR_FASTEST_10000, &Fastest<10000>},
+    {FEROLIN_SENSOR_ACCEL_20, &Accel<20>},
+    {FEROLIN_SENSOR_ACCEL_40, &Accel<40>},
+    {FEROLIN_SENSOR_ACCEL_50, &Accel<50>},
+    {FEROLIN_SENSOR_ACCEL_70, &Accel<70>},
+    {FEROLIN_SENSOR_ACCEL_80, &Accel<80>},
+    {FEROLIN_SENSOR_ACCEL_90, &Accel<90>},
+    {FEROLIN_SENSOR_ACCEL_120, &Accel<120>},
+};
+
+constexpr bool IsInOrder() {
+  int index = 0;
+  for (const SensorEntry& entry : SENSORS) {
+    if (entry.index != index++) {
+      return false;
+    }
+  }
+  return index == FEROLIN_SENSOR_COUNT;
+}
+
+static_assert(IsInOrder(), "hosts know the sensors by these indexes");
 
 }  // namespace
 
@@ -94,8 +113,8 @@ constexpr SensorPointer (*SENSORS[])() = {
 /// update. Should the memory run out, the list ends there.
 void Engine::BuildSensorTable() {
   static_assert(std::size(SENSORS) <= MAX_SENSORS);
-  for (const auto makeSensor : SENSORS) {
-    SensorPointer sensor = makeSensor();
+  for (const SensorEntry& entry : SENSORS) {
+    SensorPointer sensor = entry.make();
     if (sensor == nullptr) {
       return;
     }

@@ -5,11 +5,11 @@
 
 #include <string>
 
+#include "base/Format.h"
+#include "base/Number.h"
 #include "gps/FixRecord.h"
 #include "settings/IniFlag.h"
 #include "settings/IniStore.h"
-#include "text/Format.h"
-#include "text/Number.h"
 
 namespace ferolin {
 

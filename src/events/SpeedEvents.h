@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "text/WideString.h"
-#include "track/MissingValue.h"
+#include "base/MissingValue.h"
+#include "base/WideString.h"
 
 namespace ferolin {
 
@@ -19,8 +19,9 @@ struct SpeedEvent {
       limitInter;  ///< km/h, width of the band above the limit in which the warning repeats
 };
 
-/// Warns by sound when the speed reaches a limit, stays little above it or falls below it again, and when the vehicle
-/// stops. `Check` runs on the reader thread, everything else on the host's, all under the engine's data lock.
+/// Warns by sound when the speed reaches a limit, stays little above it or falls below it again,
+/// and when the vehicle stops. `Check` runs on the reader thread, everything else on the host's,
+/// all under the engine's data lock.
 class SpeedEvents {
  public:
   /// Limits of 60, 100 and 150 km/h with bands of 10, all silent.
@@ -29,14 +30,16 @@ class SpeedEvents {
   int GetCount() const { return static_cast<int>(events.size()); }
   /// Null for an index out of range.
   const SpeedEvent* GetEvent(int index) const;
-  /// Overwrites an event, or appends one when `index` is not below the count. A negative index does nothing.
+  /// Overwrites an event, or appends one when `index` is not below the count. A negative index does
+  /// nothing.
   void SetEvent(int index, const SpeedEvent& event);
 
   bool IsBeepOnZero() const { return beepOnZero; }
   void SetBeepOnZero(bool beep) { beepOnZero = beep; }
 
-  /// `directory` is the folder that holds the "Wav" folder; an empty one keeps the folder set before. Reads the first
-  /// three events; one whose limit or band is missing or below 1 keeps its default.
+  /// `directory` is the folder that holds the "Wav" folder; an empty one keeps the folder set
+  /// before. Reads the first three events; one whose limit or band is missing or below 1 keeps its
+  /// default.
   void LoadSettings(const WideString& directory, const IniStore& store);
 
   /// Writes all events, also those beyond the third.

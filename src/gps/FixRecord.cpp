@@ -1,6 +1,6 @@
 #include "gps/FixRecord.h"
 
-#include "gps/FixTime.h"
+#include "base/DeviceTime.h"
 
 namespace ferolin {
 

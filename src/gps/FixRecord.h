@@ -7,17 +7,19 @@
 #include <cstdint>
 #include <string_view>
 
+#include "base/MissingValue.h"
 #include "gps/SatelliteInfo.h"
-#include "track/MissingValue.h"
 #include "track/TrackStore.h"
 
 namespace ferolin {
 
-/// The current GPS state: the last known position, motion, times, precision and satellites, and the route so far.
+/// The current GPS state: the last known position, motion, times, precision and satellites, and the
+/// route so far.
 ///
-/// Filled from one of two sources, both on the reader thread: NMEA sentences (`ParseSentence`) or the platform's GPS API
-/// (`ApplyGpsPosition`). Everybody else only reads, under the engine's data lock. A number that is not known is
-/// MISSING_VALUE. Coordinates are kept as receivers send them, degrees x 100 + minutes, in single precision.
+/// Filled from one of two sources, both on the reader thread: NMEA sentences (`ParseSentence`) or
+/// the platform's GPS API (`ApplyGpsPosition`). Everybody else only reads, under the engine's data
+/// lock. A number that is not known is MISSING_VALUE. Coordinates are kept as receivers send them,
+/// degrees x 100 + minutes, in single precision.
 class FixRecord {
  public:
   static constexpr int FIELD_COUNT = 40;
@@ -30,8 +32,9 @@ class FixRecord {
   FixRecord(const FixRecord&) = delete;
   FixRecord& operator=(const FixRecord&) = delete;
 
-  /// Takes one NMEA sentence, which begins with "$" and ends before the carriage return. Returns 1 after a "$GPRMC"
-  /// sentence, which completes an epoch and adds a track point; 0 after all others, known, unknown or malformed.
+  /// Takes one NMEA sentence, which begins with "$" and ends before the carriage return. Returns 1
+  /// after a "$GPRMC" sentence, which completes an epoch and adds a track point; 0 after all
+  /// others, known, unknown or malformed.
   int ParseSentence(const char* sentence);
 
   /// Takes one position of the platform's GPS API, or null when there is none. Always returns 1.
@@ -47,7 +50,8 @@ class FixRecord {
   using FieldBuffers = std::array<std::array<char, FIELD_SIZE>, FIELD_COUNT>;
   struct SentenceKind;
 
-  /// Scratch of the parser: the fields of the last sentence. Fields beyond those of a sentence keep older text.
+  /// Scratch of the parser: the fields of the last sentence. Fields beyond those of a sentence keep
+  /// older text.
   FieldBuffers fields = {};
 
  public:
@@ -67,7 +71,8 @@ class FixRecord {
   float hdop = MISSING_FLOAT;
   float vdop = MISSING_FLOAT;
   std::int32_t satellitesUsed = 0;
-  /// What the field behind the altitude of the last GGA sentence reads as a number: the unit "M" gives 0.
+  /// What the field behind the altitude of the last GGA sentence reads as a number: the unit "M"
+  /// gives 0.
   float ggaField10 = MISSING_FLOAT;
   std::uint8_t fixValid = 0;
   std::array<SatelliteInfo, SATELLITE_COUNT> satellites;

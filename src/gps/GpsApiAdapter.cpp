@@ -9,7 +9,8 @@ namespace ferolin {
 
 namespace {
 
-/// Decimal degrees as degrees x 100 + minutes. A negative value stays negative through the truncation.
+/// Decimal degrees as degrees x 100 + minutes. A negative value stays negative through the
+/// truncation.
 float NmeaFromDegrees(double degrees) {
   const int whole = static_cast<int>(degrees);
   const double minutes = (degrees - whole) * 60.0;

@@ -1,6 +1,6 @@
 #include "gps/GpsApiLibrary.h"
 
-#include "text/LibraryEntry.h"
+#include "base/ModuleFunction.h"
 
 namespace ferolin {
 

@@ -5,9 +5,9 @@
 
 namespace ferolin {
 
-/// The sibling library "Dastrel.DLL", which hands over the positions of the platform's GPS API. A missing library or
-/// entry is no error: the calls then do nothing. Start and stop are called on the host's thread, GetPosition on the
-/// reader's.
+/// The sibling library "Dastrel.DLL", which hands over the positions of the platform's GPS API. A
+/// missing library or entry is no error: the calls then do nothing. Start and stop are called on
+/// the host's thread, GetPosition on the reader's.
 class GpsApiLibrary {
  public:
   GpsApiLibrary();
@@ -18,8 +18,8 @@ class GpsApiLibrary {
   void Start() const;
   void Stop() const;
 
-  /// Copies the current position into `position`. False, and `position` left alone, when the library or its entry is
-  /// missing.
+  /// Copies the current position into `position`. False, and `position` left alone, when the
+  /// library or its entry is missing.
   bool GetPosition(GPS_POSITION& position) const;
 
  private:

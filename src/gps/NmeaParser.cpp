@@ -1,12 +1,13 @@
-// The NMEA side of the fix record. Checksums are not verified: their digits are one more field that nobody reads.
+// The NMEA side of the fix record. Checksums are not verified: their digits are one more field that
+// nobody reads.
 
 #include <windows.h>
 
 #include <algorithm>
 #include <cstring>
 
+#include "base/Number.h"
 #include "gps/FixRecord.h"
-#include "text/Number.h"
 
 namespace ferolin {
 
@@ -20,7 +21,8 @@ int ParseIntField(const char* text) {
   return *text == '\0' ? MISSING_VALUE : ParseInt(text);
 }
 
-/// A coordinate as received, negative in the southern or western hemisphere. A missing one stays missing.
+/// A coordinate as received, negative in the southern or western hemisphere. A missing one stays
+/// missing.
 float ParseCoordinate(const char* text, const char* hemisphere, const char* negativeHemisphere) {
   const float value = ParseFloatField(text);
   return !IsMissing(value) && std::strcmp(hemisphere, negativeHemisphere) == 0 ? -value : value;
@@ -71,8 +73,8 @@ int FixRecord::ParseSentence(const char* sentence) {
   return 0;
 }
 
-/// Cuts the sentence at each "," and "*". Returns the number of fields that one of these ended; the text behind the last
-/// one is kept in the next buffer, but not counted.
+/// Cuts the sentence at each "," and "*". Returns the number of fields that one of these ended; the
+/// text behind the last one is kept in the next buffer, but not counted.
 int FixRecord::SplitFields(const char* sentence) {
   for (int count = 0; count < FIELD_COUNT; ++count) {
     auto& field = fields[static_cast<std::size_t>(count)];
@@ -141,7 +143,8 @@ void FixRecord::ParseGsv() {
   }
 }
 
-/// Only whole seconds and a full date are taken from the receiver; for all else the device's clock stands in.
+/// Only whole seconds and a full date are taken from the receiver; for all else the device's clock
+/// stands in.
 void FixRecord::ParseNmeaTime(std::string_view time, std::string_view date) {
   if (time.size() != TIME_LENGTH || date.size() != DATE_LENGTH) {
     SetDeviceTime();
@@ -190,7 +193,8 @@ void FixRecord::UpdateSatellite(int firstField) {
   }
 }
 
-/// The satellite's own slot, else the first free one; null when all are taken. A satellite keeps its slot for good.
+/// The satellite's own slot, else the first free one; null when all are taken. A satellite keeps
+/// its slot for good.
 SatelliteInfo* FixRecord::FindSlot(int prn) {
   for (const int wanted : {prn, MISSING_VALUE}) {
     const auto slot = std::ranges::find(satellites, wanted, &SatelliteInfo::prn);

@@ -2,11 +2,12 @@
 
 #include <cstdint>
 
-#include "track/MissingValue.h"
+#include "base/MissingValue.h"
 
 namespace ferolin {
 
-/// One satellite in view. Each number is MISSING_VALUE when unknown; a missing `prn` marks a free slot.
+/// One satellite in view. Each number is MISSING_VALUE when unknown; a missing `prn` marks a free
+/// slot.
 class SatelliteInfo {
  public:
   SatelliteInfo() = default;

@@ -8,11 +8,13 @@
 
 namespace ferolin {
 
-/// Cuts what a serial port delivers into sentences: from a "$" to the carriage return, which becomes the terminator.
+/// Cuts what a serial port delivers into sentences: from a "$" to the carriage return, which
+/// becomes the terminator.
 ///
-/// Bytes are read to GetReadPosition, at most GetReadSpace of them; then Scan. A "$" whose carriage return has not come
-/// is moved to the front, and the next read goes behind it, one place further than the "$" stood in the buffer. Each
-/// scan covers as many bytes as its read returned, counted from the front of the buffer.
+/// Bytes are read to GetReadPosition, at most GetReadSpace of them; then Scan. A "$" whose carriage
+/// return has not come is moved to the front, and the next read goes behind it, one place further
+/// than the "$" stood in the buffer. Each scan covers as many bytes as its read returned, counted
+/// from the front of the buffer.
 class SentenceSplitter {
  public:
   static constexpr std::size_t BUFFER_SIZE = 2048;
@@ -20,8 +22,8 @@ class SentenceSplitter {
   char* GetReadPosition() { return buffer.data() + carryOffset; }
   DWORD GetReadSpace() const { return static_cast<DWORD>(BUFFER_SIZE - carryOffset); }
 
-  /// Calls `deliver(const char*)` for every sentence among the `bytesRead` bytes now at the front; the text lasts for the
-  /// call.
+  /// Calls `deliver(const char*)` for every sentence among the `bytesRead` bytes now at the front;
+  /// the text lasts for the call.
   template <class Deliver>
   void Scan(std::size_t bytesRead, Deliver deliver) {
     char* sentence = nullptr;

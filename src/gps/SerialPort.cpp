@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "text/CodePage.h"
+#include "base/CodePage.h"
 
 namespace ferolin {
 

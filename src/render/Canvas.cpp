@@ -1,9 +1,9 @@
 #include "render/Canvas.h"
 
+#include "base/CodePage.h"
 #include "render/FrameBitmap.h"
 #include "render/InvertFlags.h"
 #include "render/Rotation.h"
-#include "text/CodePage.h"
 
 namespace ferolin {
 

@@ -4,8 +4,8 @@
 
 #include <string_view>
 
+#include "base/WideString.h"
 #include "render/Surface.h"
-#include "text/WideString.h"
 
 namespace ferolin {
 

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "text/SharedWord.h"
+#include "base/SharedWord.h"
 
 namespace ferolin {
 

@@ -4,8 +4,8 @@
 
 #include <memory>
 
+#include "base/WideString.h"
 #include "render/Surface.h"
-#include "text/WideString.h"
 
 struct IImage;
 struct IImagingFactory;

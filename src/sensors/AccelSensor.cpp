@@ -1,11 +1,11 @@
 #include "sensors/AccelSensor.h"
 
+#include "base/DeviceTime.h"
+#include "base/Number.h"
 #include "gps/FixRecord.h"
-#include "gps/FixTime.h"
 #include "sensors/LocalizedText.h"
 #include "sensors/StatePair.h"
 #include "sensors/TripText.h"
-#include "text/Number.h"
 
 namespace ferolin {
 
@@ -67,8 +67,8 @@ bool AccelSensor::CrossesTarget(float speedKmh) const {
          lastTime > 0 && startTime > 0;
 }
 
-/// Longer steps and runs are no acceleration. A clock that went back meanwhile makes the run shorter,
-/// as long as there is any time left of it.
+/// Longer steps and runs are no acceleration. A clock that went back meanwhile makes the run
+/// shorter, as long as there is any time left of it.
 void AccelSensor::RecordRun(float speedKmh, std::int64_t time) {
   constexpr double SECONDS_PER_MILLISECOND = 0.001F;
   const std::int64_t stepMs = (time - lastTime) / FILE_TIME_PER_MILLISECOND;

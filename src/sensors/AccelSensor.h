@@ -2,13 +2,13 @@
 
 #include <cstdint>
 
+#include "base/MissingValue.h"
 #include "sensors/SaveableSensor.h"
-#include "track/MissingValue.h"
 
 namespace ferolin {
 
-/// Best time from standstill to a target speed. The run starts at the last fix below 1 km/h; the moment at which the
-/// target is crossed is interpolated between two fixes.
+/// Best time from standstill to a target speed. The run starts at the last fix below 1 km/h; the
+/// moment at which the target is crossed is interpolated between two fixes.
 class AccelSensor : public SaveableSensor {
  public:
   explicit AccelSensor(float targetKmh);

@@ -1,11 +1,11 @@
 #include "sensors/AverageSpeedSensor.h"
 
+#include "base/DeviceTime.h"
+#include "base/Number.h"
 #include "gps/FixRecord.h"
-#include "gps/FixTime.h"
 #include "sensors/LocalizedText.h"
 #include "sensors/StatePair.h"
 #include "sensors/TripText.h"
-#include "text/Number.h"
 
 namespace ferolin {
 

@@ -2,13 +2,13 @@
 
 #include <cstdint>
 
+#include "base/MissingValue.h"
 #include "sensors/SaveableSensor.h"
-#include "track/MissingValue.h"
 
 namespace ferolin {
 
-/// Average speed over all time with a fix, standing time included. Counts whole seconds between fixes: two fixes within
-/// one second add neither time nor distance.
+/// Average speed over all time with a fix, standing time included. Counts whole seconds between
+/// fixes: two fixes within one second add neither time nor distance.
 class AverageSpeedSensor : public SaveableSensor {
  public:
   using SaveableSensor::SaveableSensor;

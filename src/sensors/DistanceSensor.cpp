@@ -1,10 +1,10 @@
 #include "sensors/DistanceSensor.h"
 
+#include "base/DeviceTime.h"
+#include "base/Number.h"
 #include "gps/FixRecord.h"
-#include "gps/FixTime.h"
 #include "sensors/LocalizedText.h"
 #include "sensors/TripText.h"
-#include "text/Number.h"
 
 namespace ferolin {
 

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
+#include "base/MissingValue.h"
 #include "sensors/SaveableSensor.h"
-#include "track/MissingValue.h"
 
 namespace ferolin {
 

@@ -6,7 +6,8 @@
 
 namespace ferolin {
 
-/// Time with a fix. A gap without one counts once the fix is back; a clock that goes back adds nothing.
+/// Time with a fix. A gap without one counts once the fix is back; a clock that goes back adds
+/// nothing.
 class ElapsedSensor : public SaveableSensor {
  public:
   using SaveableSensor::SaveableSensor;

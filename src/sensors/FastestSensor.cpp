@@ -1,11 +1,11 @@
 #include "sensors/FastestSensor.h"
 
+#include "base/DeviceTime.h"
+#include "base/Number.h"
 #include "gps/FixRecord.h"
-#include "gps/FixTime.h"
 #include "sensors/LocalizedText.h"
 #include "sensors/StatePair.h"
 #include "sensors/TripText.h"
-#include "text/Number.h"
 
 namespace ferolin {
 
@@ -89,9 +89,9 @@ void FastestSensor::AddSegment(float metres, std::int64_t milliseconds) {
   ++count;
 }
 
-/// Walks back from the newest segment until the run, the segment to come included, is as long as the target. Returns the
-/// segment in which the run starts; `sum` is then the length in metres, and `time` the duration in milliseconds of the
-/// stored segments from there on.
+/// Walks back from the newest segment until the run, the segment to come included, is as long as
+/// the target. Returns the segment in which the run starts; `sum` is then the length in metres, and
+/// `time` the duration in milliseconds of the stored segments from there on.
 int FastestSensor::FindStart(float newestMetres, float& sum, std::int64_t& time) const {
   sum = newestMetres;
   time = 0;
@@ -105,7 +105,8 @@ int FastestSensor::FindStart(float newestMetres, float& sum, std::int64_t& time)
   return NOT_FOUND;
 }
 
-/// `time` holds the whole of the first segment but not the segment to come, which is equal for fixes at an even pace.
+/// `time` holds the whole of the first segment but not the segment to come, which is equal for
+/// fixes at an even pace.
 void FastestSensor::RecordRun(int start, float sum, std::int64_t time) {
   const float length = segments.length[static_cast<std::size_t>(start)];
   const std::int64_t duration = segments.duration[static_cast<std::size_t>(start)];

@@ -3,13 +3,13 @@
 #include <array>
 #include <cstdint>
 
+#include "base/MissingValue.h"
 #include "sensors/SaveableSensor.h"
-#include "track/MissingValue.h"
 
 namespace ferolin {
 
-/// Best time over a target distance, from a sliding run of the newest segments between fixes. A stop, a lost fix, a found
-/// record and more than 300 segments empty the run.
+/// Best time over a target distance, from a sliding run of the newest segments between fixes. A
+/// stop, a lost fix, a found record and more than 300 segments empty the run.
 class FastestSensor : public SaveableSensor {
  public:
   explicit FastestSensor(float targetMetres);

@@ -4,8 +4,8 @@
 
 #include <array>
 
-#include "text/Cp1251.h"
-#include "text/SharedWord.h"
+#include "base/Cp1251.h"
+#include "base/SharedWord.h"
 
 namespace ferolin {
 

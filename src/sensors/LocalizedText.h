@@ -34,13 +34,16 @@ enum class Word : std::size_t {
   COUNT
 };
 
-/// Whether texts are Russian (1) or English (0): Russian when the user's language is. Asked of the device once and kept.
+/// Whether texts are Russian (1) or English (0): Russian when the user's language is. Asked of the
+/// device once and kept.
 int IsRussianLocale();
 
-/// The word in the user's language, 8-bit text (Russian in code page 1251). Lives as long as the library.
+/// The word in the user's language, 8-bit text (Russian in code page 1251). Lives as long as the
+/// library.
 const char* GetText(Word word);
 
-/// Asks the device for the language when the engine starts, on the host's thread, before others read the answer.
+/// Asks the device for the language when the engine starts, on the host's thread, before others
+/// read the answer.
 class LocaleHelper {
  public:
   LocaleHelper() { IsRussian(); }

@@ -1,8 +1,8 @@
 #include "sensors/MaxSpeedSensor.h"
 
+#include "base/Number.h"
 #include "gps/FixRecord.h"
 #include "sensors/LocalizedText.h"
-#include "text/Number.h"
 
 namespace ferolin {
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/MissingValue.h"
 #include "sensors/SaveableSensor.h"
-#include "track/MissingValue.h"
 
 namespace ferolin {
 

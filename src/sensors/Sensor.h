@@ -4,14 +4,15 @@
 #include <string>
 #include <string_view>
 
-#include "text/Format.h"
+#include "base/Format.h"
 
 namespace ferolin {
 
 class FixRecord;
 
-/// One named read-out. Names and texts are 8-bit text in the device's ANSI code page. Updated on the reader thread, read
-/// and reset on the host's and the redraw thread, always under the engine's data lock.
+/// One named read-out. Names and texts are 8-bit text in the device's ANSI code page. Updated on
+/// the reader thread, read and reset on the host's and the redraw thread, always under the engine's
+/// data lock.
 class Sensor {
  public:
   static constexpr std::size_t TEXT_SIZE = 256;
@@ -24,12 +25,12 @@ class Sensor {
   /// 1 when the sensor has a state that is worth keeping between runs.
   virtual int IsSaveable() const { return 0; }
 
-  /// Writes the state as text into `out`, which must hold 256 bytes: a state that is cut short would be another one, so
-  /// `size` makes no difference. Sensors without state leave it alone.
+  /// Writes the state as text into `out`, which must hold 256 bytes: a state that is cut short
+  /// would be another one, so `size` makes no difference. Sensors without state leave it alone.
   virtual void GetRegistryString(char* out, int size) const;
 
-  /// Takes a state over; the value text shows it at once. Returns 1, or 0 when the text holds no state above zero: then
-  /// nothing changes.
+  /// Takes a state over; the value text shows it at once. Returns 1, or 0 when the text holds no
+  /// state above zero: then nothing changes.
   virtual int SetRegistryString(const char* text);
 
   /// Empty until the first update. The text changes with the next update or reset.

@@ -4,7 +4,8 @@
 
 namespace ferolin {
 
-/// The two halves of a sensor's state text, which is cut at the first ";". Without one the second half is empty.
+/// The two halves of a sensor's state text, which is cut at the first ";". Without one the second
+/// half is empty.
 struct StatePair {
   explicit StatePair(const std::string& text)
       : first(text.substr(0, text.find(';'))),

@@ -1,8 +1,8 @@
 #include "sensors/TripText.h"
 
+#include "base/Format.h"
 #include "gps/FixRecord.h"
 #include "sensors/LocalizedText.h"
-#include "text/Format.h"
 
 namespace ferolin {
 

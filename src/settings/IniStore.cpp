@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "text/CodePage.h"
+#include "base/CodePage.h"
 
 namespace ferolin {
 
@@ -131,7 +131,8 @@ bool ReadRecords(const OpenFile& file, std::vector<IniRecord>& records) {
   return true;
 }
 
-/// A save that was cut off between removing the old file and naming the new one left the new one whole.
+/// A save that was cut off between removing the old file and naming the new one left the new one
+/// whole.
 void RecoverInterruptedSave(const std::string& fileName) {
   MoveFileW(Widen(fileName + std::string(SAVING_SUFFIX)).c_str(), Widen(fileName).c_str());
 }

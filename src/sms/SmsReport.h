@@ -6,12 +6,12 @@
 #include <utility>
 #include <vector>
 
-#include "text/WideString.h"
+#include "base/WideString.h"
 
 namespace ferolin {
 
-/// A text that is ready to go out to one or more numbers. It needs nothing of the engine any more, so it can be sent
-/// without its lock: that takes as long as the sibling library wants.
+/// A text that is ready to go out to one or more numbers. It needs nothing of the engine any more,
+/// so it can be sent without its lock: that takes as long as the sibling library wants.
 class SmsReport {
  public:
   /// What sends one text to one number: the sibling library's function.

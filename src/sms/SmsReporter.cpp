@@ -2,14 +2,14 @@
 
 #include <string_view>
 
+#include "base/CodePage.h"
+#include "base/DeviceTime.h"
+#include "base/Format.h"
+#include "base/ModuleFunction.h"
+#include "base/Number.h"
 #include "gps/FixRecord.h"
-#include "gps/FixTime.h"
 #include "settings/IniFlag.h"
 #include "settings/IniStore.h"
-#include "text/CodePage.h"
-#include "text/Format.h"
-#include "text/LibraryEntry.h"
-#include "text/Number.h"
 
 namespace ferolin {
 
@@ -18,8 +18,8 @@ namespace {
 constexpr const char* SECTION = "SMS";
 constexpr const char* SETTINGS_FILE = "";
 
-/// Replaces every occurrence, looking from the start again each time, so that a replacement that completes a placeholder
-/// counts too.
+/// Replaces every occurrence, looking from the start again each time, so that a replacement that
+/// completes a placeholder counts too.
 void ReplaceAll(std::string& text, std::string_view placeholder, std::string_view value) {
   for (std::size_t found = text.find(placeholder); found != std::string::npos;
        found = text.find(placeholder)) {
@@ -126,7 +126,7 @@ SmsReport SmsReporter::Tick() {
 }
 
 bool SmsReporter::IsDue(std::int64_t now) const {
-  constexpr std::int64_t FILE_TIME_PER_MINUTE = 600'000'000;
+  constexpr std::int64_t FILE_TIME_PER_MINUTE = 60 * FILE_TIME_PER_SECOND;
   if (lastTime == 0 || (now - lastTime) / FILE_TIME_PER_MINUTE < interval) {
     return false;
   }

@@ -6,18 +6,18 @@
 #include <string>
 #include <vector>
 
+#include "base/WideString.h"
 #include "sms/SmsReport.h"
-#include "text/WideString.h"
 
 namespace ferolin {
 
 class FixRecord;
 class IniStore;
 
-/// Reports the current position as a text message to one or more numbers: on request, and on its own when two successive
-/// fixes lie a chosen time apart. The sibling library "Parlex.DLL" does the sending; without it reports go nowhere.
-/// `Tick` runs on the reader thread, everything else on the host's, all under the engine's data lock; the reports are
-/// sent without it.
+/// Reports the current position as a text message to one or more numbers: on request, and on its
+/// own when two successive fixes lie a chosen time apart. The sibling library "Parlex.DLL" does the
+/// sending; without it reports go nowhere. `Tick` runs on the reader thread, everything else on the
+/// host's, all under the engine's data lock; the reports are sent without it.
 class SmsReporter {
  public:
   /// Loads the sibling library. `fixRecord` must outlive the reporter.
@@ -36,8 +36,8 @@ class SmsReporter {
   /// The numbers, joined with ",".
   WideString GetAddress() const;
 
-  /// `newAddress` holds numbers separated by ","; blanks around them and empty ones are dropped. `newInterval` is in
-  /// minutes; below 1 nothing is sent automatically.
+  /// `newAddress` holds numbers separated by ","; blanks around them and empty ones are dropped.
+  /// `newInterval` is in minutes; below 1 nothing is sent automatically.
   void SetParams(WideStringView newAddress, std::string newText, int newInterval, bool enable,
                  bool onlyIfChanged);
 
@@ -47,9 +47,9 @@ class SmsReporter {
   /// A report of the position now, to be sent while the reporter lives.
   SmsReport MakeReport() const;
 
-  /// The automatic step, at each fix: a report that is to be sent, or one that goes nowhere when none is due. The
-  /// interval is measured between this fix and the one before, not since the last message: a message goes out when the
-  /// receiver was silent that long.
+  /// The automatic step, at each fix: a report that is to be sent, or one that goes nowhere when
+  /// none is due. The interval is measured between this fix and the one before, not since the last
+  /// message: a message goes out when the receiver was silent that long.
   SmsReport Tick();
 
   /// The template with its placeholders replaced by values of the fix.

@@ -4,10 +4,10 @@
 
 #include <string_view>
 
-#include "text/CodePage.h"
-#include "text/Format.h"
+#include "base/CodePage.h"
+#include "base/Format.h"
+#include "base/MissingValue.h"
 #include "track/Degrees.h"
-#include "track/MissingValue.h"
 #include "track/TrackStore.h"
 
 namespace ferolin {
@@ -33,8 +33,8 @@ constexpr std::string_view FOOTER =
     "</Placemark>\n"
     "</kml>";
 
-/// Makes every level of the path that is missing. Failures (a level that exists, the empty one before a leading
-/// backslash) do not matter: creating the file tells in the end.
+/// Makes every level of the path that is missing. Failures (a level that exists, the empty one
+/// before a leading backslash) do not matter: creating the file tells in the end.
 void CreateFolders(const WideString& folder) {
   for (std::size_t end = folder.find('\\'); end != WideString::npos;
        end = folder.find('\\', end + 1)) {
@@ -69,8 +69,8 @@ bool Write(HANDLE file, std::string_view text) {
   return WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
 }
 
-/// Writes the points whose latitude, longitude and altitude all differ from those of the point written before, so that
-/// standing still and driving along a line leave few points.
+/// Writes the points whose latitude, longitude and altitude all differ from those of the point
+/// written before, so that standing still and driving along a line leave few points.
 bool WritePoints(HANDLE file, const TrackStore& track) {
   float lastLatitude = MISSING_FLOAT;
   float lastLongitude = MISSING_FLOAT;

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "track/MissingValue.h"
+#include "base/MissingValue.h"
 
 namespace ferolin {
 

@@ -6,8 +6,9 @@
 
 namespace ferolin {
 
-/// The route of this run: every accepted fix, oldest first, in one block of memory that grows by 1000 points at a time.
-/// When it can grow no more, the oldest points make room for new ones. Not locked: the engine's data lock guards it.
+/// The route of this run: every accepted fix, oldest first, in one block of memory that grows by
+/// 1000 points at a time. When it can grow no more, the oldest points make room for new ones. Not
+/// locked: the engine's data lock guards it.
 class TrackStore {
  public:
   /// Takes room for 1000 points. Without that memory every append is refused.
@@ -16,13 +17,15 @@ class TrackStore {
   TrackStore(const TrackStore&) = delete;
   TrackStore& operator=(const TrackStore&) = delete;
 
-  /// Adds a point unless its position is missing, its speed is negative, or it repeats the last point (the day of the
-  /// week is not compared). Returns the new count, or 0 when nothing was added.
+  /// Adds a point unless its position is missing, its speed is negative, or it repeats the last
+  /// point (the day of the week is not compared). Returns the new count, or 0 when nothing was
+  /// added.
   int Append(const TrackPoint& point);
 
   int GetPointCount() const { return pointCount; }
 
-  /// How many points had to make room so far: the point at index i is number i + GetDroppedCount() of the run.
+  /// How many points had to make room so far: the point at index i is number i + GetDroppedCount()
+  /// of the run.
   int GetDroppedCount() const { return droppedCount; }
 
   /// Null when `index` is out of range. An append may move the points: do not keep the address.

@@ -5,8 +5,8 @@
 #include <memory>
 #include <vector>
 
+#include "base/WideString.h"
 #include "render/Picture.h"
-#include "text/WideString.h"
 #include "widgets/ButtonLayout.h"
 
 namespace ferolin {

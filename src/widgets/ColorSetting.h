@@ -4,9 +4,9 @@
 
 #include <cstddef>
 
+#include "base/Format.h"
+#include "base/Number.h"
 #include "settings/IniStore.h"
-#include "text/Format.h"
-#include "text/Number.h"
 
 namespace ferolin {
 

@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "text/WideString.h"
+#include "base/WideString.h"
 
 namespace ferolin {
 

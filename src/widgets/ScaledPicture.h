@@ -4,14 +4,14 @@
 
 #include <memory>
 
+#include "base/WideString.h"
 #include "render/Picture.h"
 #include "render/Surface.h"
-#include "text/WideString.h"
 
 namespace ferolin {
 
-/// A large picture behind a view: the dial, the sky. Scaling and blending it takes most of a frame's
-/// time, so the result is kept for the next frame. Used under the engine's data lock.
+/// A large picture behind a view: the dial, the sky. Scaling and blending it takes most of a
+/// frame's time, so the result is kept for the next frame. Used under the engine's data lock.
 class ScaledPicture {
  public:
   ScaledPicture() = default;

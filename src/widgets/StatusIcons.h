@@ -5,8 +5,8 @@
 #include <array>
 #include <memory>
 
+#include "base/WideString.h"
 #include "render/Picture.h"
-#include "text/WideString.h"
 
 namespace ferolin {
 

@@ -2,10 +2,10 @@
 
 #include <cstddef>
 
+#include "base/Format.h"
+#include "base/Number.h"
 #include "render/TextStyle.h"
 #include "settings/IniStore.h"
-#include "text/Format.h"
-#include "text/Number.h"
 
 namespace ferolin {
 

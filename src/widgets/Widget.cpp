@@ -1,13 +1,14 @@
 #include "widgets/Widget.h"
 
+#include <ferolin.h>
+
 #include <cstdlib>
 
-#include "engine/Engine.h"
+#include "base/Lock.h"
+#include "base/Number.h"
 #include "render/Canvas.h"
 #include "sensors/Sensor.h"
-#include "sms/SmsReporter.h"
-#include "text/Number.h"
-#include "widgets/HostCode.h"
+#include "widgets/WidgetOwner.h"
 
 namespace ferolin {
 
@@ -21,10 +22,10 @@ struct NavigationButton {
 /// The own bar is filled from the right when it lies at the bottom, so that the arrows point
 /// outwards.
 constexpr NavigationButton NAVIGATION_BUTTONS[] = {
-    {TEXT("\\Pics\\BtnRight.png"), NEXT_VIEW},
-    {TEXT("\\Pics\\BtnFlipHor.png"), FLIP_HORIZONTALLY},
-    {TEXT("\\Pics\\BtnRotateScreen.png"), ROTATE_SCREEN},
-    {TEXT("\\Pics\\BtnLeft.png"), PREVIOUS_VIEW},
+    {TEXT("\\Pics\\BtnRight.png"), FEROLIN_BUTTON_NEXT_VIEW},
+    {TEXT("\\Pics\\BtnFlipHor.png"), FEROLIN_BUTTON_FLIP_HORIZONTALLY},
+    {TEXT("\\Pics\\BtnRotateScreen.png"), FEROLIN_BUTTON_ROTATE_SCREEN},
+    {TEXT("\\Pics\\BtnLeft.png"), FEROLIN_BUTTON_PREVIOUS_VIEW},
 };
 
 bool IsShown(HWND window) {
@@ -33,11 +34,11 @@ bool IsShown(HWND window) {
 
 }  // namespace
 
-Widget::Widget(std::string widgetName, Engine& owner)
-    : engine(owner), name(std::move(widgetName)) {}
+Widget::Widget(std::string widgetName, WidgetOwner& owner)
+    : owner(owner), name(std::move(widgetName)) {}
 
 void Widget::DrawOverlay(Canvas& canvas) {
-  const HWND window = engine.renderWindow;
+  const HWND window = owner.GetRenderWindow();
   RECT client;
   if (IsShown(window) && GetClientRect(window, &client)) {
     commonBar.Draw(canvas.GetPresentDC(), client);
@@ -50,14 +51,14 @@ void Widget::CreateCommonButtons() {
   if (!commonBar.IsEmpty()) {
     return;
   }
-  AddButton(commonBar, TEXT("\\Pics\\BtnResetAll.png"), RESET_ALL);
-  if (engine.smsReporter->CanSend()) {
-    AddButton(commonBar, TEXT("\\Pics\\BtnSMS.png"), SEND_SMS);
+  AddButton(commonBar, TEXT("\\Pics\\BtnResetAll.png"), FEROLIN_BUTTON_RESET_ALL);
+  if (owner.CanSendSms()) {
+    AddButton(commonBar, TEXT("\\Pics\\BtnSMS.png"), FEROLIN_BUTTON_SEND_SMS);
   } else {
     commonBar.Add(WideString(), {0, 0, 0});
   }
-  AddButton(commonBar, TEXT("\\Pics\\BtnOptions.png"), OPTIONS);
-  AddButton(commonBar, TEXT("\\Pics\\BtnClose.png"), CLOSE);
+  AddButton(commonBar, TEXT("\\Pics\\BtnOptions.png"), FEROLIN_BUTTON_OPTIONS);
+  AddButton(commonBar, TEXT("\\Pics\\BtnClose.png"), FEROLIN_BUTTON_CLOSE);
 }
 
 void Widget::CreateNavigationButtons() {
@@ -70,14 +71,14 @@ void Widget::CreateNavigationButtons() {
 }
 
 void Widget::AddButton(ButtonBar& bar, const WCHAR* file, LPARAM code) {
-  bar.Add(engine.GetModuleDir() + file, {engine.wndMessageId, 0, code});
+  bar.Add(owner.GetModuleDir() + file, {owner.GetMessageId(), 0, code});
 }
 
 void Widget::Attach() {
   CreateCommonButtons();
   CreateOwnButtons();
   RECT rect;
-  if (!GetWindowRect(engine.renderWindow, &rect)) {
+  if (!GetWindowRect(owner.GetRenderWindow(), &rect)) {
     return;
   }
   const bool isPortrait = rect.right - rect.left <= rect.bottom - rect.top;
@@ -86,7 +87,7 @@ void Widget::Attach() {
 }
 
 void Widget::OnMouseDown(HWND window, POINT point) {
-  const LockGuard guard(engine.dataLock);
+  const LockGuard guard(owner.GetDataLock());
   isMouseDown = true;
   lastPoint = point;
   if (const int index = commonBar.HitTest(window, point.x, point.y);
@@ -101,16 +102,16 @@ void Widget::OnMouseDown(HWND window, POINT point) {
 void Widget::OnMouseUp(HWND window, POINT point) {
   bool wasPressed = false;
   {
-    const LockGuard guard(engine.dataLock);
+    const LockGuard guard(owner.GetDataLock());
     isMouseDown = false;
     wasPressed |= ownBar.ReleaseButtons();
     wasPressed |= commonBar.ReleaseButtons();
     PresentAgain();
   }
   if (wasPressed) {
-    engine.RequestRedraw();
+    owner.RequestRedraw();
   }
-  const LockGuard guard(engine.dataLock);
+  const LockGuard guard(owner.GetDataLock());
   if (PostButtonAt(window, point)) {
     ShowBars();
   } else {
@@ -120,7 +121,7 @@ void Widget::OnMouseUp(HWND window, POINT point) {
 
 /// The back buffer still holds the last frame: only the bars change.
 void Widget::PresentAgain() {
-  theCanvas.BeginFrame(engine.renderWindow);
+  theCanvas.BeginFrame(owner.GetRenderWindow());
   theCanvas.PresentTransformed();
   DrawOverlay(theCanvas);
   theCanvas.FlushToWindow();
@@ -137,7 +138,7 @@ bool Widget::PostButtonAt(HWND window, POINT point) {
   if (button == nullptr) {
     return false;
   }
-  engine.PostToHost(button->message.message, button->message.wParam, button->message.lParam);
+  owner.PostToHost(button->message.message, button->message.wParam, button->message.lParam);
   return true;
 }
 
@@ -148,7 +149,8 @@ void Widget::PostSwipe(HWND window, POINT point) {
   RECT rect = {};
   GetWindowRect(window, &rect);
   if (std::abs(dx) > std::abs(dy) && std::abs(dx) > (rect.right - rect.left) / 2) {
-    engine.PostToHost(engine.wndMessageId, 0, dx < 1 ? NEXT_VIEW : PREVIOUS_VIEW);
+    owner.PostToHost(owner.GetMessageId(), 0,
+                     dx < 1 ? FEROLIN_BUTTON_NEXT_VIEW : FEROLIN_BUTTON_PREVIOUS_VIEW);
   }
 }
 
@@ -167,7 +169,7 @@ void Widget::ShowBars() {
 }
 
 const char* Widget::GetSensorText(int index) const {
-  const Sensor* sensor = engine.GetSensor(index);
+  const Sensor* sensor = owner.GetSensor(index);
   return sensor != nullptr ? sensor->GetValueText() : "";
 }
 

@@ -9,7 +9,7 @@
 namespace ferolin {
 
 class Canvas;
-class Engine;
+class WidgetOwner;
 class IniStore;
 
 /// A full-screen view that is drawn into the host's render window, with two bars of buttons over
@@ -23,7 +23,7 @@ class IniStore;
 class Widget {
  public:
   /// `widgetName` is 8-bit text in the ANSI code page. The engine owns the widget.
-  Widget(std::string widgetName, Engine& owner);
+  Widget(std::string widgetName, WidgetOwner& owner);
   Widget(const Widget&) = delete;
   Widget& operator=(const Widget&) = delete;
 
@@ -61,7 +61,7 @@ class Widget {
   const char* GetSensorText(int index) const;
   double GetSensorNumber(int index) const;
 
-  Engine& engine;
+  WidgetOwner& owner;
   ButtonBar commonBar{BarSide::TOP};
   ButtonBar ownBar{BarSide::BOTTOM};
   bool isMouseDown = false;

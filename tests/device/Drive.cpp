@@ -1,6 +1,7 @@
-// Prints everything that the engine gives away on one long drive: each read-out after each position, and at the end
-// what it would keep, a checksum of each view's picture in all orientations, the files it wrote, the sounds it started
-// and the messages it sent. The same drive on two homes has to print the same bytes.
+// Prints everything that the engine gives away on one long drive: each read-out after each
+// position, and at the end what it would keep, a checksum of each view's picture in all
+// orientations, the files it wrote, the sounds it started and the messages it sent. The same drive
+// on two homes has to print the same bytes.
 //
 // usage: device-drive [folder for the pictures]
 
@@ -39,7 +40,8 @@ std::string Fixed(const char* format, int first, int second) {
   return text;
 }
 
-/// Speeds up to 160 km/h, stands for a while, and speeds up again, with every tenth of a knot that occurs.
+/// Speeds up to 160 km/h, stands for a while, and speeds up again, with every tenth of a knot that
+/// occurs.
 int TenthsOfKnots(int second) {
   const int phase = second % 120;
   return phase < 40 ? phase * 21 + phase % 3 : phase < 80 ? 860 - (phase - 40) * 22 : 0;
@@ -82,8 +84,8 @@ void PrintFile(const Device& device, const std::string& name) {
   std::printf("== %s\n%s\n", name.c_str(), content.c_str());
 }
 
-/// The frame of an update is drawn behind the host's back: waits until a new one has begun, and then for the lock that
-/// the engine holds until it is complete. False when none begins.
+/// The frame of an update is drawn behind the host's back: waits until a new one has begun, and
+/// then for the lock that the engine holds until it is complete. False when none begins.
 bool WaitForFrame(const EngineLibrary& engine, HWND window, std::uint64_t before) {
   const auto deadline = std::chrono::steady_clock::now() + 30s;
   while (handheld::WindowPixelsVersion(window) == before) {
@@ -119,8 +121,9 @@ void PrintPicture(HWND window, const std::string& name) {
   }
 }
 
-/// Draws each view upright and in each orientation, one update a picture. The reader must not be running: what is left
-/// of the last update would draw a picture too many. False when one was not drawn.
+/// Draws each view upright and in each orientation, one update a picture. The reader must not be
+/// running: what is left of the last update would draw a picture too many. False when one was not
+/// drawn.
 bool PrintViews(const EngineLibrary& engine, const HostWindow& host, Receiver& receiver,
                 const std::string& language) {
   struct Orientation {

@@ -9,12 +9,13 @@
 
 namespace drawing {
 
-/// Keeps what the scenes came to: of each picture a line in "scenes.txt" with its name, what the calls that drew it
-/// answered, and a checksum of its pixels. Of those that are asked for also the pixels, as "<name>.raw": a line with
-/// width, height and bits a pixel, then the rows from the top.
+/// Keeps what the scenes came to: of each picture a line in "scenes.txt" with its name, what the
+/// calls that drew it answered, and a checksum of its pixels. Of those that are asked for also the
+/// pixels, as "<name>.raw": a line with width, height and bits a pixel, then the rows from the top.
 class Album {
  public:
-  /// `wanted`: pictures whose pixels are written. `spoilt`: a picture of which one pixel is changed; none when empty.
+  /// `wanted`: pictures whose pixels are written. `spoilt`: a picture of which one pixel is
+  /// changed; none when empty.
   Album(std::string folder, std::set<std::string> wanted, std::string spoilt);
   ~Album();
   Album(const Album&) = delete;

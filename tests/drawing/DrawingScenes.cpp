@@ -1,4 +1,5 @@
-// Draws many small scenes and all views, so that homes can be compared. The same source for every home.
+// Draws many small scenes and all views, so that homes can be compared. The same source for every
+// home.
 
 #include <cstdio>
 #include <set>

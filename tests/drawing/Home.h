@@ -1,4 +1,5 @@
-// What homes have to do differently before scenes can be drawn. Each has its own source: Home.<home>.cpp.
+// What homes have to do differently before scenes can be drawn. Each has its own source:
+// Home.<home>.cpp.
 #pragma once
 
 #include <windows.h>
@@ -7,8 +8,8 @@
 
 namespace drawing {
 
-/// A module that lies beside the pictures and the display font; the battery from now on is at 65 % and charging, the
-/// screen has 96 dpi.
+/// A module that lies beside the pictures and the display font; the battery from now on is at 65 %
+/// and charging, the screen has 96 dpi.
 HMODULE PrepareHome();
 
 }  // namespace drawing

@@ -29,7 +29,8 @@ class Paper {
 
   void Fill(COLORREF color) const;
   void FillWithNoise(Random& random) const;
-  /// Makes 32-bit pixels with an alpha out of noise: some opaque, some clear, colours no brighter than their alpha.
+  /// Makes 32-bit pixels with an alpha out of noise: some opaque, some clear, colours no brighter
+  /// than their alpha.
   void Premultiply(Random& random) const;
 
   /// All pixels, the picture's top row first, without gaps between rows.
@@ -48,7 +49,8 @@ class Paper {
   void* bits = nullptr;
 };
 
-/// An object in use: selected into the context, and deleted at the end after the one before was put back.
+/// An object in use: selected into the context, and deleted at the end after the one before was put
+/// back.
 class InUse {
  public:
   InUse(HDC context, HGDIOBJ used) : dc(context), object(used), old(SelectObject(dc, object)) {}

@@ -6,8 +6,8 @@
 
 namespace drawing {
 
-/// Numbers that look random and are the same on every home. Draw them one a statement: the order in which a call's
-/// arguments are worked out differs between homes.
+/// Numbers that look random and are the same on every home. Draw them one a statement: the order in
+/// which a call's arguments are worked out differs between homes.
 class Random {
  public:
   explicit Random(std::uint32_t seed) : state(seed == 0 ? 1 : seed) {

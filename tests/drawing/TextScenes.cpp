@@ -5,7 +5,7 @@
 #include <string>
 
 #include "Scene.h"
-#include "text/WideString.h"
+#include "base/WideString.h"
 
 namespace drawing {
 

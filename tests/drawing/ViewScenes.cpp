@@ -9,11 +9,11 @@
 
 #include "Home.h"
 #include "Scene.h"
+#include "base/Format.h"
 #include "engine/Engine.h"
 #include "render/Canvas.h"
 #include "render/InvertFlags.h"
 #include "sensors/Sensor.h"
-#include "text/Format.h"
 #include "widgets/Widget.h"
 
 namespace drawing {

@@ -1,4 +1,5 @@
-// What the suite needs of the device around the engine. Each home has its own source: Device.<home>.cpp.
+// What the suite needs of the device around the engine. Each home has its own source:
+// Device.<home>.cpp.
 #pragma once
 
 #include <gpsapi.h>
@@ -24,8 +25,8 @@ class Receiver {
   virtual int GetBaudRate() const = 0;
 };
 
-/// One device for one test: a fresh program folder, English, a clock that runs fast, a battery at 80 %, no serial port
-/// and no sibling library. Only one exists at a time.
+/// One device for one test: a fresh program folder, English, a clock that runs fast, a battery at
+/// 80 %, no serial port and no sibling library. Only one exists at a time.
 class Device {
  public:
   static std::unique_ptr<Device> Make();
@@ -75,10 +76,12 @@ class Device {
   /// As long as it is busy, no message gets further than the first one from now on.
   void MakeSmsBusy(bool isBusy) { WriteFile(RECORDING_SMS_BUSY, isBusy ? "busy" : ""); }
 
-  /// Makes the sibling library of the GPS API available. It answers the position set last, and none before.
+  /// Makes the sibling library of the GPS API available. It answers the position set last, and none
+  /// before.
   virtual void InstallGpsLibrary() = 0;
   virtual void SetGpsPosition(const GPS_POSITION& position) = 0;
-  /// Names of the library's functions, but for the one that asks for positions, in the order of their calls.
+  /// Names of the library's functions, but for the one that asks for positions, in the order of
+  /// their calls.
   virtual std::vector<std::string> GetGpsCalls() const = 0;
 
   /// Rows from the top, each pixel 0x00RRGGBB.

@@ -1,4 +1,5 @@
-// The device of the suite on Windows: a folder, serial lines, and doubles of what no test can tell a real system.
+// The device of the suite on Windows: a folder, serial lines, and doubles of what no test can tell
+// a real system.
 
 #include "Device.h"
 

@@ -1,5 +1,6 @@
-// What the suite's device is like on Windows, where no program may tell the system its battery, its language or the time:
-// the engine gets doubles of the calls that ask for these, and of those that a test wants to see.
+// What the suite's device is like on Windows, where no program may tell the system its battery, its
+// language or the time: the engine gets doubles of the calls that ask for these, and of those that
+// a test wants to see.
 #pragma once
 
 #include <windows.h>
@@ -50,7 +51,8 @@ struct DeviceState {
 
   double timeRate = 50;
   bool isClockStopped = false;
-  /// The moment that the clock stands at, or showed when the machine's showed `clockBaseReal`. In 100 ns since 1601.
+  /// The moment that the clock stands at, or showed when the machine's showed `clockBaseReal`. In
+  /// 100 ns since 1601.
   ULONGLONG clockBase = 0;
   ULONGLONG clockBaseReal = 0;
   int zoneHours = 0;

@@ -24,7 +24,8 @@ namespace e2e {
   X(SetIniFileValue)
 // clang-format on
 
-/// The engine, loaded as a host loads it: attached by the constructor, detached by the destructor or Unload.
+/// The engine, loaded as a host loads it: attached by the constructor, detached by the destructor
+/// or Unload.
 class EngineLibrary {
  public:
   EngineLibrary();

@@ -49,7 +49,7 @@ std::size_t EngineTest::CountUpdatesUntilMarker() {
   receiver->Send(Rmc(MARKER_TIME, "V", ""));
   do {
     count += host->WaitFor(message, 1).size();
-  } while (engine->SensorValue(CURRENT_TIME) != markerText && count > 0);
+  } while (engine->SensorValue(FEROLIN_SENSOR_CURRENT_TIME) != markerText && count > 0);
   return count - 1;
 }
 

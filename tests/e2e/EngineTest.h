@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ferolin.h>
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -12,34 +13,11 @@
 
 namespace e2e {
 
-/// Positions of the sensors in the list.
-enum SensorIndex {
-  GPS_STATUS = 0,
-  SATELLITES_USED = 1,
-  CURRENT_TIME = 2,
-  FASTEST_100 = 3,
-  FASTEST_402 = 4,
-  DISTANCE = 6,
-  ELAPSED = 7,
-  AVERAGE_SPEED = 8,
-  SPEED = 9,
-  MAX_SPEED = 10,
-  ACCEL_100 = 14,
-  LATITUDE = 17,
-  LONGITUDE = 18,
-  ALTITUDE = 19,
-  AZIMUTH = 20,
-  HDOP = 21,
-  VDOP = 22,
-  PDOP = 23,
-  BATTERY = 24,
-};
-
 /// "$body*hh\r\n" with its checksum.
 std::string Sentence(std::string_view body);
 
-/// An RMC sentence at 48 degrees 07.038 N, 11 degrees 31 E on 2024-03-23: time "hhmmss", status "A" or "V", speed in knots
-/// as text.
+/// An RMC sentence at 48 degrees 07.038 N, 11 degrees 31 E on 2024-03-23: time "hhmmss", status "A"
+/// or "V", speed in knots as text.
 std::string Rmc(std::string_view time, std::string_view status, std::string_view knots);
 
 /// A test with a device and a host window; the engine is loaded by Load.
@@ -56,8 +34,8 @@ class EngineTest : public testing::Test {
   /// Sends bytes and waits for so many updates. Returns how many came.
   std::size_t Send(std::string_view bytes, std::size_t updates = 1);
 
-  /// Updates that came although nobody waited for them. Whatever was sent before has been dealt with when it returns: it
-  /// sends one more accepted sentence behind it and waits for that.
+  /// Updates that came although nobody waited for them. Whatever was sent before has been dealt
+  /// with when it returns: it sends one more accepted sentence behind it and waits for that.
   std::size_t CountUpdatesUntilMarker();
 
   std::unique_ptr<Device> device;

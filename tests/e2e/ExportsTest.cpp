@@ -49,19 +49,19 @@ TEST_F(Exports, LogFolderThatDoesNotFitLeavesAnEmptyText) {
 
 TEST_F(Exports, SensorNameIsCopiedOnlyWhenItFits) {
   char buffer[] = "untouched";
-  EXPECT_EQ(0, engine->GetSensorName(SPEED, buffer, 5));
+  EXPECT_EQ(0, engine->GetSensorName(FEROLIN_SENSOR_SPEED, buffer, 5));
   EXPECT_STREQ("untouched", buffer);
-  EXPECT_EQ(5, engine->GetSensorName(SPEED, buffer, 6));
+  EXPECT_EQ(5, engine->GetSensorName(FEROLIN_SENSOR_SPEED, buffer, 6));
   EXPECT_STREQ("Speed", buffer);
 }
 
 TEST_F(Exports, SensorValueIsCopiedWheneverTheNameFits) {
-  ASSERT_EQ(1, engine->SetSensorRegistryString(ELAPSED, TEXT("90061")));
+  ASSERT_EQ(1, engine->SetSensorRegistryString(FEROLIN_SENSOR_ELAPSED, TEXT("90061")));
   char buffer[32] = "untouched";
-  EXPECT_EQ(0, engine->GetSensorValue(ELAPSED, buffer, 7));
+  EXPECT_EQ(0, engine->GetSensorValue(FEROLIN_SENSOR_ELAPSED, buffer, 7));
   EXPECT_STREQ("untouched", buffer);
   // "1days1:1:1" is longer than "Elapsed".
-  EXPECT_EQ(10, engine->GetSensorValue(ELAPSED, buffer, 8));
+  EXPECT_EQ(10, engine->GetSensorValue(FEROLIN_SENSOR_ELAPSED, buffer, 8));
   EXPECT_STREQ("1days1:1:1", buffer);
 }
 
@@ -85,15 +85,15 @@ TEST_F(Exports, UnknownIndexesGiveZeroAndLeaveTheBufferAlone) {
 
 TEST_F(Exports, RegistryStringOfASensorWithoutStateIsWhatTheBufferHeld) {
   char buffer[256] = "previous";
-  EXPECT_EQ(8, engine->GetSensorRegistryString(SPEED, buffer, sizeof buffer));
+  EXPECT_EQ(8, engine->GetSensorRegistryString(FEROLIN_SENSOR_SPEED, buffer, sizeof buffer));
   EXPECT_STREQ("previous", buffer);
 }
 
 TEST_F(Exports, RegistryStringIsNeverCutShort) {
-  ASSERT_EQ(1, engine->SetSensorRegistryString(ELAPSED, TEXT("90061")));
+  ASSERT_EQ(1, engine->SetSensorRegistryString(FEROLIN_SENSOR_ELAPSED, TEXT("90061")));
   for (const int size : {0, 3, 256}) {
     char buffer[256] = "previous";
-    EXPECT_EQ(5, engine->GetSensorRegistryString(ELAPSED, buffer, size)) << size;
+    EXPECT_EQ(5, engine->GetSensorRegistryString(FEROLIN_SENSOR_ELAPSED, buffer, size)) << size;
     EXPECT_STREQ("90061", buffer) << size;
   }
 }
@@ -103,8 +103,8 @@ TEST_F(Exports, OverlongRegistryTextIsCut) {
   std::basic_string<WCHAR> text(300, ' ');
   text[0] = '7';
   text[299] = '9';
-  EXPECT_EQ(1, engine->SetSensorRegistryString(ELAPSED, text.c_str()));
-  EXPECT_EQ("7 s", engine->SensorValue(ELAPSED));
+  EXPECT_EQ(1, engine->SetSensorRegistryString(FEROLIN_SENSOR_ELAPSED, text.c_str()));
+  EXPECT_EQ("7 s", engine->SensorValue(FEROLIN_SENSOR_ELAPSED));
 }
 
 TEST_F(Exports, FlagsKeepTheirLowByteOrBecomeOne) {
@@ -170,10 +170,10 @@ TEST_F(Exports, NullTextsCountAsEmpty) {
   engine->SetComPortName(nullptr);
   engine->SetLogFolder(nullptr);
   engine->SetSMSParams(nullptr, nullptr, 0, 0, 0);
-  EXPECT_EQ(0, engine->SetSensorRegistryString(DISTANCE, nullptr));
+  EXPECT_EQ(0, engine->SetSensorRegistryString(FEROLIN_SENSOR_DISTANCE, nullptr));
   EXPECT_EQ(1, engine->SetIniFileValue(TEXT("S"), TEXT("K"), nullptr, nullptr));
   EXPECT_EQ("", engine->IniValue(TEXT("S"), TEXT("K")));
-  EXPECT_EQ(0, engine->GetSensorName(SPEED, nullptr, 256));
+  EXPECT_EQ(0, engine->GetSensorName(FEROLIN_SENSOR_SPEED, nullptr, 256));
 }
 
 }  // namespace

@@ -52,21 +52,21 @@ TEST_F(GpsApi, APositionUpdatesTheSensors) {
   device->SetGpsPosition(MakePosition());
   StartApi();
   EXPECT_EQ(1U, WaitForUpdates(1));
-  EXPECT_EQ("OK", engine->SensorValue(GPS_STATUS));
-  EXPECT_EQ("8", engine->SensorValue(SATELLITES_USED));
-  EXPECT_EQ("12:35:19", engine->SensorValue(CURRENT_TIME));
-  EXPECT_EQ("18.5 km/h", engine->SensorValue(SPEED));
+  EXPECT_EQ("OK", engine->SensorValue(FEROLIN_SENSOR_GPS_STATUS));
+  EXPECT_EQ("8", engine->SensorValue(FEROLIN_SENSOR_SATELLITES_USED));
+  EXPECT_EQ("12:35:19", engine->SensorValue(FEROLIN_SENSOR_CURRENT_TIME));
+  EXPECT_EQ("18.5 km/h", engine->SensorValue(FEROLIN_SENSOR_SPEED));
   EXPECT_EQ(
       "48\xB0"
       "7'30'' NL",
-      engine->SensorValue(LATITUDE));
+      engine->SensorValue(FEROLIN_SENSOR_LATITUDE));
   EXPECT_EQ(
       "11\xB0"
       "30'0'' WL",
-      engine->SensorValue(LONGITUDE));
-  EXPECT_EQ("545.4 m", engine->SensorValue(ALTITUDE));
-  EXPECT_EQ("84", engine->SensorValue(AZIMUTH));
-  EXPECT_EQ("1.3", engine->SensorValue(HDOP));
+      engine->SensorValue(FEROLIN_SENSOR_LONGITUDE));
+  EXPECT_EQ("545.4 m", engine->SensorValue(FEROLIN_SENSOR_ALTITUDE));
+  EXPECT_EQ("84", engine->SensorValue(FEROLIN_SENSOR_AZIMUTH));
+  EXPECT_EQ("1.3", engine->SensorValue(FEROLIN_SENSOR_HDOP));
 }
 
 TEST_F(GpsApi, PositionsAreAskedForAgainAndAgain) {
@@ -77,10 +77,11 @@ TEST_F(GpsApi, PositionsAreAskedForAgainAndAgain) {
   GPS_POSITION next = MakePosition();
   next.flSpeed = 20;
   device->SetGpsPosition(next);
-  for (int tries = 0; tries < 100 && engine->SensorValue(SPEED) != "37.0 km/h"; ++tries) {
+  for (int tries = 0; tries < 100 && engine->SensorValue(FEROLIN_SENSOR_SPEED) != "37.0 km/h";
+       ++tries) {
     WaitForUpdates(1);
   }
-  EXPECT_EQ("37.0 km/h", engine->SensorValue(SPEED));
+  EXPECT_EQ("37.0 km/h", engine->SensorValue(FEROLIN_SENSOR_SPEED));
 }
 
 TEST_F(GpsApi, APositionIsAskedForOnceASecondAtMost) {
@@ -102,15 +103,15 @@ TEST_F(GpsApi, WithoutAFixThereIsNoPosition) {
   device->SetGpsPosition(position);
   StartApi();
   EXPECT_EQ(1U, WaitForUpdates(1));
-  EXPECT_EQ("No signal", engine->SensorValue(GPS_STATUS));
-  EXPECT_EQ("N/A", engine->SensorValue(LATITUDE));
+  EXPECT_EQ("No signal", engine->SensorValue(FEROLIN_SENSOR_GPS_STATUS));
+  EXPECT_EQ("N/A", engine->SensorValue(FEROLIN_SENSOR_LATITUDE));
 }
 
 TEST_F(GpsApi, ALibraryWithoutAPositionYieldsUpdatesAllTheSame) {
   device->InstallGpsLibrary();
   StartApi();
   EXPECT_EQ(2U, WaitForUpdates(2));
-  EXPECT_EQ("N/A", engine->SensorValue(LATITUDE));
+  EXPECT_EQ("N/A", engine->SensorValue(FEROLIN_SENSOR_LATITUDE));
 }
 
 TEST_F(GpsApi, EveryRunStartsAndStopsTheLibrary) {

@@ -6,7 +6,8 @@
 
 namespace e2e {
 
-/// The window that a host shows and is notified through. Messages are taken off the queue of the thread that made it.
+/// The window that a host shows and is notified through. Messages are taken off the queue of the
+/// thread that made it.
 class HostWindow {
  public:
   explicit HostWindow(int width = 240, int height = 320);
@@ -17,8 +18,8 @@ class HostWindow {
   HWND Get() const { return window; }
   void Destroy();
 
-  /// Waits until `count` more messages `message` have come, no longer than so many real milliseconds, and returns their
-  /// lParams.
+  /// Waits until `count` more messages `message` have come, no longer than so many real
+  /// milliseconds, and returns their lParams.
   std::vector<LPARAM> WaitFor(UINT message, std::size_t count, int longestMs = 10'000);
 
   /// The lParams of the messages `message` that have come already.

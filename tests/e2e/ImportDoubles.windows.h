@@ -13,8 +13,9 @@ struct ImportDouble {
   FARPROC function;
 };
 
-/// While it lives, every library of this file name that the process loads calls the doubles. They stand in its import
-/// table before its entry function runs, so that the system itself and all other libraries keep the real ones.
+/// While it lives, every library of this file name that the process loads calls the doubles. They
+/// stand in its import table before its entry function runs, so that the system itself and all
+/// other libraries keep the real ones.
 class ImportDoubles {
  public:
   ImportDoubles(std::wstring libraryName, std::vector<ImportDouble> doubles);

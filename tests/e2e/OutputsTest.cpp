@@ -37,7 +37,8 @@ TEST_F(Outputs, WriteTheTrackAtUnloadWhenChosen) {
   EXPECT_EQ(1U, Send(Sentence("GPGGA,120000,4807.5,N,01131.5,E,1,08,0.9,545.5,M,46.9,M,,") +
                      Sentence("GPRMC,120000,A,4807.5,N,01131.5,E,10,084.4,230324,,")));
   Unload();
-  // 48 + 7.5/60 = 48.125, 11 + 31.5/60 = 11.525 (11.524999618 or 11.525 as single: printed with six decimals).
+  // 48 + 7.5/60 = 48.125, 11 + 31.5/60 = 11.525 (11.524999618 or 11.525 as single: printed with six
+  // decimals).
   EXPECT_EQ(
       "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<kml "
       "xmlns=\"http://earth.google.com/kml/2.1\">\n"
@@ -128,7 +129,8 @@ TEST_F(Outputs, HostIsAnsweredWhileAnSmsIsOnItsWay) {
     std::this_thread::sleep_for(1ms);
   }
   EXPECT_EQ(1U, device->GetSmsSent().size());
-  auto speed = std::async(std::launch::async, [this] { return engine->SensorValue(SPEED); });
+  auto speed =
+      std::async(std::launch::async, [this] { return engine->SensorValue(FEROLIN_SENSOR_SPEED); });
   const bool isAnswered = speed.wait_for(10s) == std::future_status::ready;
   EXPECT_TRUE(isAnswered);
   EXPECT_EQ(0U, host->Take(engine->GetWndMessageID()).size());

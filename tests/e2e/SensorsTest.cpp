@@ -79,16 +79,16 @@ TEST_F(Sensors, HaveRussianNamesForARussianUser) {
 
 TEST_F(Sensors, ShowAnEmptyFixBeforeAnyPosition) {
   Load();
-  EXPECT_EQ("No signal", engine->SensorValue(GPS_STATUS));
-  EXPECT_EQ("0", engine->SensorValue(SATELLITES_USED));
-  EXPECT_EQ("", engine->SensorValue(SPEED));
-  EXPECT_EQ("", engine->SensorValue(MAX_SPEED));
-  EXPECT_EQ("N/A", engine->SensorValue(ALTITUDE));
-  EXPECT_EQ("N/A", engine->SensorValue(LATITUDE));
-  EXPECT_EQ("N/A", engine->SensorValue(LONGITUDE));
-  EXPECT_EQ("N/A", engine->SensorValue(AZIMUTH));
-  EXPECT_EQ("N/A", engine->SensorValue(HDOP));
-  EXPECT_EQ("80%", engine->SensorValue(BATTERY));
+  EXPECT_EQ("No signal", engine->SensorValue(FEROLIN_SENSOR_GPS_STATUS));
+  EXPECT_EQ("0", engine->SensorValue(FEROLIN_SENSOR_SATELLITES_USED));
+  EXPECT_EQ("", engine->SensorValue(FEROLIN_SENSOR_SPEED));
+  EXPECT_EQ("", engine->SensorValue(FEROLIN_SENSOR_MAX_SPEED));
+  EXPECT_EQ("N/A", engine->SensorValue(FEROLIN_SENSOR_ALTITUDE));
+  EXPECT_EQ("N/A", engine->SensorValue(FEROLIN_SENSOR_LATITUDE));
+  EXPECT_EQ("N/A", engine->SensorValue(FEROLIN_SENSOR_LONGITUDE));
+  EXPECT_EQ("N/A", engine->SensorValue(FEROLIN_SENSOR_AZIMUTH));
+  EXPECT_EQ("N/A", engine->SensorValue(FEROLIN_SENSOR_HDOP));
+  EXPECT_EQ("80%", engine->SensorValue(FEROLIN_SENSOR_BATTERY_STATUS));
 }
 
 TEST_F(Sensors, FollowAnEpoch) {
@@ -96,24 +96,24 @@ TEST_F(Sensors, FollowAnEpoch) {
   EXPECT_EQ(1U, Send(Sentence("GPGGA,123519,4807.038,N,01131.000,E,1,08,0.9,545.4,M,46.9,M,,") +
                      Sentence("GPGSA,A,3,04,05,,09,12,,,24,,,,,2.5,1.3,2.1") +
                      Sentence("GPRMC,123519,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W")));
-  EXPECT_EQ("OK", engine->SensorValue(GPS_STATUS));
-  EXPECT_EQ("8", engine->SensorValue(SATELLITES_USED));
-  EXPECT_EQ("12:35:19", engine->SensorValue(CURRENT_TIME));
-  EXPECT_EQ("41.5 km/h", engine->SensorValue(SPEED));  // 22.4 * 1.852 = 41.4848
-  EXPECT_EQ("41.5 km/h", engine->SensorValue(MAX_SPEED));
+  EXPECT_EQ("OK", engine->SensorValue(FEROLIN_SENSOR_GPS_STATUS));
+  EXPECT_EQ("8", engine->SensorValue(FEROLIN_SENSOR_SATELLITES_USED));
+  EXPECT_EQ("12:35:19", engine->SensorValue(FEROLIN_SENSOR_CURRENT_TIME));
+  EXPECT_EQ("41.5 km/h", engine->SensorValue(FEROLIN_SENSOR_SPEED));  // 22.4 * 1.852 = 41.4848
+  EXPECT_EQ("41.5 km/h", engine->SensorValue(FEROLIN_SENSOR_MAX_SPEED));
   EXPECT_EQ(
       "48\xB0"
       "7'2'' NL",
-      engine->SensorValue(LATITUDE));  // 0.038 minutes are 2.3 seconds
+      engine->SensorValue(FEROLIN_SENSOR_LATITUDE));  // 0.038 minutes are 2.3 seconds
   EXPECT_EQ(
       "11\xB0"
       "31'0'' EL",
-      engine->SensorValue(LONGITUDE));
-  EXPECT_EQ("545.4 m", engine->SensorValue(ALTITUDE));
-  EXPECT_EQ("84", engine->SensorValue(AZIMUTH));
-  EXPECT_EQ("1.3", engine->SensorValue(HDOP));
-  EXPECT_EQ("2.1", engine->SensorValue(VDOP));
-  EXPECT_EQ("2.5", engine->SensorValue(PDOP));
+      engine->SensorValue(FEROLIN_SENSOR_LONGITUDE));
+  EXPECT_EQ("545.4 m", engine->SensorValue(FEROLIN_SENSOR_ALTITUDE));
+  EXPECT_EQ("84", engine->SensorValue(FEROLIN_SENSOR_AZIMUTH));
+  EXPECT_EQ("1.3", engine->SensorValue(FEROLIN_SENSOR_HDOP));
+  EXPECT_EQ("2.1", engine->SensorValue(FEROLIN_SENSOR_VDOP));
+  EXPECT_EQ("2.5", engine->SensorValue(FEROLIN_SENSOR_PDOP));
 }
 
 TEST_F(Sensors, SouthAndWestHaveTheirLettersAndSecondsAreCut) {
@@ -122,29 +122,30 @@ TEST_F(Sensors, SouthAndWestHaveTheirLettersAndSecondsAreCut) {
   EXPECT_EQ(
       "55\xB0"
       "30'30'' SL",
-      engine->SensorValue(LATITUDE));
+      engine->SensorValue(FEROLIN_SENSOR_LATITUDE));
   EXPECT_EQ(
       "37\xB0"
       "45'59'' WL",
-      engine->SensorValue(LONGITUDE));  // 59.4 seconds
+      engine->SensorValue(FEROLIN_SENSOR_LONGITUDE));  // 59.4 seconds
 }
 
 TEST_F(Sensors, LoseTheSpeedWithTheFixButKeepTheMaximum) {
   Start();
   EXPECT_EQ(1U, Send(Rmc("120000", "A", "30")));
   EXPECT_EQ(1U, Send(Rmc("120001", "V", "")));
-  EXPECT_EQ("No signal", engine->SensorValue(GPS_STATUS));
-  EXPECT_EQ("", engine->SensorValue(SPEED));
-  EXPECT_EQ("55.6 km/h", engine->SensorValue(MAX_SPEED));  // 55.56
+  EXPECT_EQ("No signal", engine->SensorValue(FEROLIN_SENSOR_GPS_STATUS));
+  EXPECT_EQ("", engine->SensorValue(FEROLIN_SENSOR_SPEED));
+  EXPECT_EQ("55.6 km/h", engine->SensorValue(FEROLIN_SENSOR_MAX_SPEED));  // 55.56
 }
 
 TEST_F(Sensors, SpeakRussianUnitsWithDecimalPoints) {
   device->SetRussian();
   Start();
   EXPECT_EQ(1U, Send(Rmc("120000", "A", "30")));
-  EXPECT_EQ("55.6 \xEA\xEC/\xF7", engine->SensorValue(SPEED));
+  EXPECT_EQ("55.6 \xEA\xEC/\xF7", engine->SensorValue(FEROLIN_SENSOR_SPEED));
   EXPECT_EQ(1U, Send(Rmc("120001", "V", "")));
-  EXPECT_EQ("\xCD\xE5\xF2 \xF1\xE8\xE3\xED\xE0\xEB\xE0", engine->SensorValue(GPS_STATUS));
+  EXPECT_EQ("\xCD\xE5\xF2 \xF1\xE8\xE3\xED\xE0\xEB\xE0",
+            engine->SensorValue(FEROLIN_SENSOR_GPS_STATUS));
 }
 
 TEST_F(Sensors, ShowTheBattery) {
@@ -153,7 +154,7 @@ TEST_F(Sensors, ShowTheBattery) {
     static int second = 10;
     device->SetBattery(flag, percent);
     EXPECT_EQ(1U, Send(Rmc("1200" + std::to_string(second++), "A", "1")));
-    return engine->SensorValue(BATTERY);
+    return engine->SensorValue(FEROLIN_SENSOR_BATTERY_STATUS);
   };
   EXPECT_EQ("80%(charging)", batteryText(8, 80));
   EXPECT_EQ("charging", batteryText(8, 255));
@@ -165,10 +166,10 @@ TEST_F(Sensors, ShowTheBattery) {
 TEST_F(Sensors, ResetEmptiesTheMaximumUntilTheNextFix) {
   Start();
   EXPECT_EQ(1U, Send(Rmc("120000", "A", "30")));
-  EXPECT_EQ(1, engine->ResetSensorValue(MAX_SPEED));
-  EXPECT_EQ("", engine->SensorValue(MAX_SPEED));
+  EXPECT_EQ(1, engine->ResetSensorValue(FEROLIN_SENSOR_MAX_SPEED));
+  EXPECT_EQ("", engine->SensorValue(FEROLIN_SENSOR_MAX_SPEED));
   EXPECT_EQ(1U, Send(Rmc("120001", "A", "10")));
-  EXPECT_EQ("18.5 km/h", engine->SensorValue(MAX_SPEED));
+  EXPECT_EQ("18.5 km/h", engine->SensorValue(FEROLIN_SENSOR_MAX_SPEED));
 }
 
 TEST_F(Sensors, CountATripOfTenSecondsAt36KmPerHour) {
@@ -178,39 +179,39 @@ TEST_F(Sensors, CountATripOfTenSecondsAt36KmPerHour) {
     const std::string time = "1200" + std::string(second < 10 ? "0" : "") + std::to_string(second);
     ASSERT_EQ(1U, Send(Rmc(time, "A", "19.438445")));
   }
-  EXPECT_EQ("100 m", engine->SensorValue(DISTANCE));
-  EXPECT_EQ("36.00 km/h", engine->SensorValue(AVERAGE_SPEED));
-  EXPECT_EQ("10 s", engine->SensorValue(ELAPSED));
+  EXPECT_EQ("100 m", engine->SensorValue(FEROLIN_SENSOR_DISTANCE));
+  EXPECT_EQ("36.00 km/h", engine->SensorValue(FEROLIN_SENSOR_AVERAGE_SPEED));
+  EXPECT_EQ("10 s", engine->SensorValue(FEROLIN_SENSOR_ELAPSED));
 }
 
 TEST_F(Sensors, TakeTheirTripOverIntoTheNextRun) {
   Load();
-  EXPECT_EQ(1, engine->SetSensorRegistryString(DISTANCE, TEXT("12.5")));
-  EXPECT_EQ("12.5 km", engine->SensorValue(DISTANCE));
-  EXPECT_EQ(1, engine->SetSensorRegistryString(DISTANCE, TEXT("1.25")));
-  EXPECT_EQ("1.25 km", engine->SensorValue(DISTANCE));
-  EXPECT_EQ(0, engine->SetSensorRegistryString(DISTANCE, TEXT("0")));
-  EXPECT_EQ(0, engine->SetSensorRegistryString(DISTANCE, TEXT("-5")));
-  EXPECT_EQ("1.25 km", engine->SensorValue(DISTANCE));
-  EXPECT_EQ("1.25", engine->RegistryString(DISTANCE));
-  EXPECT_EQ(1, engine->SetSensorRegistryString(AVERAGE_SPEED, TEXT("100;7200")));
-  EXPECT_EQ("50.00 km/h", engine->SensorValue(AVERAGE_SPEED));
-  EXPECT_EQ(1, engine->SetSensorRegistryString(ELAPSED, TEXT("3725")));
-  EXPECT_EQ("1:02:05", engine->SensorValue(ELAPSED));
-  EXPECT_EQ(1, engine->SetSensorRegistryString(ACCEL_100, TEXT("80;9.5")));
-  EXPECT_EQ("Accel. 0-80 km/h", engine->SensorName(ACCEL_100));
-  EXPECT_EQ("9.500 s", engine->SensorValue(ACCEL_100));
-  EXPECT_EQ(1, engine->SetSensorRegistryString(FASTEST_402, TEXT("402;15250")));
-  EXPECT_EQ("15.25 s", engine->SensorValue(FASTEST_402));
-  EXPECT_EQ("402;15250", engine->RegistryString(FASTEST_402));
+  EXPECT_EQ(1, engine->SetSensorRegistryString(FEROLIN_SENSOR_DISTANCE, TEXT("12.5")));
+  EXPECT_EQ("12.5 km", engine->SensorValue(FEROLIN_SENSOR_DISTANCE));
+  EXPECT_EQ(1, engine->SetSensorRegistryString(FEROLIN_SENSOR_DISTANCE, TEXT("1.25")));
+  EXPECT_EQ("1.25 km", engine->SensorValue(FEROLIN_SENSOR_DISTANCE));
+  EXPECT_EQ(0, engine->SetSensorRegistryString(FEROLIN_SENSOR_DISTANCE, TEXT("0")));
+  EXPECT_EQ(0, engine->SetSensorRegistryString(FEROLIN_SENSOR_DISTANCE, TEXT("-5")));
+  EXPECT_EQ("1.25 km", engine->SensorValue(FEROLIN_SENSOR_DISTANCE));
+  EXPECT_EQ("1.25", engine->RegistryString(FEROLIN_SENSOR_DISTANCE));
+  EXPECT_EQ(1, engine->SetSensorRegistryString(FEROLIN_SENSOR_AVERAGE_SPEED, TEXT("100;7200")));
+  EXPECT_EQ("50.00 km/h", engine->SensorValue(FEROLIN_SENSOR_AVERAGE_SPEED));
+  EXPECT_EQ(1, engine->SetSensorRegistryString(FEROLIN_SENSOR_ELAPSED, TEXT("3725")));
+  EXPECT_EQ("1:02:05", engine->SensorValue(FEROLIN_SENSOR_ELAPSED));
+  EXPECT_EQ(1, engine->SetSensorRegistryString(FEROLIN_SENSOR_ACCEL_100, TEXT("80;9.5")));
+  EXPECT_EQ("Accel. 0-80 km/h", engine->SensorName(FEROLIN_SENSOR_ACCEL_100));
+  EXPECT_EQ("9.500 s", engine->SensorValue(FEROLIN_SENSOR_ACCEL_100));
+  EXPECT_EQ(1, engine->SetSensorRegistryString(FEROLIN_SENSOR_FASTEST_402, TEXT("402;15250")));
+  EXPECT_EQ("15.25 s", engine->SensorValue(FEROLIN_SENSOR_FASTEST_402));
+  EXPECT_EQ("402;15250", engine->RegistryString(FEROLIN_SENSOR_FASTEST_402));
 }
 
 TEST_F(Sensors, KeepTheOldTripTextAfterAResetUntilTheNextUpdate) {
   Load();
-  engine->SetSensorRegistryString(DISTANCE, TEXT("12.5"));
-  EXPECT_EQ(1, engine->ResetSensorValue(DISTANCE));
-  EXPECT_EQ("12.5 km", engine->SensorValue(DISTANCE));
-  EXPECT_EQ("0", engine->RegistryString(DISTANCE));
+  engine->SetSensorRegistryString(FEROLIN_SENSOR_DISTANCE, TEXT("12.5"));
+  EXPECT_EQ(1, engine->ResetSensorValue(FEROLIN_SENSOR_DISTANCE));
+  EXPECT_EQ("12.5 km", engine->SensorValue(FEROLIN_SENSOR_DISTANCE));
+  EXPECT_EQ("0", engine->RegistryString(FEROLIN_SENSOR_DISTANCE));
 }
 
 }  // namespace

@@ -8,8 +8,8 @@
 
 namespace e2e {
 
-/// The far end of a serial line. A program under Wine can open a pseudo-terminal, but not make one: a helper outside
-/// does, which listens on the TCP port that FEROLIN_TEST_LINES names.
+/// The far end of a serial line. A program under Wine can open a pseudo-terminal, but not make one:
+/// a helper outside does, which listens on the TCP port that FEROLIN_TEST_LINES names.
 class SerialLine {
  public:
   SerialLine();

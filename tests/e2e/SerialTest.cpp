@@ -8,8 +8,8 @@ namespace e2e {
 
 namespace {
 
-/// A source that is chosen anew takes over at once from a running reader, and only from one: the calls that the GPS API
-/// gets then tell whether the reader ran.
+/// A source that is chosen anew takes over at once from a running reader, and only from one: the
+/// calls that the GPS API gets then tell whether the reader ran.
 class Serial : public EngineTest {
  protected:
   std::vector<std::string> GpsCallsAfterSwitch() {
@@ -22,14 +22,14 @@ TEST_F(Serial, EveryAcceptedSentenceNotifiesOnceWithBothParametersZero) {
   Start();
   receiver->Send(Rmc("120000", "A", "10.0"));
   EXPECT_EQ(std::vector<LPARAM>{0}, host->WaitFor(engine->GetWndMessageID(), 1));
-  EXPECT_EQ("18.5 km/h", engine->SensorValue(SPEED));
-  EXPECT_EQ("12:00:00", engine->SensorValue(CURRENT_TIME));
+  EXPECT_EQ("18.5 km/h", engine->SensorValue(FEROLIN_SENSOR_SPEED));
+  EXPECT_EQ("12:00:00", engine->SensorValue(FEROLIN_SENSOR_CURRENT_TIME));
 }
 
 TEST_F(Serial, TwoSentencesInOneReadAreBothTakenInOrder) {
   Start();
   EXPECT_EQ(2U, Send(Rmc("120000", "A", "10.0") + Rmc("120001", "A", "20.0"), 2));
-  EXPECT_EQ("12:00:01", engine->SensorValue(CURRENT_TIME));
+  EXPECT_EQ("12:00:01", engine->SensorValue(FEROLIN_SENSOR_CURRENT_TIME));
 }
 
 TEST_F(Serial, SentencesThatCompleteNoEpochNotifyNobody) {
@@ -38,7 +38,7 @@ TEST_F(Serial, SentencesThatCompleteNoEpochNotifyNobody) {
                  Sentence("GPZDA,120000,23,03,2024,00,00") + Sentence("GNRMC,120000,A") +
                  Sentence("GPRMC,120000,A,4807.038,N,01131.000,E"));
   EXPECT_EQ(0U, CountUpdatesUntilMarker());
-  EXPECT_EQ("545.4 m", engine->SensorValue(ALTITUDE));
+  EXPECT_EQ("545.4 m", engine->SensorValue(FEROLIN_SENSOR_ALTITUDE));
 }
 
 TEST_F(Serial, ALineEndedByALineFeedAloneIsNeverTaken) {
@@ -60,7 +60,7 @@ TEST_F(Serial, ASentenceSplitOverTwoReadsIsLostAndTheNextOneTaken) {
   for (int second = 10; second < 60 && time.empty(); ++second) {
     receiver->Send(Rmc("1300" + std::to_string(second), "A", "10.0"));
     if (!host->WaitFor(engine->GetWndMessageID(), 1, 200).empty()) {
-      time = engine->SensorValue(CURRENT_TIME);
+      time = engine->SensorValue(FEROLIN_SENSOR_CURRENT_TIME);
     }
   }
   EXPECT_EQ("13:00:", time.substr(0, 6));
@@ -69,7 +69,7 @@ TEST_F(Serial, ASentenceSplitOverTwoReadsIsLostAndTheNextOneTaken) {
 TEST_F(Serial, BytesBeforeTheDollarSignAreDropped) {
   Start();
   EXPECT_EQ(1U, Send("noise\r\n\r\n,,*" + Rmc("120000", "A", "10.0")));
-  EXPECT_EQ("18.5 km/h", engine->SensorValue(SPEED));
+  EXPECT_EQ("18.5 km/h", engine->SensorValue(FEROLIN_SENSOR_SPEED));
 }
 
 TEST_F(Serial, AStartedReaderOnlyGetsANewWindow) {
@@ -91,7 +91,7 @@ TEST_F(Serial, NoNotificationComesAfterAStop) {
   receiver->Send(Rmc("120001", "A", "30.0"));
   // Many times what a running reader needs for it.
   EXPECT_EQ(0U, host->WaitFor(engine->GetWndMessageID(), 1, 500).size());
-  EXPECT_EQ("18.5 km/h", engine->SensorValue(SPEED));
+  EXPECT_EQ("18.5 km/h", engine->SensorValue(FEROLIN_SENSOR_SPEED));
 }
 
 TEST_F(Serial, ANullWindowStops) {
@@ -119,7 +119,7 @@ TEST_F(Serial, ANewPortNameRestartsTheRunningReaderOnIt) {
   EXPECT_EQ(1, engine->SetComPortName(TEXT("COM2")));
   second->Send(Rmc("120001", "A", "20.0"));
   EXPECT_EQ(1U, host->WaitFor(engine->GetWndMessageID(), 1).size());
-  EXPECT_EQ("37.0 km/h", engine->SensorValue(SPEED));
+  EXPECT_EQ("37.0 km/h", engine->SensorValue(FEROLIN_SENSOR_SPEED));
 }
 
 TEST_F(Serial, ANewSpeedWaitsForTheNextStart) {
@@ -172,10 +172,10 @@ TEST_F(Serial, AHostWindowThatIsGoneDoesNotStopTheUpdates) {
   Start();
   host->Destroy();
   receiver->Send(Rmc("120000", "A", "10.0"));
-  for (int tries = 0; tries < 1000 && engine->SensorValue(SPEED).empty(); ++tries) {
+  for (int tries = 0; tries < 1000 && engine->SensorValue(FEROLIN_SENSOR_SPEED).empty(); ++tries) {
     Sleep(500);
   }
-  EXPECT_EQ("18.5 km/h", engine->SensorValue(SPEED));
+  EXPECT_EQ("18.5 km/h", engine->SensorValue(FEROLIN_SENSOR_SPEED));
   host = std::make_unique<HostWindow>();
   engine->StartCallBack(host->Get());
   EXPECT_EQ(1U, Send(Rmc("120002", "A", "20.0")));
@@ -184,16 +184,17 @@ TEST_F(Serial, AHostWindowThatIsGoneDoesNotStopTheUpdates) {
 TEST_F(Serial, SwitchingToTheGpsApiRestartsTheReaderThere) {
   Start();
   EXPECT_EQ(1U, Send(Rmc("120000", "A", "10.0")));
-  // There is no GPS API on this device: once a second it yields nothing, which is an update without a position.
+  // There is no GPS API on this device: once a second it yields nothing, which is an update without
+  // a position.
   EXPECT_EQ(1, engine->SetUseGPSAPI(1));
   EXPECT_EQ(1U, host->WaitFor(engine->GetWndMessageID(), 1).size());
-  EXPECT_EQ("N/A", engine->SensorValue(LATITUDE));
-  EXPECT_EQ("OK", engine->SensorValue(GPS_STATUS))
+  EXPECT_EQ("N/A", engine->SensorValue(FEROLIN_SENSOR_LATITUDE));
+  EXPECT_EQ("OK", engine->SensorValue(FEROLIN_SENSOR_GPS_STATUS))
       << "nothing is not the same as a position without a fix";
   EXPECT_EQ(1, engine->SetUseGPSAPI(0));
   host->Take(engine->GetWndMessageID());
   EXPECT_EQ(1U, Send(Rmc("120001", "A", "10.0")));
-  EXPECT_EQ("18.5 km/h", engine->SensorValue(SPEED));
+  EXPECT_EQ("18.5 km/h", engine->SensorValue(FEROLIN_SENSOR_SPEED));
 }
 
 TEST_F(Serial, BacklightIsHeldOnceAndTheIdleTimerResetAtEveryUpdate) {
@@ -236,14 +237,14 @@ TEST_F(Serial, FractionalSecondsAreAnsweredWithTheDeviceClock) {
   device->SetZone(3);
   Start();
   EXPECT_EQ(1U, Send(Rmc("235960.00", "A", "1")));
-  EXPECT_EQ("13:11:12", engine->SensorValue(CURRENT_TIME));
+  EXPECT_EQ("13:11:12", engine->SensorValue(FEROLIN_SENSOR_CURRENT_TIME));
 }
 
 TEST_F(Serial, ReceivedTimesAreShownInTheDevicesZone) {
   device->SetZone(3);
   Start();
   EXPECT_EQ(1U, Send(Rmc("223015", "A", "1")));
-  EXPECT_EQ("1:30:15", engine->SensorValue(CURRENT_TIME));
+  EXPECT_EQ("1:30:15", engine->SensorValue(FEROLIN_SENSOR_CURRENT_TIME));
 }
 
 }  // namespace

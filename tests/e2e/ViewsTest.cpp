@@ -15,21 +15,6 @@ namespace {
 
 using Picture = Device::Picture;
 
-enum View { NONE = -1, DIAL = 0, BIG_SPEED = 1, PATH = 3 };
-
-/// What the notification carries.
-enum Code : LPARAM {
-  PREVIOUS_VIEW = 1,
-  NEXT_VIEW = 2,
-  RESET_ALL = 3,
-  OPTIONS = 5,
-  CLOSE = 6,
-  FLIP_HORIZONTALLY = 7,
-  ROTATE_SCREEN = 8,
-  ZOOM_IN = 9,
-  ZOOM_OUT = 10,
-};
-
 constexpr int WIDTH = 240;
 constexpr int HEIGHT = 320;
 /// Edge of a button; a bar lies one pixel from the edge of the window.
@@ -151,7 +136,7 @@ class Views : public EngineTest {
 };
 
 TEST_F(Views, AnUpdateDrawsAFrameThatFillsTheWindow) {
-  StartWith(DIAL);
+  StartWith(FEROLIN_VIEW_SPEEDOMETER);
   EXPECT_EQ(0U, device->GetPicture(host->Get()).pixels.size());
   const Picture frame = Draw();
   EXPECT_EQ(WIDTH, frame.width);
@@ -160,7 +145,7 @@ TEST_F(Views, AnUpdateDrawsAFrameThatFillsTheWindow) {
 }
 
 TEST_F(Views, EveryViewDraws) {
-  StartWith(NONE);
+  StartWith(FEROLIN_VIEW_NONE);
   ASSERT_GE(engine->GetWidgetsCount(), 2);
   for (int view = 0; view < engine->GetWidgetsCount(); ++view) {
     engine->SetCurRenderWidget(view);
@@ -169,23 +154,23 @@ TEST_F(Views, EveryViewDraws) {
 }
 
 TEST_F(Views, AFrameFollowsTheSpeed) {
-  StartWith(BIG_SPEED);
+  StartWith(FEROLIN_VIEW_FULL_SCREEN_SPEED);
   const Picture slow = Draw(Rmc("120000", "A", "5.4"));     // 10 km/h
   const Picture fast = Draw(Rmc("120001", "A", "53.996"));  // 100 km/h
   EXPECT_NE(slow, fast);
 }
 
 TEST_F(Views, TheNextUpdateDrawsTheViewChosen) {
-  StartWith(BIG_SPEED);
+  StartWith(FEROLIN_VIEW_FULL_SCREEN_SPEED);
   const Picture number = Draw();
   const std::uint64_t version = device->GetPictureVersion(host->Get());
-  engine->SetCurRenderWidget(DIAL);
+  engine->SetCurRenderWidget(FEROLIN_VIEW_SPEEDOMETER);
   EXPECT_EQ(version, device->GetPictureVersion(host->Get()));
   EXPECT_NE(number, Draw());
 }
 
 TEST_F(Views, NothingIsDrawnWithoutAView) {
-  StartWith(NONE);
+  StartWith(FEROLIN_VIEW_NONE);
   EXPECT_EQ(1U, Send(Rmc("120000", "A", "30")));
   engine->SetCurRenderWidget(engine->GetWidgetsCount());
   EXPECT_EQ(1U, Send(Rmc("120001", "A", "30")));
@@ -194,7 +179,7 @@ TEST_F(Views, NothingIsDrawnWithoutAView) {
 }
 
 TEST_F(Views, NothingIsDrawnIntoAHiddenWindow) {
-  StartWith(DIAL);
+  StartWith(FEROLIN_VIEW_SPEEDOMETER);
   ShowWindow(host->Get(), SW_HIDE);
   EXPECT_EQ(1U, Send(Rmc("120000", "A", "30")));
   engine->StopCallBack();
@@ -202,7 +187,7 @@ TEST_F(Views, NothingIsDrawnIntoAHiddenWindow) {
 }
 
 TEST_F(Views, AWindowThatIsGoneStopsNothing) {
-  StartWith(DIAL);
+  StartWith(FEROLIN_VIEW_SPEEDOMETER);
   auto shown = std::make_unique<HostWindow>(WIDTH, HEIGHT);
   engine->SetRenderWindow(shown->Get());
   Draw();
@@ -213,7 +198,7 @@ TEST_F(Views, AWindowThatIsGoneStopsNothing) {
 }
 
 TEST_F(Views, FlippedFramesAreMirrorImages) {
-  StartWith(NONE);
+  StartWith(FEROLIN_VIEW_NONE);
   for (int view = 0; view < engine->GetWidgetsCount(); ++view) {
     engine->SetCurRenderWidget(view);
     const Picture upright = DrawBare();
@@ -229,7 +214,7 @@ TEST_F(Views, FlippedFramesAreMirrorImages) {
 }
 
 TEST_F(Views, InvertedFramesAreTheNegative) {
-  StartWith(DIAL);
+  StartWith(FEROLIN_VIEW_SPEEDOMETER);
   const Picture upright = DrawBare();
   engine->SetInvertColor(1);
   EXPECT_EQ(Inverted(upright), ShowAgain());
@@ -239,7 +224,7 @@ TEST_F(Views, InvertedFramesAreTheNegative) {
 
 TEST_F(Views, ATurnedFrameIsTheUprightOneTurnedClockwise) {
   HostWindow lying(HEIGHT, WIDTH);
-  StartWith(BIG_SPEED);
+  StartWith(FEROLIN_VIEW_FULL_SCREEN_SPEED);
   const Picture upright = DrawBare();
   engine->SetRenderWindow(lying.Get());
   engine->SetInvertOrient(1);
@@ -251,7 +236,7 @@ TEST_F(Views, ATurnedFrameIsTheUprightOneTurnedClockwise) {
 }
 
 TEST_F(Views, ButtonsShowForAWhileAndUntilADoubleClick) {
-  StartWith(BIG_SPEED);
+  StartWith(FEROLIN_VIEW_FULL_SCREEN_SPEED);
   const Picture withBars = Draw();
   engine->OnDoubleClick();
   const Picture bare = ShowAgain();
@@ -268,21 +253,21 @@ TEST_F(Views, ButtonsShowForAWhileAndUntilADoubleClick) {
 
 /// Four buttons to a bar of 240 pixels: each stands in the middle of 60.
 TEST_F(Views, ATapOnAButtonPostsItsCode) {
-  StartWith(DIAL);
+  StartWith(FEROLIN_VIEW_SPEEDOMETER);
   Draw();
   constexpr int TOP = BAR_END / 2;
   constexpr int BOTTOM = HEIGHT - BAR_END / 2;
-  EXPECT_EQ(std::vector<LPARAM>{RESET_ALL}, Tap(30, TOP));
-  EXPECT_EQ(std::vector<LPARAM>{OPTIONS}, Tap(150, TOP));
-  EXPECT_EQ(std::vector<LPARAM>{CLOSE}, Tap(210, TOP));
-  EXPECT_EQ(std::vector<LPARAM>{NEXT_VIEW}, Tap(210, BOTTOM));
-  EXPECT_EQ(std::vector<LPARAM>{FLIP_HORIZONTALLY}, Tap(150, BOTTOM));
-  EXPECT_EQ(std::vector<LPARAM>{ROTATE_SCREEN}, Tap(90, BOTTOM));
-  EXPECT_EQ(std::vector<LPARAM>{PREVIOUS_VIEW}, Tap(30, BOTTOM));
+  EXPECT_EQ(std::vector<LPARAM>{FEROLIN_BUTTON_RESET_ALL}, Tap(30, TOP));
+  EXPECT_EQ(std::vector<LPARAM>{FEROLIN_BUTTON_OPTIONS}, Tap(150, TOP));
+  EXPECT_EQ(std::vector<LPARAM>{FEROLIN_BUTTON_CLOSE}, Tap(210, TOP));
+  EXPECT_EQ(std::vector<LPARAM>{FEROLIN_BUTTON_NEXT_VIEW}, Tap(210, BOTTOM));
+  EXPECT_EQ(std::vector<LPARAM>{FEROLIN_BUTTON_FLIP_HORIZONTALLY}, Tap(150, BOTTOM));
+  EXPECT_EQ(std::vector<LPARAM>{FEROLIN_BUTTON_ROTATE_SCREEN}, Tap(90, BOTTOM));
+  EXPECT_EQ(std::vector<LPARAM>{FEROLIN_BUTTON_PREVIOUS_VIEW}, Tap(30, BOTTOM));
 }
 
 TEST_F(Views, ATapBesideTheButtonsOrOnHiddenOnesPostsNothing) {
-  StartWith(DIAL);
+  StartWith(FEROLIN_VIEW_SPEEDOMETER);
   Draw();
   EXPECT_EQ(std::vector<LPARAM>{}, Tap(WIDTH / 2, HEIGHT / 2));
   engine->OnDoubleClick();
@@ -290,17 +275,17 @@ TEST_F(Views, ATapBesideTheButtonsOrOnHiddenOnesPostsNothing) {
 }
 
 TEST_F(Views, ASwipeAcrossMoreThanHalfOfTheWindowTurnsTheView) {
-  StartWith(DIAL);
+  StartWith(FEROLIN_VIEW_SPEEDOMETER);
   Draw();
-  EXPECT_EQ(std::vector<LPARAM>{NEXT_VIEW}, Stroke({200, 160}, {79, 160}));
-  EXPECT_EQ(std::vector<LPARAM>{PREVIOUS_VIEW}, Stroke({40, 160}, {161, 160}));
+  EXPECT_EQ(std::vector<LPARAM>{FEROLIN_BUTTON_NEXT_VIEW}, Stroke({200, 160}, {79, 160}));
+  EXPECT_EQ(std::vector<LPARAM>{FEROLIN_BUTTON_PREVIOUS_VIEW}, Stroke({40, 160}, {161, 160}));
   EXPECT_EQ(std::vector<LPARAM>{}, Stroke({200, 160}, {80, 160}));
   EXPECT_EQ(std::vector<LPARAM>{}, Stroke({200, 100}, {70, 240}));
 }
 
 /// What has been moved with the finger looks as if it had been drawn there.
 TEST_F(Views, ThePathFollowsTheFinger) {
-  StartWith(PATH);
+  StartWith(FEROLIN_VIEW_PATH);
   for (int second = 0; second < 60; ++second) {
     // A winding road: a hundredth of a minute to the east each second, up and down. The buttons
     // have gone at its end.
@@ -320,8 +305,8 @@ TEST_F(Views, ThePathFollowsTheFinger) {
   // Larger and as large again: all of it is drawn anew.
   constexpr int UPPER_ROW = HEIGHT - BAR_END - BUTTON / 2;
   engine->OnDoubleClick();
-  EXPECT_EQ(std::vector<LPARAM>{ZOOM_IN}, Tap(150, UPPER_ROW));
-  EXPECT_EQ(std::vector<LPARAM>{ZOOM_OUT}, Tap(210, UPPER_ROW));
+  EXPECT_EQ(std::vector<LPARAM>{FEROLIN_BUTTON_ZOOM_IN}, Tap(150, UPPER_ROW));
+  EXPECT_EQ(std::vector<LPARAM>{FEROLIN_BUTTON_ZOOM_OUT}, Tap(210, UPPER_ROW));
   engine->OnDoubleClick();
   WaitFor([&] { return ShowAgain() == dragged; });
   EXPECT_EQ(dragged, ShowAgain());

@@ -3,9 +3,9 @@
 #include <cstring>
 #include <string>
 
+#include "base/ModuleFunction.h"
 #include "gps/GpsApiLibrary.h"
 #include "handheld.h"
-#include "text/LibraryEntry.h"
 
 namespace ferolin {
 namespace {

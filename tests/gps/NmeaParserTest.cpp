@@ -500,8 +500,8 @@ TEST_F(NmeaParserTest, SatellitesAreNeverRemoved) {
   ExpectSatellite(7, 24, 4, 4, 4);
 }
 
-/// All four blocks are read, whatever the sentence holds: the checksum's digits become a satellite number, and what an
-/// earlier sentence left in the buffers follows it.
+/// All four blocks are read, whatever the sentence holds: the checksum's digits become a satellite
+/// number, and what an earlier sentence left in the buffers follows it.
 TEST_F(NmeaParserTest, ShortGsvReadsItsChecksumAndWhatEarlierSentencesLeft) {
   Parse(GSV);
   Parse("$GPGSV,1,1,01,01,41,084,47*4A");

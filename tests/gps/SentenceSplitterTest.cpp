@@ -85,8 +85,8 @@ TEST_F(SentenceSplitterTest, ReadThatEndsInASentenceDeliversNothingOfIt) {
   EXPECT_EQ(Read("$A\r\n$GPRMC,1"), (Sentences{"$A"}));
 }
 
-// The rest of a sentence is read one place behind where its "$" stood, over what came after the "$", and each scan
-// covers as many bytes as its read returned, from the front.
+// The rest of a sentence is read one place behind where its "$" stood, over what came after the
+// "$", and each scan covers as many bytes as its read returned, from the front.
 
 TEST_F(SentenceSplitterTest, RestOfASentenceThatBeganAReadFollowsItsDollarSign) {
   EXPECT_EQ(Read("$GPRMC,A"), Sentences{});
@@ -106,7 +106,8 @@ TEST_F(SentenceSplitterTest, SentencesAfterACarriedOneAreWhole) {
 TEST_F(SentenceSplitterTest, UnfinishedSentenceIsMovedToTheFront) {
   EXPECT_EQ(Read("xx$AB"), Sentences{});  // "$" at 2: read on at 3
   EXPECT_EQ(splitter.GetReadSpace(), 2045U);
-  // In the buffer: "$ABC" CR LF; only 3 bytes are scanned, and the "$" now stands at 0: read on at 1.
+  // In the buffer: "$ABC" CR LF; only 3 bytes are scanned, and the "$" now stands at 0: read on at
+  // 1.
   EXPECT_EQ(Read("C\r\n"), Sentences{});
   EXPECT_EQ(splitter.GetReadSpace(), 2047U);
   // In the buffer: "$D" CR; 3 bytes are scanned.

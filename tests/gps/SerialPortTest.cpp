@@ -81,7 +81,8 @@ TEST_F(SerialPortTest, OpenPortIsNotShared) {
 
 TEST_F(SerialPortTest, OpenPortIsNotLentToReadersEither) {
   const testing_support::TempFolder folder;
-  // On this home no port is ever lent, whatever was asked for; a file of such a name is lent as asked for.
+  // On this home no port is ever lent, whatever was asked for; a file of such a name is lent as
+  // asked for.
   folder.Write("file:", "");
   port = OpenSerialPort(handheld::Utf8FromWide(folder.DevicePath("file")));
   ASSERT_NE(port, INVALID_HANDLE_VALUE);

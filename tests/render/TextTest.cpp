@@ -1,8 +1,8 @@
 #include <handheld.h>
 
 #include "FrameTest.h"
+#include "base/CodePage.h"
 #include "render/TextStyle.h"
-#include "text/CodePage.h"
 
 namespace ferolin {
 

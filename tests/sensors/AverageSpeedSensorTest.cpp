@@ -32,7 +32,8 @@ TEST_F(AverageSpeedSensorTest, SpeedIsIntegratedByTrapezoids) {
   EXPECT_EQ(drive.State(), "0.0180556;3");
 }
 
-/// 20000 s at 54.3 km/h are 301.667 km; single precision makes them 301.708 (worked out apart, rounding after each step).
+/// 20000 s at 54.3 km/h are 301.667 km; single precision makes them 301.708 (worked out apart,
+/// rounding after each step).
 TEST_F(AverageSpeedSensorTest, SumIsKeptInSinglePrecision) {
   EXPECT_EQ(drive.Every(0, 20001, 54.3F).State(), "301.708;20000");
   EXPECT_EQ(drive.Text(), "54.31 km/h");

@@ -38,7 +38,8 @@ TEST_F(DistanceSensorTest, SpeedIsIntegratedByTrapezoids) {
   EXPECT_EQ(drive.Text(), "25 m");
 }
 
-/// 20000 s at 54.3 km/h are 301.667 km; single precision makes them 301.708 (worked out apart, rounding after each step).
+/// 20000 s at 54.3 km/h are 301.667 km; single precision makes them 301.708 (worked out apart,
+/// rounding after each step).
 TEST_F(DistanceSensorTest, SumIsKeptInSinglePrecision) {
   EXPECT_EQ(drive.Every(0, 20001, 54.3F).State(), "301.708");
 }

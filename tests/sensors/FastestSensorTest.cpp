@@ -6,8 +6,8 @@
 namespace ferolin {
 namespace {
 
-// 36 km/h are 10 m in a second. 36 x 0.2777777851363761 is a little more, but its nearest single-precision number is 10;
-// likewise 54 km/h give 15, 72 give 20, 360 give 100 and 3.6 give 1.
+// 36 km/h are 10 m in a second. 36 x 0.2777777851363761 is a little more, but its nearest
+// single-precision number is 10; likewise 54 km/h give 15, 72 give 20, 360 give 100 and 3.6 give 1.
 
 class FastestSensorTest : public testing::Test {
  protected:
@@ -29,15 +29,17 @@ TEST_F(FastestSensorTest, StartsWithoutARecord) {
   EXPECT_EQ(drive.At(0, 36).Text(), "");
 }
 
-/// 41 segments of 10 m: 40 stored ones of one second, and a fifth of the second in which the run starts.
+/// 41 segments of 10 m: 40 stored ones of one second, and a fifth of the second in which the run
+/// starts.
 TEST_F(FastestSensorTest, RunIsFoundOnceItIsAsLongAsTheTarget) {
   EXPECT_EQ(drive.Every(0, 41, 36).Text(), "");
   EXPECT_EQ(drive.At(41, 36).Text(), "40.20 s");
   EXPECT_EQ(drive.State(), "402;40200");
 }
 
-/// Behind the record only the newest segment of 10 m is left; at 72 km/h follow one of 15 m and then 20 m each. The 20th
-/// fix makes 19 x 20 + 15 = 395 m and with the first segment 405 m: 20 s and 0.7 s.
+/// Behind the record only the newest segment of 10 m is left; at 72 km/h follow one of 15 m and
+/// then 20 m each. The 20th fix makes 19 x 20 + 15 = 395 m and with the first segment 405 m: 20 s
+/// and 0.7 s.
 TEST_F(FastestSensorTest, FoundRunStartsAfreshWithTheNewestSegment) {
   drive.Every(0, 42, 36);
   EXPECT_EQ(drive.Every(42, 19, 72).Text(), "40.20 s");
@@ -51,8 +53,8 @@ TEST_F(FastestSensorTest, OnlyABetterTimeIsARecord) {
   EXPECT_EQ(drive.Text(), "20.10 s");
 }
 
-/// 50 m in 5 s, then 20 m in 2 s; the target of 60 m lies 40 m into the first: 5 s and 4 s. The segment that has just
-/// come does not add its time.
+/// 50 m in 5 s, then 20 m in 2 s; the target of 60 m lies 40 m into the first: 5 s and 4 s. The
+/// segment that has just come does not add its time.
 TEST_F(FastestSensorTest, TimeIsThatOfTheStoredSegmentsAndTheShareOfTheFirst) {
   FastestSensor to60(60);
   Drive other(to60);
@@ -60,7 +62,8 @@ TEST_F(FastestSensorTest, TimeIsThatOfTheStoredSegmentsAndTheShareOfTheFirst) {
   EXPECT_EQ(other.At(7, 36).Text(), "9.000 s");
 }
 
-/// As above with 5.9 s and 2.5 s: the lengths count whole seconds, the times do not. 5.9 + 0.8 x 5.9.
+/// As above with 5.9 s and 2.5 s: the lengths count whole seconds, the times do not. 5.9 + 0.8 x
+/// 5.9.
 TEST_F(FastestSensorTest, LengthsCountWholeSecondsOnly) {
   FastestSensor to60(60);
   Drive other(to60);
@@ -110,8 +113,8 @@ TEST_F(FastestSensorTest, FixWithoutATimeAddsNoSegment) {
   EXPECT_EQ(drive.Text(), "");
 }
 
-/// Half a second is no whole one, so its segment has no length. A following one of 200 m is longer than the target by
-/// itself, and there is nothing to take a share of.
+/// Half a second is no whole one, so its segment has no length. A following one of 200 m is longer
+/// than the target by itself, and there is nothing to take a share of.
 TEST_F(FastestSensorTest, SegmentWithoutLengthIsNoStartOfARun) {
   FastestSensor to100(100);
   Drive other(to100);
@@ -135,8 +138,8 @@ TEST_F(FastestSensorTest, LongerRunIsNeverFound) {
   EXPECT_EQ(other.Every(0, 2000, 3.6F).Text(), "");
 }
 
-/// 300 segments of 0.1 m, then one of 50 m: 80 m of 100. All are dropped, the last one too, so that the 99.9 m of the next
-/// fix stand alone; the one after that finds them.
+/// 300 segments of 0.1 m, then one of 50 m: 80 m of 100. All are dropped, the last one too, so that
+/// the 99.9 m of the next fix stand alone; the one after that finds them.
 TEST_F(FastestSensorTest, SegmentThatOverflowsTheRunIsNotStored) {
   FastestSensor to100(100);
   Drive other(to100);

@@ -4,14 +4,14 @@
 #include <utility>
 #include <vector>
 
+#include "base/CodePage.h"
+#include "base/ModuleFunction.h"
 #include "gps/FixRecord.h"
 #include "handheld.h"
 #include "settings/IniStore.h"
 #include "sms/SmsReporter.h"
 #include "support/Moments.h"
 #include "support/TempFolder.h"
-#include "text/CodePage.h"
-#include "text/LibraryEntry.h"
 
 namespace ferolin {
 namespace {

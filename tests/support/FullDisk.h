@@ -7,8 +7,8 @@
 
 namespace testing_support {
 
-/// While it lives, files of this process can grow to `bytes` and no further: a write that goes beyond stores what fits,
-/// and the next one fails.
+/// While it lives, files of this process can grow to `bytes` and no further: a write that goes
+/// beyond stores what fits, and the next one fails.
 class FullDisk {
  public:
   explicit FullDisk(rlim_t bytes) : oldHandler(std::signal(SIGXFSZ, SIG_IGN)) {

@@ -25,9 +25,10 @@ TEST(DegreesFromNmeaTest, NegativeCoordinatesStayNegative) {
   EXPECT_EQ(DegreesFromNmea(-4807.038F), -DegreesFromNmea(4807.038F));
 }
 
-/// The bits were worked out apart, rounding each of the steps m*k, (a-n)*k, their sum and + d to single precision with
-/// k = 0x3C888889. The last four tell this from its likely variants: dividing by 60, double precision in between,
-/// (m + (a-n))*k, another order of the sums, and fused operations.
+/// The bits were worked out apart, rounding each of the steps m*k, (a-n)*k, their sum and + d to
+/// single precision with k = 0x3C888889. The last four tell this from its likely variants: dividing
+/// by 60, double precision in between, (m + (a-n))*k, another order of the sums, and fused
+/// operations.
 TEST(DegreesFromNmeaTest, EachStepIsRoundedToSinglePrecision) {
   EXPECT_EQ(Bits(DegreesFromNmea(4807.038F)), 0x4240781EU);   // 48.117302
   EXPECT_EQ(Bits(DegreesFromNmea(1131.0F)), 0x41384444U);     // 11.516666

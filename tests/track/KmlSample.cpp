@@ -1,10 +1,10 @@
-// Writes the track of a drive around a town as KML into the folder that is its argument, and prints the points that it
-// was made of (latitude, longitude, altitude as they are kept), one a line.
+// Writes the track of a drive around a town as KML into the folder that is its argument, and prints
+// the points that it was made of (latitude, longitude, altitude as they are kept), one a line.
 #include <cmath>
 #include <cstdio>
 
+#include "base/MissingValue.h"
 #include "handheld.h"
-#include "track/MissingValue.h"
 #include "track/TrackKmlWriter.h"
 #include "track/TrackStore.h"
 

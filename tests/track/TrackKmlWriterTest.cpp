@@ -4,10 +4,10 @@
 #include <cstdio>
 #include <string>
 
+#include "base/MissingValue.h"
 #include "handheld.h"
 #include "support/FullDisk.h"
 #include "support/TempFolder.h"
-#include "track/MissingValue.h"
 #include "track/TrackKmlWriter.h"
 #include "track/TrackStore.h"
 

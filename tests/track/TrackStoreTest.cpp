@@ -2,9 +2,9 @@
 
 #include <cstddef>
 
-#include "FailingMemory.h"
+#include "base/MissingValue.h"
+#include "support/FailingMemory.h"
 #include "support/Moments.h"
-#include "track/MissingValue.h"
 #include "track/TrackStore.h"
 
 namespace ferolin {

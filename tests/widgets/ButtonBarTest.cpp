@@ -1,6 +1,6 @@
-#include "ViewTest.h"
 #include "render/Canvas.h"
 #include "widgets/ButtonBar.h"
+#include "widgets/ViewTest.h"
 
 namespace ferolin {
 

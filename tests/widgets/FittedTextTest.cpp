@@ -1,6 +1,6 @@
-#include "ViewTest.h"
 #include "render/Canvas.h"
 #include "widgets/FittedText.h"
+#include "widgets/ViewTest.h"
 
 namespace ferolin {
 

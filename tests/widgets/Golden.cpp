@@ -1,4 +1,4 @@
-#include "Golden.h"
+#include "widgets/Golden.h"
 
 #include <gtest/gtest.h>
 #include <png.h>

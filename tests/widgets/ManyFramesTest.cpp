@@ -5,7 +5,7 @@
 
 #include <fstream>
 
-#include "ViewTest.h"
+#include "widgets/ViewTest.h"
 
 namespace ferolin {
 namespace {

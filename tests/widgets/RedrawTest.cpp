@@ -6,8 +6,8 @@
 #include <functional>
 #include <utility>
 
-#include "ViewTest.h"
 #include "render/Canvas.h"
+#include "widgets/ViewTest.h"
 
 namespace ferolin {
 
@@ -78,7 +78,7 @@ class RedrawTest : public Redrawing {
   RedrawTest() {
     Open(240, 320);
     Drive("120000", 50);
-    engine->curRenderWidget = FULL_SCREEN_SPEED;
+    engine->curRenderWidget = FEROLIN_VIEW_FULL_SCREEN_SPEED;
     Redraw();
   }
 
@@ -97,7 +97,7 @@ class RedrawTest : public Redrawing {
 
 TEST_F(RedrawTest, DrawsTheCurrentView) {
   const auto speed = Shown().rows;
-  engine->curRenderWidget = SPEEDOMETER;
+  engine->curRenderWidget = FEROLIN_VIEW_SPEEDOMETER;
   Redraw();
   EXPECT_NE(speed, Shown().rows);
 }
@@ -136,7 +136,7 @@ TEST_F(RedrawTest, IsDroppedWithoutAWindowOrAView) {
   engine->RequestRedraw();
   engine->curRenderWidget = engine->GetWidgetCount();
   engine->RequestRedraw();
-  engine->curRenderWidget = SPEEDOMETER;
+  engine->curRenderWidget = FEROLIN_VIEW_SPEEDOMETER;
   engine->renderWindow = nullptr;
   engine->RequestRedraw();
   EXPECT_EQ(handles, handheld::HandlesAlive());
@@ -144,21 +144,21 @@ TEST_F(RedrawTest, IsDroppedWithoutAWindowOrAView) {
 }
 
 TEST_F(RedrawTest, ShowsTheButtonsOfAnotherView) {
-  ShowBars(SPEEDOMETER, false);
-  engine->curRenderWidget = SPEEDOMETER;
+  ShowBars(FEROLIN_VIEW_SPEEDOMETER, false);
+  engine->curRenderWidget = FEROLIN_VIEW_SPEEDOMETER;
   Redraw();
   EXPECT_TRUE(HasButtons());
 }
 
 TEST_F(RedrawTest, LeavesTheButtonsOfTheSameViewHidden) {
-  ShowBars(FULL_SCREEN_SPEED, false);
+  ShowBars(FEROLIN_VIEW_FULL_SCREEN_SPEED, false);
   Redraw();
   EXPECT_FALSE(HasButtons());
 }
 
 TEST_F(RedrawTest, RemembersAViewThatWasHiddenWhenItsTurnCame) {
-  ShowBars(SPEEDOMETER, false);
-  engine->curRenderWidget = SPEEDOMETER;
+  ShowBars(FEROLIN_VIEW_SPEEDOMETER, false);
+  engine->curRenderWidget = FEROLIN_VIEW_SPEEDOMETER;
   const std::uint64_t version = Version();
   beforeNextThread = [&] { ShowWindow(window, SW_HIDE); };
   Redraw();
@@ -170,10 +170,10 @@ TEST_F(RedrawTest, RemembersAViewThatWasHiddenWhenItsTurnCame) {
 }
 
 TEST_F(RedrawTest, ShowsTheButtonsOfAViewThatIsComeBackTo) {
-  engine->curRenderWidget = SPEEDOMETER;
+  engine->curRenderWidget = FEROLIN_VIEW_SPEEDOMETER;
   Redraw();
-  engine->curRenderWidget = FULL_SCREEN_SPEED;
-  ShowBars(FULL_SCREEN_SPEED, false);
+  engine->curRenderWidget = FEROLIN_VIEW_FULL_SCREEN_SPEED;
+  ShowBars(FEROLIN_VIEW_FULL_SCREEN_SPEED, false);
   Redraw();
   EXPECT_TRUE(HasButtons());
 }
@@ -211,11 +211,12 @@ TEST_P(FirstRedraw, ShowsTheButtonsAlsoWhenTheyWereHiddenBefore) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Views, FirstRedraw,
-                         testing::Values(SPEEDOMETER, FULL_SCREEN_SPEED, SATELLITES, PATH,
-                                         SPEED_CHART));
+                         testing::Values(FEROLIN_VIEW_SPEEDOMETER, FEROLIN_VIEW_FULL_SCREEN_SPEED,
+                                         FEROLIN_VIEW_SATELLITES, FEROLIN_VIEW_PATH,
+                                         FEROLIN_VIEW_SPEED_CHART));
 
 TEST_F(RedrawTest, FollowsAReleasedButtonButNoOtherTouch) {
-  ShowBars(FULL_SCREEN_SPEED, true);
+  ShowBars(FEROLIN_VIEW_FULL_SCREEN_SPEED, true);
   const auto drawn = Frame();
   Drive("120001", 188);
   ::OnMouseDown(window, 120, 160);
@@ -228,7 +229,7 @@ TEST_F(RedrawTest, FollowsAReleasedButtonButNoOtherTouch) {
 }
 
 TEST_F(RedrawTest, NeverRunsTwiceAtATime) {
-  engine->curRenderWidget = SPEEDOMETER;
+  engine->curRenderWidget = FEROLIN_VIEW_SPEEDOMETER;
   Redraw();
   const int handles = handheld::HandlesAlive();
   const int objects = handheld::GdiObjectsAlive();
@@ -258,12 +259,12 @@ TEST_F(RedrawTest, NeverRunsTwiceAtATime) {
 }
 
 TEST_F(RedrawTest, LeavesNothingBehindOverManyFrames) {
-  engine->curRenderWidget = SPEEDOMETER;
+  engine->curRenderWidget = FEROLIN_VIEW_SPEEDOMETER;
   Redraw();
   const int objects = handheld::GdiObjectsAlive();
   for (int frame = 0; frame < 500; ++frame) {
-    Draw(SPEEDOMETER);
-    Draw(FULL_SCREEN_SPEED);
+    Draw(FEROLIN_VIEW_SPEEDOMETER);
+    Draw(FEROLIN_VIEW_FULL_SCREEN_SPEED);
   }
   EXPECT_EQ(objects, handheld::GdiObjectsAlive());
 }

@@ -1,6 +1,6 @@
-#include "ViewTest.h"
 #include "render/Canvas.h"
 #include "widgets/ScaledPicture.h"
+#include "widgets/ViewTest.h"
 
 namespace ferolin {
 

@@ -1,7 +1,7 @@
 #include <fstream>
 
-#include "ViewTest.h"
-#include "text/Cp1251.h"
+#include "base/Cp1251.h"
+#include "widgets/ViewTest.h"
 
 namespace ferolin {
 
@@ -188,8 +188,8 @@ TEST_F(ViewSettingsTest, ColourTheView) {
   folder.Write("Tachymo.ini", "[FullScreenSpeedWidget]\nBackGroundColor=16711680\n");
   Open(240, 320);
   Drive("120000", 50);
-  ShowBars(FULL_SCREEN_SPEED, false);
-  Draw(FULL_SCREEN_SPEED);
+  ShowBars(FEROLIN_VIEW_FULL_SCREEN_SPEED, false);
+  Draw(FEROLIN_VIEW_FULL_SCREEN_SPEED);
   EXPECT_EQ(RGB(0, 0, 255), ShownAt(120, 319));
 }
 

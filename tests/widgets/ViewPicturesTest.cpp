@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "Golden.h"
-#include "ViewTest.h"
+#include "base/Format.h"
 #include "render/InvertFlags.h"
 #include "sensors/Sensor.h"
-#include "text/Format.h"
+#include "widgets/Golden.h"
+#include "widgets/ViewTest.h"
 
 namespace ferolin {
 
@@ -22,15 +22,15 @@ class ViewPictures : public ViewTest {
   void TakeATrip(double kmh = 87) {
     Drive("143027", kmh, 40);
     SetSatellites(8);
-    Set(FASTEST_100, "100;3470");
-    Set(FASTEST_402, "402;15820");
-    Set(FASTEST_1000, "1000;34150");
-    Set(DISTANCE, "148.37");
-    Set(AVERAGE_SPEED, "148.37;7632");
-    Set(MAX_SPEED, "131.6");
-    Set(ACCEL_60, "60;6.42");
-    Set(ACCEL_100, "100;12.85");
-    Set(ACCEL_150, "150;31.07");
+    Set(FEROLIN_SENSOR_FASTEST_100, "100;3470");
+    Set(FEROLIN_SENSOR_FASTEST_402, "402;15820");
+    Set(FEROLIN_SENSOR_FASTEST_1000, "1000;34150");
+    Set(FEROLIN_SENSOR_DISTANCE, "148.37");
+    Set(FEROLIN_SENSOR_AVERAGE_SPEED, "148.37;7632");
+    Set(FEROLIN_SENSOR_MAX_SPEED, "131.6");
+    Set(FEROLIN_SENSOR_ACCEL_60, "60;6.42");
+    Set(FEROLIN_SENSOR_ACCEL_100, "100;12.85");
+    Set(FEROLIN_SENSOR_ACCEL_150, "150;31.07");
   }
 
   void Set(int sensor, const char* state) {
@@ -45,12 +45,12 @@ class ViewPictures : public ViewTest {
 
   /// Name of a picture in this language. The speed in large figures has no words.
   static std::string Kept(int view, const std::string& name) {
-    return (IS_RUSSIAN && view == SPEEDOMETER ? "russian-" : "") + name;
+    return (IS_RUSSIAN && view == FEROLIN_VIEW_SPEEDOMETER ? "russian-" : "") + name;
   }
 };
 
 const char* NameOf(int view) {
-  return view == SPEEDOMETER ? "speedometer" : "speed";
+  return view == FEROLIN_VIEW_SPEEDOMETER ? "speedometer" : "speed";
 }
 
 struct SizeCase {
@@ -68,7 +68,7 @@ TEST_P(ViewPicturesOfSize, Match) {
 
 std::vector<SizeCase> AllSizes() {
   std::vector<SizeCase> cases;
-  for (const int view : {SPEEDOMETER, FULL_SCREEN_SPEED}) {
+  for (const int view : {FEROLIN_VIEW_SPEEDOMETER, FEROLIN_VIEW_FULL_SCREEN_SPEED}) {
     for (const auto& [width, height] :
          {std::pair(240, 320), std::pair(320, 240), std::pair(480, 640), std::pair(640, 480),
           std::pair(480, 800), std::pair(800, 480)}) {
@@ -91,7 +91,7 @@ TEST_P(ViewPicturesWithFlags, Match) {
   theInvertFlags.orient = static_cast<std::uint8_t>(flags >> 3 & 1);
   Open(320, 240);
   TakeATrip();
-  Expect(SPEEDOMETER, Format("flags-%i", flags), true);
+  Expect(FEROLIN_VIEW_SPEEDOMETER, Format("flags-%i", flags), true);
 }
 
 GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(ViewPicturesWithFlags);
@@ -189,11 +189,11 @@ TEST_P(ViewPicturesAtSpeed, Match) {
   Drive("235959", kmh, 359);
   SetSatellites(12);
   handheld::SetBattery(BATTERY_FLAG_CHARGING, 5);
-  Set(DISTANCE, "99999");
-  Set(FASTEST_100, "100;999999");
-  Set(FASTEST_402, "402;9999999");
-  Set(FASTEST_1000, "1000;99999999");
-  for (const int view : {SPEEDOMETER, FULL_SCREEN_SPEED}) {
+  Set(FEROLIN_SENSOR_DISTANCE, "99999");
+  Set(FEROLIN_SENSOR_FASTEST_100, "100;999999");
+  Set(FEROLIN_SENSOR_FASTEST_402, "402;9999999");
+  Set(FEROLIN_SENSOR_FASTEST_1000, "1000;99999999");
+  for (const int view : {FEROLIN_VIEW_SPEEDOMETER, FEROLIN_VIEW_FULL_SCREEN_SPEED}) {
     Expect(view, Format("%s-%gkmh-%ix%i", NameOf(view), kmh, width, height));
   }
 }
@@ -206,8 +206,8 @@ INSTANTIATE_TEST_SUITE_P(Extremes, ViewPicturesAtSpeed,
 TEST_F(ViewPictures, MatchBeforeAFix) {
   Open(240, 320);
   engine->OnUpdate("$GPRMC,000000,V,,,,,,,230324,,*00");
-  Expect(SPEEDOMETER, "speedometer-no-fix");
-  Expect(FULL_SCREEN_SPEED, "speed-no-fix");
+  Expect(FEROLIN_VIEW_SPEEDOMETER, "speedometer-no-fix");
+  Expect(FEROLIN_VIEW_FULL_SCREEN_SPEED, "speed-no-fix");
 }
 
 TEST_F(ViewPictures, MatchWithoutPictures) {
@@ -218,22 +218,22 @@ TEST_F(ViewPictures, MatchWithoutPictures) {
   }
   Open(320, 240);
   TakeATrip();
-  Expect(SPEEDOMETER, "speedometer-no-pictures", true);
-  Expect(FULL_SCREEN_SPEED, "speed-no-pictures", true);
+  Expect(FEROLIN_VIEW_SPEEDOMETER, "speedometer-no-pictures", true);
+  Expect(FEROLIN_VIEW_FULL_SCREEN_SPEED, "speed-no-pictures", true);
 }
 
 TEST_F(ViewPictures, MatchWithBars) {
   Open(240, 320);
   TakeATrip();
-  Expect(SPEEDOMETER, "speedometer-bars", true);
-  Expect(FULL_SCREEN_SPEED, "speed-bars", true);
+  Expect(FEROLIN_VIEW_SPEEDOMETER, "speedometer-bars", true);
+  Expect(FEROLIN_VIEW_FULL_SCREEN_SPEED, "speed-bars", true);
 }
 
 TEST_F(ViewPictures, MatchOnAFineScreen) {
   Open(480, 800, 192);
   TakeATrip();
-  Expect(SPEEDOMETER, "speedometer-480x800-192dpi", true);
-  Expect(FULL_SCREEN_SPEED, "speed-480x800-192dpi", true);
+  Expect(FEROLIN_VIEW_SPEEDOMETER, "speedometer-480x800-192dpi", true);
+  Expect(FEROLIN_VIEW_FULL_SCREEN_SPEED, "speed-480x800-192dpi", true);
 }
 
 }  // namespace

@@ -1,12 +1,12 @@
-#include "ViewTest.h"
+#include "widgets/ViewTest.h"
 
 #include <objbase.h>
 #include <stdlib.h>
 
+#include "base/Format.h"
 #include "gps/FixRecord.h"
 #include "render/Canvas.h"
 #include "render/InvertFlags.h"
-#include "text/Format.h"
 
 namespace ferolin {
 

@@ -1,6 +1,7 @@
 // An engine with its pictures and font, and a window that its views are drawn into.
 #pragma once
 
+#include <ferolin.h>
 #include <gtest/gtest.h>
 #include <handheld.h>
 #include <windows.h>
@@ -13,30 +14,6 @@
 #include "widgets/Widget.h"
 
 namespace ferolin {
-
-/// Places in the engine's lists.
-enum ViewIndex {
-  SPEEDOMETER = 0,
-  FULL_SCREEN_SPEED = 1,
-  SATELLITES = 2,
-  PATH = 3,
-  SPEED_CHART = 4
-};
-enum SensorIndex {
-  FASTEST_100 = 3,
-  FASTEST_402 = 4,
-  FASTEST_1000 = 5,
-  DISTANCE = 6,
-  AVERAGE_SPEED = 8,
-  SPEED = 9,
-  MAX_SPEED = 10,
-  ACCEL_10 = 11,
-  ACCEL_30 = 12,
-  ACCEL_60 = 13,
-  ACCEL_100 = 14,
-  ACCEL_150 = 15,
-  ACCEL_200 = 16,
-};
 
 /// A colour as it reads from a frame, which knows 32 steps of each channel.
 COLORREF Seen(COLORREF color);

@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "ViewTest.h"
+#include "widgets/ViewTest.h"
 #include "widgets/Widget.h"
 
 namespace ferolin {
@@ -15,9 +15,9 @@ class WidgetTest : public ViewTest {
  protected:
   void OpenAttached(int width, int height, int dpi = 96) {
     Open(width, height, dpi);
-    engine->curRenderWidget = FULL_SCREEN_SPEED;
+    engine->curRenderWidget = FEROLIN_VIEW_FULL_SCREEN_SPEED;
     Drive("120000", 50);
-    ShowBars(FULL_SCREEN_SPEED, true);
+    ShowBars(FEROLIN_VIEW_FULL_SCREEN_SPEED, true);
     TakePosted();
   }
 
@@ -31,7 +31,7 @@ class WidgetTest : public ViewTest {
   }
 
   Codes Swipe(HWND touched, POINT from, POINT to) {
-    ShowBars(FULL_SCREEN_SPEED, false);
+    ShowBars(FEROLIN_VIEW_FULL_SCREEN_SPEED, false);
     ::OnMouseDown(touched, from.x, from.y);
     ::OnMouseMove(touched, to.x, to.y);
     ::OnMouseUp(touched, to.x, to.y);
@@ -126,14 +126,14 @@ TEST_F(WidgetTest, PostsNothingToAHostThatHasStopped) {
 
 TEST_F(WidgetTest, HasNoButtonsBeforeTheFirstUpdate) {
   Open(240, 320);
-  engine->curRenderWidget = FULL_SCREEN_SPEED;
-  ShowBars(FULL_SCREEN_SPEED, true);
+  engine->curRenderWidget = FEROLIN_VIEW_FULL_SCREEN_SPEED;
+  ShowBars(FEROLIN_VIEW_FULL_SCREEN_SPEED, true);
   EXPECT_TRUE(Tap(210, 26).empty());
 }
 
 TEST_F(WidgetTest, IsNotHitWhileItsBarsAreHidden) {
   OpenAttached(240, 320);
-  ShowBars(FULL_SCREEN_SPEED, false);
+  ShowBars(FEROLIN_VIEW_FULL_SCREEN_SPEED, false);
   EXPECT_TRUE(Tap(210, 26).empty());
   EXPECT_TRUE(Tap(210, 26).empty()) << "a tap does not bring them back";
 }
@@ -151,13 +151,13 @@ TEST_F(WidgetTest, DoubleClickTogglesBothBars) {
 TEST_F(WidgetTest, ShowsTheBarsAgainAfterAButton) {
   OpenAttached(240, 320);
   for (int frame = 0; frame < 4; ++frame) {
-    Draw(FULL_SCREEN_SPEED);
+    Draw(FEROLIN_VIEW_FULL_SCREEN_SPEED);
   }
   ASSERT_EQ(Codes{6}, Tap(210, 26));
   // The redraw that the tap asked for may come before or after that; four frames are left in any
   // case.
   for (int frame = 0; frame < 3; ++frame) {
-    Draw(FULL_SCREEN_SPEED);
+    Draw(FEROLIN_VIEW_FULL_SCREEN_SPEED);
   }
   EXPECT_EQ(Codes{2}, Tap(210, 294));
 }
@@ -171,8 +171,8 @@ TEST_F(WidgetTest, LiftingElsewherePostsWhatLiesThere) {
 
 TEST_F(WidgetTest, DrawsAPressedButtonAtOnceAndReleasesIt) {
   OpenAttached(240, 320);
-  Draw(FULL_SCREEN_SPEED);
-  ShowBars(FULL_SCREEN_SPEED, true);
+  Draw(FEROLIN_VIEW_FULL_SCREEN_SPEED);
+  ShowBars(FEROLIN_VIEW_FULL_SCREEN_SPEED, true);
   ::OnMouseDown(window, 120, 200);
   const auto released = Shown().rows;
   ::OnMouseDown(window, 210, 26);
@@ -180,15 +180,15 @@ TEST_F(WidgetTest, DrawsAPressedButtonAtOnceAndReleasesIt) {
   EXPECT_NE(released, pressed);
   ::OnMouseUp(window, 120, 200);
   engine->StopCallBack();
-  ShowBars(FULL_SCREEN_SPEED, true);
+  ShowBars(FEROLIN_VIEW_FULL_SCREEN_SPEED, true);
   ::OnMouseDown(window, 120, 200);
   EXPECT_EQ(released, Shown().rows);
 }
 
 TEST_F(WidgetTest, PresentsAnewWhenTheFingerIsLifted) {
   OpenAttached(240, 320);
-  Draw(FULL_SCREEN_SPEED);
-  ShowBars(FULL_SCREEN_SPEED, true);
+  Draw(FEROLIN_VIEW_FULL_SCREEN_SPEED);
+  ShowBars(FEROLIN_VIEW_FULL_SCREEN_SPEED, true);
   ::OnMouseDown(window, 120, 200);
   const auto withBars = Shown().rows;
   ::OnDoubleClick();
@@ -243,7 +243,7 @@ TEST_F(WidgetTest, AButtonUnderTheFingersEndCountsMoreThanASwipe) {
 
 TEST_F(WidgetTest, OnClickDoesNothing) {
   OpenAttached(240, 320);
-  Draw(FULL_SCREEN_SPEED);
+  Draw(FEROLIN_VIEW_FULL_SCREEN_SPEED);
   const auto before = Shown().rows;
   ::OnClick(window, 210, 26);
   EXPECT_TRUE(TakePosted().empty());
@@ -272,7 +272,7 @@ TEST_F(WidgetTest, DrawsNoBarsIntoAHiddenWindow) {
   OpenAttached(240, 320);
   ShowWindow(window, SW_HIDE);
   for (int frame = 0; frame < 20; ++frame) {
-    Draw(FULL_SCREEN_SPEED);
+    Draw(FEROLIN_VIEW_FULL_SCREEN_SPEED);
   }
   ShowWindow(window, SW_SHOW);
   EXPECT_EQ(Codes{6}, Tap(210, 26)) << "they have not counted down";

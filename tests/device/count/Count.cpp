@@ -1,5 +1,5 @@
-// Does what is worth counting, in windows that CounterPlugin sees: updates without a view, and with each view. Prints
-// what each window's number stands for.
+// Does what is worth counting, in windows that CounterPlugin sees: updates without a view, and with
+// each view. Prints what each window's number stands for.
 
 #include <handheld.h>
 #include <sys/syscall.h>
@@ -90,8 +90,8 @@ class Bench {
     }
   }
 
-  /// The frame is drawn after the notification, under a lock that each read-out takes, and the reader goes back to its
-  /// port.
+  /// The frame is drawn after the notification, under a lock that each read-out takes, and the
+  /// reader goes back to its port.
   void WaitForRest(std::uint64_t before) const {
     while (engine.GetCurRenderWidget() >= 0 &&
            handheld::WindowPixelsVersion(host.Get()) == before) {

@@ -1,5 +1,5 @@
-// How a program under qemu talks to the plugin that counts instructions: a system call without effect, whose unused
-// arguments are these.
+// How a program under qemu talks to the plugin that counts instructions: a system call without
+// effect, whose unused arguments are these.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,8 @@ enum Request : std::uint32_t {
   SET_RANGE = 1,
   /// A count begins.
   BEGIN,
-  /// The count ends; a number that stands for what was counted, and how often it was done meanwhile.
+  /// The count ends; a number that stands for what was counted, and how often it was done
+  /// meanwhile.
   END,
 };
 

@@ -1,8 +1,10 @@
-// Plugin for qemu's user-mode emulation, which looks at the instructions that are executed within a range of addresses.
-// To standard error go:
-//   - "counted <number> <instructions> <times>": executed between the marks that the emulated program sets (Counter.h);
-//   - "misaligned <place in the range> <address>": an access to a word or half-word that does not lie at a multiple of
-//     its size. The emulator takes it; an ARMv4T processor reads something else;
+// Plugin for qemu's user-mode emulation, which looks at the instructions that are executed within a
+// range of addresses. To standard error go:
+//   - "counted <number> <instructions> <times>": executed between the marks that the emulated
+//     program sets (Counter.h);
+//   - "misaligned <place in the range> <address>": an access to a word or half-word that does not
+//     lie at a multiple of its size. The emulator takes it; an ARMv4T processor reads something
+//     else;
 //   - "accesses <number>": those looked at, at the end.
 
 #include <atomic>

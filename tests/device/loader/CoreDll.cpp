@@ -40,8 +40,8 @@ HANDLE StartThread(SECURITY_ATTRIBUTES* security, DWORD stackSize, LPTHREAD_STAR
   return thread;
 }
 
-// Printing: the device packs variadic arguments, so that a double is simply the next two words. It returns -1 for text
-// longer than the buffer and ends only shorter text with a zero.
+// Printing: the device packs variadic arguments, so that a double is simply the next two words. It
+// returns -1 for text longer than the buffer and ends only shorter text with a zero.
 
 int PrintPacked(char* out, std::size_t size, const char* format, ...) {
   va_list words;

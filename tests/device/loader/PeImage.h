@@ -5,11 +5,13 @@
 #include <string>
 #include <vector>
 
-/// A dynamic library of the device, brought into memory as the device's loader does it: mapped, moved to where there
-/// is room, bound to the functions it imports, and then no more writable than its sections say. Gone with the object.
+/// A dynamic library of the device, brought into memory as the device's loader does it: mapped,
+/// moved to where there is room, bound to the functions it imports, and then no more writable than
+/// its sections say. Gone with the object.
 class PeImage {
  public:
-  /// Address of a function that the image imports; null when there is none, which keeps it from loading.
+  /// Address of a function that the image imports; null when there is none, which keeps it from
+  /// loading.
   using Binder = std::function<void*(const std::string& library, const std::string& name)>;
 
   /// Throws std::runtime_error with the reason when the file cannot be loaded.

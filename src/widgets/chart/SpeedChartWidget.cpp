@@ -1,0 +1,281 @@
+#include "widgets/chart/SpeedChartWidget.h"
+
+#include <ferolin.h>
+
+#include <algorithm>
+
+#include "base/CodePage.h"
+#include "base/Cp1251.h"
+#include "base/Lock.h"
+#include "gps/FixRecord.h"
+#include "render/Canvas.h"
+#include "sensors/LocalizedText.h"
+#include "widgets/WidgetOwner.h"
+#include "widgets/chart/SpeedScale.h"
+
+namespace ferolin {
+
+namespace {
+
+constexpr const char* SECTION = "SpeedChartWidget";
+constexpr Cp1251Text COMMENT = u"Настройки виджета графика скорости";
+
+constexpr int LARGEST_ZOOM = 128;
+/// From here on, points share their columns.
+constexpr int FIRST_SHARED_ZOOM = 3;
+
+constexpr LONG FRAME_MARGIN = 5;
+constexpr LONG CAPTION_HEIGHT = 10;
+constexpr LONG PLOT_MARGIN = 10;
+constexpr LONG OVERHANG = 5;        // of axes and lines beyond the plot
+constexpr LONG NEWEST_MARGIN = 10;  // from the newest column to the plot's right side
+constexpr LONG LABEL_GAP = 4;
+constexpr LONG SPEED_GAP = 10;
+constexpr int CHART_WIDTH = 2;
+
+RECT Inset(const RECT& rect, LONG margin) {
+  return {rect.left + margin, rect.top + margin, rect.right - margin, rect.bottom - margin};
+}
+
+/// What the chart may use of a view.
+RECT ChartFrame(const RECT& view) {
+  RECT frame = Inset(view, FRAME_MARGIN);
+  frame.top += CAPTION_HEIGHT;
+  return frame;
+}
+
+}  // namespace
+
+constinit const ColorSetting<SpeedChartWidget> SpeedChartWidget::COLORS[] = {
+    {"BorderColor", &SpeedChartWidget::borderColor, 0x00606060},
+    {"BackGroundColor", &SpeedChartWidget::backgroundColor, 0x00000000},
+    {"ChartColor", &SpeedChartWidget::chartColor, 0x0080FF00},
+    {"CurSpeedLineColor", &SpeedChartWidget::currentSpeedLineColor, 0x00FF00FF},
+    {"MaxSpeedLineColor", &SpeedChartWidget::maxSpeedLineColor, 0x0000FFFF},
+    {"SmallTextColor", &SpeedChartWidget::smallTextColor, 0x00FFFFFF},
+    {"BigTextColor", &SpeedChartWidget::bigTextColor, 0x00FFFF00},
+    {"AxesColor", &SpeedChartWidget::axesColor, 0x00FFFF00},
+};
+
+constinit const TextSetting<SpeedChartWidget> SpeedChartWidget::TEXTS[] = {
+    {"SmallTextFontName", "SmallTextSize", &SpeedChartWidget::smallStyle, "Times New Roman", 13},
+    {"BigTextFontName", "BigTextSize", &SpeedChartWidget::bigStyle, "Times New Roman", 30},
+};
+
+SpeedChartWidget::SpeedChartWidget(WidgetOwner& owner) : Widget(GetText(Word::SPEED_CHART), owner) {
+  InitColors(COLORS, *this);
+  InitTexts(TEXTS, *this);
+}
+
+void SpeedChartWidget::LoadSettings(const IniStore& store) {
+  LoadColors(COLORS, SECTION, store, *this);
+  LoadTexts(TEXTS, SECTION, store, *this);
+}
+
+void SpeedChartWidget::SaveSettings(IniStore& store) const {
+  store.SetValue("Comment", COMMENT.Get(), SECTION, "");
+  SaveColors(COLORS, SECTION, store, *this);
+  SaveSizes(TEXTS, SECTION, store, *this);
+  SaveFaces(TEXTS, SECTION, store, *this);
+}
+
+/// Those of the other views come first. Where not all fit into one line, the rest has one of its
+/// own.
+void SpeedChartWidget::CreateOwnButtons() {
+  if (!ownBar.IsEmpty()) {
+    return;
+  }
+  CreateNavigationButtons();
+  AddButton(ownBar, TEXT("\\Pics\\BtnZoomIn.png"), FEROLIN_BUTTON_ZOOM_IN);
+  AddButton(ownBar, TEXT("\\Pics\\BtnZoomOut.png"), FEROLIN_BUTTON_ZOOM_OUT);
+  AddButton(ownBar, TEXT("\\Pics\\BtnZoomAuto.png"), FEROLIN_BUTTON_AUTOMATIC_ZOOM);
+}
+
+void SpeedChartWidget::OnMouseUp(HWND window, POINT point) {
+  bool hasChanged = false;
+  {
+    const LockGuard guard(owner.GetDataLock());
+    const Button* button = GetButtonAt(window, point);
+    hasChanged = button != nullptr && Zoom(button->message.lParam);
+  }
+  if (hasChanged) {
+    owner.RequestRedraw();
+  }
+  Widget::OnMouseUp(window, point);
+}
+
+/// What that button does to the zoom. Returns whether it changed.
+bool SpeedChartWidget::Zoom(LPARAM code) {
+  const int previous = zoom;
+  switch (code) {
+    case FEROLIN_BUTTON_ZOOM_IN:
+      zoom = std::max(zoom / 2, 1);
+      break;
+    case FEROLIN_BUTTON_ZOOM_OUT:
+      zoom = std::min(zoom * 2, LARGEST_ZOOM);
+      break;
+    case FEROLIN_BUTTON_AUTOMATIC_ZOOM:
+      zoom = 1;
+      break;
+    default:
+      break;
+  }
+  return zoom != previous;
+}
+
+void SpeedChartWidget::Draw(HWND window) {
+  theCanvas.BeginFrame(window);
+  theCanvas.FillBackground(backgroundColor);
+  const RECT frame = ChartFrame(theCanvas.GetFrameRect());
+  const RECT plot = Inset(frame, PLOT_MARGIN);
+  const std::span<const TrackPoint> points = VisiblePoints(plot.right - plot.left - NEWEST_MARGIN);
+  marks.Begin(theCanvas, smallStyle.GetFont(theCanvas), frame.left, frame.right);
+  Collect(plot, points);
+  const SpeedScale scale(columns.GetMaximum());
+  DrawBox(plot);
+  DrawGrid(plot, scale);
+  DrawTitles(plot);
+  DrawMarks(plot);
+  DrawChart(plot, scale);
+  if (!points.empty()) {
+    DrawSpeeds(plot, scale, std::max(points.back().speedKmh, 0.0F));
+  }
+  DrawScale(plot, scale);
+  theCanvas.PresentTransformed();
+  DrawOverlay(theCanvas);
+  theCanvas.FlushToWindow();
+}
+
+/// The newest ones, as many as there is room for.
+std::span<const TrackPoint> SpeedChartWidget::VisiblePoints(int columnCount) const {
+  const int count = owner.GetFix().GetPointCount();
+  const int visible = std::min(count, std::max(columnCount, 0) * zoom);
+  const TrackPoint* first = owner.GetFix().GetPoint(count - visible);
+  return first != nullptr ? std::span(first, static_cast<std::size_t>(visible))
+                          : std::span<const TrackPoint>();
+}
+
+/// Walks the points once, from the newest backwards: far zoomed out there are many. Each group
+/// stands in the column of its newest point.
+void SpeedChartWidget::Collect(const RECT& plot, std::span<const TrackPoint> points) {
+  const std::size_t perColumn = zoom >= FIRST_SHARED_ZOOM ? static_cast<std::size_t>(zoom) : 1;
+  columns.Clear();
+  for (std::size_t end = points.size(); end > 0;) {
+    const std::size_t begin = end - std::min(perColumn, end);
+    const auto group = points.subspan(begin, end - begin);
+    const int x = static_cast<int>(end - 1) / zoom;
+    if (!columns.Add(x, group)) {
+      return;
+    }
+    marks.Add(plot.left + x, group);
+    end = begin;
+  }
+}
+
+/// The axes at the left and below, and a border that closes the box.
+void SpeedChartWidget::DrawBox(const RECT& plot) {
+  const LONG right = plot.right + OVERHANG;
+  theCanvas.DrawThinLine(borderColor, plot.left, plot.top, right, plot.top);
+  theCanvas.DrawThinLine(borderColor, right, plot.top, right, plot.bottom);
+  theCanvas.DrawThinLine(axesColor, plot.left, plot.top, plot.left, plot.bottom);
+  theCanvas.DrawThinLine(axesColor, plot.left, plot.bottom, right, plot.bottom);
+}
+
+void SpeedChartWidget::DrawGrid(const RECT& plot, const SpeedScale& scale) {
+  for (int kmh = scale.step; kmh <= scale.top; kmh += scale.step) {
+    const LONG row = scale.RowOf(static_cast<float>(kmh), plot);
+    axesPen.DrawLine(theCanvas, axesColor, plot.left - OVERHANG, row, plot.right, row);
+  }
+}
+
+/// Labels stand on the lines of the grid, and over the chart, which would hide them.
+void SpeedChartWidget::DrawScale(const RECT& plot, const SpeedScale& scale) {
+  const HFONT font = smallStyle.GetFont(theCanvas);
+  for (int kmh = 0; kmh <= scale.top; kmh += scale.step) {
+    WideString label = Widen(Format("%i", kmh));
+    if (kmh == scale.top) {
+      label += TEXT(" км/ч");
+    }
+    DrawRimmed(font, label,
+               {plot.left + LABEL_GAP, scale.RowOf(static_cast<float>(kmh), plot) -
+                                           theCanvas.MeasureText(font, label.c_str()).cy},
+               smallTextColor);
+  }
+}
+
+/// Above the plot: the view's name in the middle, the zoom at the right.
+void SpeedChartWidget::DrawTitles(const RECT& plot) {
+  const HFONT font = smallStyle.GetFont(theCanvas);
+  const WideString caption = Widen(GetName());
+  const SIZE extent = theCanvas.MeasureText(font, caption.c_str());
+  theCanvas.DrawText(font, caption.c_str(), (plot.left + plot.right - extent.cx) / 2,
+                     (FRAME_MARGIN + CAPTION_HEIGHT - extent.cy) / 2, smallTextColor);
+  const WideString text = Widen(Format("Zoom:%ix", zoom));
+  const SIZE size = theCanvas.MeasureText(font, text.c_str());
+  theCanvas.DrawText(font, text.c_str(), plot.right - size.cx, plot.top - size.cy, smallTextColor);
+}
+
+/// Labels stand at the view's lower edge, below the plot.
+void SpeedChartWidget::DrawMarks(const RECT& plot) {
+  const HFONT font = smallStyle.GetFont(theCanvas);
+  const LONG top = theCanvas.GetFrameRect().bottom - theCanvas.MeasureText(font, TEXT("0")).cy;
+  for (const MinuteMarks::Mark& mark : marks.Get()) {
+    theCanvas.DrawText(font, mark.label.data(), mark.labelLeft, top, smallTextColor);
+    axesPen.DrawLine(theCanvas, axesColor, mark.x, plot.top, mark.x, plot.bottom + OVERHANG);
+  }
+}
+
+void SpeedChartWidget::DrawChart(const RECT& plot, const SpeedScale& scale) {
+  line.Clear();
+  for (const SpeedColumns::Column& column : columns.Get()) {
+    const LONG x = plot.left + column.x;
+    if (!line.Add({x, scale.RowOf(column.minimum, plot)}) ||
+        (column.maximum != column.minimum && !line.Add({x, scale.RowOf(column.maximum, plot)}))) {
+      break;
+    }
+  }
+  theCanvas.DrawPolyline(chartColor, CHART_WIDTH, line.Get().data(),
+                         static_cast<int>(line.Get().size()));
+}
+
+/// Both speeds have places of their own at the right, so that none hides the other. The maximum has
+/// its line's colour.
+void SpeedChartWidget::DrawSpeeds(const RECT& plot, const SpeedScale& scale, float current) {
+  if (columns.Get().empty()) {
+    return;
+  }
+  const float maximum = columns.GetMaximum();
+  const LONG currentRow = scale.RowOf(current, plot);
+  const LONG maximumRow = scale.RowOf(maximum, plot);
+  currentSpeedPen.DrawLine(theCanvas, currentSpeedLineColor, plot.left, currentRow,
+                           plot.left + columns.Get().front().x, currentRow);
+  maxSpeedPen.DrawLine(theCanvas, maxSpeedLineColor, plot.left, maximumRow, plot.right, maximumRow);
+  const int room = theCanvas.MeasureText(bigStyle.GetFont(theCanvas), TEXT("000")).cx;
+  const int width = DrawSpeed(plot, current, currentRow, plot.right, bigTextColor);
+  DrawSpeed(plot, maximum, maximumRow, plot.right - std::max(width, room) - SPEED_GAP,
+            maxSpeedLineColor);
+}
+
+/// Stands on its line, or hangs below one that has no room above; never leaves the plot. Returns
+/// the width.
+int SpeedChartWidget::DrawSpeed(const RECT& plot, float kmh, LONG row, LONG right, COLORREF color) {
+  const HFONT font = bigStyle.GetFont(theCanvas);
+  const WideString text = Widen(Format("%.0f", kmh));
+  const SIZE size = theCanvas.MeasureText(font, text.c_str());
+  const LONG above = row - size.cy;
+  const LONG top = std::max(above >= plot.top ? above : row + 1, plot.top);
+  DrawRimmed(font, text, {right - size.cx, top}, color);
+  return size.cx;
+}
+
+/// A rim of the background's colour sets the text off from the chart below it.
+void SpeedChartWidget::DrawRimmed(HFONT font, const WideString& text, POINT corner,
+                                  COLORREF color) {
+  for (const POINT& offset : {POINT{-1, 0}, POINT{1, 0}, POINT{0, -1}, POINT{0, 1}}) {
+    theCanvas.DrawText(font, text.c_str(), corner.x + offset.x, corner.y + offset.y,
+                       backgroundColor);
+  }
+  theCanvas.DrawText(font, text.c_str(), corner.x, corner.y, color);
+}
+
+}  // namespace ferolin

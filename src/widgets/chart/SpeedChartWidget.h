@@ -1,0 +1,70 @@
+#pragma once
+
+#include <span>
+
+#include "base/GrowingArray.h"
+#include "render/DashedPen.h"
+#include "track/TrackPoint.h"
+#include "widgets/ColorSetting.h"
+#include "widgets/TextSetting.h"
+#include "widgets/Widget.h"
+#include "widgets/chart/MinuteMarks.h"
+#include "widgets/chart/SpeedColumns.h"
+
+namespace ferolin {
+
+class SpeedScale;
+
+/// The speed of the newest track points against time, newest at the right, with the current speed
+/// and the highest one shown marked by lines. Buttons choose how many points share one column of
+/// pixels.
+class SpeedChartWidget : public Widget {
+ public:
+  explicit SpeedChartWidget(WidgetOwner& owner);
+
+  void CreateOwnButtons() override;
+  void Draw(HWND window) override;
+  void SaveSettings(IniStore& store) const override;
+  void LoadSettings(const IniStore& store) override;
+  void OnMouseUp(HWND window, POINT point) override;
+
+  /// Track points that one column stands for: a power of two from 1 to 128.
+  int GetZoom() const { return zoom; }
+
+ private:
+  static const ColorSetting<SpeedChartWidget> COLORS[8];
+  static const TextSetting<SpeedChartWidget> TEXTS[2];
+
+  bool Zoom(LPARAM code);
+  std::span<const TrackPoint> VisiblePoints(int columnCount) const;
+  void Collect(const RECT& plot, std::span<const TrackPoint> points);
+  void DrawBox(const RECT& plot);
+  void DrawGrid(const RECT& plot, const SpeedScale& scale);
+  void DrawScale(const RECT& plot, const SpeedScale& scale);
+  void DrawTitles(const RECT& plot);
+  void DrawMarks(const RECT& plot);
+  void DrawChart(const RECT& plot, const SpeedScale& scale);
+  void DrawSpeeds(const RECT& plot, const SpeedScale& scale, float current);
+  int DrawSpeed(const RECT& plot, float kmh, LONG row, LONG right, COLORREF color);
+  void DrawRimmed(HFONT font, const WideString& text, POINT corner, COLORREF color);
+
+  COLORREF borderColor;
+  COLORREF backgroundColor;
+  COLORREF chartColor;
+  COLORREF currentSpeedLineColor;
+  COLORREF maxSpeedLineColor;
+  COLORREF smallTextColor;
+  COLORREF bigTextColor;
+  COLORREF axesColor;
+  TextStyle smallStyle;
+  TextStyle bigStyle;
+  int zoom = 1;
+  SpeedColumns columns;
+  MinuteMarks marks;
+  GrowingArray<POINT> line;
+  DashedPen axesPen;
+  DashedPen currentSpeedPen;
+  DashedPen maxSpeedPen;
+};
+
+}  // namespace ferolin

@@ -1,0 +1,35 @@
+#include "widgets/chart/SpeedScale.h"
+
+#include <algorithm>
+
+namespace ferolin {
+
+namespace {
+
+constexpr int TOPS[] = {20, 50, 100};
+constexpr int LARGEST_TOP = 200;
+constexpr int SMALLEST_STEP = 5;
+constexpr int STEPS = 5;
+constexpr float FARTHEST = 30000;  // what drawing still understands
+
+int TopFor(float highestKmh) {
+  for (const int top : TOPS) {
+    if (!(highestKmh > static_cast<float>(top))) {
+      return top;
+    }
+  }
+  return LARGEST_TOP;
+}
+
+}  // namespace
+
+SpeedScale::SpeedScale(float highestKmh)
+    : top(TopFor(highestKmh)), step(std::max(top / STEPS, SMALLEST_STEP)) {}
+
+LONG SpeedScale::RowOf(float kmh, const RECT& plot) const {
+  const float row = static_cast<float>(plot.bottom) +
+                    kmh * static_cast<float>(plot.top - plot.bottom) / static_cast<float>(top);
+  return static_cast<LONG>(std::clamp(row, -FARTHEST, FARTHEST));
+}
+
+}  // namespace ferolin

@@ -1,0 +1,289 @@
+#include "widgets/dial/SpeedometerWidget.h"
+
+#include <cmath>
+
+#include "base/CodePage.h"
+#include "base/Cp1251.h"
+#include "gps/FixRecord.h"
+#include "render/Canvas.h"
+#include "sensors/Sensor.h"
+#include "widgets/WidgetOwner.h"
+
+namespace ferolin {
+
+namespace {
+
+constexpr const char* SECTION = "SpeedometerWidget";
+constexpr Cp1251Text COMMENT = u"Настройки виджета спидометра";
+
+constexpr double PI = 3.141592F;
+constexpr double DEGREES_PER_HALF_TURN = 180;
+constexpr BYTE OPAQUE_ALPHA = 255;
+
+constexpr int NEEDLE_WIDTH = 3;
+constexpr int MARK_WIDTH = 5;
+constexpr double MARK_START = 0.4;  // of the dial's width, from the centre
+
+// Tops of texts over the dial's centre, in heights of the text.
+constexpr double LANDSCAPE_SPEED_RISE = 1.1;
+constexpr double PORTRAIT_SPEED_RISE = 1.2;
+constexpr double CLOCK_RISE = 1.1;
+constexpr int TEXT_GAP = 4;
+
+constexpr double SLOWEST_TARGET = 50;  // km/h
+constexpr double FASTEST_TARGET = 180;
+constexpr int RIM_GAP = 20;
+constexpr double RIM_SHIFT = 0.1;  // radians before the target's place on the rim
+constexpr int TEXT_TURN = 268;     // degrees from the target's direction
+
+constexpr int FASTEST_RISE = 25;  // over the dial's lower edge
+constexpr int COLUMN_GAP = 4;
+
+constexpr int COMPASS_SIZE = 65;
+constexpr int COMPASS_CENTER = 32;
+constexpr int COMPASS_NEEDLE = 27;
+
+int CutToInt(double value) {
+  return static_cast<int>(value);
+}
+
+int Nearest(double value) {
+  return CutToInt(value + 0.5);
+}
+
+}  // namespace
+
+constinit const ColorSetting<SpeedometerWidget> SpeedometerWidget::COLORS[] = {
+    {"BackGroundColor", &SpeedometerWidget::backgroundColor, 0x00000000},
+    {"SpeedArrowColor", &SpeedometerWidget::speedArrowColor, 0x000000FF},
+    {"SpeedTextColor", &SpeedometerWidget::speedTextColor, 0x00FFFF00},
+    {"MaxSpeedArrowColor", &SpeedometerWidget::maxSpeedMarkColor, 0x000000FF},
+    {"AvgSpeedArrowColor", &SpeedometerWidget::averageSpeedMarkColor, 0x0000FF00},
+    {"OdomerTextColor", &SpeedometerWidget::odometerTextColor, 0x00FF00FF},
+    {"AccelTextColor", &SpeedometerWidget::accelerationTextColor, 0x0000FF80},
+    {"FastestColor", &SpeedometerWidget::fastestColor, 0x0080FF00},
+    {"NorthArrowColor", &SpeedometerWidget::northNeedleColor, 0x00FF0000},
+    {"SouthArrowColor", &SpeedometerWidget::southNeedleColor, 0x000000FF},
+    {"ClockTextColor", &SpeedometerWidget::clockTextColor, 0x0080FF00},
+};
+
+constinit const TextSetting<SpeedometerWidget> SpeedometerWidget::TEXTS[] = {
+    {"AccelTextFontName", "AccelFontSize", &SpeedometerWidget::accelerationStyle, "Times New Roman",
+     18},
+    {"FastestTextFontName", "FastestFontSize", &SpeedometerWidget::fastestStyle, "Times New Roman",
+     14},
+    {"OdomerTextFontName", "OdomerFontSize", &SpeedometerWidget::odometerStyle, "Times New Roman",
+     28},
+    {"SpeedTextFontName", "SpeedFontSize", &SpeedometerWidget::speedStyle, "LCD", 40},
+    {"ClockTextFontName", "ClockFontSize", &SpeedometerWidget::clockStyle, "LCD", 32},
+};
+
+SpeedometerWidget::SpeedometerWidget(WidgetOwner& owner)
+    : Widget(GetText(Word::SPEEDOMETER), owner) {
+  InitColors(COLORS, *this);
+  InitTexts(TEXTS, *this);
+}
+
+void SpeedometerWidget::LoadSettings(const IniStore& store) {
+  LoadColors(COLORS, SECTION, store, *this);
+  LoadTexts(TEXTS, SECTION, store, *this);
+}
+
+void SpeedometerWidget::SaveSettings(IniStore& store) const {
+  store.SetValue("Comment", COMMENT.Get(), SECTION, "");
+  SaveColors(COLORS, SECTION, store, *this);
+  SaveFaces(TEXTS, SECTION, store, *this);
+  SaveSizes(TEXTS, SECTION, store, *this);
+}
+
+void SpeedometerWidget::Attach() {
+  if (!sensors.AreAllFound()) {
+    sensors.Find(owner);
+    dialFace.Load(owner.GetModuleDir() + TEXT("\\Pics\\speedometer.png"));
+  }
+  LoadIcons();
+  Widget::Attach();
+}
+
+void SpeedometerWidget::LoadIcons() {
+  icons.Load(owner.GetModuleDir());
+  if (compassPicture == nullptr) {
+    compassPicture = LoadPicture(owner.GetModuleDir() + TEXT("\\Pics\\compass.png"));
+  }
+}
+
+/// Without a dial the window keeps showing the last frame presented.
+void SpeedometerWidget::Draw(HWND window) {
+  theCanvas.BeginFrame(window);
+  theCanvas.FillBackground(backgroundColor);
+  if (dialFace.IsLoaded()) {
+    const RECT frame = theCanvas.GetFrameRect();
+    const DialGeometry dial(DialRect({frame.right, frame.bottom}, dialFace.GetSize()));
+    dialFace.Draw(theCanvas.GetDrawingDC(), dial.rect, backgroundColor);
+    if (frame.right >= frame.bottom) {
+      DrawLandscape(dial);
+    } else {
+      DrawPortrait(dial);
+    }
+    theCanvas.PresentTransformed();
+  }
+  DrawOverlay(theCanvas);
+  theCanvas.FlushToWindow();
+}
+
+/// The odometer stands on the fastest times, clear of the needle at rest.
+void SpeedometerWidget::DrawLandscape(const DialGeometry& dial) {
+  const int fastestTop = dial.rect.bottom - FASTEST_RISE;
+  DrawNeedle(dial);
+  const int speedTop = DrawSpeed(dial, LANDSCAPE_SPEED_RISE);
+  DrawMark(dial, sensors.averageSpeed, averageSpeedMarkColor);
+  DrawMark(dial, sensors.maxSpeed, maxSpeedMarkColor);
+  DrawOdometer(dial, fastestTop - TEXT_GAP - odometerStyle.size);
+  DrawClock(dial, speedTop, CLOCK_RISE);
+  DrawStatusIcons();
+  DrawAcceleration(dial);
+  const int width = dial.rect.right - dial.rect.left;
+  DrawFastest({5 * width / 32 + 2, 5 * width / 24, fastestTop});
+  DrawCompass(dial);
+}
+
+/// The clock follows the odometer inside the dial; the fastest times have the frame's whole width
+/// below it, above the buttons.
+void SpeedometerWidget::DrawPortrait(const DialGeometry& dial) {
+  DrawNeedle(dial);
+  DrawSpeed(dial, PORTRAIT_SPEED_RISE);
+  DrawMark(dial, sensors.averageSpeed, averageSpeedMarkColor);
+  DrawMark(dial, sensors.maxSpeed, maxSpeedMarkColor);
+  DrawOdometer(dial, dial.centerY);
+  DrawClock(dial, dial.centerY + odometerStyle.size + TEXT_GAP, 0);
+  DrawStatusIcons();
+  const int width = dial.rect.right - dial.rect.left;
+  DrawFastest({COLUMN_GAP / 2, width / 3, dial.rect.bottom + TEXT_GAP});
+  DrawAcceleration(dial);
+}
+
+void SpeedometerWidget::DrawNeedle(const DialGeometry& dial) {
+  const double kmh = GetSensorNumber(sensors.speed);
+  if (sensors.speed != NO_SENSOR && DialGeometry::IsOnScale(kmh)) {
+    const POINT tip = dial.PointAt(DialGeometry::AngleOf(kmh), dial.radius);
+    theCanvas.DrawLine(speedArrowColor, NEEDLE_WIDTH, dial.centerX, dial.centerY, tip.x, tip.y);
+  }
+}
+
+void SpeedometerWidget::DrawMark(const DialGeometry& dial, int sensor, COLORREF color) {
+  const double kmh = GetSensorNumber(sensor);
+  if (sensor != NO_SENSOR && DialGeometry::IsOnScale(kmh)) {
+    const double angle = DialGeometry::AngleOf(kmh);
+    const POINT start = dial.PointAt(angle, MARK_START * (dial.rect.right - dial.rect.left));
+    const POINT end = dial.PointAt(angle, dial.radius);
+    theCanvas.DrawLine(color, MARK_WIDTH, start.x, start.y, end.x, end.y);
+  }
+}
+
+/// Draws the number that many of its own heights above the dial's centre. Returns its top.
+int SpeedometerWidget::DrawSpeed(const DialGeometry& dial, double rise) {
+  if (sensors.speed == NO_SENSOR) {
+    return dial.centerY;
+  }
+  const WideString text = Widen(Format("%0.0f", GetSensorNumber(sensors.speed)));
+  const int top = CutToInt(dial.centerY - rise * Measure(speedStyle, text).cy);
+  DrawCentered(speedStyle, text, dial.centerX, top, speedTextColor);
+  return top;
+}
+
+void SpeedometerWidget::DrawOdometer(const DialGeometry& dial, int top) {
+  if (sensors.distance != NO_SENSOR) {
+    DrawCentered(odometerStyle, Widen(GetSensorText(sensors.distance)), dial.centerX, top,
+                 odometerTextColor);
+  }
+}
+
+void SpeedometerWidget::DrawStatusIcons() {
+  icons.Draw(theCanvas, owner.GetFix().satellitesUsed, StatusIcons::Style::BLENDED_ICONS);
+}
+
+void SpeedometerWidget::DrawAcceleration(const DialGeometry& dial) {
+  for (const int index : sensors.acceleration.Get()) {
+    const double target = AccelerationTarget(owner.GetSensor(index)->GetName());
+    const double seconds = GetSensorNumber(index);
+    if (target >= SLOWEST_TARGET && target <= FASTEST_TARGET && seconds != 0) {
+      DrawAccelerationTime(dial, target, seconds);
+    }
+  }
+}
+
+/// Along the rim, right before the speed that was reached.
+void SpeedometerWidget::DrawAccelerationTime(const DialGeometry& dial, double target,
+                                             double seconds) {
+  const double angle = DialGeometry::AngleOf(target);
+  const HFONT font = theCanvas.MakeFontA(accelerationStyle.face, accelerationStyle.size,
+                                         CutToInt(angle * DEGREES_PER_HALF_TURN / PI - TEXT_TURN));
+  const POINT corner = dial.PointAt(angle + RIM_SHIFT, dial.radius + RIM_GAP);
+  theCanvas.DrawText(font, Widen(Format("%0.2f", seconds)).c_str(), corner.x, corner.y,
+                     accelerationTextColor);
+  DeleteObject(font);
+}
+
+void SpeedometerWidget::DrawFastest(const Columns& columns) {
+  int left = columns.left;
+  for (const int index : sensors.fastest.Get()) {
+    DrawFastestTime(index, left, left + columns.width - COLUMN_GAP, columns.top);
+    left += columns.width;
+  }
+}
+
+/// The distance, below it a bracket over the time.
+void SpeedometerWidget::DrawFastestTime(int sensor, int left, int right, int top) {
+  const int middle = (left + right) / 2;
+  const WideString distance =
+      Widen(Format("%g", FastestDistance(owner.GetSensor(sensor)->GetName())));
+  const int bracket = top + Measure(fastestStyle, distance).cy;
+  DrawCentered(fastestStyle, distance, middle, top, fastestColor);
+  theCanvas.DrawThinLine(fastestColor, left, bracket - 1, left, bracket + 3);
+  theCanvas.DrawThinLine(fastestColor, right, bracket - 1, right, bracket + 3);
+  theCanvas.DrawThinLine(fastestColor, right, bracket + 1, left, bracket + 1);
+  DrawCentered(fastestStyle, Widen(GetSensorText(sensor)), middle, bracket + 2, fastestColor);
+}
+
+/// The rose stays, the needle turns against the course: it points to where north lies.
+void SpeedometerWidget::DrawCompass(const DialGeometry& dial) {
+  const RECT frame = theCanvas.GetFrameRect();
+  if (frame.right - dial.rect.right < COMPASS_SIZE || sensors.azimuth == NO_SENSOR ||
+      compassPicture == nullptr) {
+    return;
+  }
+  const RECT rect = {frame.right - COMPASS_SIZE, frame.bottom - COMPASS_SIZE, frame.right,
+                     frame.bottom};
+  compassPicture->DrawBlended(theCanvas.GetDrawingDC(), rect, OPAQUE_ALPHA);
+  const int x = rect.left + COMPASS_CENTER;
+  const int y = rect.top + COMPASS_CENTER;
+  const double angle = (90 - GetSensorNumber(sensors.azimuth)) * PI * (1 / DEGREES_PER_HALF_TURN);
+  const double dx = COMPASS_NEEDLE * std::cos(angle);
+  const double dy = COMPASS_NEEDLE * std::sin(angle);
+  theCanvas.DrawLine(southNeedleColor, NEEDLE_WIDTH, x, y, Nearest(x + dx), Nearest(y + dy));
+  theCanvas.DrawLine(northNeedleColor, NEEDLE_WIDTH, x, y, Nearest(x - dx), Nearest(y - dy));
+}
+
+/// Draws the clock that many of its own heights above a line.
+void SpeedometerWidget::DrawClock(const DialGeometry& dial, int line, double rise) {
+  if (sensors.currentTime == NO_SENSOR) {
+    return;
+  }
+  const WideString text = Widen(GetSensorText(sensors.currentTime));
+  const SIZE extent = Measure(clockStyle, text);
+  theCanvas.DrawText(clockStyle.GetFont(theCanvas), text.c_str(),
+                     (dial.rect.left + dial.rect.right - extent.cx) / 2,
+                     CutToInt(line - rise * extent.cy), clockTextColor);
+}
+
+SIZE SpeedometerWidget::Measure(TextStyle& style, const WideString& text) {
+  return theCanvas.MeasureText(style.GetFont(theCanvas), text.c_str());
+}
+
+void SpeedometerWidget::DrawCentered(TextStyle& style, const WideString& text, int centerX, int top,
+                                     COLORREF color) {
+  theCanvas.DrawText(style.GetFont(theCanvas), text.c_str(), centerX - Measure(style, text).cx / 2,
+                     top, color);
+}
+
+}  // namespace ferolin

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <memory>
+
+#include "widgets/ColorSetting.h"
+#include "widgets/ScaledPicture.h"
+#include "widgets/StatusIcons.h"
+#include "widgets/TextSetting.h"
+#include "widgets/Widget.h"
+#include "widgets/dial/DialGeometry.h"
+#include "widgets/dial/SpeedometerSensors.h"
+
+namespace ferolin {
+
+/// A dial with a needle for the speed and marks for its average and maximum, with the speed,
+/// distance and clock as texts, times of accelerations at the rim, times of the fastest distances,
+/// and, where there is room, a compass.
+class SpeedometerWidget : public Widget {
+ public:
+  explicit SpeedometerWidget(WidgetOwner& owner);
+
+  void CreateOwnButtons() override { CreateNavigationButtons(); }
+  void Draw(HWND window) override;
+  void Attach() override;
+  void SaveSettings(IniStore& store) const override;
+  void LoadSettings(const IniStore& store) override;
+
+ private:
+  /// Columns of the fastest times.
+  struct Columns {
+    int left;
+    int width;
+    int top;
+  };
+
+  static const ColorSetting<SpeedometerWidget> COLORS[11];
+  static const TextSetting<SpeedometerWidget> TEXTS[5];
+
+  void LoadIcons();
+  void DrawLandscape(const DialGeometry& dial);
+  void DrawPortrait(const DialGeometry& dial);
+  void DrawNeedle(const DialGeometry& dial);
+  void DrawMark(const DialGeometry& dial, int sensor, COLORREF color);
+  int DrawSpeed(const DialGeometry& dial, double rise);
+  void DrawOdometer(const DialGeometry& dial, int top);
+  void DrawClock(const DialGeometry& dial, int line, double rise);
+  void DrawStatusIcons();
+  void DrawAcceleration(const DialGeometry& dial);
+  void DrawAccelerationTime(const DialGeometry& dial, double target, double seconds);
+  void DrawFastest(const Columns& columns);
+  void DrawFastestTime(int sensor, int left, int right, int top);
+  void DrawCompass(const DialGeometry& dial);
+  SIZE Measure(TextStyle& style, const WideString& text);
+  void DrawCentered(TextStyle& style, const WideString& text, int centerX, int top, COLORREF color);
+
+  COLORREF speedArrowColor;
+  COLORREF speedTextColor;
+  COLORREF maxSpeedMarkColor;
+  COLORREF averageSpeedMarkColor;
+  COLORREF odometerTextColor;
+  COLORREF accelerationTextColor;
+  COLORREF fastestColor;
+  COLORREF northNeedleColor;
+  COLORREF southNeedleColor;
+  COLORREF backgroundColor;
+  COLORREF clockTextColor;
+  ScaledPicture dialFace;
+  TextStyle accelerationStyle;
+  TextStyle fastestStyle;
+  TextStyle odometerStyle;
+  TextStyle speedStyle;
+  TextStyle clockStyle;
+  SpeedometerSensors sensors;
+  StatusIcons icons;
+  std::unique_ptr<Picture> compassPicture;
+};
+
+}  // namespace ferolin

@@ -1,0 +1,52 @@
+#include "widgets/path/PathTrip.h"
+
+#include <algorithm>
+
+#include "base/DeviceTime.h"
+
+namespace ferolin {
+
+namespace {
+
+constexpr float SECONDS_PER_HOUR = 3600;
+constexpr float MEAN_KM_PER_SECOND = 0.00013888889F;  // half of an hour's 3600th
+
+}  // namespace
+
+void PathTrip::Update(const PathPoints& points) {
+  if (processedCount > points.GetEnd()) {
+    *this = PathTrip();
+  }
+  for (int number = std::max(processedCount, points.GetFirst()); number < points.GetEnd();
+       ++number) {
+    Add(points[number]);
+  }
+  processedCount = points.GetEnd();
+}
+
+void PathTrip::Add(const TrackPoint& point) {
+  if (IsMissing(point.latitude)) {
+    return;
+  }
+  const std::int64_t time = FileTimeOf(point.time);
+  if (time > previousTime && previousTime != 0 && !IsMissing(previousKmh)) {
+    AddStretch(time - previousTime, point.speedKmh);
+  }
+  previousTime = time;
+  previousKmh = point.speedKmh;
+  if (HasPosition(point)) {
+    box.Widen(point.latitude, point.longitude);
+  }
+}
+
+/// At the mean of the speeds at both ends, over whole seconds.
+void PathTrip::AddStretch(std::int64_t units, float speedKmh) {
+  const auto seconds = static_cast<std::int32_t>(units / FILE_TIME_PER_SECOND);
+  elapsedSeconds += seconds;
+  distanceKm += (speedKmh + previousKmh) * static_cast<float>(seconds) * MEAN_KM_PER_SECOND;
+  if (elapsedSeconds > 0) {
+    averageKmh = distanceKm * SECONDS_PER_HOUR / static_cast<float>(elapsedSeconds);
+  }
+}
+
+}  // namespace ferolin

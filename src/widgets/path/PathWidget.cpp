@@ -1,0 +1,270 @@
+#include "widgets/path/PathWidget.h"
+
+#include <ferolin.h>
+
+#include "base/Cp1251.h"
+#include "base/Lock.h"
+#include "gps/FixRecord.h"
+#include "render/Canvas.h"
+#include "sensors/Sensor.h"
+#include "widgets/WidgetOwner.h"
+#include "widgets/path/PathPanel.h"
+
+namespace ferolin {
+
+namespace {
+
+constexpr const char* SECTION = "PathWidget";
+constexpr Cp1251Text COMMENT = u"Настройки виджета пройденного пути";
+
+struct OwnButton {
+  const WCHAR* file;
+  LPARAM code;
+};
+
+/// Where they have a row over the arrows it reads, being filled from the right: centre, automatic,
+/// in, out.
+constexpr OwnButton OWN_BUTTONS[] = {
+    {TEXT("\\Pics\\BtnZoomOut.png"), FEROLIN_BUTTON_ZOOM_OUT},
+    {TEXT("\\Pics\\BtnZoomIn.png"), FEROLIN_BUTTON_ZOOM_IN},
+    {TEXT("\\Pics\\BtnZoomAuto.png"), FEROLIN_BUTTON_AUTOMATIC_ZOOM},
+    {TEXT("\\Pics\\BtnCenterPos.png"), FEROLIN_BUTTON_CENTER_POSITION},
+};
+
+constexpr LONG SMALLEST_AREA = 10;  // wide and high
+constexpr int FEWEST_POINTS = 2;
+
+// The start is a ring, the end a disc that fits into it.
+constexpr int START_RADIUS = 7;
+constexpr int START_WIDTH = 2;
+constexpr int END_RADIUS = 5;
+
+bool Contains(const RECT& rect, POINT point) {
+  return point.x >= rect.left && point.x < rect.right && point.y >= rect.top &&
+         point.y < rect.bottom;
+}
+
+/// Number of the first point with a position from `number` on in steps of 1 or -1. There is one.
+int FindKnown(const PathPoints& points, int number, int step) {
+  while (!HasPosition(points[number])) {
+    number += step;
+  }
+  return number;
+}
+
+RECT Inset(const RECT& rect, LONG by) {
+  return {rect.left + by, rect.top + by, rect.right - by, rect.bottom - by};
+}
+
+}  // namespace
+
+constinit const ColorSetting<PathWidget> PathWidget::COLORS[] = {
+    {"BorderColor", &PathWidget::borderColor, 0x00606060},
+    {"BackGroundColor", &PathWidget::backgroundColor, 0x00000000},
+    {"PathColor", &PathWidget::pathColor, 0x00FFFF00},
+    {"SmallTimeTextColor", &PathWidget::labelColor, 0x00FFFFFF},
+    {"MidTimeTextColor", &PathWidget::valueColor, 0x0080FF00},
+    {"BigTimeTextColor", &PathWidget::speedColor, 0x0080FF00},
+    {"EndPointColor", &PathWidget::endPointColor, 0x000000FF},
+    {"StartPointColor", &PathWidget::startPointColor, 0x000000FF},
+};
+
+constinit const TextSetting<PathWidget> PathWidget::TEXTS[] = {
+    {"SmallTextFontName", "SmallTextSize", &PathWidget::labelStyle, "Times New Roman", 13},
+    {"MidTextFontName", "MidTextSize", &PathWidget::valueStyle, "LCD", 20},
+    {"BigTextFontName", "BigTextSize", &PathWidget::speedStyle, "LCD", 30},
+};
+
+constinit const PathWidget::ButtonAction PathWidget::ACTIONS[] = {
+    {FEROLIN_BUTTON_ZOOM_IN, &PathWidget::ZoomIn},
+    {FEROLIN_BUTTON_ZOOM_OUT, &PathWidget::ZoomOut},
+    {FEROLIN_BUTTON_CENTER_POSITION, &PathWidget::RequestCenter},
+    {FEROLIN_BUTTON_AUTOMATIC_ZOOM, &PathWidget::ZoomAutomatically},
+};
+
+PathWidget::PathWidget(WidgetOwner& owner) : Widget(GetText(Word::DISTANCE), owner) {
+  InitColors(COLORS, *this);
+  InitTexts(TEXTS, *this);
+}
+
+void PathWidget::LoadSettings(const IniStore& store) {
+  LoadColors(COLORS, SECTION, store, *this);
+  LoadTexts(TEXTS, SECTION, store, *this);
+}
+
+void PathWidget::SaveSettings(IniStore& store) const {
+  store.SetValue("Comment", COMMENT.Get(), SECTION, "");
+  SaveColors(COLORS, SECTION, store, *this);
+  SaveSizes(TEXTS, SECTION, store, *this);
+  SaveFaces(TEXTS, SECTION, store, *this);
+}
+
+void PathWidget::CreateOwnButtons() {
+  if (!ownBar.IsEmpty()) {
+    return;
+  }
+  CreateNavigationButtons();
+  for (const OwnButton& button : OWN_BUTTONS) {
+    AddButton(ownBar, button.file, button.code);
+  }
+}
+
+/// With every update, so that the figures do not depend on when the view is looked at, and going to
+/// it does not take the longer the longer the track is.
+void PathWidget::Attach() {
+  if (speedSensor == NO_SENSOR || timeSensor == NO_SENSOR) {
+    FindSensors();
+  }
+  CatchUp();
+  Widget::Attach();
+}
+
+/// Of several sensors with such a name the last one is shown.
+void PathWidget::FindSensors() {
+  for (int sensorIndex = 0; sensorIndex < owner.GetSensorCount(); ++sensorIndex) {
+    const Sensor& sensor = *owner.GetSensor(sensorIndex);
+    if (IsNamed(sensor, Word::SPEED)) {
+      speedSensor = sensorIndex;
+    } else if (IsNamed(sensor, Word::CURRENT_TIME)) {
+      timeSensor = sensorIndex;
+    }
+  }
+}
+
+void PathWidget::CatchUp() {
+  const PathPoints points(owner.GetFix().track);
+  trip.Update(points);
+  index.Update(points);
+  cells.Update(points);
+}
+
+void PathWidget::Draw(HWND window) {
+  CatchUp();
+  theCanvas.BeginFrame(window);
+  theCanvas.FillBackground(backgroundColor);
+  const PathPanel panel(
+      theCanvas, {{labelStyle, labelColor}, {valueStyle, valueColor}, {speedStyle, speedColor}});
+  panel.Draw(GetReadouts());
+  DrawPath(panel.GetRest());
+  theCanvas.PresentTransformed();
+  DrawOverlay(theCanvas);
+  theCanvas.FlushToWindow();
+}
+
+PathReadouts PathWidget::GetReadouts() const {
+  return {
+      .speed = PathSpeedText(GetSensorNumber(speedSensor)),
+      .currentTime = GetSensorText(timeSensor),
+      .elapsed = ElapsedText(trip.GetElapsedSeconds()),
+      .averageSpeed = PathSpeedText(trip.GetAverageKmh()),
+      .distance = PathDistanceText(trip.GetDistanceKm()),
+  };
+}
+
+/// A thin border around the path's area, and the path if there is one.
+void PathWidget::DrawPath(const RECT& rect) {
+  pathArea = Inset(rect, 1);
+  theCanvas.DrawRectangle(borderColor, 1, backgroundColor, rect);
+  const PathPoints points(owner.GetFix().track);
+  if (!CanDrawPath(points)) {
+    return;
+  }
+  if (isCenterRequested) {
+    isCenterRequested = false;
+    Center(points);
+  }
+  const PathProjection projection(trip.GetBox(), pathArea, zoom, pan);
+  layer.Draw(theCanvas.GetDrawingDC(), pathArea, {points, index, cells}, projection,
+             {backgroundColor, pathColor});
+  DrawMarks(points, projection);
+}
+
+bool PathWidget::CanDrawPath(const PathPoints& points) const {
+  return pathArea.right - pathArea.left >= SMALLEST_AREA &&
+         pathArea.bottom - pathArea.top >= SMALLEST_AREA && points.GetCount() >= FEWEST_POINTS &&
+         trip.GetBox().HasArea();
+}
+
+/// The end lies over the start: it is where one is now.
+void PathWidget::DrawMarks(const PathPoints& points, const PathProjection& projection) {
+  const HRGN region = CreateRectRgn(pathArea.left, pathArea.top, pathArea.right, pathArea.bottom);
+  theCanvas.SetClipRegion(region);
+  const POINT start = projection.Project(points[FindKnown(points, points.GetFirst(), 1)]);
+  if (Contains(Inset(pathArea, -START_RADIUS), start)) {
+    theCanvas.DrawFilledCircle(startPointColor, START_WIDTH, backgroundColor, start.x, start.y,
+                               START_RADIUS);
+  }
+  const POINT end = projection.Project(points[FindKnown(points, points.GetEnd() - 1, -1)]);
+  if (Contains(Inset(pathArea, -END_RADIUS), end)) {
+    theCanvas.DrawFilledCircle(endPointColor, 1, endPointColor, end.x, end.y, END_RADIUS);
+  }
+  theCanvas.SetClipRegion(nullptr);
+  DeleteObject(region);
+}
+
+/// Pans so that the current position lies in the middle.
+void PathWidget::Center(const PathPoints& points) {
+  const TrackPoint& last = points[FindKnown(points, points.GetEnd() - 1, -1)];
+  const PathProjection unmoved(trip.GetBox(), pathArea, zoom, {0, 0});
+  pan = unmoved.PanTo(last.latitude, last.longitude,
+                      {(pathArea.left + pathArea.right) / 2, (pathArea.top + pathArea.bottom) / 2});
+}
+
+void PathWidget::ZoomIn() {
+  zoom *= 2.0F;
+}
+
+void PathWidget::ZoomOut() {
+  zoom *= 0.5F;
+}
+
+void PathWidget::ZoomAutomatically() {
+  zoom = 1;
+  pan = {0, 0};
+}
+
+/// The base tells the host, too.
+void PathWidget::OnMouseUp(HWND window, POINT point) {
+  bool isChanged = false;
+  {
+    const LockGuard guard(owner.GetDataLock());
+    const Button* button = GetButtonAt(window, point);
+    for (const ButtonAction& action : ACTIONS) {
+      if (button != nullptr && button->message.lParam == action.code) {
+        (this->*action.act)();
+        isChanged = true;
+      }
+    }
+  }
+  if (isChanged) {
+    owner.RequestRedraw();
+  }
+  Widget::OnMouseUp(window, point);
+}
+
+void PathWidget::OnMouseMove(HWND, POINT point) {
+  bool isChanged = false;
+  {
+    const LockGuard guard(owner.GetDataLock());
+    isChanged = isMouseDown && Drag(point);
+  }
+  if (isChanged) {
+    owner.RequestRedraw();
+  }
+}
+
+/// The path follows the finger, however the frame is turned or scaled. Forgetting where the finger
+/// went down keeps a drag from being taken for a swipe.
+bool PathWidget::Drag(POINT point) {
+  const POINT to = theCanvas.ToFrame(point);
+  if (!Contains(pathArea, to)) {
+    return false;
+  }
+  const POINT from = theCanvas.ToFrame(lastPoint);
+  pan.x += to.x - from.x;
+  pan.y += to.y - from.y;
+  lastPoint = point;
+  return true;
+}
+
+}  // namespace ferolin

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "render/TextStyle.h"
+#include "widgets/ColorSetting.h"
+#include "widgets/SensorSearch.h"
+#include "widgets/TextSetting.h"
+#include "widgets/Widget.h"
+#include "widgets/path/PathCells.h"
+#include "widgets/path/PathIndex.h"
+#include "widgets/path/PathLayer.h"
+#include "widgets/path/PathReadouts.h"
+#include "widgets/path/PathTrip.h"
+
+namespace ferolin {
+
+/// The way driven in this run, fitted into the frame, with figures of the trip beside it. It can be
+/// magnified, dragged and centred on the current position.
+class PathWidget : public Widget {
+ public:
+  explicit PathWidget(WidgetOwner& owner);
+
+  void CreateOwnButtons() override;
+  void Draw(HWND window) override;
+  void Attach() override;
+  void SaveSettings(IniStore& store) const override;
+  void LoadSettings(const IniStore& store) override;
+  void OnMouseUp(HWND window, POINT point) override;
+  void OnMouseMove(HWND window, POINT point) override;
+
+ private:
+  struct ButtonAction {
+    LPARAM code;
+    void (PathWidget::*act)();
+  };
+
+  static const ColorSetting<PathWidget> COLORS[8];
+  static const TextSetting<PathWidget> TEXTS[3];
+  static const ButtonAction ACTIONS[4];
+
+  void FindSensors();
+  void CatchUp();
+  PathReadouts GetReadouts() const;
+  void DrawPath(const RECT& rect);
+  bool CanDrawPath(const PathPoints& points) const;
+  void DrawMarks(const PathPoints& points, const PathProjection& projection);
+  void Center(const PathPoints& points);
+  bool Drag(POINT point);
+
+  void ZoomIn();
+  void ZoomOut();
+  void ZoomAutomatically();
+  void RequestCenter() { isCenterRequested = true; }
+
+  COLORREF borderColor;
+  COLORREF backgroundColor;
+  COLORREF pathColor;
+  COLORREF labelColor;
+  COLORREF valueColor;
+  COLORREF speedColor;
+  COLORREF endPointColor;
+  COLORREF startPointColor;
+  TextStyle labelStyle;
+  TextStyle valueStyle;
+  TextStyle speedStyle;
+  int speedSensor = NO_SENSOR;
+  int timeSensor = NO_SENSOR;
+  PathTrip trip;
+  PathIndex index;
+  PathCells cells;
+  PathLayer layer;
+  RECT pathArea = {};  ///< where the last frame had the path
+  POINT pan = {};
+  float zoom = 1;
+  bool isCenterRequested = false;
+};
+
+}  // namespace ferolin

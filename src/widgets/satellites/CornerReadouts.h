@@ -1,0 +1,39 @@
+#pragma once
+
+#include <windows.h>
+
+#include "base/WideString.h"
+
+namespace ferolin {
+
+class Canvas;
+class WidgetOwner;
+class SkyPlot;
+
+/// What the satellites are good for, in the corners that the sky leaves free: whether there is a
+/// fix, from how many satellites, and how precise its position and its altitude are.
+class CornerReadouts {
+ public:
+  CornerReadouts(Canvas& surface, const SkyPlot& skyPlot, HFONT textFont, COLORREF textColor);
+
+  void Draw(const WidgetOwner& owner) const;
+
+ private:
+  struct Readout {
+    int sensor;
+    bool isRight;
+    bool isBottom;
+  };
+  static const Readout READOUTS[4];
+
+  void DrawReadout(const Readout& readout, const WideString& name, const WideString& value) const;
+  void DrawLine(const Readout& readout, const WideString& text, int top) const;
+  SIZE Measure(const WideString& text) const;
+
+  Canvas& canvas;
+  const SkyPlot& sky;
+  HFONT font;
+  COLORREF color;
+};
+
+}  // namespace ferolin

@@ -1,0 +1,191 @@
+#include "widgets/satellites/SatellitesWidget.h"
+
+#include "base/CodePage.h"
+#include "base/Cp1251.h"
+#include "gps/FixRecord.h"
+#include "render/Canvas.h"
+#include "sensors/LocalizedText.h"
+#include "widgets/WidgetOwner.h"
+#include "widgets/satellites/CornerReadouts.h"
+#include "widgets/satellites/SignalBar.h"
+#include "widgets/satellites/SkyPlot.h"
+
+namespace ferolin {
+
+namespace {
+
+constexpr const char* SECTION = "SattelitesWidget";
+constexpr Cp1251Text COMMENT = u"Настройки виджета спутников";
+
+constexpr int LAST_LOW_SNR = 20;
+constexpr int FIRST_HIGH_SNR = 50;
+
+bool IsEmpty(const RECT& rect) {
+  return rect.left >= rect.right || rect.top >= rect.bottom;
+}
+
+/// One that is known of, but not received, is not shown.
+bool IsReceived(const SatelliteInfo& satellite) {
+  return satellite.prn != MISSING_VALUE && satellite.elevation != MISSING_VALUE &&
+         satellite.azimuth != MISSING_VALUE && satellite.snr != MISSING_VALUE;
+}
+
+WideString NumberOf(const SatelliteInfo& satellite) {
+  return Widen(Format("%i", satellite.prn));
+}
+
+/// The frame without the strip.
+RECT SkyArea(const SignalStrip& strip) {
+  return strip.hasRows ? RECT{0, 0, strip.rect.left, strip.rect.bottom}
+                       : RECT{0, 0, strip.rect.right, strip.rect.top};
+}
+
+/// The largest rectangle of the picture's shape in the middle of the area.
+RECT FittedRect(const RECT& area, SIZE picture) {
+  SIZE size = {area.right - area.left, 0};
+  size.cy = size.cx * picture.cy / picture.cx;
+  if (size.cy > area.bottom - area.top) {
+    size.cy = area.bottom - area.top;
+    size.cx = size.cy * picture.cx / picture.cy;
+  }
+  const LONG left = (area.left + area.right - size.cx) / 2;
+  const LONG top = (area.top + area.bottom - size.cy) / 2;
+  return {left, top, left + size.cx, top + size.cy};
+}
+
+}  // namespace
+
+constinit const ColorSetting<SatellitesWidget> SatellitesWidget::COLORS[] = {
+    {"BackGroundColor", &SatellitesWidget::backgroundColor, 0x00C0C0C0},
+    {"SattelitesNameColor", &SatellitesWidget::nameColor, 0x00000000},
+    {"LowSignalColor", &SatellitesWidget::lowSignalColor, 0x000000FF},
+    {"MidSignalColor", &SatellitesWidget::midSignalColor, 0x0000FFFF},
+    {"HighSignalColor", &SatellitesWidget::highSignalColor, 0x0000C000},
+    {"BorderColor", &SatellitesWidget::borderColor, 0x00202020},
+    {"ShadowColor", &SatellitesWidget::shadowColor, 0x00404040},
+    {"MiscLineColor", &SatellitesWidget::miscLineColor, 0x00606060},
+};
+
+constinit const TextSetting<SatellitesWidget> SatellitesWidget::TEXTS[] = {
+    {"SattelitesNameFontName", "SattelitesNameFontSize", &SatellitesWidget::nameStyle,
+     "Times New Roman", 12},
+};
+
+SatellitesWidget::SatellitesWidget(WidgetOwner& owner) : Widget(GetText(Word::SATELLITES), owner) {
+  InitColors(COLORS, *this);
+  InitTexts(TEXTS, *this);
+}
+
+void SatellitesWidget::LoadSettings(const IniStore& store) {
+  LoadColors(COLORS, SECTION, store, *this);
+  LoadTexts(TEXTS, SECTION, store, *this);
+}
+
+void SatellitesWidget::SaveSettings(IniStore& store) const {
+  store.SetValue("Comment", COMMENT.Get(), SECTION, "");
+  SaveColors(COLORS, SECTION, store, *this);
+  SaveFaces(TEXTS, SECTION, store, *this);
+  SaveSizes(TEXTS, SECTION, store, *this);
+}
+
+void SatellitesWidget::Attach() {
+  if (!background.IsLoaded()) {
+    background.Load(owner.GetModuleDir() + TEXT("\\Pics\\SatBackGround.png"));
+  }
+  Widget::Attach();
+}
+
+/// All dots come before all numbers, so that no dot hides one.
+void SatellitesWidget::Draw(HWND window) {
+  theCanvas.BeginFrame(window);
+  theCanvas.FillBackground(backgroundColor);
+  const RECT frame = theCanvas.GetFrameRect();
+  const SignalStrip strip = SignalStrip::Of({frame.right, frame.bottom});
+  const SkyPlot sky(SkyArea(strip));
+  DrawBackground(sky);
+  const auto& satellites = owner.GetFix().satellites;
+  int slot = 0;
+  for (const SatelliteInfo& satellite : satellites) {
+    DrawBar(strip, slot++, satellite);
+  }
+  DrawRings(sky);
+  for (const SatelliteInfo& satellite : satellites) {
+    DrawDot(sky, satellite);
+  }
+  for (const SatelliteInfo& satellite : satellites) {
+    DrawLabel(sky, satellite);
+  }
+  CornerReadouts(theCanvas, sky, nameStyle.GetFont(theCanvas), nameColor).Draw(owner);
+  theCanvas.PresentTransformed();
+  DrawOverlay(theCanvas);
+  theCanvas.FlushToWindow();
+}
+
+COLORREF SatellitesWidget::SignalColor(int snr) const {
+  if (snr >= FIRST_HIGH_SNR) {
+    return highSignalColor;
+  }
+  return snr <= LAST_LOW_SNR ? lowSignalColor : midSignalColor;
+}
+
+void SatellitesWidget::DrawBackground(const SkyPlot& sky) {
+  const SIZE size = background.GetSize();
+  if (size.cx > 0 && size.cy > 0 && !IsEmpty(sky.area)) {
+    background.Draw(theCanvas.GetDrawingDC(), FittedRect(sky.area, size), backgroundColor);
+  }
+}
+
+void SatellitesWidget::DrawBar(const SignalStrip& strip, int slot, const SatelliteInfo& satellite) {
+  if (!IsReceived(satellite)) {
+    return;
+  }
+  const SignalBar place(strip, slot, satellite.snr);
+  const WideString number = NumberOf(satellite);
+  const HFONT font = nameStyle.GetFont(theCanvas);
+  const POINT corner = place.LabelCorner(theCanvas.MeasureText(font, number.c_str()));
+  theCanvas.DrawText(font, number.c_str(), corner.x, corner.y, nameColor);
+  if (!IsEmpty(place.shadow)) {
+    theCanvas.DrawRectangle(shadowColor, 1, shadowColor, place.shadow);
+  }
+  if (!IsEmpty(place.bar)) {
+    theCanvas.DrawRectangle(borderColor, 1, SignalColor(satellite.snr), place.bar);
+  }
+}
+
+/// The horizon, 30 and 60 degrees above it, and the four directions.
+void SatellitesWidget::DrawRings(const SkyPlot& sky) {
+  const int x = sky.centerX;
+  const int y = sky.centerY;
+  const int r = sky.radius;
+  for (const int radius : {r, 2 * r / 3, r / 3}) {
+    theCanvas.DrawCircleOutline(miscLineColor, x, y, radius);
+  }
+  theCanvas.DrawThinLine(miscLineColor, x - r, y, x + r, y);
+  theCanvas.DrawThinLine(miscLineColor, x, y - r, x, y + r);
+  const HFONT font = nameStyle.GetFont(theCanvas);
+  theCanvas.DrawText(font, TEXT("N"), x - 5, y - r - 10, nameColor);
+  theCanvas.DrawText(font, TEXT("S"), x - 5, y + r, nameColor);
+  theCanvas.DrawText(font, TEXT("E"), x + r, y - 5, nameColor);
+  theCanvas.DrawText(font, TEXT("W"), x - r - 10, y - 5, nameColor);
+}
+
+void SatellitesWidget::DrawDot(const SkyPlot& sky, const SatelliteInfo& satellite) {
+  if (IsReceived(satellite)) {
+    const POINT dot = sky.PointAt(satellite.elevation, satellite.azimuth);
+    theCanvas.DrawFilledCircle(borderColor, 1, SignalColor(satellite.snr), dot.x, dot.y,
+                               SkyPlot::DOT_RADIUS);
+  }
+}
+
+void SatellitesWidget::DrawLabel(const SkyPlot& sky, const SatelliteInfo& satellite) {
+  if (!IsReceived(satellite)) {
+    return;
+  }
+  const WideString number = NumberOf(satellite);
+  const HFONT font = nameStyle.GetFont(theCanvas);
+  const POINT corner = sky.LabelCorner(sky.PointAt(satellite.elevation, satellite.azimuth),
+                                       theCanvas.MeasureText(font, number.c_str()));
+  theCanvas.DrawText(font, number.c_str(), corner.x, corner.y, nameColor);
+}
+
+}  // namespace ferolin

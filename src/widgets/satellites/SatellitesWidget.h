@@ -1,0 +1,49 @@
+#pragma once
+
+#include "gps/SatelliteInfo.h"
+#include "widgets/ColorSetting.h"
+#include "widgets/ScaledPicture.h"
+#include "widgets/TextSetting.h"
+#include "widgets/Widget.h"
+
+namespace ferolin {
+
+class SkyPlot;
+struct SignalStrip;
+
+/// The satellites in view: where they stand in the sky, how strong their signals are, and what they
+/// are good for.
+class SatellitesWidget : public Widget {
+ public:
+  explicit SatellitesWidget(WidgetOwner& owner);
+
+  void CreateOwnButtons() override { CreateNavigationButtons(); }
+  void Draw(HWND window) override;
+  void Attach() override;
+  void SaveSettings(IniStore& store) const override;
+  void LoadSettings(const IniStore& store) override;
+
+ private:
+  static const ColorSetting<SatellitesWidget> COLORS[8];
+  static const TextSetting<SatellitesWidget> TEXTS[1];
+
+  COLORREF SignalColor(int snr) const;
+  void DrawBackground(const SkyPlot& sky);
+  void DrawBar(const SignalStrip& strip, int slot, const SatelliteInfo& satellite);
+  void DrawRings(const SkyPlot& sky);
+  void DrawDot(const SkyPlot& sky, const SatelliteInfo& satellite);
+  void DrawLabel(const SkyPlot& sky, const SatelliteInfo& satellite);
+
+  COLORREF backgroundColor;
+  COLORREF nameColor;
+  COLORREF lowSignalColor;
+  COLORREF midSignalColor;
+  COLORREF highSignalColor;
+  COLORREF borderColor;
+  COLORREF shadowColor;
+  COLORREF miscLineColor;
+  TextStyle nameStyle;
+  ScaledPicture background;
+};
+
+}  // namespace ferolin

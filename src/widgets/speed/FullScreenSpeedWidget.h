@@ -1,0 +1,36 @@
+#pragma once
+
+#include "widgets/ColorSetting.h"
+#include "widgets/SensorSearch.h"
+#include "widgets/StatusIcons.h"
+#include "widgets/Widget.h"
+
+namespace ferolin {
+
+/// The speed as large as the frame allows, with the clock between the status icons above it.
+class FullScreenSpeedWidget : public Widget {
+ public:
+  explicit FullScreenSpeedWidget(WidgetOwner& owner);
+
+  void CreateOwnButtons() override { CreateNavigationButtons(); }
+  void Draw(HWND window) override;
+  void Attach() override;
+  void SaveSettings(IniStore& store) const override;
+  void LoadSettings(const IniStore& store) override;
+
+ private:
+  static const ColorSetting<FullScreenSpeedWidget> COLORS[3];
+
+  void FindSensors();
+  void DrawSpeed(const StatusIcons::Places& places);
+  void DrawTime(const StatusIcons::Places& places);
+
+  COLORREF backgroundColor;
+  COLORREF speedTextColor;
+  COLORREF timeTextColor;
+  int speedSensor = NO_SENSOR;
+  StatusIcons icons;
+  int timeSensor = NO_SENSOR;
+};
+
+}  // namespace ferolin

@@ -1,0 +1,27 @@
+#include <gtest/gtest.h>
+
+#include "base/Cp1251.h"
+#include "handheld.h"
+
+namespace ferolin {
+namespace {
+
+TEST(Cp1251TextTest, AsciiStaysAsItIs) {
+  constexpr Cp1251Text text(u"GPS km/h.");
+  EXPECT_STREQ(text.Get(), "GPS km/h.");
+}
+
+TEST(Cp1251TextTest, AlphabetFillsTheBytesFromC0) {
+  constexpr Cp1251Text text(u"АЯая");
+  EXPECT_STREQ(text.Get(), "\xC0\xDF\xE0\xFF");
+}
+
+TEST(Cp1251TextTest, AgreesWithTheDevicesCodePage) {
+  constexpr Cp1251Text text(u"Максимальная скорость");
+  handheld::SetCodePage(1251);
+  EXPECT_EQ(handheld::Utf8FromAnsi(text.Get()), "Максимальная скорость");
+  handheld::SetCodePage(1252);
+}
+
+}  // namespace
+}  // namespace ferolin

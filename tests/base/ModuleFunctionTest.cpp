@@ -1,0 +1,15 @@
+#include <gtest/gtest.h>
+
+#include "base/ModuleFunction.h"
+
+namespace ferolin {
+namespace {
+
+TEST(FindEntryTest, MissingLibraryGivesNull) {
+  void (*entry)() = [] {};
+  FindEntry(nullptr, TEXT("Anything"), entry);
+  EXPECT_EQ(entry, nullptr);
+}
+
+}  // namespace
+}  // namespace ferolin

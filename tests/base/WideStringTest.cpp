@@ -1,0 +1,27 @@
+#include <gtest/gtest.h>
+
+#include "base/WideString.h"
+
+namespace ferolin {
+namespace {
+
+TEST(CopyWideTest, ShortTextIsCopiedWhole) {
+  WCHAR buffer[8];
+  CopyWide(buffer, TEXT("COM1"));
+  EXPECT_EQ(WideString(buffer), TEXT("COM1"));
+}
+
+TEST(CopyWideTest, LongTextIsCutToTheBufferAndTerminated) {
+  WCHAR buffer[4];
+  CopyWide(buffer, TEXT("abcdef"));
+  EXPECT_EQ(WideString(buffer), TEXT("abc"));
+}
+
+TEST(CopyWideTest, EmptyTextEmptiesTheBuffer) {
+  WCHAR buffer[3] = {'x', 'y', 0};
+  CopyWide(buffer, TEXT(""));
+  EXPECT_EQ(WideString(buffer), TEXT(""));
+}
+
+}  // namespace
+}  // namespace ferolin
