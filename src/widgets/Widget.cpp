@@ -37,6 +37,31 @@ bool IsShown(HWND window) {
 Widget::Widget(std::string widgetName, WidgetOwner& owner)
     : owner(owner), name(std::move(widgetName)) {}
 
+void Widget::Draw(HWND window) {
+  Canvas& canvas = theCanvas;
+  canvas.BeginFrame(window);
+  canvas.FillBackground(backgroundColor);
+  if (CanPaint()) {
+    Paint(canvas);
+    canvas.PresentTransformed();
+  }
+  FinishFrame(canvas);
+}
+
+/// The back buffer still holds the last frame: only the bars change.
+void Widget::PresentAgain() {
+  Canvas& canvas = theCanvas;
+  canvas.BeginFrame(owner.GetRenderWindow());
+  canvas.PresentTransformed();
+  FinishFrame(canvas);
+}
+
+void Widget::FinishFrame(Canvas& canvas) {
+  DrawOverlay(canvas);
+  canvas.FlushToWindow();
+}
+
+/// The bars lie over a frame that is presented.
 void Widget::DrawOverlay(Canvas& canvas) {
   const HWND window = owner.GetRenderWindow();
   RECT client;
@@ -68,6 +93,10 @@ void Widget::CreateNavigationButtons() {
   for (const NavigationButton& button : NAVIGATION_BUTTONS) {
     AddButton(ownBar, button.file, button.code);
   }
+}
+
+POINT Widget::ToFrame(POINT windowPoint) {
+  return theCanvas.ToFrame(windowPoint);
 }
 
 void Widget::AddButton(ButtonBar& bar, const WCHAR* file, LPARAM code) {
@@ -117,14 +146,6 @@ void Widget::OnMouseUp(HWND window, POINT point) {
   } else {
     PostSwipe(window, point);
   }
-}
-
-/// The back buffer still holds the last frame: only the bars change.
-void Widget::PresentAgain() {
-  theCanvas.BeginFrame(owner.GetRenderWindow());
-  theCanvas.PresentTransformed();
-  DrawOverlay(theCanvas);
-  theCanvas.FlushToWindow();
 }
 
 const Button* Widget::GetButtonAt(HWND window, POINT point) {

@@ -27,14 +27,12 @@ class Widget {
   Widget(const Widget&) = delete;
   Widget& operator=(const Widget&) = delete;
 
-  /// Draws the bars over a presented frame, when the render window is there and visible.
-  virtual void DrawOverlay(Canvas& canvas);
   /// Both fill an empty bar and leave one alone that has buttons.
   virtual void CreateCommonButtons();
   virtual void CreateOwnButtons() {}
   virtual ~Widget() = default;
-  /// Draws one whole frame into the window.
-  virtual void Draw(HWND) {}
+  /// Draws one whole frame into the window: the background, what the view paints, the bars.
+  void Draw(HWND window);
   /// Makes what is missing and lays the bars out for the shape of the render window. Called with
   /// every update.
   virtual void Attach();
@@ -48,6 +46,15 @@ class Widget {
   virtual void ShowBars();
 
  protected:
+  /// False while the view has nothing to show. The window then keeps the frame presented last,
+  /// with the bars drawn over it again.
+  virtual bool CanPaint() const { return true; }
+  /// Paints the view onto its background.
+  virtual void Paint(Canvas&) {}
+
+  /// Pixel of the frame that is shown at that pixel of the window.
+  static POINT ToFrame(POINT windowPoint);
+
   /// The arrows, flipping and turning.
   void CreateNavigationButtons();
   /// A button of the bar with a code for the host; `file` is a path below the library's folder.
@@ -62,6 +69,7 @@ class Widget {
   double GetSensorNumber(int index) const;
 
   WidgetOwner& owner;
+  COLORREF backgroundColor = 0;
   ButtonBar commonBar{BarSide::TOP};
   ButtonBar ownBar{BarSide::BOTTOM};
   bool isMouseDown = false;
@@ -70,7 +78,9 @@ class Widget {
   POINT lastPoint = {};
 
  private:
+  void FinishFrame(Canvas& canvas);
   void PresentAgain();
+  void DrawOverlay(Canvas& canvas);
   bool PostButtonAt(HWND window, POINT point);
   void PostSwipe(HWND window, POINT point);
 

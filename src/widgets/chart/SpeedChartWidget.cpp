@@ -123,27 +123,22 @@ bool SpeedChartWidget::Zoom(LPARAM code) {
   return zoom != previous;
 }
 
-void SpeedChartWidget::Draw(HWND window) {
-  theCanvas.BeginFrame(window);
-  theCanvas.FillBackground(backgroundColor);
-  const RECT frame = ChartFrame(theCanvas.GetFrameRect());
+void SpeedChartWidget::Paint(Canvas& canvas) {
+  const RECT frame = ChartFrame(canvas.GetFrameRect());
   const RECT plot = Inset(frame, PLOT_MARGIN);
   const std::span<const TrackPoint> points = VisiblePoints(plot.right - plot.left - NEWEST_MARGIN);
-  marks.Begin(theCanvas, smallStyle.GetFont(theCanvas), frame.left, frame.right);
+  marks.Begin(canvas, smallStyle.GetFont(canvas), frame.left, frame.right);
   Collect(plot, points);
   const SpeedScale scale(columns.GetMaximum());
-  DrawBox(plot);
-  DrawGrid(plot, scale);
-  DrawTitles(plot);
-  DrawMarks(plot);
-  DrawChart(plot, scale);
+  DrawBox(canvas, plot);
+  DrawGrid(canvas, plot, scale);
+  DrawTitles(canvas, plot);
+  DrawMarks(canvas, plot);
+  DrawChart(canvas, plot, scale);
   if (!points.empty()) {
-    DrawSpeeds(plot, scale, std::max(points.back().speedKmh, 0.0F));
+    DrawSpeeds(canvas, plot, scale, std::max(points.back().speedKmh, 0.0F));
   }
-  DrawScale(plot, scale);
-  theCanvas.PresentTransformed();
-  DrawOverlay(theCanvas);
-  theCanvas.FlushToWindow();
+  DrawScale(canvas, plot, scale);
 }
 
 /// The newest ones, as many as there is room for.
@@ -173,59 +168,59 @@ void SpeedChartWidget::Collect(const RECT& plot, std::span<const TrackPoint> poi
 }
 
 /// The axes at the left and below, and a border that closes the box.
-void SpeedChartWidget::DrawBox(const RECT& plot) {
+void SpeedChartWidget::DrawBox(Canvas& canvas, const RECT& plot) {
   const LONG right = plot.right + OVERHANG;
-  theCanvas.DrawThinLine(borderColor, plot.left, plot.top, right, plot.top);
-  theCanvas.DrawThinLine(borderColor, right, plot.top, right, plot.bottom);
-  theCanvas.DrawThinLine(axesColor, plot.left, plot.top, plot.left, plot.bottom);
-  theCanvas.DrawThinLine(axesColor, plot.left, plot.bottom, right, plot.bottom);
+  canvas.DrawThinLine(borderColor, plot.left, plot.top, right, plot.top);
+  canvas.DrawThinLine(borderColor, right, plot.top, right, plot.bottom);
+  canvas.DrawThinLine(axesColor, plot.left, plot.top, plot.left, plot.bottom);
+  canvas.DrawThinLine(axesColor, plot.left, plot.bottom, right, plot.bottom);
 }
 
-void SpeedChartWidget::DrawGrid(const RECT& plot, const SpeedScale& scale) {
+void SpeedChartWidget::DrawGrid(Canvas& canvas, const RECT& plot, const SpeedScale& scale) {
   for (int kmh = scale.step; kmh <= scale.top; kmh += scale.step) {
     const LONG row = scale.RowOf(static_cast<float>(kmh), plot);
-    axesPen.DrawLine(theCanvas, axesColor, plot.left - OVERHANG, row, plot.right, row);
+    axesPen.DrawLine(canvas, axesColor, plot.left - OVERHANG, row, plot.right, row);
   }
 }
 
 /// Labels stand on the lines of the grid, and over the chart, which would hide them.
-void SpeedChartWidget::DrawScale(const RECT& plot, const SpeedScale& scale) {
-  const HFONT font = smallStyle.GetFont(theCanvas);
+void SpeedChartWidget::DrawScale(Canvas& canvas, const RECT& plot, const SpeedScale& scale) {
+  const HFONT font = smallStyle.GetFont(canvas);
   for (int kmh = 0; kmh <= scale.top; kmh += scale.step) {
     WideString label = Widen(Format("%i", kmh));
     if (kmh == scale.top) {
       label += TEXT(" км/ч");
     }
-    DrawRimmed(font, label,
+    DrawRimmed(canvas, font, label,
                {plot.left + LABEL_GAP, scale.RowOf(static_cast<float>(kmh), plot) -
-                                           theCanvas.MeasureText(font, label.c_str()).cy},
+                                           canvas.MeasureText(font, label.c_str()).cy},
                smallTextColor);
   }
 }
 
 /// Above the plot: the view's name in the middle, the zoom at the right.
-void SpeedChartWidget::DrawTitles(const RECT& plot) {
-  const HFONT font = smallStyle.GetFont(theCanvas);
+void SpeedChartWidget::DrawTitles(Canvas& canvas, const RECT& plot) {
+  const HFONT font = smallStyle.GetFont(canvas);
   const WideString caption = Widen(GetName());
-  const SIZE extent = theCanvas.MeasureText(font, caption.c_str());
-  theCanvas.DrawText(font, caption.c_str(), (plot.left + plot.right - extent.cx) / 2,
-                     (FRAME_MARGIN + CAPTION_HEIGHT - extent.cy) / 2, smallTextColor);
+  const SIZE extent = canvas.MeasureText(font, caption.c_str());
+  canvas.DrawText(font, caption.c_str(), (plot.left + plot.right - extent.cx) / 2,
+                  (FRAME_MARGIN + CAPTION_HEIGHT - extent.cy) / 2, smallTextColor);
   const WideString text = Widen(Format("Zoom:%ix", zoom));
-  const SIZE size = theCanvas.MeasureText(font, text.c_str());
-  theCanvas.DrawText(font, text.c_str(), plot.right - size.cx, plot.top - size.cy, smallTextColor);
+  const SIZE size = canvas.MeasureText(font, text.c_str());
+  canvas.DrawText(font, text.c_str(), plot.right - size.cx, plot.top - size.cy, smallTextColor);
 }
 
 /// Labels stand at the view's lower edge, below the plot.
-void SpeedChartWidget::DrawMarks(const RECT& plot) {
-  const HFONT font = smallStyle.GetFont(theCanvas);
-  const LONG top = theCanvas.GetFrameRect().bottom - theCanvas.MeasureText(font, TEXT("0")).cy;
+void SpeedChartWidget::DrawMarks(Canvas& canvas, const RECT& plot) {
+  const HFONT font = smallStyle.GetFont(canvas);
+  const LONG top = canvas.GetFrameRect().bottom - canvas.MeasureText(font, TEXT("0")).cy;
   for (const MinuteMarks::Mark& mark : marks.Get()) {
-    theCanvas.DrawText(font, mark.label.data(), mark.labelLeft, top, smallTextColor);
-    axesPen.DrawLine(theCanvas, axesColor, mark.x, plot.top, mark.x, plot.bottom + OVERHANG);
+    canvas.DrawText(font, mark.label.data(), mark.labelLeft, top, smallTextColor);
+    axesPen.DrawLine(canvas, axesColor, mark.x, plot.top, mark.x, plot.bottom + OVERHANG);
   }
 }
 
-void SpeedChartWidget::DrawChart(const RECT& plot, const SpeedScale& scale) {
+void SpeedChartWidget::DrawChart(Canvas& canvas, const RECT& plot, const SpeedScale& scale) {
   line.Clear();
   for (const SpeedColumns::Column& column : columns.Get()) {
     const LONG x = plot.left + column.x;
@@ -234,48 +229,49 @@ void SpeedChartWidget::DrawChart(const RECT& plot, const SpeedScale& scale) {
       break;
     }
   }
-  theCanvas.DrawPolyline(chartColor, CHART_WIDTH, line.Get().data(),
-                         static_cast<int>(line.Get().size()));
+  canvas.DrawPolyline(chartColor, CHART_WIDTH, line.Get().data(),
+                      static_cast<int>(line.Get().size()));
 }
 
 /// Both speeds have places of their own at the right, so that none hides the other. The maximum has
 /// its line's colour.
-void SpeedChartWidget::DrawSpeeds(const RECT& plot, const SpeedScale& scale, float current) {
+void SpeedChartWidget::DrawSpeeds(Canvas& canvas, const RECT& plot, const SpeedScale& scale,
+                                  float current) {
   if (columns.Get().empty()) {
     return;
   }
   const float maximum = columns.GetMaximum();
   const LONG currentRow = scale.RowOf(current, plot);
   const LONG maximumRow = scale.RowOf(maximum, plot);
-  currentSpeedPen.DrawLine(theCanvas, currentSpeedLineColor, plot.left, currentRow,
+  currentSpeedPen.DrawLine(canvas, currentSpeedLineColor, plot.left, currentRow,
                            plot.left + columns.Get().front().x, currentRow);
-  maxSpeedPen.DrawLine(theCanvas, maxSpeedLineColor, plot.left, maximumRow, plot.right, maximumRow);
-  const int room = theCanvas.MeasureText(bigStyle.GetFont(theCanvas), TEXT("000")).cx;
-  const int width = DrawSpeed(plot, current, currentRow, plot.right, bigTextColor);
-  DrawSpeed(plot, maximum, maximumRow, plot.right - std::max(width, room) - SPEED_GAP,
+  maxSpeedPen.DrawLine(canvas, maxSpeedLineColor, plot.left, maximumRow, plot.right, maximumRow);
+  const int room = canvas.MeasureText(bigStyle.GetFont(canvas), TEXT("000")).cx;
+  const int width = DrawSpeed(canvas, plot, current, currentRow, plot.right, bigTextColor);
+  DrawSpeed(canvas, plot, maximum, maximumRow, plot.right - std::max(width, room) - SPEED_GAP,
             maxSpeedLineColor);
 }
 
 /// Stands on its line, or hangs below one that has no room above; never leaves the plot. Returns
 /// the width.
-int SpeedChartWidget::DrawSpeed(const RECT& plot, float kmh, LONG row, LONG right, COLORREF color) {
-  const HFONT font = bigStyle.GetFont(theCanvas);
+int SpeedChartWidget::DrawSpeed(Canvas& canvas, const RECT& plot, float kmh, LONG row, LONG right,
+                                COLORREF color) {
+  const HFONT font = bigStyle.GetFont(canvas);
   const WideString text = Widen(Format("%.0f", kmh));
-  const SIZE size = theCanvas.MeasureText(font, text.c_str());
+  const SIZE size = canvas.MeasureText(font, text.c_str());
   const LONG above = row - size.cy;
   const LONG top = std::max(above >= plot.top ? above : row + 1, plot.top);
-  DrawRimmed(font, text, {right - size.cx, top}, color);
+  DrawRimmed(canvas, font, text, {right - size.cx, top}, color);
   return size.cx;
 }
 
 /// A rim of the background's colour sets the text off from the chart below it.
-void SpeedChartWidget::DrawRimmed(HFONT font, const WideString& text, POINT corner,
+void SpeedChartWidget::DrawRimmed(Canvas& canvas, HFONT font, const WideString& text, POINT corner,
                                   COLORREF color) {
   for (const POINT& offset : {POINT{-1, 0}, POINT{1, 0}, POINT{0, -1}, POINT{0, 1}}) {
-    theCanvas.DrawText(font, text.c_str(), corner.x + offset.x, corner.y + offset.y,
-                       backgroundColor);
+    canvas.DrawText(font, text.c_str(), corner.x + offset.x, corner.y + offset.y, backgroundColor);
   }
-  theCanvas.DrawText(font, text.c_str(), corner.x, corner.y, color);
+  canvas.DrawText(font, text.c_str(), corner.x, corner.y, color);
 }
 
 }  // namespace ferolin

@@ -23,7 +23,6 @@ class SpeedChartWidget : public Widget {
   explicit SpeedChartWidget(WidgetOwner& owner);
 
   void CreateOwnButtons() override;
-  void Draw(HWND window) override;
   void SaveSettings(IniStore& store) const override;
   void LoadSettings(const IniStore& store) override;
   void OnMouseUp(HWND window, POINT point) override;
@@ -32,24 +31,25 @@ class SpeedChartWidget : public Widget {
   int GetZoom() const { return zoom; }
 
  private:
+  void Paint(Canvas& canvas) override;
+
   static const ColorSetting<SpeedChartWidget> COLORS[8];
   static const TextSetting<SpeedChartWidget> TEXTS[2];
 
   bool Zoom(LPARAM code);
   std::span<const TrackPoint> VisiblePoints(int columnCount) const;
   void Collect(const RECT& plot, std::span<const TrackPoint> points);
-  void DrawBox(const RECT& plot);
-  void DrawGrid(const RECT& plot, const SpeedScale& scale);
-  void DrawScale(const RECT& plot, const SpeedScale& scale);
-  void DrawTitles(const RECT& plot);
-  void DrawMarks(const RECT& plot);
-  void DrawChart(const RECT& plot, const SpeedScale& scale);
-  void DrawSpeeds(const RECT& plot, const SpeedScale& scale, float current);
-  int DrawSpeed(const RECT& plot, float kmh, LONG row, LONG right, COLORREF color);
-  void DrawRimmed(HFONT font, const WideString& text, POINT corner, COLORREF color);
+  void DrawBox(Canvas& canvas, const RECT& plot);
+  void DrawGrid(Canvas& canvas, const RECT& plot, const SpeedScale& scale);
+  void DrawScale(Canvas& canvas, const RECT& plot, const SpeedScale& scale);
+  void DrawTitles(Canvas& canvas, const RECT& plot);
+  void DrawMarks(Canvas& canvas, const RECT& plot);
+  void DrawChart(Canvas& canvas, const RECT& plot, const SpeedScale& scale);
+  void DrawSpeeds(Canvas& canvas, const RECT& plot, const SpeedScale& scale, float current);
+  int DrawSpeed(Canvas& canvas, const RECT& plot, float kmh, LONG row, LONG right, COLORREF color);
+  void DrawRimmed(Canvas& canvas, HFONT font, const WideString& text, POINT corner, COLORREF color);
 
   COLORREF borderColor;
-  COLORREF backgroundColor;
   COLORREF chartColor;
   COLORREF currentSpeedLineColor;
   COLORREF maxSpeedLineColor;

@@ -112,178 +112,172 @@ void SpeedometerWidget::LoadIcons() {
   }
 }
 
-/// Without a dial the window keeps showing the last frame presented.
-void SpeedometerWidget::Draw(HWND window) {
-  theCanvas.BeginFrame(window);
-  theCanvas.FillBackground(backgroundColor);
-  if (dialFace.IsLoaded()) {
-    const RECT frame = theCanvas.GetFrameRect();
-    const DialGeometry dial(DialRect({frame.right, frame.bottom}, dialFace.GetSize()));
-    dialFace.Draw(theCanvas.GetDrawingDC(), dial.rect, backgroundColor);
-    if (frame.right >= frame.bottom) {
-      DrawLandscape(dial);
-    } else {
-      DrawPortrait(dial);
-    }
-    theCanvas.PresentTransformed();
+void SpeedometerWidget::Paint(Canvas& canvas) {
+  const RECT frame = canvas.GetFrameRect();
+  const DialGeometry dial(DialRect({frame.right, frame.bottom}, dialFace.GetSize()));
+  dialFace.Draw(canvas.GetDrawingDC(), dial.rect, backgroundColor);
+  if (frame.right >= frame.bottom) {
+    DrawLandscape(canvas, dial);
+  } else {
+    DrawPortrait(canvas, dial);
   }
-  DrawOverlay(theCanvas);
-  theCanvas.FlushToWindow();
 }
 
 /// The odometer stands on the fastest times, clear of the needle at rest.
-void SpeedometerWidget::DrawLandscape(const DialGeometry& dial) {
+void SpeedometerWidget::DrawLandscape(Canvas& canvas, const DialGeometry& dial) {
   const int fastestTop = dial.rect.bottom - FASTEST_RISE;
-  DrawNeedle(dial);
-  const int speedTop = DrawSpeed(dial, LANDSCAPE_SPEED_RISE);
-  DrawMark(dial, sensors.averageSpeed, averageSpeedMarkColor);
-  DrawMark(dial, sensors.maxSpeed, maxSpeedMarkColor);
-  DrawOdometer(dial, fastestTop - TEXT_GAP - odometerStyle.size);
-  DrawClock(dial, speedTop, CLOCK_RISE);
-  DrawStatusIcons();
-  DrawAcceleration(dial);
+  DrawNeedle(canvas, dial);
+  const int speedTop = DrawSpeed(canvas, dial, LANDSCAPE_SPEED_RISE);
+  DrawMark(canvas, dial, sensors.averageSpeed, averageSpeedMarkColor);
+  DrawMark(canvas, dial, sensors.maxSpeed, maxSpeedMarkColor);
+  DrawOdometer(canvas, dial, fastestTop - TEXT_GAP - odometerStyle.size);
+  DrawClock(canvas, dial, speedTop, CLOCK_RISE);
+  DrawStatusIcons(canvas);
+  DrawAcceleration(canvas, dial);
   const int width = dial.rect.right - dial.rect.left;
-  DrawFastest({5 * width / 32 + 2, 5 * width / 24, fastestTop});
-  DrawCompass(dial);
+  DrawFastest(canvas, {5 * width / 32 + 2, 5 * width / 24, fastestTop});
+  DrawCompass(canvas, dial);
 }
 
 /// The clock follows the odometer inside the dial; the fastest times have the frame's whole width
 /// below it, above the buttons.
-void SpeedometerWidget::DrawPortrait(const DialGeometry& dial) {
-  DrawNeedle(dial);
-  DrawSpeed(dial, PORTRAIT_SPEED_RISE);
-  DrawMark(dial, sensors.averageSpeed, averageSpeedMarkColor);
-  DrawMark(dial, sensors.maxSpeed, maxSpeedMarkColor);
-  DrawOdometer(dial, dial.centerY);
-  DrawClock(dial, dial.centerY + odometerStyle.size + TEXT_GAP, 0);
-  DrawStatusIcons();
+void SpeedometerWidget::DrawPortrait(Canvas& canvas, const DialGeometry& dial) {
+  DrawNeedle(canvas, dial);
+  DrawSpeed(canvas, dial, PORTRAIT_SPEED_RISE);
+  DrawMark(canvas, dial, sensors.averageSpeed, averageSpeedMarkColor);
+  DrawMark(canvas, dial, sensors.maxSpeed, maxSpeedMarkColor);
+  DrawOdometer(canvas, dial, dial.centerY);
+  DrawClock(canvas, dial, dial.centerY + odometerStyle.size + TEXT_GAP, 0);
+  DrawStatusIcons(canvas);
   const int width = dial.rect.right - dial.rect.left;
-  DrawFastest({COLUMN_GAP / 2, width / 3, dial.rect.bottom + TEXT_GAP});
-  DrawAcceleration(dial);
+  DrawFastest(canvas, {COLUMN_GAP / 2, width / 3, dial.rect.bottom + TEXT_GAP});
+  DrawAcceleration(canvas, dial);
 }
 
-void SpeedometerWidget::DrawNeedle(const DialGeometry& dial) {
+void SpeedometerWidget::DrawNeedle(Canvas& canvas, const DialGeometry& dial) {
   const double kmh = GetSensorNumber(sensors.speed);
   if (sensors.speed != NO_SENSOR && DialGeometry::IsOnScale(kmh)) {
     const POINT tip = dial.PointAt(DialGeometry::AngleOf(kmh), dial.radius);
-    theCanvas.DrawLine(speedArrowColor, NEEDLE_WIDTH, dial.centerX, dial.centerY, tip.x, tip.y);
+    canvas.DrawLine(speedArrowColor, NEEDLE_WIDTH, dial.centerX, dial.centerY, tip.x, tip.y);
   }
 }
 
-void SpeedometerWidget::DrawMark(const DialGeometry& dial, int sensor, COLORREF color) {
+void SpeedometerWidget::DrawMark(Canvas& canvas, const DialGeometry& dial, int sensor,
+                                 COLORREF color) {
   const double kmh = GetSensorNumber(sensor);
   if (sensor != NO_SENSOR && DialGeometry::IsOnScale(kmh)) {
     const double angle = DialGeometry::AngleOf(kmh);
     const POINT start = dial.PointAt(angle, MARK_START * (dial.rect.right - dial.rect.left));
     const POINT end = dial.PointAt(angle, dial.radius);
-    theCanvas.DrawLine(color, MARK_WIDTH, start.x, start.y, end.x, end.y);
+    canvas.DrawLine(color, MARK_WIDTH, start.x, start.y, end.x, end.y);
   }
 }
 
 /// Draws the number that many of its own heights above the dial's centre. Returns its top.
-int SpeedometerWidget::DrawSpeed(const DialGeometry& dial, double rise) {
+int SpeedometerWidget::DrawSpeed(Canvas& canvas, const DialGeometry& dial, double rise) {
   if (sensors.speed == NO_SENSOR) {
     return dial.centerY;
   }
   const WideString text = Widen(Format("%0.0f", GetSensorNumber(sensors.speed)));
-  const int top = CutToInt(dial.centerY - rise * Measure(speedStyle, text).cy);
-  DrawCentered(speedStyle, text, dial.centerX, top, speedTextColor);
+  const int top = CutToInt(dial.centerY - rise * Measure(canvas, speedStyle, text).cy);
+  DrawCentered(canvas, speedStyle, text, dial.centerX, top, speedTextColor);
   return top;
 }
 
-void SpeedometerWidget::DrawOdometer(const DialGeometry& dial, int top) {
+void SpeedometerWidget::DrawOdometer(Canvas& canvas, const DialGeometry& dial, int top) {
   if (sensors.distance != NO_SENSOR) {
-    DrawCentered(odometerStyle, Widen(GetSensorText(sensors.distance)), dial.centerX, top,
+    DrawCentered(canvas, odometerStyle, Widen(GetSensorText(sensors.distance)), dial.centerX, top,
                  odometerTextColor);
   }
 }
 
-void SpeedometerWidget::DrawStatusIcons() {
-  icons.Draw(theCanvas, owner.GetFix().satellitesUsed, StatusIcons::Style::BLENDED_ICONS);
+void SpeedometerWidget::DrawStatusIcons(Canvas& canvas) {
+  icons.Draw(canvas, owner.GetFix().satellitesUsed, StatusIcons::Style::BLENDED_ICONS);
 }
 
-void SpeedometerWidget::DrawAcceleration(const DialGeometry& dial) {
+void SpeedometerWidget::DrawAcceleration(Canvas& canvas, const DialGeometry& dial) {
   for (const int index : sensors.acceleration.Get()) {
     const double target = AccelerationTarget(owner.GetSensor(index)->GetName());
     const double seconds = GetSensorNumber(index);
     if (target >= SLOWEST_TARGET && target <= FASTEST_TARGET && seconds != 0) {
-      DrawAccelerationTime(dial, target, seconds);
+      DrawAccelerationTime(canvas, dial, target, seconds);
     }
   }
 }
 
 /// Along the rim, right before the speed that was reached.
-void SpeedometerWidget::DrawAccelerationTime(const DialGeometry& dial, double target,
-                                             double seconds) {
+void SpeedometerWidget::DrawAccelerationTime(Canvas& canvas, const DialGeometry& dial,
+                                             double target, double seconds) {
   const double angle = DialGeometry::AngleOf(target);
-  const HFONT font = theCanvas.MakeFontA(accelerationStyle.face, accelerationStyle.size,
-                                         CutToInt(angle * DEGREES_PER_HALF_TURN / PI - TEXT_TURN));
+  const HFONT font = canvas.MakeFontA(accelerationStyle.face, accelerationStyle.size,
+                                      CutToInt(angle * DEGREES_PER_HALF_TURN / PI - TEXT_TURN));
   const POINT corner = dial.PointAt(angle + RIM_SHIFT, dial.radius + RIM_GAP);
-  theCanvas.DrawText(font, Widen(Format("%0.2f", seconds)).c_str(), corner.x, corner.y,
-                     accelerationTextColor);
+  canvas.DrawText(font, Widen(Format("%0.2f", seconds)).c_str(), corner.x, corner.y,
+                  accelerationTextColor);
   DeleteObject(font);
 }
 
-void SpeedometerWidget::DrawFastest(const Columns& columns) {
+void SpeedometerWidget::DrawFastest(Canvas& canvas, const Columns& columns) {
   int left = columns.left;
   for (const int index : sensors.fastest.Get()) {
-    DrawFastestTime(index, left, left + columns.width - COLUMN_GAP, columns.top);
+    DrawFastestTime(canvas, index, left, left + columns.width - COLUMN_GAP, columns.top);
     left += columns.width;
   }
 }
 
 /// The distance, below it a bracket over the time.
-void SpeedometerWidget::DrawFastestTime(int sensor, int left, int right, int top) {
+void SpeedometerWidget::DrawFastestTime(Canvas& canvas, int sensor, int left, int right, int top) {
   const int middle = (left + right) / 2;
   const WideString distance =
       Widen(Format("%g", FastestDistance(owner.GetSensor(sensor)->GetName())));
-  const int bracket = top + Measure(fastestStyle, distance).cy;
-  DrawCentered(fastestStyle, distance, middle, top, fastestColor);
-  theCanvas.DrawThinLine(fastestColor, left, bracket - 1, left, bracket + 3);
-  theCanvas.DrawThinLine(fastestColor, right, bracket - 1, right, bracket + 3);
-  theCanvas.DrawThinLine(fastestColor, right, bracket + 1, left, bracket + 1);
-  DrawCentered(fastestStyle, Widen(GetSensorText(sensor)), middle, bracket + 2, fastestColor);
+  const int bracket = top + Measure(canvas, fastestStyle, distance).cy;
+  DrawCentered(canvas, fastestStyle, distance, middle, top, fastestColor);
+  canvas.DrawThinLine(fastestColor, left, bracket - 1, left, bracket + 3);
+  canvas.DrawThinLine(fastestColor, right, bracket - 1, right, bracket + 3);
+  canvas.DrawThinLine(fastestColor, right, bracket + 1, left, bracket + 1);
+  DrawCentered(canvas, fastestStyle, Widen(GetSensorText(sensor)), middle, bracket + 2,
+               fastestColor);
 }
 
 /// The rose stays, the needle turns against the course: it points to where north lies.
-void SpeedometerWidget::DrawCompass(const DialGeometry& dial) {
-  const RECT frame = theCanvas.GetFrameRect();
+void SpeedometerWidget::DrawCompass(Canvas& canvas, const DialGeometry& dial) {
+  const RECT frame = canvas.GetFrameRect();
   if (frame.right - dial.rect.right < COMPASS_SIZE || sensors.azimuth == NO_SENSOR ||
       compassPicture == nullptr) {
     return;
   }
   const RECT rect = {frame.right - COMPASS_SIZE, frame.bottom - COMPASS_SIZE, frame.right,
                      frame.bottom};
-  compassPicture->DrawBlended(theCanvas.GetDrawingDC(), rect, OPAQUE_ALPHA);
+  compassPicture->DrawBlended(canvas.GetDrawingDC(), rect, OPAQUE_ALPHA);
   const int x = rect.left + COMPASS_CENTER;
   const int y = rect.top + COMPASS_CENTER;
   const double angle = (90 - GetSensorNumber(sensors.azimuth)) * PI * (1 / DEGREES_PER_HALF_TURN);
   const double dx = COMPASS_NEEDLE * std::cos(angle);
   const double dy = COMPASS_NEEDLE * std::sin(angle);
-  theCanvas.DrawLine(southNeedleColor, NEEDLE_WIDTH, x, y, Nearest(x + dx), Nearest(y + dy));
-  theCanvas.DrawLine(northNeedleColor, NEEDLE_WIDTH, x, y, Nearest(x - dx), Nearest(y - dy));
+  canvas.DrawLine(southNeedleColor, NEEDLE_WIDTH, x, y, Nearest(x + dx), Nearest(y + dy));
+  canvas.DrawLine(northNeedleColor, NEEDLE_WIDTH, x, y, Nearest(x - dx), Nearest(y - dy));
 }
 
 /// Draws the clock that many of its own heights above a line.
-void SpeedometerWidget::DrawClock(const DialGeometry& dial, int line, double rise) {
+void SpeedometerWidget::DrawClock(Canvas& canvas, const DialGeometry& dial, int line, double rise) {
   if (sensors.currentTime == NO_SENSOR) {
     return;
   }
   const WideString text = Widen(GetSensorText(sensors.currentTime));
-  const SIZE extent = Measure(clockStyle, text);
-  theCanvas.DrawText(clockStyle.GetFont(theCanvas), text.c_str(),
-                     (dial.rect.left + dial.rect.right - extent.cx) / 2,
-                     CutToInt(line - rise * extent.cy), clockTextColor);
+  const SIZE extent = Measure(canvas, clockStyle, text);
+  canvas.DrawText(clockStyle.GetFont(canvas), text.c_str(),
+                  (dial.rect.left + dial.rect.right - extent.cx) / 2,
+                  CutToInt(line - rise * extent.cy), clockTextColor);
 }
 
-SIZE SpeedometerWidget::Measure(TextStyle& style, const WideString& text) {
-  return theCanvas.MeasureText(style.GetFont(theCanvas), text.c_str());
+SIZE SpeedometerWidget::Measure(Canvas& canvas, TextStyle& style, const WideString& text) {
+  return canvas.MeasureText(style.GetFont(canvas), text.c_str());
 }
 
-void SpeedometerWidget::DrawCentered(TextStyle& style, const WideString& text, int centerX, int top,
-                                     COLORREF color) {
-  theCanvas.DrawText(style.GetFont(theCanvas), text.c_str(), centerX - Measure(style, text).cx / 2,
-                     top, color);
+void SpeedometerWidget::DrawCentered(Canvas& canvas, TextStyle& style, const WideString& text,
+                                     int centerX, int top, COLORREF color) {
+  canvas.DrawText(style.GetFont(canvas), text.c_str(),
+                  centerX - Measure(canvas, style, text).cx / 2, top, color);
 }
 
 }  // namespace ferolin

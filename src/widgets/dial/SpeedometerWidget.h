@@ -20,12 +20,14 @@ class SpeedometerWidget : public Widget {
   explicit SpeedometerWidget(WidgetOwner& owner);
 
   void CreateOwnButtons() override { CreateNavigationButtons(); }
-  void Draw(HWND window) override;
   void Attach() override;
   void SaveSettings(IniStore& store) const override;
   void LoadSettings(const IniStore& store) override;
 
  private:
+  bool CanPaint() const override { return dialFace.IsLoaded(); }
+  void Paint(Canvas& canvas) override;
+
   /// Columns of the fastest times.
   struct Columns {
     int left;
@@ -37,21 +39,23 @@ class SpeedometerWidget : public Widget {
   static const TextSetting<SpeedometerWidget> TEXTS[5];
 
   void LoadIcons();
-  void DrawLandscape(const DialGeometry& dial);
-  void DrawPortrait(const DialGeometry& dial);
-  void DrawNeedle(const DialGeometry& dial);
-  void DrawMark(const DialGeometry& dial, int sensor, COLORREF color);
-  int DrawSpeed(const DialGeometry& dial, double rise);
-  void DrawOdometer(const DialGeometry& dial, int top);
-  void DrawClock(const DialGeometry& dial, int line, double rise);
-  void DrawStatusIcons();
-  void DrawAcceleration(const DialGeometry& dial);
-  void DrawAccelerationTime(const DialGeometry& dial, double target, double seconds);
-  void DrawFastest(const Columns& columns);
-  void DrawFastestTime(int sensor, int left, int right, int top);
-  void DrawCompass(const DialGeometry& dial);
-  SIZE Measure(TextStyle& style, const WideString& text);
-  void DrawCentered(TextStyle& style, const WideString& text, int centerX, int top, COLORREF color);
+  void DrawLandscape(Canvas& canvas, const DialGeometry& dial);
+  void DrawPortrait(Canvas& canvas, const DialGeometry& dial);
+  void DrawNeedle(Canvas& canvas, const DialGeometry& dial);
+  void DrawMark(Canvas& canvas, const DialGeometry& dial, int sensor, COLORREF color);
+  int DrawSpeed(Canvas& canvas, const DialGeometry& dial, double rise);
+  void DrawOdometer(Canvas& canvas, const DialGeometry& dial, int top);
+  void DrawClock(Canvas& canvas, const DialGeometry& dial, int line, double rise);
+  void DrawStatusIcons(Canvas& canvas);
+  void DrawAcceleration(Canvas& canvas, const DialGeometry& dial);
+  void DrawAccelerationTime(Canvas& canvas, const DialGeometry& dial, double target,
+                            double seconds);
+  void DrawFastest(Canvas& canvas, const Columns& columns);
+  void DrawFastestTime(Canvas& canvas, int sensor, int left, int right, int top);
+  void DrawCompass(Canvas& canvas, const DialGeometry& dial);
+  SIZE Measure(Canvas& canvas, TextStyle& style, const WideString& text);
+  void DrawCentered(Canvas& canvas, TextStyle& style, const WideString& text, int centerX, int top,
+                    COLORREF color);
 
   COLORREF speedArrowColor;
   COLORREF speedTextColor;
@@ -62,7 +66,6 @@ class SpeedometerWidget : public Widget {
   COLORREF fastestColor;
   COLORREF northNeedleColor;
   COLORREF southNeedleColor;
-  COLORREF backgroundColor;
   COLORREF clockTextColor;
   ScaledPicture dialFace;
   TextStyle accelerationStyle;

@@ -138,17 +138,12 @@ void PathWidget::CatchUp() {
   cells.Update(points);
 }
 
-void PathWidget::Draw(HWND window) {
+void PathWidget::Paint(Canvas& canvas) {
   CatchUp();
-  theCanvas.BeginFrame(window);
-  theCanvas.FillBackground(backgroundColor);
   const PathPanel panel(
-      theCanvas, {{labelStyle, labelColor}, {valueStyle, valueColor}, {speedStyle, speedColor}});
+      canvas, {{labelStyle, labelColor}, {valueStyle, valueColor}, {speedStyle, speedColor}});
   panel.Draw(GetReadouts());
-  DrawPath(panel.GetRest());
-  theCanvas.PresentTransformed();
-  DrawOverlay(theCanvas);
-  theCanvas.FlushToWindow();
+  DrawPath(canvas, panel.GetRest());
 }
 
 PathReadouts PathWidget::GetReadouts() const {
@@ -162,9 +157,9 @@ PathReadouts PathWidget::GetReadouts() const {
 }
 
 /// A thin border around the path's area, and the path if there is one.
-void PathWidget::DrawPath(const RECT& rect) {
+void PathWidget::DrawPath(Canvas& canvas, const RECT& rect) {
   pathArea = Inset(rect, 1);
-  theCanvas.DrawRectangle(borderColor, 1, backgroundColor, rect);
+  canvas.DrawRectangle(borderColor, 1, backgroundColor, rect);
   const PathPoints points(owner.GetFix().track);
   if (!CanDrawPath(points)) {
     return;
@@ -174,9 +169,9 @@ void PathWidget::DrawPath(const RECT& rect) {
     Center(points);
   }
   const PathProjection projection(trip.GetBox(), pathArea, zoom, pan);
-  layer.Draw(theCanvas.GetDrawingDC(), pathArea, {points, index, cells}, projection,
+  layer.Draw(canvas.GetDrawingDC(), pathArea, {points, index, cells}, projection,
              {backgroundColor, pathColor});
-  DrawMarks(points, projection);
+  DrawMarks(canvas, points, projection);
 }
 
 bool PathWidget::CanDrawPath(const PathPoints& points) const {
@@ -186,19 +181,20 @@ bool PathWidget::CanDrawPath(const PathPoints& points) const {
 }
 
 /// The end lies over the start: it is where one is now.
-void PathWidget::DrawMarks(const PathPoints& points, const PathProjection& projection) {
+void PathWidget::DrawMarks(Canvas& canvas, const PathPoints& points,
+                           const PathProjection& projection) {
   const HRGN region = CreateRectRgn(pathArea.left, pathArea.top, pathArea.right, pathArea.bottom);
-  theCanvas.SetClipRegion(region);
+  canvas.SetClipRegion(region);
   const POINT start = projection.Project(points[FindKnown(points, points.GetFirst(), 1)]);
   if (Contains(Inset(pathArea, -START_RADIUS), start)) {
-    theCanvas.DrawFilledCircle(startPointColor, START_WIDTH, backgroundColor, start.x, start.y,
-                               START_RADIUS);
+    canvas.DrawFilledCircle(startPointColor, START_WIDTH, backgroundColor, start.x, start.y,
+                            START_RADIUS);
   }
   const POINT end = projection.Project(points[FindKnown(points, points.GetEnd() - 1, -1)]);
   if (Contains(Inset(pathArea, -END_RADIUS), end)) {
-    theCanvas.DrawFilledCircle(endPointColor, 1, endPointColor, end.x, end.y, END_RADIUS);
+    canvas.DrawFilledCircle(endPointColor, 1, endPointColor, end.x, end.y, END_RADIUS);
   }
-  theCanvas.SetClipRegion(nullptr);
+  canvas.SetClipRegion(nullptr);
   DeleteObject(region);
 }
 
@@ -256,11 +252,11 @@ void PathWidget::OnMouseMove(HWND, POINT point) {
 /// The path follows the finger, however the frame is turned or scaled. Forgetting where the finger
 /// went down keeps a drag from being taken for a swipe.
 bool PathWidget::Drag(POINT point) {
-  const POINT to = theCanvas.ToFrame(point);
+  const POINT to = ToFrame(point);
   if (!Contains(pathArea, to)) {
     return false;
   }
-  const POINT from = theCanvas.ToFrame(lastPoint);
+  const POINT from = ToFrame(lastPoint);
   pan.x += to.x - from.x;
   pan.y += to.y - from.y;
   lastPoint = point;

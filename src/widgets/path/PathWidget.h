@@ -20,7 +20,6 @@ class PathWidget : public Widget {
   explicit PathWidget(WidgetOwner& owner);
 
   void CreateOwnButtons() override;
-  void Draw(HWND window) override;
   void Attach() override;
   void SaveSettings(IniStore& store) const override;
   void LoadSettings(const IniStore& store) override;
@@ -28,6 +27,8 @@ class PathWidget : public Widget {
   void OnMouseMove(HWND window, POINT point) override;
 
  private:
+  void Paint(Canvas& canvas) override;
+
   struct ButtonAction {
     LPARAM code;
     void (PathWidget::*act)();
@@ -40,9 +41,9 @@ class PathWidget : public Widget {
   void FindSensors();
   void CatchUp();
   PathReadouts GetReadouts() const;
-  void DrawPath(const RECT& rect);
+  void DrawPath(Canvas& canvas, const RECT& rect);
   bool CanDrawPath(const PathPoints& points) const;
-  void DrawMarks(const PathPoints& points, const PathProjection& projection);
+  void DrawMarks(Canvas& canvas, const PathPoints& points, const PathProjection& projection);
   void Center(const PathPoints& points);
   bool Drag(POINT point);
 
@@ -52,7 +53,6 @@ class PathWidget : public Widget {
   void RequestCenter() { isCenterRequested = true; }
 
   COLORREF borderColor;
-  COLORREF backgroundColor;
   COLORREF pathColor;
   COLORREF labelColor;
   COLORREF valueColor;

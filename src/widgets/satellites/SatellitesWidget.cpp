@@ -96,29 +96,24 @@ void SatellitesWidget::Attach() {
 }
 
 /// All dots come before all numbers, so that no dot hides one.
-void SatellitesWidget::Draw(HWND window) {
-  theCanvas.BeginFrame(window);
-  theCanvas.FillBackground(backgroundColor);
-  const RECT frame = theCanvas.GetFrameRect();
+void SatellitesWidget::Paint(Canvas& canvas) {
+  const RECT frame = canvas.GetFrameRect();
   const SignalStrip strip = SignalStrip::Of({frame.right, frame.bottom});
   const SkyPlot sky(SkyArea(strip));
-  DrawBackground(sky);
+  DrawBackground(canvas, sky);
   const auto& satellites = owner.GetFix().satellites;
   int slot = 0;
   for (const SatelliteInfo& satellite : satellites) {
-    DrawBar(strip, slot++, satellite);
+    DrawBar(canvas, strip, slot++, satellite);
   }
-  DrawRings(sky);
+  DrawRings(canvas, sky);
   for (const SatelliteInfo& satellite : satellites) {
-    DrawDot(sky, satellite);
+    DrawDot(canvas, sky, satellite);
   }
   for (const SatelliteInfo& satellite : satellites) {
-    DrawLabel(sky, satellite);
+    DrawLabel(canvas, sky, satellite);
   }
-  CornerReadouts(theCanvas, sky, nameStyle.GetFont(theCanvas), nameColor).Draw(owner);
-  theCanvas.PresentTransformed();
-  DrawOverlay(theCanvas);
-  theCanvas.FlushToWindow();
+  CornerReadouts(canvas, sky, nameStyle.GetFont(canvas), nameColor).Draw(owner);
 }
 
 COLORREF SatellitesWidget::SignalColor(int snr) const {
@@ -128,64 +123,66 @@ COLORREF SatellitesWidget::SignalColor(int snr) const {
   return snr <= LAST_LOW_SNR ? lowSignalColor : midSignalColor;
 }
 
-void SatellitesWidget::DrawBackground(const SkyPlot& sky) {
+void SatellitesWidget::DrawBackground(Canvas& canvas, const SkyPlot& sky) {
   const SIZE size = background.GetSize();
   if (size.cx > 0 && size.cy > 0 && !IsEmpty(sky.area)) {
-    background.Draw(theCanvas.GetDrawingDC(), FittedRect(sky.area, size), backgroundColor);
+    background.Draw(canvas.GetDrawingDC(), FittedRect(sky.area, size), backgroundColor);
   }
 }
 
-void SatellitesWidget::DrawBar(const SignalStrip& strip, int slot, const SatelliteInfo& satellite) {
+void SatellitesWidget::DrawBar(Canvas& canvas, const SignalStrip& strip, int slot,
+                               const SatelliteInfo& satellite) {
   if (!IsReceived(satellite)) {
     return;
   }
   const SignalBar place(strip, slot, satellite.snr);
   const WideString number = NumberOf(satellite);
-  const HFONT font = nameStyle.GetFont(theCanvas);
-  const POINT corner = place.LabelCorner(theCanvas.MeasureText(font, number.c_str()));
-  theCanvas.DrawText(font, number.c_str(), corner.x, corner.y, nameColor);
+  const HFONT font = nameStyle.GetFont(canvas);
+  const POINT corner = place.LabelCorner(canvas.MeasureText(font, number.c_str()));
+  canvas.DrawText(font, number.c_str(), corner.x, corner.y, nameColor);
   if (!IsEmpty(place.shadow)) {
-    theCanvas.DrawRectangle(shadowColor, 1, shadowColor, place.shadow);
+    canvas.DrawRectangle(shadowColor, 1, shadowColor, place.shadow);
   }
   if (!IsEmpty(place.bar)) {
-    theCanvas.DrawRectangle(borderColor, 1, SignalColor(satellite.snr), place.bar);
+    canvas.DrawRectangle(borderColor, 1, SignalColor(satellite.snr), place.bar);
   }
 }
 
 /// The horizon, 30 and 60 degrees above it, and the four directions.
-void SatellitesWidget::DrawRings(const SkyPlot& sky) {
+void SatellitesWidget::DrawRings(Canvas& canvas, const SkyPlot& sky) {
   const int x = sky.centerX;
   const int y = sky.centerY;
   const int r = sky.radius;
   for (const int radius : {r, 2 * r / 3, r / 3}) {
-    theCanvas.DrawCircleOutline(miscLineColor, x, y, radius);
+    canvas.DrawCircleOutline(miscLineColor, x, y, radius);
   }
-  theCanvas.DrawThinLine(miscLineColor, x - r, y, x + r, y);
-  theCanvas.DrawThinLine(miscLineColor, x, y - r, x, y + r);
-  const HFONT font = nameStyle.GetFont(theCanvas);
-  theCanvas.DrawText(font, TEXT("N"), x - 5, y - r - 10, nameColor);
-  theCanvas.DrawText(font, TEXT("S"), x - 5, y + r, nameColor);
-  theCanvas.DrawText(font, TEXT("E"), x + r, y - 5, nameColor);
-  theCanvas.DrawText(font, TEXT("W"), x - r - 10, y - 5, nameColor);
+  canvas.DrawThinLine(miscLineColor, x - r, y, x + r, y);
+  canvas.DrawThinLine(miscLineColor, x, y - r, x, y + r);
+  const HFONT font = nameStyle.GetFont(canvas);
+  canvas.DrawText(font, TEXT("N"), x - 5, y - r - 10, nameColor);
+  canvas.DrawText(font, TEXT("S"), x - 5, y + r, nameColor);
+  canvas.DrawText(font, TEXT("E"), x + r, y - 5, nameColor);
+  canvas.DrawText(font, TEXT("W"), x - r - 10, y - 5, nameColor);
 }
 
-void SatellitesWidget::DrawDot(const SkyPlot& sky, const SatelliteInfo& satellite) {
+void SatellitesWidget::DrawDot(Canvas& canvas, const SkyPlot& sky, const SatelliteInfo& satellite) {
   if (IsReceived(satellite)) {
     const POINT dot = sky.PointAt(satellite.elevation, satellite.azimuth);
-    theCanvas.DrawFilledCircle(borderColor, 1, SignalColor(satellite.snr), dot.x, dot.y,
-                               SkyPlot::DOT_RADIUS);
+    canvas.DrawFilledCircle(borderColor, 1, SignalColor(satellite.snr), dot.x, dot.y,
+                            SkyPlot::DOT_RADIUS);
   }
 }
 
-void SatellitesWidget::DrawLabel(const SkyPlot& sky, const SatelliteInfo& satellite) {
+void SatellitesWidget::DrawLabel(Canvas& canvas, const SkyPlot& sky,
+                                 const SatelliteInfo& satellite) {
   if (!IsReceived(satellite)) {
     return;
   }
   const WideString number = NumberOf(satellite);
-  const HFONT font = nameStyle.GetFont(theCanvas);
+  const HFONT font = nameStyle.GetFont(canvas);
   const POINT corner = sky.LabelCorner(sky.PointAt(satellite.elevation, satellite.azimuth),
-                                       theCanvas.MeasureText(font, number.c_str()));
-  theCanvas.DrawText(font, number.c_str(), corner.x, corner.y, nameColor);
+                                       canvas.MeasureText(font, number.c_str()));
+  canvas.DrawText(font, number.c_str(), corner.x, corner.y, nameColor);
 }
 
 }  // namespace ferolin

@@ -18,23 +18,23 @@ class SatellitesWidget : public Widget {
   explicit SatellitesWidget(WidgetOwner& owner);
 
   void CreateOwnButtons() override { CreateNavigationButtons(); }
-  void Draw(HWND window) override;
   void Attach() override;
   void SaveSettings(IniStore& store) const override;
   void LoadSettings(const IniStore& store) override;
 
  private:
+  void Paint(Canvas& canvas) override;
+
   static const ColorSetting<SatellitesWidget> COLORS[8];
   static const TextSetting<SatellitesWidget> TEXTS[1];
 
   COLORREF SignalColor(int snr) const;
-  void DrawBackground(const SkyPlot& sky);
-  void DrawBar(const SignalStrip& strip, int slot, const SatelliteInfo& satellite);
-  void DrawRings(const SkyPlot& sky);
-  void DrawDot(const SkyPlot& sky, const SatelliteInfo& satellite);
-  void DrawLabel(const SkyPlot& sky, const SatelliteInfo& satellite);
+  void DrawBackground(Canvas& canvas, const SkyPlot& sky);
+  void DrawBar(Canvas& canvas, const SignalStrip& strip, int slot, const SatelliteInfo& satellite);
+  void DrawRings(Canvas& canvas, const SkyPlot& sky);
+  void DrawDot(Canvas& canvas, const SkyPlot& sky, const SatelliteInfo& satellite);
+  void DrawLabel(Canvas& canvas, const SkyPlot& sky, const SatelliteInfo& satellite);
 
-  COLORREF backgroundColor;
   COLORREF nameColor;
   COLORREF lowSignalColor;
   COLORREF midSignalColor;

@@ -62,26 +62,21 @@ void FullScreenSpeedWidget::FindSensors() {
   }
 }
 
-void FullScreenSpeedWidget::Draw(HWND window) {
-  theCanvas.BeginFrame(window);
-  theCanvas.FillBackground(backgroundColor);
+void FullScreenSpeedWidget::Paint(Canvas& canvas) {
   const StatusIcons::Places places =
-      icons.Draw(theCanvas, owner.GetFix().satellitesUsed, StatusIcons::Style::OPAQUE_ICONS);
+      icons.Draw(canvas, owner.GetFix().satellitesUsed, StatusIcons::Style::OPAQUE_ICONS);
   if (speedSensor != NO_SENSOR) {
-    DrawSpeed(places);
+    DrawSpeed(canvas, places);
     if (timeSensor != NO_SENSOR) {
-      DrawTime(places);
+      DrawTime(canvas, places);
     }
   }
-  theCanvas.PresentTransformed();
-  DrawOverlay(theCanvas);
-  theCanvas.FlushToWindow();
 }
 
-void FullScreenSpeedWidget::DrawSpeed(const StatusIcons::Places& places) {
-  const RECT frame = theCanvas.GetFrameRect();
+void FullScreenSpeedWidget::DrawSpeed(Canvas& canvas, const StatusIcons::Places& places) {
+  const RECT frame = canvas.GetFrameRect();
   const int largest = frame.right > frame.bottom ? LANDSCAPE_SPEED_SIZE : PORTRAIT_SPEED_SIZE;
-  const FittedText speed(theCanvas, FACE, largest,
+  const FittedText speed(canvas, FACE, largest,
                          Widen(Format("%0.0f", GetSensorNumber(speedSensor))),
                          {frame.right, frame.bottom - places.gps.bottom});
   const SIZE extent = speed.GetExtent();
@@ -91,8 +86,8 @@ void FullScreenSpeedWidget::DrawSpeed(const StatusIcons::Places& places) {
 
 /// The line is centred on half of the reception icon's width, which for square icons is half of
 /// their height.
-void FullScreenSpeedWidget::DrawTime(const StatusIcons::Places& places) {
-  const FittedText time(theCanvas, FACE, TIME_SIZE, Widen(GetSensorText(timeSensor)),
+void FullScreenSpeedWidget::DrawTime(Canvas& canvas, const StatusIcons::Places& places) {
+  const FittedText time(canvas, FACE, TIME_SIZE, Widen(GetSensorText(timeSensor)),
                         {places.gapRight - places.gps.right, places.gps.bottom});
   const SIZE extent = time.GetExtent();
   time.Draw((places.gapRight - extent.cx + places.gps.right) / 2,

@@ -13,19 +13,19 @@ class FullScreenSpeedWidget : public Widget {
   explicit FullScreenSpeedWidget(WidgetOwner& owner);
 
   void CreateOwnButtons() override { CreateNavigationButtons(); }
-  void Draw(HWND window) override;
   void Attach() override;
   void SaveSettings(IniStore& store) const override;
   void LoadSettings(const IniStore& store) override;
 
  private:
+  void Paint(Canvas& canvas) override;
+
   static const ColorSetting<FullScreenSpeedWidget> COLORS[3];
 
   void FindSensors();
-  void DrawSpeed(const StatusIcons::Places& places);
-  void DrawTime(const StatusIcons::Places& places);
+  void DrawSpeed(Canvas& canvas, const StatusIcons::Places& places);
+  void DrawTime(Canvas& canvas, const StatusIcons::Places& places);
 
-  COLORREF backgroundColor;
   COLORREF speedTextColor;
   COLORREF timeTextColor;
   int speedSensor = NO_SENSOR;
