@@ -16,8 +16,8 @@ std::uint64_t CountLapBytes(std::chrono::sys_seconds start) {
 
 }  // namespace
 
-DemoSource::DemoSource(std::chrono::sys_seconds start, Laps lapsToDrive) : drive(start) {
-  if (lapsToDrive == Laps::ONE) {
+DemoSource::DemoSource(std::chrono::sys_seconds start, Laps laps) : drive(start) {
+  if (laps == Laps::ONE) {
     size = CountLapBytes(start);
   }
 }

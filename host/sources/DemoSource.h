@@ -12,9 +12,10 @@ class DemoSource : public NmeaSource {
  public:
   enum class Laps { ONE, ENDLESS };
 
-  DemoSource(std::chrono::sys_seconds start, Laps lapsToDrive);
+  /// The size is known for one lap only.
+  DemoSource(std::chrono::sys_seconds start, Laps laps);
 
-  /// One second of the drive.
+  /// The sentences of one second.
   std::optional<std::string> Read() override;
   void Stop() override { stopped = true; }
   std::optional<std::uint64_t> GetSize() const override { return size; }

@@ -14,9 +14,9 @@ namespace {
 constexpr std::chrono::sys_seconds START{std::chrono::sys_days{std::chrono::year{2024} / 6 / 1} +
                                          std::chrono::hours(6)};
 
-std::vector<DemoDrive::State> DriveLap() {
+std::vector<DemoState> DriveLap() {
   DemoDrive drive(START);
-  std::vector<DemoDrive::State> states = {drive.GetState()};
+  std::vector<DemoState> states = {drive.GetState()};
   for (int second = 0; second < DemoDrive::GetLapSeconds(); ++second) {
     drive.Advance();
     states.push_back(drive.GetState());
@@ -24,8 +24,8 @@ std::vector<DemoDrive::State> DriveLap() {
   return states;
 }
 
-/// Distance on the sphere in metres, worked out apart from the drive's own way (haversine).
-double Distance(const DemoDrive::State& a, const DemoDrive::State& b) {
+/// Distance on the sphere in metres by the haversine formula, independent of the drive's own.
+double Distance(const DemoState& a, const DemoState& b) {
   constexpr double EARTH_RADIUS = 6371000;
   const auto radians = [](double degrees) { return degrees * std::numbers::pi / 180; };
   const double across = std::sin(radians(b.latitude - a.latitude) / 2);
@@ -52,7 +52,7 @@ TEST(DemoDrive, TakesAboutTwentyMinutes) {
 }
 
 TEST(DemoDrive, SpeedIsDistanceByTime) {
-  const std::vector<DemoDrive::State> states = DriveLap();
+  const std::vector<DemoState> states = DriveLap();
   for (std::size_t i = 1; i < states.size(); ++i) {
     const double mean = (states[i - 1].speed + states[i].speed) / 2;
     EXPECT_NEAR(Distance(states[i - 1], states[i]), mean, 0.02 * mean + 0.01) << i;
@@ -60,7 +60,7 @@ TEST(DemoDrive, SpeedIsDistanceByTime) {
 }
 
 TEST(DemoDrive, AcceleratesBrakesAndTurnsAsACarCan) {
-  const std::vector<DemoDrive::State> states = DriveLap();
+  const std::vector<DemoState> states = DriveLap();
   for (std::size_t i = 1; i < states.size(); ++i) {
     const double change = states[i].speed - states[i - 1].speed;
     EXPECT_LT(change, 4.0) << i;
@@ -76,10 +76,10 @@ TEST(DemoDrive, AcceleratesBrakesAndTurnsAsACarCan) {
 }
 
 TEST(DemoDrive, ReachesHundredInAboutElevenSeconds) {
-  const std::vector<DemoDrive::State> states = DriveLap();
+  const std::vector<DemoState> states = DriveLap();
   std::int64_t lastStand = 0;
   double best = 1e9;
-  for (const DemoDrive::State& each : states) {
+  for (const DemoState& each : states) {
     if (each.speed * 3.6 < 1) {
       lastStand = each.second;
     } else if (each.speed * 3.6 >= 100) {
@@ -90,7 +90,7 @@ TEST(DemoDrive, ReachesHundredInAboutElevenSeconds) {
 }
 
 TEST(DemoDrive, StopsOnTheWayAndIsAtRestAtBothEnds) {
-  const std::vector<DemoDrive::State> states = DriveLap();
+  const std::vector<DemoState> states = DriveLap();
   int stops = 0;
   for (std::size_t i = 1; i < states.size(); ++i) {
     stops += states[i].speed == 0 && states[i - 1].speed > 0 ? 1 : 0;
@@ -101,7 +101,7 @@ TEST(DemoDrive, StopsOnTheWayAndIsAtRestAtBothEnds) {
 }
 
 TEST(DemoDrive, LosesTheFixInATunnelOnce) {
-  const std::vector<DemoDrive::State> states = DriveLap();
+  const std::vector<DemoState> states = DriveLap();
   int entries = 0;
   int inside = 0;
   for (std::size_t i = 1; i < states.size(); ++i) {
@@ -203,7 +203,7 @@ TEST(DemoDrive, GoesOnAfterALap) {
   for (int second = 0; second < DemoDrive::GetLapSeconds(); ++second) {
     drive.Advance();
   }
-  const DemoDrive::State end = drive.GetState();
+  const DemoState end = drive.GetState();
   drive.Advance();
   EXPECT_EQ(drive.GetState().second, end.second + 1);
   EXPECT_LT(Distance(end, drive.GetState()), 5);
