@@ -3,20 +3,18 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 
 #include "engine/Readout.h"
 
 namespace host {
 
-/// `text` (UTF-8) as a JSON string with its quotes. Bytes that are no UTF-8 become U+FFFD.
-std::string JsonString(std::string_view text);
+// Each text is one JSON object and a line feed, in UTF-8; bytes that are no UTF-8 become U+FFFD.
 
-/// {"update":1,"sensors":{"GPS status":"OK",...}} and a line feed.
+/// {"update":1,"sensors":{"GPS status":"OK",...}}
 std::string JsonUpdate(const Update& update);
 
-/// {"end":true,"updates":2,"registry":{"Distance":"1.5",...}} and a line feed. `registry` holds
-/// names and states of the sensors that keep one.
+/// {"end":true,"updates":2,"registry":{"Distance":"1.5",...}}; `registry` holds names and states
+/// of the sensors that keep one.
 std::string JsonEnd(std::uint64_t updates, const Readouts& registry);
 
 }  // namespace host

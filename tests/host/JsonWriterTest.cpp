@@ -5,21 +5,30 @@
 namespace host {
 namespace {
 
+/// The value as it stands in an update.
+std::string Written(const std::string& value) {
+  const std::string before = R"({"update":1,"sensors":{"Name":)";
+  const std::string after = "}}\n";
+  const std::string json = JsonUpdate({1, std::nullopt, {{"Name", value}}});
+  EXPECT_TRUE(json.starts_with(before) && json.ends_with(after)) << json;
+  return json.substr(before.size(), json.size() - before.size() - after.size());
+}
+
 TEST(JsonWriter, EscapesWhatJsonWants) {
-  EXPECT_EQ(JsonString("55°37'37'' NL"), "\"55°37'37'' NL\"");
-  EXPECT_EQ(JsonString("a\"b\\c"), "\"a\\\"b\\\\c\"");
-  EXPECT_EQ(JsonString("\n\r\t\x01\x1F\x7F"), "\"\\n\\r\\t\\u0001\\u001f\\u007f\"");
+  EXPECT_EQ(Written("55°37'37'' NL"), "\"55°37'37'' NL\"");
+  EXPECT_EQ(Written("a\"b\\c"), "\"a\\\"b\\\\c\"");
+  EXPECT_EQ(Written("\n\r\t\x01\x1F"), "\"\\n\\r\\t\\u0001\\u001f\"");
 }
 
 TEST(JsonWriter, ReplacesBytesThatAreNoUtf8) {
-  EXPECT_EQ(JsonString("a\xFFz"), "\"a\xEF\xBF\xBDz\"");
-  EXPECT_EQ(JsonString("\xD0"), "\"\xEF\xBF\xBD\"");
+  EXPECT_EQ(Written("a\xFFz"), "\"a\xEF\xBF\xBDz\"");
+  EXPECT_EQ(Written("\xD0"), "\"\xEF\xBF\xBD\"");
+  EXPECT_EQ(JsonEnd(0, {{"\xD0", "1"}}),
+            "{\"end\":true,\"updates\":0,\"registry\":{\"\xEF\xBF\xBD\":\"1\"}}\n");
 }
 
 TEST(JsonWriter, WritesAnUpdateInTheEnginesOrder) {
-  Update update;
-  update.number = 12;
-  update.readouts = {{"GPS status", "OK"}, {"Speed", ""}, {"Altitude", "12.5 m"}};
+  const Update update = {12, 0.5, {{"GPS status", "OK"}, {"Speed", ""}, {"Altitude", "12.5 m"}}};
   EXPECT_EQ(JsonUpdate(update),
             "{\"update\":12,\"sensors\":{\"GPS status\":\"OK\",\"Speed\":\"\",\"Altitude\":\"12.5 "
             "m\"}}\n");
