@@ -8,20 +8,28 @@
 
 namespace host {
 
+/// Options that are kept between runs are empty when the user does not give them; Choices fills
+/// them in.
 struct Options {
   enum class Action { RUN, HELP, VERSION };
   enum class Source { DEMO, PORT, FILE, GPSD };
+  enum class WindowUse { IF_PRESENT, ALWAYS, NEVER };
 
+  /// Pixels.
+  struct Size {
+    int width = 800;
+    int height = 480;
+  };
+
+  /// The warning sounds from `kmh` to `kmh` + `band`, in km/h.
   struct Limit {
     int kmh = 0;
     int band = 10;
   };
 
-  enum class WindowUse { IF_PRESENT, ALWAYS, NEVER };
-
-  /// What the views show and how. Nothing (empty): as the last time.
+  /// What the views show and how. All kept.
   struct Picture {
-    /// Name or number, from 0.
+    /// Name, or number from 0.
     std::string view;
     std::optional<bool> mirror;
     std::optional<bool> flip;
@@ -29,71 +37,74 @@ struct Options {
     std::optional<bool> invert;
   };
 
-  /// The engine keeps this many limits between runs.
+  /// Number of limits that the engine keeps between runs.
   static constexpr std::size_t LIMITS = 3;
 
   Action action = Action::RUN;
 
   Source source = Source::DEMO;
-  /// Serial device; empty: that of the last time.
+  /// Path of the serial device. Kept.
   std::string device;
-  /// Baud rate; 0 leaves the port's own. Nothing: that of the last time if the device is the same.
+  /// Baud rate; 0 leaves the port's own. Kept together with the device.
   std::optional<int> baud;
-  /// Recording; "-" is standard input.
+  /// Path of a recording; "-" is standard input.
   std::string file;
-  /// "host:port"; empty: that of the last time, or the usual one.
+  /// "host:port"; empty: the usual one. Kept.
   std::string gpsd;
 
-  /// Speed against real time; 0 is as fast as possible. Nothing: chosen by what is played and where
-  /// it is shown.
+  /// Speed relative to real time; 0 is as fast as possible. Nothing: chosen by what is played and
+  /// where it is shown.
   std::optional<double> rate;
+  /// Whether the receiver's bytes reach the engine unchanged.
   bool raw = false;
 
   bool json = false;
   WindowUse windowUse = WindowUse::IF_PRESENT;
-  /// Size of the picture in pixels, and its resolution in dots per inch.
-  int width = 800;
-  int height = 480;
+  Size size;
+  /// Dots per inch.
   int dpi = 96;
   bool fullscreen = false;
   Picture picture;
-  /// Where drawn pictures go; empty: nowhere.
+  /// Where drawn pictures are written; empty: nowhere.
   std::string framesFolder;
   std::string shotFile;
   std::string contactSheetFile;
-  /// Updates after which the run ends; 0: not by their number.
+  /// Number of updates after which the run ends; 0: no such end.
   std::uint64_t updates = 0;
-  /// "ENU" or "RUS"; empty: by the environment.
+  /// "ENU" or "RUS"; empty: the environment's language.
   std::string language;
+  /// Folder of settings, pictures and tracks; empty: chosen by HomeFolder.
   std::string home;
 
   bool writeKml = false;
-  /// Empty: that of the last time, or the engine's own.
+  /// Empty: the engine's own folder. Kept.
   std::string kmlFolder;
   bool newTrip = false;
-  /// Names of sensors to start afresh.
+  /// Names of the sensors to start from zero.
   std::vector<std::string> resets;
 
-  /// Nothing: those of the last time. An empty list: none.
+  /// Nothing: the limits kept by the engine. An empty list: no limits.
   std::optional<std::vector<Limit>> limits;
+  /// Nothing: as kept by the engine.
   std::optional<bool> beepOnZero;
 
+  /// Nothing: as kept by the engine.
   std::optional<std::string> smsTo;
   std::optional<std::string> smsText;
-  /// Minutes of driving between two messages; 0: none are sent.
+  /// Minutes between two position reports; 0: none are sent.
   int smsEveryMinutes = 0;
 };
 
-/// Whether a window is wanted when there is a display: unless something else was asked for.
+/// Whether to open a window if there is a display.
 bool WantsWindow(const Options& options);
 
-/// Whether pictures are to be written.
+/// Whether to write pictures to files.
 bool WantsPictures(const Options& options);
 
-/// Reads the arguments behind the program's name. Throws UsageError.
-Options ParseOptions(const std::vector<std::string>& arguments);
+/// Whether positions come from a receiver.
+bool IsLive(Options::Source source);
 
-/// The text of --help.
-std::string GetHelp();
+/// Where positions come from, for the user: "/dev/ttyUSB0", "gpsd localhost:2947", "drive.nmea".
+std::string DescribeSource(const Options& options);
 
 }  // namespace host

@@ -6,7 +6,7 @@
 
 #include "base/HostError.h"
 #include "base/Messages.h"
-#include "commandline/Options.h"
+#include "commandline/CommandLine.h"
 #include "engine/EngineLibrary.h"
 #include "handheld.h"
 #include "run/HomeFolder.h"
@@ -26,7 +26,7 @@ std::unique_ptr<NmeaSource> OpenRecording(const Options& options) {
 void PrepareDevice(const Options& options, const HomeFolder& home) {
   handheld::SetModuleDirectory(home.GetPath());
   handheld::AddLibraryDirectory(home.GetLibraryFolder());
-  handheld::SetScreen(options.width, options.height, options.dpi);
+  handheld::SetScreen(options.size.width, options.size.height, options.dpi);
   if (!options.language.empty()) {
     handheld::SetLanguage(options.language.c_str());
   }

@@ -39,10 +39,6 @@ constexpr const char* DEFAULT_SMS_TEXT = "%Time% %Latitude% %Longitude% %Speed% 
 
 using Source = Options::Source;
 
-bool IsLive(Source source) {
-  return source == Source::PORT || source == Source::GPSD;
-}
-
 const char* TripSection(Source source) {
   if (IsLive(source)) {
     return "HostTrip";
@@ -80,8 +76,9 @@ bool DrawsFrames(const Options& options) {
 }
 
 std::unique_ptr<RenderWindow> MakeRenderWindow(const Options& options) {
-  return DrawsFrames(options) ? std::make_unique<RenderWindow>(options.width, options.height)
-                              : nullptr;
+  return DrawsFrames(options)
+             ? std::make_unique<RenderWindow>(options.size.width, options.size.height)
+             : nullptr;
 }
 
 /// Null when none is wanted or to be had; throws HostError when the user insists on one.

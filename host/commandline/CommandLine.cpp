@@ -1,0 +1,106 @@
+#include "commandline/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+
+#include "base/HostError.h"
+#include "base/Suggestion.h"
+#include "commandline/HelpFormatter.h"
+#include "commandline/OptionTable.h"
+
+namespace host {
+
+namespace {
+
+bool TakesValue(const CLI::App& app, const std::string& name) {
+  const CLI::Option* option = app.get_option_no_throw(name);
+  return option != nullptr && option->get_items_expected_max() > 0;
+}
+
+/// Splits "--name=" into "--name" and an empty value. CLI11 would take the next argument as value.
+std::vector<std::string> SplitEmptyValues(const CLI::App& app,
+                                          const std::vector<std::string>& arguments) {
+  std::vector<std::string> split;
+  for (const std::string& argument : arguments) {
+    const std::string name = argument.substr(0, argument.find('='));
+    if (argument == name + "=" && TakesValue(app, name)) {
+      split.push_back(name);
+      split.emplace_back();
+    } else {
+      split.push_back(argument);
+    }
+  }
+  return split;
+}
+
+std::string SuggestOption(const CLI::App& app, const std::string& name) {
+  std::vector<std::string> names;
+  for (const CLI::Option* option : app.get_options()) {
+    names.push_back(option->get_lnames().front());
+  }
+  const std::size_t start = std::min(name.find_first_not_of('-'), name.size());
+  const std::optional<std::string> similar = FindSimilar(name.substr(start), names);
+  return similar ? "; did you mean --" + *similar + "?" : " (see --help)";
+}
+
+void RefuseUnknown(const CLI::App& app) {
+  const std::vector<std::string> unknown = app.remaining();
+  if (unknown.empty()) {
+    return;
+  }
+  const std::string& first = unknown.front();
+  if (first.starts_with("-")) {
+    const std::string name = first.substr(0, first.find('='));
+    throw UsageError("unknown option " + name + SuggestOption(app, name));
+  }
+  throw UsageError("unexpected argument \"" + first + "\"; a recording is played with --nmea " +
+                   first);
+}
+
+void CheckCombinations(const Options& options) {
+  if (options.baud && options.source != Options::Source::PORT) {
+    throw UsageError("--baud goes with --port");
+  }
+  const bool isSheet = !options.contactSheetFile.empty();
+  const bool isSheetAlone = options.framesFolder.empty() && options.shotFile.empty() &&
+                            options.windowUse != Options::WindowUse::ALWAYS;
+  if (isSheet && !isSheetAlone) {
+    throw UsageError("--contact-sheet does not go with --window, --frames or --shot");
+  }
+  if (options.rate && IsLive(options.source)) {
+    throw UsageError("--rate is for the demo and recordings: a receiver sets its own pace");
+  }
+}
+
+}  // namespace
+
+Options ParseOptions(const std::vector<std::string>& arguments) {
+  CLI::App app;
+  Options options;
+  const OptionTable table(app, options);
+  std::vector<std::string> toParse = SplitEmptyValues(app, arguments);
+  std::reverse(toParse.begin(), toParse.end());  // CLI11 takes arguments off the end
+  try {
+    app.parse(toParse);
+  } catch (const CLI::ArgumentMismatch&) {
+    // The last option lacks its value; all other mismatches are refused by OptionTable.
+    throw UsageError(table.DescribeMissingValue(arguments.back()));
+  } catch (const CLI::ParseError& error) {
+    throw UsageError(error.what());
+  }
+  RefuseUnknown(app);
+  if (options.action == Options::Action::RUN) {
+    CheckCombinations(options);
+  }
+  return options;
+}
+
+std::string GetHelp() {
+  CLI::App app;
+  Options options;
+  const OptionTable table(app, options);
+  app.formatter(std::make_shared<HelpFormatter>());
+  return app.help();
+}
+
+}  // namespace host

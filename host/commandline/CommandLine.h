@@ -1,0 +1,17 @@
+// The command line, read into Options.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "commandline/Options.h"
+
+namespace host {
+
+/// Reads the arguments behind the program's name. Throws UsageError.
+Options ParseOptions(const std::vector<std::string>& arguments);
+
+/// The text of --help.
+std::string GetHelp();
+
+}  // namespace host

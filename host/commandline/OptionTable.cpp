@@ -1,0 +1,242 @@
+#include "commandline/OptionTable.h"
+
+#include "base/HostError.h"
+#include "commandline/Values.h"
+
+namespace host {
+
+namespace {
+
+constexpr int LOWEST_DPI = 48;
+constexpr int HIGHEST_DPI = 480;
+constexpr int MOST_UPDATES = 1000000000;
+constexpr int LONGEST_INTERVAL_MINUTES = 24 * 60;
+
+/// CLI11's result of a flag that was given without a value.
+constexpr const char* FLAG_IS_SET = "true";
+
+}  // namespace
+
+OptionTable::OptionTable(CLI::App& app, Options& options) : app(app), options(options) {
+  app.set_help_flag();
+  app.allow_extras();
+  AddSources();
+  AddOutputs();
+  AddWindow();
+  AddPictures();
+  AddTrip();
+  AddSounds();
+  AddMessages();
+  AddOthers();
+}
+
+void OptionTable::AddSources() {
+  StartGroup("Where positions come from");
+  AddFlag("--demo", "a simulated drive through town, tunnel and motorway (the default)",
+          [this] { ChooseSource("--demo", Options::Source::DEMO); });
+  AddOptionalValue("--port", "DEVICE",
+                   "a receiver at a serial port; without DEVICE the device used last",
+                   [this](const std::string& text) {
+                     ChooseSource("--port", Options::Source::PORT);
+                     options.device = text;
+                   });
+  AddValue("--baud", "N",
+           "its baud rate, 300 to 115200; if not given, the rate used last with this device, at "
+           "first the port's own setting",
+           [this](const std::string& text) { options.baud = ParseBaudRate(text); });
+  AddOptionalValue("--gpsd", "HOST:PORT",
+                   "a running gpsd; without HOST:PORT the one used last, at first localhost:2947",
+                   [this](const std::string& text) {
+                     ChooseSource("--gpsd", Options::Source::GPSD);
+                     options.gpsd = text;
+                   });
+  AddValue("--nmea", "FILE", "a recording of NMEA sentences; - reads standard input",
+           [this](const std::string& text) {
+             ChooseSource("--nmea", Options::Source::FILE);
+             options.file = text;
+           });
+  AddValue("--rate", "N|max",
+           "play the demo or a recording N times as fast, or as fast as the engine can follow; "
+           "default: 1 in a window or a terminal's table, else max",
+           [this](const std::string& text) { options.rate = ParseRate(text); });
+  AddFlag("--raw",
+          "pass the receiver's bytes on unchanged; without this option, sentences of GN, GL, ... "
+          "receivers and fractional seconds are converted to what the engine understands",
+          [this] { options.raw = true; });
+}
+
+void OptionTable::AddOutputs() {
+  StartGroup("What is shown");
+  AddFlag("--json", "print one line of JSON for each update, and one at the end",
+          [this] { options.json = true; });
+  AddValue("--lang", "en|ru", "language of names and units; default: that of the environment",
+           [this](const std::string& text) { options.language = ParseLanguage(text); });
+  AddValue("--updates", "N", "end after N positions", [this](const std::string& text) {
+    options.updates = static_cast<std::uint64_t>(ParseWholeNumber(text, 1, MOST_UPDATES));
+  });
+}
+
+void OptionTable::AddWindow() {
+  Options::Picture& picture = options.picture;
+  StartGroup("The window");
+  AddFlag("--window",
+          "open a window also when other output is asked for; without this option it opens if "
+          "there is a display and none of --json, --frames, --shot, --contact-sheet is given",
+          [this] { options.windowUse = Options::WindowUse::ALWAYS; });
+  AddFlag("--no-window", "open no window: show a table in a terminal, else print lines of text",
+          [this] { options.windowUse = Options::WindowUse::NEVER; });
+  AddValue("--size", "WxH",
+           "size of the picture in pixels (default: 800x480); its window can be resized",
+           [this](const std::string& text) { options.size = ParseSize(text); });
+  AddValue("--dpi", "N", "dots per inch (default: 96); buttons grow with it: 192 doubles them",
+           [this](const std::string& text) {
+             options.dpi = ParseWholeNumber(text, LOWEST_DPI, HIGHEST_DPI);
+           });
+  AddFlag("--fullscreen", "fill the screen", [this] { options.fullscreen = true; });
+  AddValue("--view", "NAME|NUMBER",
+           "start with this view, such as Speed, or 0 for the first (kept)",
+           [&picture](const std::string& text) { picture.view = text; });
+  AddFlag("--mirror", "mirror left to right, to be read in the windscreen (kept)",
+          [&picture] { picture.mirror = true; });
+  AddFlag("--no-mirror", "turn mirroring off", [&picture] { picture.mirror = false; });
+  AddFlag("--flip", "turn the picture upside down, also for the windscreen (kept)",
+          [&picture] { picture.flip = true; });
+  AddFlag("--no-flip", "turn it upright again", [&picture] { picture.flip = false; });
+  AddFlag("--rotate", "rotate the picture by 90 degrees (kept)",
+          [&picture] { picture.rotate = true; });
+  AddFlag("--no-rotate", "turn rotation off", [&picture] { picture.rotate = false; });
+  AddFlag("--invert", "invert all colours (kept)", [&picture] { picture.invert = true; });
+  AddFlag("--no-invert", "show the normal colours again", [&picture] { picture.invert = false; });
+}
+
+void OptionTable::AddPictures() {
+  StartGroup("Pictures");
+  AddValue("--frames", "DIR", "write every drawn frame as a numbered PNG file into this folder",
+           [this](const std::string& text) { options.framesFolder = text; });
+  AddValue("--shot", "FILE", "write the last frame as a PNG file at the end",
+           [this](const std::string& text) { options.shotFile = text; });
+  AddValue("--contact-sheet", "FILE",
+           "write one PNG file with all views, portrait and landscape, with and without their "
+           "buttons, and end",
+           [this](const std::string& text) { options.contactSheetFile = text; });
+}
+
+void OptionTable::AddTrip() {
+  StartGroup("The trip");
+  AddFlag("--new-trip",
+          "start trip figures and records from zero instead of continuing those of the last run",
+          [this] { options.newTrip = true; });
+  AddValue("--reset", "NAME",
+           "start one read-out from zero, such as \"Max speed\"; may be given several times",
+           [this](const std::string& text) { options.resets.push_back(text); });
+  AddOptionalValue("--kml", "FOLDER",
+                   "write the route as a KML file at the end; without FOLDER into the folder used "
+                   "last, at first the folder Tracks",
+                   [this](const std::string& text) {
+                     options.writeKml = true;
+                     options.kmlFolder = text;
+                   });
+}
+
+void OptionTable::AddSounds() {
+  StartGroup("Sounds");
+  AddValue("--limit", "KMH[:BAND]",
+           "sound a warning from this speed to BAND km/h (default: 10) above it; up to three "
+           "limits (kept); \"none\" removes them",
+           [this](const std::string& text) { AddLimit(text); });
+  AddFlag("--beep-on-zero", "sound when the vehicle stops (kept)",
+          [this] { options.beepOnZero = true; });
+  AddFlag("--no-beep-on-zero", "turn that sound off", [this] { options.beepOnZero = false; });
+}
+
+void OptionTable::AddMessages() {
+  StartGroup("Messages");
+  AddValue("--sms-to", "NUMBERS",
+           "phone numbers that get position reports, separated by commas (kept)",
+           [this](const std::string& text) { options.smsTo = ParseSettingsText(text); });
+  AddValue("--sms-text", "TEXT",
+           "text of a report; %Latitude%, %Longitude%, %Altitude%, %Speed%, %Azimuth%, %Time% and "
+           "%GoogleMaps% are filled in (kept)",
+           [this](const std::string& text) { options.smsText = ParseSettingsText(text); });
+  AddValue("--sms-every", "MINUTES",
+           "send a report every so many minutes while there is a position",
+           [this](const std::string& text) {
+             options.smsEveryMinutes = ParseWholeNumber(text, 1, LONGEST_INTERVAL_MINUTES);
+           });
+}
+
+void OptionTable::AddOthers() {
+  StartGroup("Other");
+  AddValue("--home", "DIR",
+           "folder of settings, pictures and tracks; default: the program's own if it can be "
+           "written to, else ~/.local/share/ferolin",
+           [this](const std::string& text) { options.home = text; });
+  AddFlag("-h,--help", "show this text", [this] { options.action = Options::Action::HELP; });
+  AddFlag("--version", "show the version", [this] { options.action = Options::Action::VERSION; });
+}
+
+void OptionTable::StartGroup(const char* heading) {
+  app.option_defaults()->group(heading);
+}
+
+void OptionTable::AddFlag(const char* name, const char* help, TakeFlag take) {
+  const auto callback = [name = std::string(name), take](const CLI::results_t& results) {
+    if (results.front() != FLAG_IS_SET) {
+      throw UsageError(name + " takes no value");
+    }
+    take();
+    return true;
+  };
+  app.add_option(name, callback, help)->expected(0)->trigger_on_parse();
+}
+
+void OptionTable::AddValue(const char* name, const char* valueName, const char* help,
+                           TakeText take) {
+  const auto callback = [this, name = std::string(name), take](const std::string& text) {
+    if (text.empty()) {
+      throw UsageError(DescribeMissingValue(name));
+    }
+    try {
+      take(text);
+    } catch (const BadValue& error) {
+      throw UsageError(name + ": \"" + text + "\" is not " + error.what());
+    }
+  };
+  app.add_option_function<std::string>(name, callback, help)
+      ->option_text(valueName)
+      ->trigger_on_parse();
+}
+
+void OptionTable::AddOptionalValue(const char* name, const char* valueName, const char* help,
+                                   TakeText take) {
+  app.add_option_function<std::string>(name, take, help)
+      ->option_text("[" + std::string(valueName) + "]")
+      ->expected(0, 1)
+      ->trigger_on_parse();
+}
+
+std::string OptionTable::DescribeMissingValue(const std::string& name) const {
+  return name + " needs " + app.get_option(name)->get_option_text();
+}
+
+void OptionTable::ChooseSource(const std::string& name, Options::Source source) {
+  if (!sourceName.empty() && sourceName != name) {
+    throw UsageError(sourceName + " and " + name + ": only one source at a time");
+  }
+  sourceName = name;
+  options.source = source;
+}
+
+void OptionTable::AddLimit(const std::string& text) {
+  std::vector<Options::Limit>& limits = options.limits ? *options.limits : options.limits.emplace();
+  if (text == "none") {
+    limits.clear();
+    return;
+  }
+  if (limits.size() == Options::LIMITS) {
+    throw UsageError("--limit: at most " + std::to_string(Options::LIMITS) + " limits");
+  }
+  limits.push_back(ParseLimit(text));
+}
+
+}  // namespace host

@@ -1,0 +1,55 @@
+// All options with their help.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <string>
+
+#include "commandline/Options.h"
+
+namespace host {
+
+/// Adds the options to a CLI11 application. Parsing fills `options` in, in the order of the command
+/// line; a later option overrides an earlier one. Throws UsageError for a value that does not fit.
+class OptionTable {
+ public:
+  /// Both outlive the table, and parsing needs all three.
+  OptionTable(CLI::App& app, Options& options);
+  OptionTable(const OptionTable&) = delete;
+  OptionTable& operator=(const OptionTable&) = delete;
+
+  /// "--nmea needs FILE".
+  std::string DescribeMissingValue(const std::string& name) const;
+
+ private:
+  using TakeFlag = std::function<void()>;
+  using TakeText = std::function<void(const std::string& text)>;
+
+  void AddSources();
+  void AddOutputs();
+  void AddWindow();
+  void AddPictures();
+  void AddTrip();
+  void AddSounds();
+  void AddMessages();
+  void AddOthers();
+
+  /// Heading of the options added from here on.
+  void StartGroup(const char* heading);
+  void AddFlag(const char* name, const char* help, TakeFlag take);
+  /// Option with a value. Names the option and the text in the UsageError when `take` throws
+  /// BadValue.
+  void AddValue(const char* name, const char* valueName, const char* help, TakeText take);
+  /// Option that may go without its value; `take` gets an empty text then.
+  void AddOptionalValue(const char* name, const char* valueName, const char* help, TakeText take);
+
+  void ChooseSource(const std::string& name, Options::Source source);
+  void AddLimit(const std::string& text);
+
+  CLI::App& app;
+  Options& options;
+  /// Option that chose the source; empty at first.
+  std::string sourceName;
+};
+
+}  // namespace host

@@ -1,0 +1,108 @@
+#include "commandline/Values.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <optional>
+#include <string_view>
+
+namespace host {
+
+namespace {
+
+constexpr std::array BAUD_RATES = {300, 2400, 4800, 9600, 19200, 38400, 57600, 115200};
+constexpr double LOWEST_RATE = 0.01;
+constexpr double HIGHEST_RATE = 10000;
+constexpr int HIGHEST_LIMIT = 999;
+constexpr int SMALLEST_SIDE = 64;
+constexpr int LARGEST_SIDE = 4096;
+
+/// Nothing when the whole text is not one number.
+template <class Number>
+std::optional<Number> ParseNumber(std::string_view text) {
+  Number number = 0;
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
+  const bool isWhole = result.ec == std::errc() && result.ptr == text.data() + text.size();
+  return isWhole ? std::optional(number) : std::nullopt;
+}
+
+std::optional<int> ParseBetween(std::string_view text, int lowest, int highest) {
+  const std::optional<int> number = ParseNumber<int>(text);
+  return number && *number >= lowest && *number <= highest ? number : std::nullopt;
+}
+
+}  // namespace
+
+int ParseWholeNumber(const std::string& text, int lowest, int highest) {
+  const std::optional<int> number = ParseBetween(text, lowest, highest);
+  if (!number) {
+    throw BadValue("a whole number from " + std::to_string(lowest) + " to " +
+                   std::to_string(highest));
+  }
+  return *number;
+}
+
+int ParseBaudRate(const std::string& text) {
+  const std::optional<int> rate = ParseNumber<int>(text);
+  if (!rate || std::find(BAUD_RATES.begin(), BAUD_RATES.end(), *rate) == BAUD_RATES.end()) {
+    throw BadValue("one of 300, 2400, 4800, 9600, 19200, 38400, 57600, 115200");
+  }
+  return *rate;
+}
+
+double ParseRate(const std::string& text) {
+  if (text == "max") {
+    return 0;
+  }
+  const std::optional<double> rate = ParseNumber<double>(text);
+  const bool isInRange = rate && *rate >= LOWEST_RATE && *rate <= HIGHEST_RATE;
+  if (!isInRange) {
+    throw BadValue("\"max\" or a number from 0.01 to 10000");
+  }
+  return *rate;
+}
+
+Options::Size ParseSize(const std::string& text) {
+  const std::size_t times = std::min(text.find('x'), text.size());
+  const std::string_view width = std::string_view(text).substr(0, times);
+  const std::string_view height = std::string_view(text).substr(std::min(times + 1, text.size()));
+  const std::optional<int> columns = ParseBetween(width, SMALLEST_SIDE, LARGEST_SIDE);
+  const std::optional<int> rows = ParseBetween(height, SMALLEST_SIDE, LARGEST_SIDE);
+  if (!columns || !rows) {
+    throw BadValue("a size such as 800x480, with sides from 64 to 4096");
+  }
+  return {*columns, *rows};
+}
+
+Options::Limit ParseLimit(const std::string& text) {
+  Options::Limit limit;
+  const std::size_t colon = text.find(':');
+  const std::optional<int> kmh =
+      ParseBetween(std::string_view(text).substr(0, colon), 1, HIGHEST_LIMIT);
+  const std::optional<int> band =
+      colon == std::string::npos
+          ? limit.band
+          : ParseBetween(std::string_view(text).substr(colon + 1), 1, HIGHEST_LIMIT);
+  if (!kmh || !band) {
+    throw BadValue(
+        "\"none\", a speed such as 50, or a speed and a band such as 50:10, each "
+        "from 1 to 999");
+  }
+  return {*kmh, *band};
+}
+
+std::string ParseLanguage(const std::string& text) {
+  if (text != "en" && text != "ru") {
+    throw BadValue(R"("en" or "ru")");
+  }
+  return text == "ru" ? "RUS" : "ENU";
+}
+
+std::string ParseSettingsText(const std::string& text) {
+  if (text.find_first_of("[\r\n") != std::string::npos) {
+    throw BadValue("a text without \"[\" and line ends");
+  }
+  return text;
+}
+
+}  // namespace host

@@ -1,0 +1,39 @@
+// Values as they are typed on the command line.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+#include "commandline/Options.h"
+
+namespace host {
+
+/// A value that an option cannot take; what() says what it can take, such as "a number".
+class BadValue : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// All of these throw BadValue.
+
+int ParseWholeNumber(const std::string& text, int lowest, int highest);
+
+/// "4800"; only rates that the engine knows.
+int ParseBaudRate(const std::string& text);
+
+/// "10", "0.5", or "max", which is 0.
+double ParseRate(const std::string& text);
+
+/// "800x480".
+Options::Size ParseSize(const std::string& text);
+
+/// "50" or "50:10".
+Options::Limit ParseLimit(const std::string& text);
+
+/// "en" or "ru"; returns "ENU" or "RUS".
+std::string ParseLanguage(const std::string& text);
+
+/// A text that the settings file can hold; returned unchanged.
+std::string ParseSettingsText(const std::string& text);
+
+}  // namespace host
