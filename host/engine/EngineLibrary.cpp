@@ -9,7 +9,7 @@ namespace host {
 
 namespace {
 
-/// Holds every name, value and state.
+/// Long enough for every name, value and state.
 using Buffer = std::array<char, 256>;
 
 std::string Utf8(const Buffer& buffer) {
@@ -19,7 +19,7 @@ std::string Utf8(const Buffer& buffer) {
 template <class Function>
 void Find(HMODULE module, const char* name, Function& function) {
   const FARPROC found = GetProcAddressW(module, handheld::WideFromUtf8(name).c_str());
-  // By way of the one function type that compilers let be cast to any other.
+  // Compilers allow the cast from one function type to another by way of this type.
   function = reinterpret_cast<Function>(reinterpret_cast<void (*)()>(found));
   if (function == nullptr) {
     throw HostError(std::string("the engine library has no ") + name);
@@ -28,51 +28,8 @@ void Find(HMODULE module, const char* name, Function& function) {
 
 EngineLibrary::Functions FindFunctions(HMODULE module) {
   EngineLibrary::Functions functions;
-#define FIND(name) Find(module, #name, functions.name)
-  FIND(StartCallBack);
-  FIND(StopCallBack);
-  FIND(GetWndMessageID);
-  FIND(SetComPortName);
-  FIND(SetComPortSpeed);
-  FIND(SetUseGPSAPI);
-  FIND(GetSensorsCount);
-  FIND(GetSensorName);
-  FIND(GetSensorValue);
-  FIND(IsSensorSaveable);
-  FIND(GetSensorRegistryString);
-  FIND(SetSensorRegistryString);
-  FIND(ResetSensorValue);
-  FIND(GetWidgetsCount);
-  FIND(GetWidgetName);
-  FIND(GetCurRenderWidget);
-  FIND(SetCurRenderWidget);
-  FIND(SetRenderWindow);
-  FIND(GetInvertVert);
-  FIND(SetInvertVert);
-  FIND(GetInvertHorz);
-  FIND(SetInvertHorz);
-  FIND(GetInvertColor);
-  FIND(SetInvertColor);
-  FIND(GetInvertOrient);
-  FIND(SetInvertOrient);
-  FIND(OnDoubleClick);
-  FIND(OnMouseDown);
-  FIND(OnMouseMove);
-  FIND(OnMouseUp);
-  FIND(SetWriteKML);
-  FIND(SetLogFolder);
-  FIND(SendSMS);
-  FIND(GetSMSText);
-  FIND(GetSMSAddress);
-  FIND(SetSMSParams);
-  FIND(IsSMSExist);
-  FIND(GetSpeedEventsCount);
-  FIND(GetEventSpeedLimit);
-  FIND(GetEventSpeedInter);
-  FIND(SetSpeedEvent);
-  FIND(SetBeepOnZero);
-  FIND(GetIniFileValue);
-  FIND(SetIniFileValue);
+#define FIND(name) Find(module, #name, functions.name);
+  FEROLIN_HOST_FUNCTIONS(FIND)
 #undef FIND
   return functions;
 }

@@ -7,10 +7,57 @@
 
 #include "engine/Readout.h"
 
+/// Calls the macro USE with the name of every function of ferolin.h that the host uses.
+#define FEROLIN_HOST_FUNCTIONS(USE) \
+  USE(StartCallBack)                \
+  USE(StopCallBack)                 \
+  USE(GetWndMessageID)              \
+  USE(SetComPortName)               \
+  USE(SetComPortSpeed)              \
+  USE(SetUseGPSAPI)                 \
+  USE(GetSensorsCount)              \
+  USE(GetSensorName)                \
+  USE(GetSensorValue)               \
+  USE(IsSensorSaveable)             \
+  USE(GetSensorRegistryString)      \
+  USE(SetSensorRegistryString)      \
+  USE(ResetSensorValue)             \
+  USE(GetWidgetsCount)              \
+  USE(GetWidgetName)                \
+  USE(GetCurRenderWidget)           \
+  USE(SetCurRenderWidget)           \
+  USE(SetRenderWindow)              \
+  USE(GetInvertVert)                \
+  USE(SetInvertVert)                \
+  USE(GetInvertHorz)                \
+  USE(SetInvertHorz)                \
+  USE(GetInvertColor)               \
+  USE(SetInvertColor)               \
+  USE(GetInvertOrient)              \
+  USE(SetInvertOrient)              \
+  USE(OnDoubleClick)                \
+  USE(OnMouseDown)                  \
+  USE(OnMouseMove)                  \
+  USE(OnMouseUp)                    \
+  USE(SetWriteKML)                  \
+  USE(SetLogFolder)                 \
+  USE(SendSMS)                      \
+  USE(GetSMSText)                   \
+  USE(GetSMSAddress)                \
+  USE(SetSMSParams)                 \
+  USE(IsSMSExist)                   \
+  USE(GetSpeedEventsCount)          \
+  USE(GetEventSpeedLimit)           \
+  USE(GetEventSpeedInter)           \
+  USE(SetSpeedEvent)                \
+  USE(SetBeepOnZero)                \
+  USE(GetIniFileValue)              \
+  USE(SetIniFileValue)
+
 namespace host {
 
-/// Loads the engine and unloads it again; unloading makes it write its track and its settings.
-/// Texts are UTF-8 here. For the host's thread only.
+/// Loads the engine and unloads it again; unloading makes it write its track and its settings. All
+/// texts are UTF-8. For the host's thread only.
 class EngineLibrary {
  public:
   /// Throws HostError when the library is not found or lacks a function.
@@ -19,55 +66,16 @@ class EngineLibrary {
   EngineLibrary& operator=(const EngineLibrary&) = delete;
   ~EngineLibrary();
 
-  /// The functions that the host uses, named as ferolin.h documents them.
+  /// The functions that the host uses, named and documented as in ferolin.h.
   struct Functions {
-    decltype(&::StartCallBack) StartCallBack = nullptr;
-    decltype(&::StopCallBack) StopCallBack = nullptr;
-    decltype(&::GetWndMessageID) GetWndMessageID = nullptr;
-    decltype(&::SetComPortName) SetComPortName = nullptr;
-    decltype(&::SetComPortSpeed) SetComPortSpeed = nullptr;
-    decltype(&::SetUseGPSAPI) SetUseGPSAPI = nullptr;
-    decltype(&::GetSensorsCount) GetSensorsCount = nullptr;
-    decltype(&::GetSensorName) GetSensorName = nullptr;
-    decltype(&::GetSensorValue) GetSensorValue = nullptr;
-    decltype(&::IsSensorSaveable) IsSensorSaveable = nullptr;
-    decltype(&::GetSensorRegistryString) GetSensorRegistryString = nullptr;
-    decltype(&::SetSensorRegistryString) SetSensorRegistryString = nullptr;
-    decltype(&::ResetSensorValue) ResetSensorValue = nullptr;
-    decltype(&::GetWidgetsCount) GetWidgetsCount = nullptr;
-    decltype(&::GetWidgetName) GetWidgetName = nullptr;
-    decltype(&::GetCurRenderWidget) GetCurRenderWidget = nullptr;
-    decltype(&::SetCurRenderWidget) SetCurRenderWidget = nullptr;
-    decltype(&::SetRenderWindow) SetRenderWindow = nullptr;
-    decltype(&::GetInvertVert) GetInvertVert = nullptr;
-    decltype(&::SetInvertVert) SetInvertVert = nullptr;
-    decltype(&::GetInvertHorz) GetInvertHorz = nullptr;
-    decltype(&::SetInvertHorz) SetInvertHorz = nullptr;
-    decltype(&::GetInvertColor) GetInvertColor = nullptr;
-    decltype(&::SetInvertColor) SetInvertColor = nullptr;
-    decltype(&::GetInvertOrient) GetInvertOrient = nullptr;
-    decltype(&::SetInvertOrient) SetInvertOrient = nullptr;
-    decltype(&::OnDoubleClick) OnDoubleClick = nullptr;
-    decltype(&::OnMouseDown) OnMouseDown = nullptr;
-    decltype(&::OnMouseMove) OnMouseMove = nullptr;
-    decltype(&::OnMouseUp) OnMouseUp = nullptr;
-    decltype(&::SetWriteKML) SetWriteKML = nullptr;
-    decltype(&::SetLogFolder) SetLogFolder = nullptr;
-    decltype(&::SendSMS) SendSMS = nullptr;
-    decltype(&::GetSMSText) GetSMSText = nullptr;
-    decltype(&::GetSMSAddress) GetSMSAddress = nullptr;
-    decltype(&::SetSMSParams) SetSMSParams = nullptr;
-    decltype(&::IsSMSExist) IsSMSExist = nullptr;
-    decltype(&::GetSpeedEventsCount) GetSpeedEventsCount = nullptr;
-    decltype(&::GetEventSpeedLimit) GetEventSpeedLimit = nullptr;
-    decltype(&::GetEventSpeedInter) GetEventSpeedInter = nullptr;
-    decltype(&::SetSpeedEvent) SetSpeedEvent = nullptr;
-    decltype(&::SetBeepOnZero) SetBeepOnZero = nullptr;
-    decltype(&::GetIniFileValue) GetIniFileValue = nullptr;
-    decltype(&::SetIniFileValue) SetIniFileValue = nullptr;
+#define DECLARE(name) decltype(&::name) name = nullptr;
+    FEROLIN_HOST_FUNCTIONS(DECLARE)
+#undef DECLARE
   };
 
-  const Functions& operator()() const { return functions; }
+  const Functions& operator()() const {
+    return functions;
+  }
 
   int CountSensors() const;
   std::string GetSensorName(int index) const;
@@ -76,9 +84,9 @@ class EngineLibrary {
   /// State of a saveable sensor.
   std::string GetSensorState(int index) const;
 
-  /// All sensors as they are now.
+  /// Names and present values of all sensors.
   Readouts GetReadouts() const;
-  /// Names and states of the saveable ones.
+  /// Names and present states of the saveable sensors.
   Readouts GetStates() const;
 
  private:

@@ -18,8 +18,8 @@ bool CanHold(const std::string& value) {
 
 }  // namespace
 
-Settings::Settings(const EngineLibrary& engineToUse, const std::string& sectionName)
-    : engine(engineToUse), section(handheld::WideFromUtf8(sectionName)) {}
+Settings::Settings(const EngineLibrary& engine, const std::string& section)
+    : engine(engine), section(handheld::WideFromUtf8(section)) {}
 
 std::string Settings::Get(const std::string& key) const {
   std::array<char, 2048> buffer = {};

@@ -7,16 +7,17 @@
 
 namespace host {
 
-/// Values are read when the engine is loaded and reach the file when it is unloaded.
+/// The engine reads the file when it is loaded and writes it when it is unloaded.
 class Settings {
  public:
-  Settings(const EngineLibrary& engineToUse, const std::string& sectionName);
+  /// The engine outlives it.
+  Settings(const EngineLibrary& engine, const std::string& section);
 
-  /// Empty when there is none.
+  /// Empty when there is no value.
   std::string Get(const std::string& key) const;
 
-  /// A value that the file cannot hold (one with "[", control characters or letters that the
-  /// device's code page lacks) is stored as an empty one.
+  /// Stores an empty value for one that the file cannot hold: with "[", control characters, or
+  /// letters that the device's code page lacks.
   void Set(const std::string& key, const std::string& value) const;
 
  private:

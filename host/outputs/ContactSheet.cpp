@@ -14,7 +14,7 @@ constexpr int LONG_SIDE = 320;
 constexpr int GAP = 12;
 constexpr std::uint32_t BACKGROUND = 0x606060;
 
-/// Of each view: upright with buttons and without, across with buttons and without.
+/// Portrait and landscape, each with and without buttons.
 constexpr std::size_t PER_VIEW = 4;
 
 struct Place {
@@ -23,9 +23,9 @@ struct Place {
 };
 
 constexpr int PlaceOfColumn(std::size_t column) {
-  const int uprights = std::min(static_cast<int>(column), 2);
-  const int across = static_cast<int>(column) - uprights;
-  return GAP + uprights * (SHORT_SIDE + GAP) + across * (LONG_SIDE + GAP);
+  const int portraits = std::min(static_cast<int>(column), 2);
+  const int landscapes = static_cast<int>(column) - portraits;
+  return GAP + portraits * (SHORT_SIDE + GAP) + landscapes * (LONG_SIDE + GAP);
 }
 
 Place PlaceOf(std::size_t picture) {
@@ -43,14 +43,16 @@ void Paste(const handheld::Pixels& picture, Place place, handheld::Pixels& sheet
 
 }  // namespace
 
-ContactSheet::ContactSheet(const EngineLibrary::Functions& engineToUse, int updatesBefore)
-    : engine(engineToUse),
+ContactSheet::ContactSheet(const EngineLibrary::Functions& engine, std::string file,
+                           int updatesBefore)
+    : engine(engine),
+      file(std::move(file)),
       portrait(SHORT_SIDE, LONG_SIDE),
       landscape(LONG_SIDE, SHORT_SIDE),
       updatesToSkip(updatesBefore),
       wanted(static_cast<std::size_t>(engine.GetWidgetsCount()) * PER_VIEW) {
   engine.SetRenderWindow(portrait.GetHandle());
-  engine.SetCurRenderWidget(0);
+  engine.SetCurRenderWidget(FEROLIN_VIEW_SPEEDOMETER);
 }
 
 ContactSheet::~ContactSheet() {
@@ -65,8 +67,8 @@ RenderWindow& ContactSheet::GetWindow() {
   return pictures.size() % PER_VIEW < 2 ? portrait : landscape;
 }
 
-/// Asks for the next picture. Arriving at a view shows its buttons; else they are shown and hidden
-/// in turn, beginning with none, as they vanish by themselves before the first picture.
+/// Makes the engine draw the next picture. Arriving at a view shows its buttons; otherwise a double
+/// click shows and hides them in turn. They have vanished by themselves before the first picture.
 void ContactSheet::Prepare() {
   const bool arrives = engine.GetCurRenderWidget() != GetView();
   engine.SetRenderWindow(GetWindow().GetHandle());
@@ -76,8 +78,8 @@ void ContactSheet::Prepare() {
   }
 }
 
-/// Every update has its frame, and each frame is waited for from the very first: a frame under way
-/// while something is changed would be neither the old nor the new one.
+/// Waits for the frame of every update, the skipped ones included: a frame drawn while the view
+/// changes would be neither the old nor the new one.
 bool ContactSheet::OnUpdate() {
   if (pictures.size() == wanted) {
     return true;
@@ -100,7 +102,7 @@ bool ContactSheet::OnUpdate() {
   return false;
 }
 
-void ContactSheet::Write(const std::string& path) const {
+void ContactSheet::Finish() {
   if (pictures.size() < wanted) {
     throw HostError("no contact sheet: positions ended before all views were drawn");
   }
@@ -112,7 +114,7 @@ void ContactSheet::Write(const std::string& path) const {
   for (std::size_t i = 0; i < pictures.size(); ++i) {
     Paste(pictures[i], PlaceOf(i), sheet);
   }
-  WritePng(path, sheet);
+  WritePng(file, sheet);
 }
 
 }  // namespace host

@@ -5,24 +5,23 @@
 #include <vector>
 
 #include "engine/EngineLibrary.h"
+#include "outputs/Pictures.h"
 #include "window/RenderWindow.h"
 
 namespace host {
 
-/// Takes pictures of every view, upright (240 x 320) and across (320 x 240), each with its buttons
-/// and without, one update after the other, and puts them together: a row for each view. For the
-/// host's thread.
-class ContactSheet {
+/// Takes pictures of every view, portrait (240 x 320) and landscape (320 x 240), each with and
+/// without its buttons, one at each update, and writes them as one picture with a row for each view.
+class ContactSheet : public Pictures {
  public:
-  /// The engine outlives it. `updatesBefore` pass until the first picture.
-  ContactSheet(const EngineLibrary::Functions& engineToUse, int updatesBefore);
-  ~ContactSheet();
+  /// The engine outlives it. `updatesBefore` updates pass until the first picture.
+  ContactSheet(const EngineLibrary::Functions& engine, std::string file, int updatesBefore);
+  ContactSheet(const ContactSheet&) = delete;
+  ContactSheet& operator=(const ContactSheet&) = delete;
+  ~ContactSheet() override;
 
-  /// An update was read by the host. True when all pictures are there.
-  bool OnUpdate();
-
-  /// Throws HostError, also when pictures are missing.
-  void Write(const std::string& path) const;
+  bool OnUpdate() override;
+  void Finish() override;
 
  private:
   void Prepare();
@@ -30,6 +29,7 @@ class ContactSheet {
   RenderWindow& GetWindow();
 
   const EngineLibrary::Functions& engine;
+  const std::string file;
   RenderWindow portrait;
   RenderWindow landscape;
   int updatesToSkip;

@@ -1,6 +1,8 @@
 #include "outputs/FrameFiles.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <optional>
 
 #include "base/HostError.h"
 #include "outputs/PngWriter.h"
@@ -19,8 +21,9 @@ std::string FileName(std::uint64_t number) {
 
 }  // namespace
 
-FrameFiles::FrameFiles(const std::string& framesFolder, const std::string& shotFile)
-    : folder(framesFolder), shot(shotFile) {
+FrameFiles::FrameFiles(RenderWindow& window, const std::string& framesFolder,
+                       const std::string& shotFile)
+    : window(window), folder(framesFolder), shot(shotFile) {
   if (folder.empty()) {
     return;
   }
@@ -31,14 +34,19 @@ FrameFiles::FrameFiles(const std::string& framesFolder, const std::string& shotF
   }
 }
 
-void FrameFiles::Add(handheld::Pixels frame) {
-  last = std::move(frame);
+bool FrameFiles::OnUpdate() {
+  std::optional<handheld::Pixels> frame = window.AwaitFrame();
+  if (!frame) {
+    return false;
+  }
+  last = std::move(*frame);
   if (!folder.empty()) {
     WritePng(folder + FileName(++count), last);
   }
+  return false;
 }
 
-void FrameFiles::Finish() const {
+void FrameFiles::Finish() {
   if (shot.empty()) {
     return;
   }

@@ -2,28 +2,27 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 
 #include "handheld.h"
+#include "outputs/Pictures.h"
+#include "window/RenderWindow.h"
 
 namespace host {
 
-/// Writes every frame into a folder, and the last one into a file, if these are named (not empty).
-class FrameFiles {
+/// Writes every frame into a folder, "frame000001.png" and so on, and the last frame into a file.
+class FrameFiles : public Pictures {
  public:
-  /// Creates the folder. Throws HostError when that cannot be done.
-  FrameFiles(const std::string& framesFolder, const std::string& shotFile);
+  /// Folder and file may be empty: nothing is written there. The window outlives this object.
+  /// Creates the folder; throws HostError when that fails.
+  FrameFiles(RenderWindow& window, const std::string& framesFolder, const std::string& shotFile);
 
-  bool AreWanted() const { return !folder.empty() || !shot.empty(); }
-
-  /// Writes "frame000001.png" and so on. Throws HostError.
-  void Add(handheld::Pixels frame);
-
-  /// Writes the last frame. Throws HostError, also when there was none.
-  void Finish() const;
+  /// Always false: every update has a frame.
+  bool OnUpdate() override;
+  void Finish() override;
 
  private:
+  RenderWindow& window;
   std::string folder;
   std::string shot;
   std::uint64_t count = 0;

@@ -2,13 +2,13 @@
 #pragma once
 
 #include "outputs/Output.h"
-#include "outputs/Screen.h"
+#include "outputs/StandardOutput.h"
 
 namespace host {
 
 class JsonOutput : public Output {
  public:
-  explicit JsonOutput(StandardOutput& outputToUse) : output(outputToUse) {}
+  explicit JsonOutput(StandardOutput& output) : output(output) {}
 
   void Show(const Update& update) override;
   void Finish(const Update& last, const Readouts& registry) override;

@@ -1,5 +1,7 @@
 #include "outputs/LineOutput.h"
 
+#include <ferolin.h>
+
 #include <algorithm>
 #include <array>
 #include <string>
@@ -11,7 +13,9 @@ namespace host {
 namespace {
 
 constexpr std::chrono::seconds LONGEST_SILENCE(10);
-constexpr std::array IN_LINE = {GPS_STATUS, CURRENT_TIME, SPEED, DISTANCE, ELAPSED};
+constexpr std::array<std::size_t, 5> IN_LINE = {FEROLIN_SENSOR_GPS_STATUS,
+                                                FEROLIN_SENSOR_CURRENT_TIME, FEROLIN_SENSOR_SPEED,
+                                                FEROLIN_SENSOR_DISTANCE, FEROLIN_SENSOR_ELAPSED};
 
 }  // namespace
 
@@ -35,9 +39,9 @@ void LineOutput::Show(const Update& update) {
     line = PadLeft(std::to_string(static_cast<int>(*update.progress * 100)), 3) + " %  ";
   }
   line += "update " + std::to_string(update.number);
-  for (const std::size_t place : IN_LINE) {
-    if (place < update.readouts.size() && !update.readouts[place].value.empty()) {
-      line += "  " + update.readouts[place].value;
+  for (const std::size_t sensor : IN_LINE) {
+    if (sensor < update.readouts.size() && !update.readouts[sensor].value.empty()) {
+      line += "  " + update.readouts[sensor].value;
     }
   }
   output.Write(line + "\n");

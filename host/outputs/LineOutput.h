@@ -4,15 +4,15 @@
 #include <chrono>
 
 #include "outputs/Output.h"
-#include "outputs/Screen.h"
+#include "outputs/StandardOutput.h"
 
 namespace host {
 
 class LineOutput : public Output {
  public:
-  explicit LineOutput(StandardOutput& outputToUse) : output(outputToUse) {}
+  explicit LineOutput(StandardOutput& output) : output(output) {}
 
-  /// A line at the first update, then at every tenth of a recording or every ten seconds.
+  /// Prints a line at the first update, then at every tenth of a recording or every ten seconds.
   void Show(const Update& update) override;
   void Finish(const Update& last, const Readouts& registry) override;
 

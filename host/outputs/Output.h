@@ -1,4 +1,4 @@
-// Where the read-outs go.
+// Where the read-outs are shown.
 #pragma once
 
 #include "engine/Readout.h"
@@ -9,18 +9,15 @@ class Output {
  public:
   virtual ~Output() = default;
 
-  /// Shows an update. What is shown may lag behind when updates come very fast.
+  /// Shows an update; may skip updates that come very fast.
   virtual void Show(const Update& update) = 0;
 
-  /// Draws anew what is shown, after the terminal has changed its size.
+  /// Draws again after the terminal has changed its size.
   virtual void Redraw() {}
 
-  /// The run is over: shows how it ended. `last` is the last update (number 0 when there was none),
-  /// `registry` holds names and states of the saveable sensors.
+  /// Shows how the run ended. `last` is the last update (number 0 when there was none), `registry`
+  /// holds names and states of the saveable sensors.
   virtual void Finish(const Update& last, const Readouts& registry) = 0;
-
-  /// Whether the screen is taken, so that messages have to wait until after Finish.
-  virtual bool IsFullScreen() const { return false; }
 };
 
 }  // namespace host

@@ -7,7 +7,7 @@
 
 namespace host {
 
-/// Overwrites the file. Throws HostError when it cannot be written or there are no pixels.
+/// Overwrites the file. Throws HostError when there are no pixels or the file cannot be written.
 void WritePng(const std::string& path, const handheld::Pixels& pixels);
 
 }  // namespace host

@@ -1,11 +1,10 @@
 #include "outputs/Screen.h"
 
-#include <poll.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <atomic>
-#include <cerrno>
+#include <string_view>
 
 namespace host {
 
@@ -22,22 +21,6 @@ constexpr std::string_view ERASE_BELOW = "\x1b[J";
 std::atomic<bool> isShown = false;
 
 }  // namespace
-
-bool StandardOutput::Write(std::string_view text) {
-  while (!broken && !text.empty()) {
-    const ssize_t written = write(STDOUT_FILENO, text.data(), text.size());
-    if (written >= 0) {
-      text.remove_prefix(static_cast<std::size_t>(written));
-    } else if (errno == EAGAIN) {
-      pollfd wait = {STDOUT_FILENO, POLLOUT, 0};
-      poll(&wait, 1, -1);
-    } else if (errno != EINTR) {
-      broken = true;
-      error = errno;
-    }
-  }
-  return !broken;
-}
 
 bool Screen::IsTerminal() {
   return isatty(STDOUT_FILENO) != 0;

@@ -4,14 +4,14 @@ namespace host {
 
 namespace {
 
-/// Faster than this nobody reads it.
+/// Shortest time between two redraws, because nobody reads faster.
 constexpr std::chrono::milliseconds SHORTEST_VIEW(50);
 
 }  // namespace
 
-TableOutput::TableOutput(StandardOutput& outputToUse, const std::string& source,
+TableOutput::TableOutput(StandardOutput& output, const std::string& source,
                          const Readouts& readouts)
-    : output(outputToUse), screen(outputToUse), table(source) {
+    : output(output), screen(output), table(source) {
   shown.readouts = readouts;
   Draw();
 }
@@ -31,7 +31,6 @@ void TableOutput::Draw() {
 
 void TableOutput::Finish(const Update& last, const Readouts&) {
   Screen::Restore();
-  isOnScreen = false;
   std::string text;
   for (const std::string& line :
        TerminalTable::LayOutReadouts(last.readouts, Screen::GetSize().columns)) {

@@ -12,13 +12,12 @@ namespace host {
 
 class TableOutput : public Output {
  public:
-  /// `source` stands in the title. The table is there at once, still empty.
-  TableOutput(StandardOutput& outputToUse, const std::string& source, const Readouts& readouts);
+  /// Shows the table at once, with `source` in its title. The output outlives it.
+  TableOutput(StandardOutput& output, const std::string& source, const Readouts& readouts);
 
   void Show(const Update& update) override;
   void Redraw() override { Draw(); }
   void Finish(const Update& last, const Readouts& registry) override;
-  bool IsFullScreen() const override { return isOnScreen; }
 
  private:
   void Draw();
@@ -28,7 +27,6 @@ class TableOutput : public Output {
   TerminalTable table;
   Update shown;
   std::chrono::steady_clock::time_point lastDrawn;
-  bool isOnScreen = true;
 };
 
 }  // namespace host

@@ -1,8 +1,9 @@
 #include "outputs/TerminalTable.h"
 
+#include <ferolin.h>
+
 #include <algorithm>
 #include <array>
-#include <span>
 
 #include "base/DisplayText.h"
 
@@ -13,20 +14,50 @@ namespace {
 constexpr std::size_t GAP = 4;
 constexpr std::size_t WIDEST_CELL = 44;
 constexpr std::size_t LONGEST_BAR = 60;
-/// An empty line between two groups.
+/// Stands for an empty line between two groups.
 constexpr int SPACE = -1;
+constexpr std::size_t LINES = 19;
 
-// Places in the engine's order, sorted for the eye.
-constexpr std::array LEFT = {0,     1,  2,  24, SPACE, 9,     10, 8,  6, 7,
-                             SPACE, 17, 18, 19, 20,    SPACE, 21, 22, 23};
-constexpr std::array RIGHT = {11, 27, 12, 28,    29, 13, 30, 31, 32, 14,
-                              33, 15, 16, SPACE, 3,  4,  25, 5,  26};
+// Sensors in groups.
+constexpr std::array<int, LINES> LEFT = {
+    FEROLIN_SENSOR_GPS_STATUS,
+    FEROLIN_SENSOR_SATELLITES_USED,
+    FEROLIN_SENSOR_CURRENT_TIME,
+    FEROLIN_SENSOR_BATTERY_STATUS,
+    SPACE,
+    FEROLIN_SENSOR_SPEED,
+    FEROLIN_SENSOR_MAX_SPEED,
+    FEROLIN_SENSOR_AVERAGE_SPEED,
+    FEROLIN_SENSOR_DISTANCE,
+    FEROLIN_SENSOR_ELAPSED,
+    SPACE,
+    FEROLIN_SENSOR_LATITUDE,
+    FEROLIN_SENSOR_LONGITUDE,
+    FEROLIN_SENSOR_ALTITUDE,
+    FEROLIN_SENSOR_AZIMUTH,
+    SPACE,
+    FEROLIN_SENSOR_HDOP,
+    FEROLIN_SENSOR_VDOP,
+    FEROLIN_SENSOR_PDOP,
+};
+constexpr std::array<int, LINES> RIGHT = {
+    FEROLIN_SENSOR_ACCEL_10,      FEROLIN_SENSOR_ACCEL_20,
+    FEROLIN_SENSOR_ACCEL_30,      FEROLIN_SENSOR_ACCEL_40,
+    FEROLIN_SENSOR_ACCEL_50,      FEROLIN_SENSOR_ACCEL_60,
+    FEROLIN_SENSOR_ACCEL_70,      FEROLIN_SENSOR_ACCEL_80,
+    FEROLIN_SENSOR_ACCEL_90,      FEROLIN_SENSOR_ACCEL_100,
+    FEROLIN_SENSOR_ACCEL_120,     FEROLIN_SENSOR_ACCEL_150,
+    FEROLIN_SENSOR_ACCEL_200,     SPACE,
+    FEROLIN_SENSOR_FASTEST_100,   FEROLIN_SENSOR_FASTEST_402,
+    FEROLIN_SENSOR_FASTEST_500,   FEROLIN_SENSOR_FASTEST_1000,
+    FEROLIN_SENSOR_FASTEST_10000,
+};
 
-std::string Cell(const Readouts& readouts, int place, std::size_t columns) {
-  if (place == SPACE || static_cast<std::size_t>(place) >= readouts.size()) {
+std::string Cell(const Readouts& readouts, int sensor, std::size_t columns) {
+  if (sensor == SPACE || static_cast<std::size_t>(sensor) >= readouts.size()) {
     return PadRight("", columns);
   }
-  const Readout& each = readouts[static_cast<std::size_t>(place)];
+  const Readout& each = readouts[static_cast<std::size_t>(sensor)];
   const std::string value = CutToColumns(each.value, columns);
   const std::size_t room = columns - CountColumns(value);
   return PadRight(CutToColumns(each.name, room > 0 ? room - 1 : 0), room) + value;
@@ -34,11 +65,10 @@ std::string Cell(const Readouts& readouts, int place, std::size_t columns) {
 
 std::vector<std::string> OneColumn(const Readouts& readouts, std::size_t columns) {
   std::vector<std::string> lines;
-  for (const std::span<const int> side :
-       {std::span<const int>(LEFT), std::span<const int>(RIGHT)}) {
-    for (const int place : side) {
-      if (place != SPACE) {
-        lines.push_back(Cell(readouts, place, std::min(columns, WIDEST_CELL)));
+  for (const auto& side : {LEFT, RIGHT}) {
+    for (const int sensor : side) {
+      if (sensor != SPACE) {
+        lines.push_back(Cell(readouts, sensor, std::min(columns, WIDEST_CELL)));
       }
     }
   }
@@ -46,17 +76,16 @@ std::vector<std::string> OneColumn(const Readouts& readouts, std::size_t columns
 }
 
 std::vector<std::string> TwoColumns(const Readouts& readouts, std::size_t columns) {
-  static_assert(LEFT.size() == RIGHT.size());
   const std::size_t cell = std::min((columns - GAP) / 2, WIDEST_CELL);
   std::vector<std::string> lines;
-  for (std::size_t i = 0; i < LEFT.size(); ++i) {
+  for (std::size_t i = 0; i < LINES; ++i) {
     lines.push_back(Cell(readouts, LEFT[i], cell) + std::string(GAP, ' ') +
                     Cell(readouts, RIGHT[i], cell));
   }
   return lines;
 }
 
-/// `left` and `right` at the two ends of a line; `right` gives way.
+/// A line with `left` and `right` at its ends; without `right` when there is no room for both.
 std::string Ends(const std::string& left, const std::string& right, std::size_t columns) {
   const std::size_t leftColumns = CountColumns(left);
   if (leftColumns + 2 + CountColumns(right) > columns) {

@@ -3,16 +3,21 @@
 #include <cerrno>
 #include <cstring>
 #include <memory>
+#include <optional>
 
 #include "base/HostError.h"
 #include "base/Messages.h"
 #include "commandline/CommandLine.h"
 #include "engine/EngineLibrary.h"
 #include "handheld.h"
+#include "outputs/StandardOutput.h"
+#include "run/Choices.h"
 #include "run/HomeFolder.h"
 #include "run/HostRun.h"
 #include "run/SignalWatcher.h"
+#include "run/TrackFolder.h"
 #include "sources/FileSource.h"
+#include "window/ViewNames.h"
 
 namespace host {
 
@@ -32,7 +37,42 @@ void PrepareDevice(const Options& options, const HomeFolder& home) {
   }
 }
 
-void Play(const Options& options, StandardOutput& output, Messages& messages) {
+/// Makes `options` complete: checks the view's name and fills in the choices used last.
+void Complete(Options& options, const EngineLibrary& engine, const Choices& choices) {
+  if (!options.picture.view.empty()) {
+    options.picture.view = std::to_string(FindView(engine(), options.picture.view));
+  }
+  choices.Recall(options);
+}
+
+/// Tells the engine where to write the track; nothing when none is wanted. Makes the user's folder
+/// an absolute path, so that it is found again from any other folder.
+std::optional<TrackFolder> OpenTrackFolder(Options& options, const EngineLibrary& engine,
+                                           const HomeFolder& home) {
+  if (!options.writeKml) {
+    return std::nullopt;
+  }
+  const bool hasOwnFolder = !options.kmlFolder.empty();
+  TrackFolder folder(hasOwnFolder ? options.kmlFolder : home.GetPath() + "/Tracks");
+  if (hasOwnFolder) {
+    options.kmlFolder = folder.GetPath().string();
+    engine().SetLogFolder(handheld::DevicePath(options.kmlFolder).c_str());
+  }
+  engine().SetWriteKML(1);
+  return folder;
+}
+
+void SayTracks(const TrackFolder& folder, Messages& messages) {
+  const std::vector<std::string> files = folder.DescribeNewFiles();
+  for (const std::string& file : files) {
+    messages.Say("track written to " + file);
+  }
+  if (files.empty()) {
+    messages.Say("no track written: there was no position");
+  }
+}
+
+void Play(Options options, StandardOutput& output, Messages& messages) {
   SignalWatcher signals;
   std::unique_ptr<NmeaSource> recording = OpenRecording(options);
   const HomeFolder home(options.home);
@@ -40,19 +80,14 @@ void Play(const Options& options, StandardOutput& output, Messages& messages) {
   std::optional<TrackFolder> tracks;
   {
     const EngineLibrary engine;
-    HostRun run(engine, options, home, std::move(recording), output, messages);
-    run.Run(signals);
-    tracks = run.GetTrackFolder();
+    const Choices choices(engine);
+    Complete(options, engine, choices);
+    tracks = OpenTrackFolder(options, engine, home);
+    HostRun(engine, options, choices, std::move(recording), signals, output, messages).Run();
   }
   // The engine writes the track when it is unloaded.
   if (tracks) {
-    const std::vector<std::string> files = tracks->DescribeNewFiles();
-    for (const std::string& file : files) {
-      messages.Say("track written to " + file);
-    }
-    if (files.empty()) {
-      messages.Say("no track written: there was no position");
-    }
+    SayTracks(*tracks, messages);
   }
 }
 

@@ -6,8 +6,9 @@
 
 namespace host {
 
-/// Does what the arguments (without the program's name) ask for and returns the exit status: 0, 1
-/// for a failure, 2 for a wrong command line. Failures are said on standard error in one line.
+/// Runs the program with these arguments, without the program's name. Returns the exit status: 0 for
+/// success, 1 for a failure, 2 for a wrong command line. Prints an error as one line on standard
+/// error.
 int RunApplication(const std::vector<std::string>& arguments);
 
 }  // namespace host

@@ -9,6 +9,7 @@ namespace host {
 
 namespace {
 
+constexpr const char* SECTION = "Host";
 constexpr const char* DEVICE = "Device";
 constexpr const char* BAUD = "Baud";
 constexpr const char* GPSD = "Gpsd";
@@ -33,7 +34,24 @@ int ParseBaud(const std::string& text) {
   return baud;
 }
 
-void RecallPort(Options& options, const Settings& settings) {
+}  // namespace
+
+Choices::Choices(const EngineLibrary& engine) : settings(engine, SECTION) {}
+
+void Choices::Recall(Options& options) const {
+  if (options.source == Options::Source::PORT) {
+    RecallPort(options);
+  }
+  if (options.source == Options::Source::GPSD && options.gpsd.empty()) {
+    options.gpsd = settings.Get(GPSD);
+  }
+  if (options.writeKml && options.kmlFolder.empty()) {
+    options.kmlFolder = settings.Get(KML_FOLDER);
+  }
+  RecallPicture(options.picture);
+}
+
+void Choices::RecallPort(Options& options) const {
   const std::string lastDevice = settings.Get(DEVICE);
   if (options.device.empty()) {
     options.device = lastDevice;
@@ -46,21 +64,18 @@ void RecallPort(Options& options, const Settings& settings) {
   }
 }
 
-}  // namespace
-
-void RecallChoices(Options& options, const Settings& settings) {
-  if (options.source == Options::Source::PORT) {
-    RecallPort(options, settings);
+void Choices::RecallPicture(Options::Picture& picture) const {
+  if (picture.view.empty()) {
+    picture.view = settings.Get(VIEW);
   }
-  if (options.source == Options::Source::GPSD && options.gpsd.empty()) {
-    options.gpsd = settings.Get(GPSD);
-  }
-  if (options.writeKml && options.kmlFolder.empty()) {
-    options.kmlFolder = settings.Get(KML_FOLDER);
+  for (const PictureFlag& each : PICTURE_FLAGS) {
+    if (!(picture.*each.flag)) {
+      picture.*each.flag = settings.Get(each.key) == "1";
+    }
   }
 }
 
-void KeepChoices(const Options& options, const Settings& settings) {
+void Choices::Keep(const Options& options) const {
   if (options.source == Options::Source::PORT) {
     settings.Set(DEVICE, options.device);
     settings.Set(BAUD, std::to_string(options.baud.value_or(0)));
@@ -73,18 +88,7 @@ void KeepChoices(const Options& options, const Settings& settings) {
   }
 }
 
-void RecallPicture(Options::Picture& picture, const Settings& settings) {
-  if (picture.view.empty()) {
-    picture.view = settings.Get(VIEW);
-  }
-  for (const PictureFlag& each : PICTURE_FLAGS) {
-    if (!(picture.*each.flag)) {
-      picture.*each.flag = settings.Get(each.key) == "1";
-    }
-  }
-}
-
-void KeepPicture(const Options::Picture& picture, const Settings& settings) {
+void Choices::KeepPicture(const Options::Picture& picture) const {
   settings.Set(VIEW, picture.view);
   for (const PictureFlag& each : PICTURE_FLAGS) {
     settings.Set(each.key, (picture.*each.flag).value_or(false) ? "1" : "0");

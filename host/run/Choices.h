@@ -1,4 +1,4 @@
-// The user's choices from run to run.
+// The user's choices, kept from run to run.
 #pragma once
 
 #include "commandline/Options.h"
@@ -6,18 +6,27 @@
 
 namespace host {
 
-/// The host's own section of the settings file.
-constexpr const char* CHOICES_SECTION = "Host";
+/// Keeps device, baud rate, gpsd address, track folder and picture in the settings file.
+class Choices {
+ public:
+  /// The engine outlives it.
+  explicit Choices(const EngineLibrary& engine);
 
-/// Fills in what the user left to the last time: device, baud rate, gpsd address, folder of the
-/// tracks. Throws UsageError when a device is needed and there was none.
-void RecallChoices(Options& options, const Settings& settings);
+  /// Fills in what the user left out with the values used last. Throws UsageError when a device is
+  /// needed and none was used before.
+  void Recall(Options& options) const;
 
-/// Keeps them for the next time.
-void KeepChoices(const Options& options, const Settings& settings);
+  /// Keeps everything but the picture.
+  void Keep(const Options& options) const;
 
-/// The same for the picture, for runs that draw one. Throws nothing.
-void RecallPicture(Options::Picture& picture, const Settings& settings);
-void KeepPicture(const Options::Picture& picture, const Settings& settings);
+  /// Keeps the picture as it is at the end of a run.
+  void KeepPicture(const Options::Picture& picture) const;
+
+ private:
+  void RecallPort(Options& options) const;
+  void RecallPicture(Options::Picture& picture) const;
+
+  Settings settings;
+};
 
 }  // namespace host

@@ -57,7 +57,7 @@ void LinkSharedFiles(const fs::path& from, const fs::path& to) {
     std::error_code error;
     const bool isMissing = fs::exists(from / name, error) && !fs::exists(to / name, error);
     if (isMissing) {
-      fs::remove(to / name, error);  // a link that leads nowhere any more
+      fs::remove(to / name, error);  // a broken link
       fs::create_symlink(from / name, to / name, error);
     }
   }

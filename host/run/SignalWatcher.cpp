@@ -27,7 +27,7 @@ sigset_t Watched() {
 FileDescriptor BlockAndOpen() {
   const sigset_t set = Watched();
   pthread_sigmask(SIG_BLOCK, &set, nullptr);
-  // A reader of our output that goes away is noticed when writing.
+  // Writing reports a closed pipe instead.
   std::signal(SIGPIPE, SIG_IGN);
   return FileDescriptor(signalfd(-1, &set, SFD_CLOEXEC | SFD_NONBLOCK));
 }

@@ -1,4 +1,4 @@
-// Ctrl-C and its relatives.
+// Ctrl-C and other signals.
 #pragma once
 
 #include <csignal>
@@ -9,18 +9,18 @@
 
 namespace host {
 
-/// Takes the signals that ask the program to stop or tell of a new terminal size, on a thread of
-/// its own. Must be made before any other thread, as threads inherit that these signals are left to
-/// it. A second request to stop ends the program at once.
+/// Receives, on a thread of its own, the signals that ask the program to stop or tell a new terminal
+/// size. Make it before any other thread: threads inherit that these signals are blocked. A second
+/// request to stop ends the program at once.
 class SignalWatcher {
  public:
   SignalWatcher();
   ~SignalWatcher();
 
-  /// `onStop` and `onResize` are called on the watcher's thread from now on, once for a stop.
+  /// Calls `onStop` and `onResize` on the watcher's thread from now on, `onStop` at most once.
   void Start(std::function<void()> onStop, std::function<void()> onResize);
 
-  /// Returns when no call is under way or will come.
+  /// Ends the calls; none is under way when it returns.
   void Stop();
 
  private:

@@ -1,14 +1,51 @@
 #include "run/SmsReports.h"
 
+#include <array>
 #include <charconv>
+
+#include "base/HostError.h"
+#include "handheld.h"
 
 namespace host {
 
 namespace {
 
-constexpr int DAY = 24 * 60 * 60;
-/// A clock that went back, not one that ran for so long.
-constexpr int HALF_DAY = DAY / 2;
+constexpr int SECONDS_PER_MINUTE = 60;
+constexpr int SECONDS_PER_DAY = 24 * 60 * 60;
+/// A longer step means that the clock went back.
+constexpr int LONGEST_STEP_SECONDS = SECONDS_PER_DAY / 2;
+
+constexpr const char* DEFAULT_TEXT = "%Time% %Latitude% %Longitude% %Speed% km/h %GoogleMaps%";
+
+/// The engine's own automatic reports stay off.
+constexpr int NOT_AUTOMATIC = 0;
+
+std::string ReadText(void(WINAPI* get)(char*, int)) {
+  std::array<char, 2048> buffer = {};
+  get(buffer.data(), static_cast<int>(buffer.size()));
+  return handheld::Utf8FromAnsi(buffer.data());
+}
+
+void SetParameters(const EngineLibrary::Functions& engine, const Options& options,
+                   Messages& messages) {
+  const bool isChange = options.smsTo || options.smsText || options.smsEveryMinutes > 0;
+  if (!isChange) {
+    return;
+  }
+  const std::string to = options.smsTo.value_or(ReadText(engine.GetSMSAddress));
+  std::string text = options.smsText.value_or(ReadText(engine.GetSMSText));
+  if (text.empty()) {
+    text = DEFAULT_TEXT;
+  }
+  if (options.smsEveryMinutes > 0 && to.empty()) {
+    throw UsageError("--sms-every needs --sms-to: no recipient was given before");
+  }
+  engine.SetSMSParams(handheld::WideFromUtf8(to).c_str(), handheld::WideFromUtf8(text).c_str(),
+                      options.smsEveryMinutes, NOT_AUTOMATIC, NOT_AUTOMATIC);
+  if (options.smsEveryMinutes > 0 && engine.IsSMSExist() == 0) {
+    messages.Say("no position reports are sent: there is no library for messages");
+  }
+}
 
 }  // namespace
 
@@ -31,23 +68,37 @@ std::optional<int> ParseClock(const std::string& text) {
   return seconds;
 }
 
+SmsReports::SmsReports(const EngineLibrary& engine, const Options& options, Messages& messages)
+    : engine(engine), intervalSeconds(options.smsEveryMinutes * SECONDS_PER_MINUTE) {
+  SetParameters(engine(), options, messages);
+}
+
 void SmsReports::OnUpdate(const Update& update) {
-  if (everySeconds == 0 || update.readouts.size() <= SPEED ||
-      update.readouts[SPEED].value.empty()) {
+  const Readouts& readouts = update.readouts;
+  const bool hasPosition =
+      readouts.size() == FEROLIN_SENSOR_COUNT && !readouts[FEROLIN_SENSOR_SPEED].value.empty();
+  if (intervalSeconds == 0 || !hasPosition) {
     return;
   }
-  const std::optional<int> now = ParseClock(update.readouts[CURRENT_TIME].value);
+  const std::optional<int> now = ParseClock(readouts[FEROLIN_SENSOR_CURRENT_TIME].value);
   if (!now) {
     return;
   }
-  const int passed = lastSecond ? (*now - *lastSecond + DAY) % DAY : 0;
-  if (!lastSecond || passed > HALF_DAY) {
+  const int passed = lastSecond ? (*now - *lastSecond + SECONDS_PER_DAY) % SECONDS_PER_DAY : 0;
+  if (!lastSecond || passed > LONGEST_STEP_SECONDS) {
     lastSecond = now;
-  } else if (passed >= everySeconds) {
+  } else if (passed >= intervalSeconds) {
     engine().SendSMS();
     ++sent;
     lastSecond = now;
   }
+}
+
+std::string SmsReports::Describe() const {
+  if (intervalSeconds == 0 || engine().IsSMSExist() == 0) {
+    return {};
+  }
+  return "position reports for " + ReadText(engine().GetSMSAddress) + ": " + std::to_string(sent);
 }
 
 }  // namespace host

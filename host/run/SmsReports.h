@@ -2,28 +2,33 @@
 #pragma once
 
 #include <optional>
+#include <string>
 
+#include "base/Messages.h"
+#include "commandline/Options.h"
 #include "engine/EngineLibrary.h"
 #include "engine/Readout.h"
 
 namespace host {
 
-/// Has the engine send a report whenever so many minutes have passed by the receiver's clock. (The
-/// engine's own automatic step looks at the gap between two successive positions only, so that it
-/// reports after a silence, not on the way.)
+/// Makes the engine send a report whenever the given minutes have passed by the receiver's clock.
+/// (The engine's own automatic reports depend on the gap between two successive positions: they
+/// come after a silence, not on the way.)
 class SmsReports {
  public:
-  /// `everyMinutes` 0 sends none.
-  SmsReports(const EngineLibrary& engineToUse, int everyMinutes)
-      : engine(engineToUse), everySeconds(everyMinutes * 60) {}
+  /// Gives the engine recipients and text. Throws UsageError when reports are asked for and nobody
+  /// gets them. The engine outlives this object.
+  SmsReports(const EngineLibrary& engine, const Options& options, Messages& messages);
 
   void OnUpdate(const Update& update);
 
-  int CountSent() const { return sent; }
+  /// "position reports for +123: 4"; empty when none were asked for or none can be sent.
+  std::string Describe() const;
 
  private:
   const EngineLibrary& engine;
-  const int everySeconds;
+  /// 0: no reports.
+  const int intervalSeconds;
   /// Second of the day of the last report, or of the first position.
   std::optional<int> lastSecond;
   int sent = 0;

@@ -1,4 +1,4 @@
-// Sounds that the engine had played.
+// Counts the sounds that the engine plays.
 #pragma once
 
 #include <map>
@@ -8,7 +8,7 @@ namespace host {
 
 class SoundTally {
  public:
-  /// Takes note of the sounds started since the last time.
+  /// Counts the sounds started since the last call.
   void Collect();
 
   /// "Limit.wav: 3, Zero.wav: 1"; empty when there were none.

@@ -8,16 +8,16 @@
 
 namespace host {
 
-/// Remembers which files were there, so as to tell afterwards which one is new.
+/// Remembers the files that were there, to tell new ones afterwards.
 class TrackFolder {
  public:
-  /// Creates the folder. Throws HostError when that cannot be done or it cannot be written to.
+  /// Creates the folder. Throws HostError when it cannot be created or written to.
   explicit TrackFolder(const std::string& path);
 
   /// Absolute path.
   const std::filesystem::path& GetPath() const { return folder; }
 
-  /// Files written since, with their sizes: "/tracks/Track0001.kml (12 KB)".
+  /// New files with their sizes: "/tracks/Track0001.kml (12 KB)".
   std::vector<std::string> DescribeNewFiles() const;
 
  private:

@@ -6,7 +6,7 @@ namespace host {
 
 namespace {
 
-/// A kind of change: what is said when it begins, and what stands behind its count at the end.
+/// A kind of change with its announcement (null for none) and the label of its count.
 struct Kind {
   std::uint64_t ReceiverBridge::Counts::*count;
   const char* news;
@@ -17,12 +17,13 @@ using Counts = ReceiverBridge::Counts;
 
 constexpr std::array KINDS = {
     Kind{&Counts::talkers, nullptr, "sentences of other talkers read as GP"},
-    Kind{&Counts::times, "fractions of seconds are cut", "times without their fractions"},
+    Kind{&Counts::times, "fractions of seconds are cut", "times with their fractions cut"},
     Kind{&Counts::satellites,
-         "satellite lists are filled up to four satellites a sentence, each system's numbers apart",
-         "satellite lists filled up or renumbered"},
-    Kind{&Counts::speeds, "VTG speeds are put where the engine looks for knots",
-         "VTG speeds put in their place"},
+         "satellite lists are completed to four satellites per sentence, with separate numbers for "
+         "each system",
+         "satellite lists completed or renumbered"},
+    Kind{&Counts::speeds, "VTG speeds are moved to where the engine reads them",
+         "VTG speeds moved"},
     Kind{&Counts::speedsDropped, nullptr, "VTG sentences without a speed left out"},
     Kind{&Counts::damaged, "sentences with a wrong checksum are passed unchanged",
          "sentences with a wrong checksum passed unchanged"},
@@ -48,8 +49,8 @@ std::vector<std::string> BridgeNotices::TakeNews(const Feeder::Report& report) {
     return news;
   }
   if (report.talkers != last.talkers) {
-    news.push_back("the receiver speaks as " + Join(report.talkers) +
-                   ": such sentences are read as GP ones (--raw leaves them alone)");
+    news.push_back("the receiver sends sentences of " + Join(report.talkers) +
+                   ": they are read as GP (--raw turns that off)");
   }
   for (const Kind& kind : KINDS) {
     const bool begins = report.bridge.*kind.count > 0 && last.bridge.*kind.count == 0;
@@ -69,7 +70,7 @@ std::vector<std::string> BridgeNotices::SumUp(const Feeder::Report& report) {
     }
   }
   if (report.linesDropped > 0) {
-    sums.push_back(Sum("lines that are no sentences left out", report.linesDropped));
+    sums.push_back(Sum("lines left out because they are no sentences", report.linesDropped));
   }
   if (report.updatesMissed > 0) {
     sums.push_back(Sum("positions that the engine did not take", report.updatesMissed));

@@ -8,28 +8,26 @@ namespace {
 
 using std::chrono::milliseconds;
 
-/// Recorded time between two epochs when their time stamps do not tell, or tell of a long pause.
+/// Time between two epochs whose time stamps are missing or further apart than LONGEST_STEP_MS.
 constexpr std::int64_t USUAL_STEP_MS = 1000;
 constexpr std::int64_t LONGEST_STEP_MS = 10000;
 
-/// How long an update is waited for: long at first; once updates stay away, shorter and shorter.
+// Limits of the wait for an update. It is halved after every update that does not come.
 constexpr milliseconds LONGEST_PATIENCE(3000);
 constexpr milliseconds SHORTEST_PATIENCE(100);
 
-/// The driver of a serial port collects a burst until the line falls silent. After this pause the
-/// next one is its own.
+/// Pause after which the next bytes are a new burst to the driver of a serial port.
 constexpr milliseconds SILENCE(40);
 constexpr milliseconds LONGEST_READ(2000);
 constexpr milliseconds STEP(2);
 
 }  // namespace
 
-Feeder::Feeder(NmeaSource& sourceToRead, const PseudoTerminal& lineToWrite, Bridge bridgeUse,
-               double paceFactor, std::function<void(const Epoch&)> beforeEpoch,
-               std::function<void()> onEnd)
-    : source(sourceToRead),
-      line(lineToWrite),
-      pace(paceFactor),
+Feeder::Feeder(NmeaSource& source, const PseudoTerminal& line, Bridge bridgeUse, double pace,
+               std::function<void(const Epoch&)> beforeEpoch, std::function<void()> onEnd)
+    : source(source),
+      line(line),
+      pace(pace),
       prepare(std::move(beforeEpoch)),
       end(std::move(onEnd)),
       splitter(bridgeUse == Bridge::ON ? &bridge : nullptr,
@@ -117,22 +115,20 @@ bool Feeder::WaitForTurn(const Epoch& epoch) {
   if (pace <= 0 || epoch.updates == 0) {
     return Pause(Clock::duration::zero());
   }
-  if (lastTurn == Clock::time_point()) {
-    lastTurn = Clock::now();
-  } else {
-    std::int64_t stepMs = epoch.timeMs && lastTimeMs ? *epoch.timeMs - *lastTimeMs : USUAL_STEP_MS;
-    if (stepMs < 0 || stepMs > LONGEST_STEP_MS) {
-      stepMs = USUAL_STEP_MS;
-    }
-    const auto step = std::chrono::duration<double, std::milli>(static_cast<double>(stepMs) / pace);
-    lastTurn += std::chrono::duration_cast<Clock::duration>(step);
-  }
-  lastTimeMs = epoch.timeMs;
   const Clock::time_point now = Clock::now();
-  if (lastTurn < now) {
-    lastTurn = now;
-  }
+  const bool isFirst = lastTurn == Clock::time_point();
+  lastTurn = isFirst ? now : std::max(lastTurn + StepTo(epoch), now);
+  lastTimeMs = epoch.timeMs;
   return Pause(lastTurn - now);
+}
+
+Feeder::Clock::duration Feeder::StepTo(const Epoch& epoch) const {
+  std::int64_t stepMs = epoch.timeMs && lastTimeMs ? *epoch.timeMs - *lastTimeMs : USUAL_STEP_MS;
+  if (stepMs < 0 || stepMs > LONGEST_STEP_MS) {
+    stepMs = USUAL_STEP_MS;
+  }
+  const std::chrono::duration<double, std::milli> step(static_cast<double>(stepMs) / pace);
+  return std::chrono::duration_cast<Clock::duration>(step);
 }
 
 bool Feeder::Write(const std::string& bytes) {
@@ -148,7 +144,7 @@ bool Feeder::Write(const std::string& bytes) {
   }
 }
 
-/// An answer that came after its time was up does not count for what comes now.
+/// Late answers to earlier updates do not count for the coming one.
 void Feeder::Expect(int updates) {
   const std::lock_guard lock(mutex);
   expected = std::max(expected, answered) + static_cast<std::uint64_t>(updates);

@@ -1,4 +1,4 @@
-// Gives the engine what a source sends, at the pace at which the engine takes it.
+// Passes on to the engine what a source sends, as fast as the engine takes it.
 #pragma once
 
 #include <chrono>
@@ -19,41 +19,42 @@
 
 namespace host {
 
-/// Writes one epoch at a time and goes on when the host has answered the update that it makes, so
-/// that no update is missed, however fast the source is. An epoch without an update, and an update
-/// that does not come, are waited for by time. What a receiver has sent meanwhile is written
-/// together with its next epoch, so that it never falls behind.
+/// Writes one epoch and waits until the host has answered its update before it writes the next one,
+/// so that no update is missed, however fast the source is. The wait for an update that does not
+/// come is limited. Epochs that a receiver has sent during the wait are written together, so that
+/// the receiver is never ahead.
 ///
-/// Works on a thread of its own; the source, the line and the bridge belong to that thread while it
-/// runs. All methods are for the host's thread.
+/// Works on a thread of its own, which owns the source, the line and the bridge while it runs. All
+/// methods are for the host's thread.
 class Feeder {
  public:
   enum class Bridge { ON, OFF };
 
   struct Report {
-    /// Share of the source that was written, 0 to 1; nothing when its size is not known.
+    /// Share of the source written so far, 0 to 1; nothing when its size is unknown.
     std::optional<double> progress;
     ReceiverBridge::Counts bridge;
     std::set<std::string> talkers;
     std::uint64_t sentences = 0;
     std::uint64_t linesDropped = 0;
-    /// Updates that the engine was expected to make and did not.
+    /// Expected updates that did not come.
     std::uint64_t updatesMissed = 0;
   };
 
-  /// `paceFactor` is the speed against that of the time stamps, 0 for no pace: as fast as updates
-  /// are answered. `beforeEpoch` is called on the feeder's thread before an epoch is written,
-  /// `onEnd` when everything was written and answered.
-  Feeder(NmeaSource& sourceToRead, const PseudoTerminal& lineToWrite, Bridge bridgeUse,
-         double paceFactor, std::function<void(const Epoch&)> beforeEpoch,
-         std::function<void()> onEnd);
+  /// `pace` is the speed relative to the time stamps; 0 is as fast as updates are answered. On the
+  /// feeder's thread, `beforeEpoch` is called before an epoch is written, and `onEnd` when
+  /// everything was written and answered. Source and line outlive the feeder.
+  Feeder(NmeaSource& source, const PseudoTerminal& line, Bridge bridgeUse, double pace,
+         std::function<void(const Epoch&)> beforeEpoch, std::function<void()> onEnd);
+  Feeder(const Feeder&) = delete;
+  Feeder& operator=(const Feeder&) = delete;
   ~Feeder();
 
   void Start();
-  /// Returns when the thread has ended.
+  /// Returns when the thread has ended. Does nothing when it was not started or has ended.
   void Stop();
 
-  /// An update of the engine was read by the host.
+  /// Call when the host has read an update of the engine.
   void Answer();
 
   Report GetReport() const;
@@ -65,11 +66,13 @@ class Feeder {
   bool FeedQueue();
   Epoch TakeEpoch();
   bool WaitForTurn(const Epoch& epoch);
+  /// Time from the last turn to this epoch's.
+  Clock::duration StepTo(const Epoch& epoch) const;
   bool Write(const std::string& bytes);
   void Expect(int updates);
   bool WaitForAnswer();
   bool WaitUntilRead();
-  /// Waits for that long. False when the feeder was stopped.
+  /// Waits for this time. False when the feeder was stopped.
   bool Pause(Clock::duration duration);
   void Publish(const Epoch& epoch);
 

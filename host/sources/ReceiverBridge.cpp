@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::array<std::string_view, 6> KNOWN_TYPES = {"RMC", "GGA", "GSA", "GSV", "GLL", "VTG"};
 
-/// Satellites numbered 1 to `ownLast` by their own system get `offset` added.
+/// `offset` is added to the satellite numbers 1 to `ownLast` of this system.
 struct SatelliteSystem {
   std::string_view talker;
   int ownLast;
@@ -28,7 +28,7 @@ constexpr std::array<SatelliteSystem, 8> SATELLITE_SYSTEMS = {{
     {"IR", 32, 500},
 }};
 
-// Places in NmeaSentence::fields.
+// Indices in NmeaSentence::fields.
 constexpr std::size_t RMC_TIME = 0;
 constexpr std::size_t GSV_SATELLITES = 3;
 constexpr std::size_t GSV_SATELLITE_FIELDS = 4;
@@ -51,7 +51,7 @@ int ParseNumber(std::string_view text) {
   return value;
 }
 
-/// Brings a GSV to exactly four satellites. True when that changed it.
+/// Completes or cuts a GSV to exactly four satellites. True when that changed it.
 bool FillSatellites(NmeaSentence& sentence) {
   auto& fields = sentence.fields;
   if (fields.size() < GSV_SATELLITES || fields.size() == GSV_FIELDS) {
@@ -64,7 +64,7 @@ bool FillSatellites(NmeaSentence& sentence) {
   return true;
 }
 
-/// Moves the numbers of satellites out of the way of those of GPS. True when there were any.
+/// Separates the satellite numbers of another system from those of GPS. True when a number changed.
 bool RenumberSatellites(NmeaSentence& sentence) {
   const auto* system = std::find_if(
       SATELLITE_SYSTEMS.begin(), SATELLITE_SYSTEMS.end(),
@@ -87,6 +87,10 @@ bool HasUnits(const NmeaSentence& vtg) {
   return vtg.fields.size() > VTG_KNOTS && vtg.fields[VTG_TRUE_UNIT] == "T";
 }
 
+bool IsVtgWithoutSpeed(const NmeaSentence& sentence) {
+  return sentence.GetType() == "VTG" && HasUnits(sentence) && sentence.fields[VTG_KNOTS].empty();
+}
+
 void RemoveUnits(NmeaSentence& vtg) {
   vtg.fields.resize(std::max(vtg.fields.size(), VTG_KMH + 1));
   vtg.fields = {vtg.fields[VTG_TRUE_COURSE], vtg.fields[VTG_MAGNETIC_COURSE], vtg.fields[VTG_KNOTS],
@@ -104,24 +108,39 @@ std::optional<std::string> ReceiverBridge::Rewrite(std::string_view text) {
     ++counts.damaged;
     return std::string(text);
   }
-  bool changed = false;
-  if (sentence.GetType() == "GSV") {
-    changed = FillSatellites(sentence);
-    changed |= RenumberSatellites(sentence);
-    counts.satellites += changed ? 1 : 0;
-  } else if (sentence.GetType() == "VTG" && HasUnits(sentence)) {
-    if (sentence.fields[VTG_KNOTS].empty()) {
-      ++counts.speedsDropped;
-      return std::nullopt;
-    }
-    RemoveUnits(sentence);
-    ++counts.speeds;
-    changed = true;
-  } else if (sentence.GetType() == "RMC") {
-    changed = CutTime(sentence);
+  if (IsVtgWithoutSpeed(sentence)) {
+    ++counts.speedsDropped;
+    return std::nullopt;
   }
-  changed |= RenameTalker(sentence);
-  return changed ? sentence.GetText() : std::string(text);
+  const bool hasNewFields = RewriteFields(sentence);
+  const bool hasNewName = RenameTalker(sentence);
+  return hasNewFields || hasNewName ? sentence.GetText() : std::string(text);
+}
+
+bool ReceiverBridge::RewriteFields(NmeaSentence& sentence) {
+  if (sentence.GetType() == "GSV") {
+    return RewriteSatellites(sentence);
+  }
+  if (sentence.GetType() == "VTG") {
+    return MoveSpeed(sentence);
+  }
+  return sentence.GetType() == "RMC" && CutTime(sentence);
+}
+
+bool ReceiverBridge::RewriteSatellites(NmeaSentence& sentence) {
+  const bool isFilled = FillSatellites(sentence);
+  const bool isRenumbered = RenumberSatellites(sentence);
+  counts.satellites += isFilled || isRenumbered ? 1 : 0;
+  return isFilled || isRenumbered;
+}
+
+bool ReceiverBridge::MoveSpeed(NmeaSentence& sentence) {
+  if (!HasUnits(sentence)) {
+    return false;
+  }
+  RemoveUnits(sentence);
+  ++counts.speeds;
+  return true;
 }
 
 bool ReceiverBridge::RenameTalker(NmeaSentence& sentence) {

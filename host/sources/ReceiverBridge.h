@@ -1,4 +1,4 @@
-// Makes the sentences of today's receivers out as the ones that the engine takes.
+// Converts the sentences of today's receivers to those that the engine understands.
 #pragma once
 
 #include <cstdint>
@@ -11,23 +11,21 @@
 
 namespace host {
 
-/// The engine knows $GPRMC, $GPGGA, $GPGSA, $GPGSV, $GPGLL and $GPVTG in the forms of its day. What
-/// differs is rewritten, with a new checksum:
+/// The engine understands old forms of $GPRMC, $GPGGA, $GPGSA, $GPGSV, $GPGLL and $GPVTG. The bridge
+/// rewrites newer forms, with a new checksum:
 ///   talkers     "GN", "GL", "GA", "GB", ... of these six types become "GP".
-///   satellites  A GSV of another system gets numbers that do not meet those of GPS: GLONASS 65 to
-///               96, QZSS 193 on, Galileo 301 on, BeiDou 401 on, NavIC 501 on. The engine reads four
-///               satellites from every GSV, so a signal number behind the last satellite goes, and
-///               a GSV with fewer than four is filled up with empty ones; else these places would
-///               be taken for satellites.
-///   time        RMC times lose their fraction (hhmmss.ss becomes hhmmss); else the engine would
-///               take its own clock's.
-///   speed       The engine reads knots from the third field of a VTG, where they stood before the
-///               units got fields of their own ("course,T,course,M,knots,N,km/h,K"). Such a VTG is
-///               put back into that form, and one without a speed is dropped, since it would wipe
-///               out the speed of the RMC.
+///   satellites  Satellites of other systems get numbers that differ from those of GPS: GLONASS 65
+///               to 96, QZSS from 193, Galileo from 301, BeiDou from 401, NavIC from 501. The engine
+///               always reads four satellites from a GSV: a signal number behind the last satellite
+///               is removed, and a GSV with fewer than four is completed with empty ones.
+///   time        RMC times lose their fraction (hhmmss.ss becomes hhmmss); with a fraction the
+///               engine would use its own clock.
+///   speed       The engine reads knots from the third field of a VTG, as in the form without units.
+///               A VTG with units ("course,T,course,M,knots,N,km/h,K") is converted to that form. A
+///               VTG without a speed is dropped, because it would erase the speed of the RMC.
 ///
-/// All other sentences pass unchanged. So does one whose checksum is wrong: it must not be made to
-/// look sound.
+/// All other sentences pass unchanged. So does one with a wrong checksum: a new checksum would hide
+/// the damage.
 class ReceiverBridge {
  public:
   struct Counts {
@@ -41,16 +39,20 @@ class ReceiverBridge {
     bool operator==(const Counts&) const = default;
   };
 
-  /// `text` is a sentence: it starts with "$" and has no line end; so has the result. Nothing when
-  /// the sentence is dropped.
+  /// `text` and the result start with "$" and have no line end. Nothing when the sentence is
+  /// dropped.
   std::optional<std::string> Rewrite(std::string_view text);
 
   const Counts& GetCounts() const { return counts; }
 
-  /// Talkers that were renamed so far, such as "GN".
+  /// Talkers renamed so far, such as "GN".
   const std::set<std::string>& GetTalkers() const { return talkers; }
 
  private:
+  // All of these return whether they changed the sentence.
+  bool RewriteFields(NmeaSentence& sentence);
+  bool RewriteSatellites(NmeaSentence& sentence);
+  bool MoveSpeed(NmeaSentence& sentence);
   bool RenameTalker(NmeaSentence& sentence);
   bool CutTime(NmeaSentence& sentence);
 

@@ -1,5 +1,7 @@
 #include "window/HostWindow.h"
 
+#include <ferolin.h>
+
 #include "base/HostError.h"
 
 namespace host {
@@ -48,7 +50,7 @@ HostWindow::Event HostWindow::Wait(DWORD milliseconds) const {
       if (isOurs && message.message == own) {
         return static_cast<Event>(message.wParam);
       }
-      if (isOurs && message.message == update && message.lParam == 0) {
+      if (isOurs && message.message == update && message.lParam == FEROLIN_BUTTON_NONE) {
         return Event::UPDATE;
       }
       if (isOurs && message.message == update) {

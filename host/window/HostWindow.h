@@ -1,4 +1,4 @@
-// The window that the engine notifies, and the loop that waits for what happens.
+// The window that the engine notifies, and the wait for events.
 #pragma once
 
 #include <windows.h>
@@ -7,19 +7,19 @@
 
 namespace host {
 
-/// A hidden window of the thread that makes it. Only Post may be called from other threads.
+/// A hidden window of the thread that makes it. Other threads may call Post only.
 class HostWindow {
  public:
   enum class Event {
     /// The engine has taken a position.
     UPDATE,
-    /// Everything that the source sent was taken.
+    /// The source has ended and the engine has taken everything.
     SOURCE_ENDED,
-    /// The user wants to leave.
+    /// The user ends the program.
     STOP,
     /// The terminal has changed its size.
     RESIZE,
-    /// Nothing of all this for as long as the wait was to last.
+    /// The wait is over without an event.
     NOTHING,
   };
 
@@ -28,8 +28,8 @@ class HostWindow {
   /// Takes the messages of the thread's other windows.
   using OnOther = std::function<void(const MSG&)>;
 
-  /// `updateMessage` is the number of the engine's notification. Throws HostError when there is no
-  /// window to be had.
+  /// `updateMessage` is the number of the engine's notification. Throws HostError when the window
+  /// cannot be made.
   explicit HostWindow(UINT updateMessage);
   HostWindow(const HostWindow&) = delete;
   HostWindow& operator=(const HostWindow&) = delete;
@@ -39,11 +39,10 @@ class HostWindow {
 
   void Post(Event event) const;
 
-  /// Where messages go that are no events; they are called by Wait. To be set before the first
-  /// wait, if at all.
+  /// Sets who gets the messages that are no events; Wait calls them. By default nobody does.
   void SetListeners(OnButton buttonListener, OnOther otherListener);
 
-  /// Waits for the next event, at most that long (in real time).
+  /// Waits for the next event, at most that long in real time.
   Event Wait(DWORD milliseconds) const;
 
  private:

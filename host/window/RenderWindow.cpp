@@ -13,7 +13,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr LPCWSTR CLASS_NAME = TEXT("FerolinView");
-/// Drawing takes a few milliseconds; a machine under load may take much longer.
+/// Drawing takes a few milliseconds, on a machine under load much longer.
 constexpr auto PATIENCE = 2s;
 constexpr auto CHECK_INTERVAL = 200us;
 
@@ -29,7 +29,7 @@ RenderWindow::RenderWindow(int width, int height) {
   if (window == nullptr) {
     throw HostError("cannot make a window: error " + std::to_string(GetLastError()));
   }
-  // Whoever draws first gets fresh pixels, which are no frame yet: have them made now.
+  // The first device context makes the pixels, which changes their version without a frame.
   ReleaseDC(window, GetWindowDC(window));
   versionTaken = handheld::WindowPixelsVersion(window);
 }
@@ -44,7 +44,7 @@ std::optional<handheld::Pixels> RenderWindow::AwaitFrame() {
     if (std::chrono::steady_clock::now() > deadline) {
       return std::nullopt;
     }
-    // In real time: the device may be living much faster.
+    // Real time, not the device's Sleep: the device may run much faster.
     std::this_thread::sleep_for(CHECK_INTERVAL);
   }
   versionTaken = handheld::WindowPixelsVersion(window);

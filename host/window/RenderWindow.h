@@ -10,10 +10,10 @@
 
 namespace host {
 
-/// A visible window of the device, of the thread that makes it.
+/// A visible window of the device; belongs to the thread that makes it.
 class RenderWindow {
  public:
-  /// Size in pixels, above 0. Throws HostError when there is no window to be had.
+  /// Size in pixels, above 0. Throws HostError when the window cannot be made.
   RenderWindow(int width, int height);
   RenderWindow(const RenderWindow&) = delete;
   RenderWindow& operator=(const RenderWindow&) = delete;
@@ -21,8 +21,8 @@ class RenderWindow {
 
   HWND GetHandle() const { return window; }
 
-  /// What the engine has drawn since the last call; waits for it. Nothing when it draws nothing for
-  /// a long time.
+  /// Waits for the engine's next frame since the last call and returns it. Nothing when no frame
+  /// comes within two seconds.
   std::optional<handheld::Pixels> AwaitFrame();
 
  private:

@@ -1,43 +1,23 @@
 #include "window/ViewControl.h"
 
-#include <array>
-#include <charconv>
 #include <cstdint>
-#include <cstring>
-#include <optional>
+#include <utility>
 
-#include "Display.h"
-#include "base/HostError.h"
-#include "handheld.h"
+#include "display/Display.h"
+#include "window/ViewNames.h"
 
 namespace host {
 
 namespace {
 
-/// Far off every button.
+/// Coordinate beside every button.
 constexpr int NOWHERE = -10000;
 
 constexpr const char* KEYS_TEXT =
     "Left/Right: other view, B: buttons, H: mirror, V: flip, R: rotate, I: invert colours, "
     "S: send position report, Home/Del: reset all, F: full screen, Q/Esc: quit";
 
-std::string NameOf(const EngineLibrary::Functions& engine, int view) {
-  std::array<char, 256> name = {};
-  engine.GetWidgetName(view, name.data(), static_cast<int>(name.size()));
-  return handheld::Utf8FromAnsi(name.data());
-}
-
-/// Nothing when it is not the number of a view.
-std::optional<int> ParseView(const EngineLibrary::Functions& engine, const std::string& text) {
-  int number = -1;
-  const char* end = text.data() + text.size();
-  const auto parsed = std::from_chars(text.data(), end, number);
-  const bool isNumber = parsed.ec == std::errc() && parsed.ptr == end;
-  return isNumber && number >= 0 && number < engine.GetWidgetsCount() ? std::optional(number)
-                                                                      : std::nullopt;
-}
-
-/// Coordinates may be negative, when a finger leaves the window.
+// Coordinates are negative when a finger leaves the window.
 int LowHalf(LPARAM packed) {
   return static_cast<std::int16_t>(packed & 0xFFFF);
 }
@@ -59,9 +39,14 @@ struct ViewControl::Key {
 };
 
 const ViewControl::Button ViewControl::BUTTONS[] = {
-    {1, &ViewControl::GoToPrevious}, {2, &ViewControl::GoToNext},       {3, &ViewControl::ResetAll},
-    {4, &ViewControl::SendSms},      {5, &ViewControl::ToggleColors},   {6, &ViewControl::Close},
-    {7, &ViewControl::ToggleMirror}, {8, &ViewControl::ToggleRotation},
+    {FEROLIN_BUTTON_PREVIOUS_VIEW, &ViewControl::GoToPrevious},
+    {FEROLIN_BUTTON_NEXT_VIEW, &ViewControl::GoToNext},
+    {FEROLIN_BUTTON_RESET_ALL, &ViewControl::ResetAll},
+    {FEROLIN_BUTTON_SEND_SMS, &ViewControl::SendSms},
+    {FEROLIN_BUTTON_OPTIONS, &ViewControl::AnswerOptions},
+    {FEROLIN_BUTTON_CLOSE, &ViewControl::Close},
+    {FEROLIN_BUTTON_FLIP_HORIZONTALLY, &ViewControl::ToggleMirror},
+    {FEROLIN_BUTTON_ROTATE_SCREEN, &ViewControl::ToggleRotation},
 };
 
 const ViewControl::Key ViewControl::KEYS[] = {
@@ -80,29 +65,15 @@ const ViewControl::Key ViewControl::KEYS[] = {
     {handheld::KEY_ESCAPE, &ViewControl::Close},
 };
 
-int FindView(const EngineLibrary::Functions& engine, const std::string& nameOrNumber) {
-  if (const std::optional<int> number = ParseView(engine, nameOrNumber)) {
-    return *number;
-  }
-  std::string names;
-  for (int view = 0; view < engine.GetWidgetsCount(); ++view) {
-    const std::string name = NameOf(engine, view);
-    if (strcasecmp(name.c_str(), nameOrNumber.c_str()) == 0) {
-      return view;
-    }
-    names += (names.empty() ? "" : ", ") + name + " (" + std::to_string(view) + ")";
-  }
-  throw UsageError("--view: there is no \"" + nameOrNumber + "\" among " + names);
-}
-
-ViewControl::ViewControl(const EngineLibrary::Functions& engineToUse, HWND windowToControl,
-                         const Options::Picture& choices, Actions actionsToTake)
-    : engine(engineToUse), window(windowToControl), actions(std::move(actionsToTake)) {
-  engine.SetInvertHorz(choices.mirror.value_or(false) ? 1 : 0);
-  engine.SetInvertVert(choices.flip.value_or(false) ? 1 : 0);
-  engine.SetInvertOrient(choices.rotate.value_or(false) ? 1 : 0);
-  engine.SetInvertColor(choices.invert.value_or(false) ? 1 : 0);
-  engine.SetCurRenderWidget(ParseView(engine, choices.view).value_or(0));
+ViewControl::ViewControl(const EngineLibrary::Functions& engine, HWND window,
+                         const Options::Picture& picture, Actions actions)
+    : engine(engine), window(window), actions(std::move(actions)) {
+  engine.SetInvertHorz(picture.mirror.value_or(false) ? 1 : 0);
+  engine.SetInvertVert(picture.flip.value_or(false) ? 1 : 0);
+  engine.SetInvertOrient(picture.rotate.value_or(false) ? 1 : 0);
+  engine.SetInvertColor(picture.invert.value_or(false) ? 1 : 0);
+  engine.SetCurRenderWidget(
+      ParseViewNumber(engine, picture.view).value_or(FEROLIN_VIEW_SPEEDOMETER));
 }
 
 void ViewControl::OnButton(LPARAM code) {
@@ -111,12 +82,6 @@ void ViewControl::OnButton(LPARAM code) {
     if (button.code == code) {
       (this->*button.answer)();
     }
-  }
-  // Options have no window of their own: the button does what is wanted most on the way, and says
-  // how to come by the rest.
-  constexpr LPARAM OPTIONS = 5;
-  if (code == OPTIONS) {
-    ShowKeys();
   }
 }
 
@@ -148,7 +113,7 @@ void ViewControl::OnMessage(const MSG& message) {
   }
 }
 
-/// Who taps an arrow twice wants to go on by two views, not to hide the arrow.
+/// Two quick taps on an arrow go on by two views; they must not hide the arrow.
 void ViewControl::OnDoubleClick(int x, int y) {
   if (!wasButton) {
     engine.OnDoubleClick();
@@ -201,7 +166,7 @@ void ViewControl::ToggleFlip() {
   PresentAgain();
 }
 
-/// The frame has another shape then: the next update draws it.
+/// Does not present the last frame: it has the old shape. The next update draws the new one.
 void ViewControl::ToggleRotation() {
   engine.SetInvertOrient(engine.GetInvertOrient() == 0 ? 1 : 0);
 }
@@ -211,29 +176,32 @@ void ViewControl::ToggleBars() {
   PresentAgain();
 }
 
-void ViewControl::ShowKeys() {
+/// There is no window for options: does what is wanted most on the way and names the keys for the
+/// rest.
+void ViewControl::AnswerOptions() {
+  ToggleColors();
   actions.say(KEYS_TEXT);
 }
 
-/// The engine shows its last frame anew at every touch, so that changes need not wait for the next
-/// update.
+/// Touches the window beside every button: the engine presents its last frame at every touch, so
+/// that a change shows at once instead of at the next update.
 void ViewControl::PresentAgain() {
   engine.OnMouseDown(window, NOWHERE, NOWHERE);
   engine.OnMouseUp(window, NOWHERE, NOWHERE);
 }
 
-Options::Picture ViewControl::GetChoices() const {
-  Options::Picture choices;
-  choices.view = std::to_string(engine.GetCurRenderWidget());
-  choices.mirror = engine.GetInvertHorz() != 0;
-  choices.flip = engine.GetInvertVert() != 0;
-  choices.rotate = engine.GetInvertOrient() != 0;
-  choices.invert = engine.GetInvertColor() != 0;
-  return choices;
+Options::Picture ViewControl::GetPicture() const {
+  Options::Picture picture;
+  picture.view = std::to_string(engine.GetCurRenderWidget());
+  picture.mirror = engine.GetInvertHorz() != 0;
+  picture.flip = engine.GetInvertVert() != 0;
+  picture.rotate = engine.GetInvertOrient() != 0;
+  picture.invert = engine.GetInvertColor() != 0;
+  return picture;
 }
 
-std::string ViewControl::GetViewName() const {
-  return NameOf(engine, engine.GetCurRenderWidget());
+std::string ViewControl::GetCurrentViewName() const {
+  return GetViewName(engine, engine.GetCurRenderWidget());
 }
 
 }  // namespace host

@@ -9,33 +9,33 @@
 
 namespace host {
 
-/// Applies the user's choice of view and picture, answers the engine's buttons, and hands mouse and
-/// keys of the render window on. For the host's thread.
+/// Applies the user's choice of view and picture, responds to buttons and keys, and passes touches
+/// on to the engine. For the host's thread.
 class ViewControl {
  public:
-  /// What is done outside of the views. All must be set.
+  /// Effects outside of the views. All must be set.
   struct Actions {
     std::function<void()> close;
     std::function<void()> toggleFullscreen;
     std::function<void(const std::string&)> say;
   };
 
-  /// The engine outlives it. The view of `choices` is a number; without one, or when there are not
-  /// so many views, it is the first one.
-  ViewControl(const EngineLibrary::Functions& engineToUse, HWND windowToControl,
-              const Options::Picture& choices, Actions actionsToTake);
+  /// The engine outlives it. The view of `picture` is a number; the first view is shown when there
+  /// is no view with that number.
+  ViewControl(const EngineLibrary::Functions& engine, HWND window, const Options::Picture& picture,
+              Actions actions);
 
-  /// A button of a view was touched; codes as told at GetWndMessageID. Others do nothing.
+  /// Responds to a touched button; codes that are not the host's do nothing.
   void OnButton(LPARAM code);
 
-  /// A message of the render window.
+  /// Responds to a message of the render window.
   void OnMessage(const MSG& message);
 
-  /// As the user has it now, all set.
-  Options::Picture GetChoices() const;
+  /// The picture as the user has it now, all set.
+  Options::Picture GetPicture() const;
 
-  /// UTF-8; empty when there is no such view.
-  std::string GetViewName() const;
+  /// Name of the current view in UTF-8; empty when there is no such view.
+  std::string GetCurrentViewName() const;
 
  private:
   void OnKey(WPARAM key);
@@ -49,7 +49,7 @@ class ViewControl {
   void ToggleFlip();
   void ToggleRotation();
   void ToggleBars();
-  void ShowKeys();
+  void AnswerOptions();
   void Close() { actions.close(); }
   void ToggleFullscreen() { actions.toggleFullscreen(); }
 
@@ -64,11 +64,8 @@ class ViewControl {
   const EngineLibrary::Functions& engine;
   HWND window;
   Actions actions;
-  /// A button was touched by the last press: what follows soon is another press of it.
+  /// Whether the last press touched a button; a double click is another press of it then.
   bool wasButton = false;
 };
-
-/// Index of the view with that name or number (from 0). Throws UsageError, which lists the names.
-int FindView(const EngineLibrary::Functions& engine, const std::string& nameOrNumber);
 
 }  // namespace host

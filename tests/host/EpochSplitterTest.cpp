@@ -7,7 +7,7 @@
 namespace host {
 namespace {
 
-// Not rewritten by the bridge, as they have no checksum and nothing to change.
+// The bridge does not rewrite these: they have no checksum and nothing to change.
 const std::string RMC = "$GPRMC,120000,A,1,N,2,E,3,4,010120,,";
 const std::string LATER_RMC = "$GPRMC,120002,A,1,N,2,E,3,4,010120,,";
 const std::string GGA = "$GPGGA,120000,1,N";
@@ -87,7 +87,7 @@ TEST_F(EpochSplitterTest, TellsTheTimeOfDayWhenThereIsNoDate) {
 }
 
 TEST_F(EpochSplitterTest, ExpectsNoUpdateOfAnRmcThatTheEngineWillNotTake) {
-  // Nine separators where ten are needed; another sentence's name; GN without a bridge.
+  // Nine separators instead of ten; the name of another sentence; GN without a bridge.
   raw.Add(
       "$GPRMC,1,2,3,4,5,6,7,8,9\r\n$GPRMCX,1,2,3,4,5,6,7,8,9,0\r\n$GNRMC,1,2,3,4,5,6,7,8,9,0\r\n");
   EXPECT_TRUE(epochs.empty());

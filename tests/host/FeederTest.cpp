@@ -14,10 +14,10 @@ namespace {
 const std::string RMC = "$GPRMC,120000,A,1,N,2,E,3,4,010120,,\r\n";
 const std::string GGA = "$GPGGA,120000,1,N\r\n";
 
-/// Gives out one text.
+/// A source of one text.
 class TextSource : public NmeaSource {
  public:
-  TextSource(std::string textToGive, bool live) : text(std::move(textToGive)), isLive(live) {}
+  TextSource(std::string text, bool isLive) : text(std::move(text)), isLive(isLive) {}
 
   std::optional<std::string> Read() override {
     if (given.exchange(true)) {
@@ -44,7 +44,7 @@ class FeederTest : public testing::Test {
     feeder->Start();
   }
 
-  /// Reads that many bytes at the engine's end; fewer when no more come.
+  /// Reads `count` bytes at the engine's end; fewer when no more come.
   std::string Receive(std::size_t count) {
     std::string bytes;
     pollfd wait = {engineEnd.Get(), POLLIN, 0};

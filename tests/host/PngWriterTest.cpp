@@ -3,16 +3,17 @@
 
 #include <array>
 #include <cstdint>
-#include <filesystem>
 
 #include "base/HostError.h"
 #include "outputs/PngWriter.h"
+#include "support/TempFolder.h"
 
 namespace host {
 namespace {
 
 TEST(PngWriter, WritesEveryPixelFromTheTop) {
-  const std::string path = testing::TempDir() + "PngWriterTest.png";
+  const testing_support::TempFolder folder;
+  const std::string path = folder.Path("picture.png");
   WritePng(path, {2, 2, {0xFF0000, 0x00FF00, 0x0000FF, 0x123456}});
 
   png_image image = {};
@@ -25,12 +26,12 @@ TEST(PngWriter, WritesEveryPixelFromTheTop) {
   ASSERT_NE(png_image_finish_read(&image, nullptr, bytes.data(), 0, nullptr), 0);
   EXPECT_EQ(bytes, (std::array<std::uint8_t, 12>{0xFF, 0, 0, 0, 0xFF, 0,  //
                                                  0, 0, 0xFF, 0x12, 0x34, 0x56}));
-  std::filesystem::remove(path);
 }
 
 TEST(PngWriter, RefusesWhatCannotBeWritten) {
-  EXPECT_THROW(WritePng("/nonexistent/a.png", {1, 1, {0}}), HostError);
-  EXPECT_THROW(WritePng(testing::TempDir() + "empty.png", {}), HostError);
+  const testing_support::TempFolder folder;
+  EXPECT_THROW(WritePng(folder.Path("missing/a.png"), {1, 1, {0}}), HostError);
+  EXPECT_THROW(WritePng(folder.Path("empty.png"), {}), HostError);
 }
 
 }  // namespace

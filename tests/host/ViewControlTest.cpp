@@ -4,8 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "Display.h"
-#include "base/HostError.h"
+#include "display/Display.h"
 #include "window/ViewControl.h"
 
 namespace host {
@@ -14,7 +13,7 @@ namespace {
 constexpr int VIEWS = 3;
 constexpr int SENSORS = 4;
 
-/// What the engine was told, and what it answers.
+/// Records the calls of the engine and holds its answers.
 struct FakeEngine {
   int view = -1;
   int mirror = 0;
@@ -70,10 +69,10 @@ class ViewControlTest : public testing::Test {
  protected:
   ViewControlTest() { fake = FakeEngine(); }
 
-  ViewControl Make(const Options::Picture& choices = {}) {
+  ViewControl Make(const Options::Picture& picture = {}) {
     return {functions,
             nullptr,
-            choices,
+            picture,
             {[this] { ++closed; }, [this] { ++fullscreen; },
              [this](const std::string& text) { said.push_back(text); }}};
   }
@@ -100,80 +99,80 @@ class ViewControlTest : public testing::Test {
 };
 
 TEST_F(ViewControlTest, BeginsWithTheChoices) {
-  Options::Picture choices;
-  choices.view = "2";
-  choices.mirror = true;
-  choices.rotate = true;
-  const ViewControl control = Make(choices);
+  Options::Picture picture;
+  picture.view = "2";
+  picture.mirror = true;
+  picture.rotate = true;
+  const ViewControl control = Make(picture);
   EXPECT_EQ(fake.view, 2);
   EXPECT_EQ(fake.mirror, 1);
   EXPECT_EQ(fake.flip, 0);
   EXPECT_EQ(fake.rotate, 1);
   EXPECT_EQ(fake.invert, 0);
-  EXPECT_EQ(control.GetViewName(), "ViewC");
+  EXPECT_EQ(control.GetCurrentViewName(), "ViewC");
 }
 
-TEST_F(ViewControlTest, BeginsWithTheFirstViewWhenThatOfTheLastTimeIsGone) {
-  Options::Picture choices;
-  choices.view = "3";
-  Make(choices);
+TEST_F(ViewControlTest, BeginsWithTheFirstViewWhenTheOneUsedLastIsGone) {
+  Options::Picture picture;
+  picture.view = "3";
+  Make(picture);
   EXPECT_EQ(fake.view, 0);
 }
 
 TEST_F(ViewControlTest, ArrowsWrapAround) {
   ViewControl control = Make();
-  control.OnButton(1);
+  control.OnButton(FEROLIN_BUTTON_PREVIOUS_VIEW);
   EXPECT_EQ(fake.view, 2);
-  control.OnButton(2);
+  control.OnButton(FEROLIN_BUTTON_NEXT_VIEW);
   EXPECT_EQ(fake.view, 0);
-  control.OnButton(2);
+  control.OnButton(FEROLIN_BUTTON_NEXT_VIEW);
   EXPECT_EQ(fake.view, 1);
 }
 
 TEST_F(ViewControlTest, ResetsEverySensor) {
-  Make().OnButton(3);
+  Make().OnButton(FEROLIN_BUTTON_RESET_ALL);
   EXPECT_EQ(fake.resets, (std::vector<int>{0, 1, 2, 3}));
 }
 
 TEST_F(ViewControlTest, SendsAReportOrSaysWhyNot) {
   ViewControl control = Make();
-  control.OnButton(4);
+  control.OnButton(FEROLIN_BUTTON_SEND_SMS);
   EXPECT_EQ(fake.calls, std::vector<std::string>{"sms"});
   EXPECT_TRUE(said.empty());
   fake.hasSms = 0;
-  control.OnButton(4);
+  control.OnButton(FEROLIN_BUTTON_SEND_SMS);
   EXPECT_EQ(fake.calls.size(), 1u);
   EXPECT_EQ(said.size(), 1u);
 }
 
 TEST_F(ViewControlTest, OptionsInvertColoursAndListTheKeys) {
   ViewControl control = Make();
-  control.OnButton(5);
+  control.OnButton(FEROLIN_BUTTON_OPTIONS);
   EXPECT_EQ(fake.invert, 1);
   ASSERT_EQ(said.size(), 1u);
   EXPECT_NE(said[0].find("H: mirror"), std::string::npos);
-  control.OnButton(5);
+  control.OnButton(FEROLIN_BUTTON_OPTIONS);
   EXPECT_EQ(fake.invert, 0);
 }
 
 TEST_F(ViewControlTest, ClosesMirrorsAndRotates) {
   ViewControl control = Make();
-  control.OnButton(6);
+  control.OnButton(FEROLIN_BUTTON_CLOSE);
   EXPECT_EQ(closed, 1);
-  control.OnButton(7);
+  control.OnButton(FEROLIN_BUTTON_FLIP_HORIZONTALLY);
   EXPECT_EQ(fake.mirror, 1);
-  control.OnButton(8);
+  control.OnButton(FEROLIN_BUTTON_ROTATE_SCREEN);
   EXPECT_EQ(fake.rotate, 1);
-  control.OnButton(7);
-  control.OnButton(8);
+  control.OnButton(FEROLIN_BUTTON_FLIP_HORIZONTALLY);
+  control.OnButton(FEROLIN_BUTTON_ROTATE_SCREEN);
   EXPECT_EQ(fake.mirror, 0);
   EXPECT_EQ(fake.rotate, 0);
 }
 
 TEST_F(ViewControlTest, LeavesUnknownCodesAlone) {
   ViewControl control = Make();
-  control.OnButton(0);
-  control.OnButton(9);
+  control.OnButton(FEROLIN_BUTTON_NONE);
+  control.OnButton(FEROLIN_BUTTON_ZOOM_IN);
   EXPECT_EQ(fake.view, 0);
   EXPECT_EQ(closed, 0);
   EXPECT_TRUE(fake.calls.empty() && fake.resets.empty() && said.empty());
@@ -231,7 +230,7 @@ TEST_F(ViewControlTest, AButtonTappedTwiceIsNoDoubleClick) {
   ViewControl control = Make();
   Send(control, WM_LBUTTONDOWN, 10, 20);
   Send(control, WM_LBUTTONUP, 10, 20);
-  control.OnButton(2);
+  control.OnButton(FEROLIN_BUTTON_NEXT_VIEW);
   fake.calls.clear();
   Send(control, WM_LBUTTONDBLCLK, 10, 20);
   EXPECT_EQ(fake.calls, std::vector<std::string>{"down 10 20"});
@@ -243,24 +242,16 @@ TEST_F(ViewControlTest, ClosingTheWindowEndsTheRun) {
   EXPECT_EQ(closed, 1);
 }
 
-TEST_F(ViewControlTest, TellsTheChoicesAsTheyAreNow) {
+TEST_F(ViewControlTest, TellsThePictureAsItIsNow) {
   ViewControl control = Make();
-  control.OnButton(2);
-  control.OnButton(8);
-  const Options::Picture choices = control.GetChoices();
-  EXPECT_EQ(choices.view, "1");
-  EXPECT_EQ(choices.rotate, true);
-  EXPECT_EQ(choices.mirror, false);
-  EXPECT_EQ(choices.flip, false);
-  EXPECT_EQ(choices.invert, false);
-}
-
-TEST_F(ViewControlTest, FindsViewsByNameAndNumber) {
-  EXPECT_EQ(FindView(functions, "viewb"), 1);
-  EXPECT_EQ(FindView(functions, "2"), 2);
-  for (const char* wrong : {"3", "-1", "View", "1x"}) {
-    EXPECT_THROW(FindView(functions, wrong), UsageError) << wrong;
-  }
+  control.OnButton(FEROLIN_BUTTON_NEXT_VIEW);
+  control.OnButton(FEROLIN_BUTTON_ROTATE_SCREEN);
+  const Options::Picture picture = control.GetPicture();
+  EXPECT_EQ(picture.view, "1");
+  EXPECT_EQ(picture.rotate, true);
+  EXPECT_EQ(picture.mirror, false);
+  EXPECT_EQ(picture.flip, false);
+  EXPECT_EQ(picture.invert, false);
 }
 
 }  // namespace

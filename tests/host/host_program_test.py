@@ -13,16 +13,13 @@ import select
 import signal
 import struct
 import subprocess
-import sys
-import tempfile
 import termios
 import time
 import tty
-import unittest
 import xml.etree.ElementTree
 
-PROGRAM = None
-PATIENCE = 120
+from program_test_case import PATIENCE, ProgramTestCase, run_tests
+
 TCGETS2 = 0x802C542A
 
 NAMES = [
@@ -69,32 +66,12 @@ def recording(speeds, end="\r\n", **options):
     return "".join(line + end for line in lines)
 
 
-class HostTest(unittest.TestCase):
-    def setUp(self):
-        self.folder = tempfile.TemporaryDirectory(prefix="ferolin-host-")
-        self.addCleanup(self.folder.cleanup)
-        self.home = os.path.join(self.folder.name, "home")
-
-    def environment(self, **changes):
-        values = {key: value for key, value in os.environ.items()
-                  if not key.startswith(("LC_", "LANG", "FEROLIN_", "SDL_VIDEO"))
-                  and key not in ("DISPLAY", "WAYLAND_DISPLAY")}
-        values.update(LANG="C", TZ="UTC0", HOME=self.folder.name)
-        values.update(changes)
-        return values
-
-    def run_host(self, *arguments, text=None, **environment):
-        return subprocess.run([PROGRAM, "--home", self.home, *arguments], input=text,
-                              stdin=None if text is not None else subprocess.DEVNULL,
-                              capture_output=True, encoding="utf-8", timeout=PATIENCE,
-                              env=self.environment(**environment), check=False)
-
+class HostTest(ProgramTestCase):
     def start_host(self, *arguments, **options):
         options.setdefault("stdout", subprocess.PIPE)
         options.setdefault("stderr", subprocess.PIPE)
         options.setdefault("stdin", subprocess.DEVNULL)
-        process = subprocess.Popen([PROGRAM, "--home", self.home, *arguments],
-                                   env=self.environment(), **options)
+        process = subprocess.Popen(self.command(*arguments), env=self.environment(), **options)
         self.addCleanup(self.end, process)
         return process
 
@@ -108,7 +85,7 @@ class HostTest(unittest.TestCase):
                 stream.close()
 
     def write(self, text, name="drive.nmea"):
-        path = os.path.join(self.folder.name, name)
+        path = self.path(name)
         with open(path, "w", encoding="ascii", newline="") as file:
             file.write(text)
         return path
@@ -128,10 +105,6 @@ class HostTest(unittest.TestCase):
         self.assertIs(end["end"], True)
         self.assertEqual(end["updates"], len(updates))
         return [update["sensors"] for update in updates], end["registry"], result.stderr
-
-    def settings(self):
-        with open(os.path.join(self.home, "TachyMo.ini"), encoding="cp1251") as file:
-            return [line.strip() for line in file]
 
 
 class Demo(HostTest):
@@ -197,13 +170,13 @@ class Recording(HostTest):
     def test_passes_line_feeds_alone_untouched_when_raw(self):
         updates, _, said = self.replay(recording([10.0] * 5, end="\n"), "--raw")
         self.assertEqual(len(updates), 0)
-        self.assertIn("took nothing", said)
+        self.assertIn("no position was found", said)
 
     def test_drops_and_counts_what_is_no_sentence(self):
         text = "****** program startup ******\r\n\r\n" + recording([10.0] * 3) + "bye\r\n"
         updates, _, said = self.replay(text)
         self.assertEqual(len(updates), 3)
-        self.assertIn("no sentences left out: 2", said)
+        self.assertIn("they are no sentences: 2", said)
 
     def test_takes_an_epoch_larger_than_the_engines_buffer(self):
         noise = "".join(sentence("GPGLL,5545.0000,N,03736.0000,E,%06d,A" % i) + "\r\n"
@@ -235,7 +208,7 @@ class Bridge(HostTest):
         self.assertEqual([sensors["Current time"] for sensors in updates],
                          ["6:00:00", "6:00:01", "6:00:02", "6:00:03"])
         self.assertEqual(updates[0]["Sattelites used"], "8")
-        self.assertEqual(said.count("speaks as GN"), 1)
+        self.assertEqual(said.count("sends sentences of GN"), 1)
         self.assertEqual(said.count("fractions of seconds are cut"), 1)
         self.assertIn("other talkers read as GP: 8", said)
 
@@ -261,7 +234,7 @@ class Bridge(HostTest):
         updates, registry, said = self.replay(text)
         self.assertEqual({sensors["Speed"] for sensors in updates}, {"18.5 km/h"})
         self.assertAlmostEqual(float(registry["Max speed"]), 18.52, places=3)
-        self.assertIn("VTG speeds put in their place: 3", said)
+        self.assertIn("VTG speeds moved: 3", said)
 
 
 class Language(HostTest):
@@ -297,7 +270,7 @@ class TripTest(HostTest):
     def test_goes_on_after_a_restart(self):
         self.assertAlmostEqual(self.distance(), 0.1, places=4)
         updates, registry, said = self.replay(recording([36 / 1.852] * 11))
-        self.assertIn("going on with the trip of the last run, 100 m", said)
+        self.assertIn("continuing the trip of the last run, 100 m", said)
         self.assertEqual(updates[0]["Distance"], "100 m")
         self.assertAlmostEqual(float(registry["Distance"]), 0.2, places=4)
         self.assertEqual(registry["Elapsed"], "20")
@@ -305,7 +278,7 @@ class TripTest(HostTest):
     def test_that_went_nowhere_is_told_without_a_distance(self):
         # One fast moment: there is a greatest speed, but no way driven.
         self.replay(recording([36 / 1.852]))
-        self.assertIn("going on with the trip of the last run (--new-trip",
+        self.assertIn("continuing the trip of the last run (--new-trip",
                       self.replay(recording([0.0]))[2])
 
     def test_starts_over_when_asked_for(self):
@@ -321,7 +294,7 @@ class TripTest(HostTest):
     def test_of_recordings_is_not_that_of_the_demo(self):
         self.distance()
         _, registry, said = self.play("--demo")
-        self.assertNotIn("going on", said)
+        self.assertNotIn("continuing", said)
         self.assertGreater(float(registry["Distance"]), 10)
         self.assertAlmostEqual(self.distance(), 0.2, places=4)
 
@@ -334,7 +307,9 @@ class TripTest(HostTest):
     def test_an_unknown_figure_is_refused(self):
         result = self.run_host("--reset", "Warp factor")
         self.assertEqual(result.returncode, 2)
-        self.assertIn('no "Warp factor" among GPS status, ', result.stderr)
+        self.assertIn('no "Warp factor" (read-outs: GPS status, ', result.stderr)
+        result = self.run_host("--reset", "max sped")
+        self.assertIn('no "max sped"; did you mean Max speed?', result.stderr)
 
 
 class Extras(HostTest):
@@ -344,7 +319,7 @@ class Extras(HostTest):
             sentence("GPRMC,%s,A,55%07.4f,N,037%07.4f,E,10.0,045.0,010624,,,A"
                      % (clock(21600 + i), 45 + i / 100, 36 + i / 100)) + "\r\n"
             for i in range(5))
-        folder = os.path.join(self.folder.name, "new", "tracks")
+        folder = self.path("new", "tracks")
         _, _, said = self.replay(text, "--kml", folder)
         path = os.path.join(folder, "Track0001.kml")
         self.assertIn("track written to " + path, said)
@@ -398,7 +373,7 @@ class Extras(HostTest):
     def test_links_what_lies_beside_the_engine(self):
         self.replay("")
         for name in ("Pics", "Wav", "lcd-u.ttf"):
-            beside = os.path.join(os.path.dirname(os.path.abspath(PROGRAM)), name)
+            beside = os.path.join(os.path.dirname(self.program), name)
             self.assertEqual(os.path.exists(os.path.join(self.home, name)),
                              os.path.exists(beside), name)
 
@@ -417,7 +392,7 @@ class Errors(HostTest):
         self.check(1, "cannot read /nonexistent.nmea: No such file", "--nmea", "/nonexistent.nmea")
 
     def test_a_folder_for_a_file(self):
-        self.check(1, "folder", "--nmea", self.folder.name)
+        self.check(1, "folder", "--nmea", self.folder)
 
     def test_a_missing_port(self):
         self.check(1, "cannot open /dev/nonexistent", "--port", "/dev/nonexistent")
@@ -430,7 +405,7 @@ class Errors(HostTest):
         self.check(2, "--port needs DEVICE", "--port")
 
     def test_a_home_that_cannot_be_written(self):
-        result = subprocess.run([PROGRAM, "--home", "/proc/home"], capture_output=True,
+        result = subprocess.run([self.program, "--home", "/proc/home"], capture_output=True,
                                 encoding="utf-8", timeout=PATIENCE, check=False)
         self.assertEqual(result.returncode, 1)
         self.assertEqual(result.stderr, "ferolin-host: cannot write to the folder /proc/home\n")
@@ -440,13 +415,15 @@ class Errors(HostTest):
 
     def test_wrong_arguments(self):
         self.check(2, "unknown option --bogus", "--bogus")
+        self.check(2, "unknown option --mirorr; did you mean --mirror?", "--mirorr")
+        self.check(2, 'no view "sped"; did you mean Speed?', "--view", "sped")
         self.check(2, "--nmea drive.nmea", "drive.nmea")
         self.check(2, "9601", "--port", "/dev/ttyS0", "--baud", "9601")
         self.check(2, "only one source", "--demo", "--gpsd")
 
     def test_output_that_cannot_be_written(self):
         with open("/dev/full", "wb") as full:
-            result = subprocess.run([PROGRAM, "--home", self.home, "--json"], stdout=full,
+            result = subprocess.run(self.command("--json"), stdout=full,
                                     stderr=subprocess.PIPE, encoding="utf-8", timeout=PATIENCE,
                                     check=False)
         self.assertEqual(result.returncode, 1)
@@ -584,7 +561,7 @@ class Receiver(HostTest):
         updates, said = self.drive("--port", self.device)
         self.assertEqual(len(updates), 3)
         self.assertEqual(updates[0]["Speed"], "18.5 km/h")
-        self.assertIn("speaks as GN", said)
+        self.assertIn("sends sentences of GN", said)
 
     def test_is_read_by_the_engine_itself_when_raw(self):
         updates, said = self.drive("--port", self.device, "--raw", "--baud", "9600", talker="GP")
@@ -604,9 +581,8 @@ class Receiver(HostTest):
     def test_keeps_a_trip_apart_from_recordings(self):
         self.replay(recording([100.0] * 11))
         _, said = self.drive("--port", self.device, seconds=1)
-        self.assertNotIn("going on", said)
+        self.assertNotIn("continuing", said)
 
 
 if __name__ == "__main__":
-    PROGRAM = sys.argv.pop(1)
-    unittest.main()
+    run_tests()

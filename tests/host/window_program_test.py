@@ -8,14 +8,11 @@ import os
 import signal
 import struct
 import subprocess
-import sys
-import tempfile
 import time
-import unittest
 import zlib
 
-PROGRAM = None
-PATIENCE = 60
+from program_test_case import PATIENCE, ProgramTestCase, run_tests
+
 GAP = (0x60, 0x60, 0x60)
 
 
@@ -65,28 +62,9 @@ def count_lit(rows):
     return sum(pixel not in ((0, 0, 0), GAP) for row in rows for pixel in row)
 
 
-class WindowTest(unittest.TestCase):
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory(prefix="ferolin-window-")
-        self.addCleanup(folder.cleanup)
-        self.folder = folder.name
-        self.home = self.path("home")
-
-    def path(self, name):
-        return os.path.join(self.folder, name)
-
-    def environment(self, **changes):
-        values = {key: value for key, value in os.environ.items()
-                  if not key.startswith(("LC_", "LANG", "FEROLIN_", "SDL_"))
-                  and key not in ("DISPLAY", "WAYLAND_DISPLAY")}
-        values.update(LANG="C", TZ="UTC0", HOME=self.folder, SDL_AUDIODRIVER="dummy")
-        values.update(changes)
-        return values
-
+class WindowTest(ProgramTestCase):
     def run_host(self, *arguments, status=0, **environment):
-        result = subprocess.run([PROGRAM, "--home", self.home, *arguments], capture_output=True,
-                                stdin=subprocess.DEVNULL, encoding="utf-8", timeout=PATIENCE,
-                                env=self.environment(**environment), check=False)
+        result = super().run_host(*arguments, **environment)
         self.assertEqual(result.returncode, status, result.stderr)
         return result
 
@@ -96,10 +74,6 @@ class WindowTest(unittest.TestCase):
         self.run_host("--new-trip", "--updates", "120", "--size", "320x240", "--shot", file,
                       *arguments)
         return read_png(file)[1]
-
-    def settings(self):
-        with open(os.path.join(self.home, "TachyMo.ini"), encoding="cp1251") as file:
-            return [line.strip() for line in file]
 
 
 class Pictures(WindowTest):
@@ -190,7 +164,7 @@ class Window(WindowTest):
                       DISPLAY=":987")
 
     def test_ends_on_a_signal_and_keeps_its_settings(self):
-        with subprocess.Popen([PROGRAM, "--home", self.home, "--invert"], stdin=subprocess.DEVNULL,
+        with subprocess.Popen(self.command("--invert"), stdin=subprocess.DEVNULL,
                               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
                               env=self.environment(SDL_VIDEODRIVER="dummy")) as process:
             time.sleep(1.5)
@@ -200,5 +174,4 @@ class Window(WindowTest):
 
 
 if __name__ == "__main__":
-    PROGRAM = os.path.abspath(sys.argv.pop(1))
-    unittest.main()
+    run_tests()

@@ -1,0 +1,26 @@
+#include "outputs/StandardOutput.h"
+
+#include <poll.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+namespace host {
+
+bool StandardOutput::Write(std::string_view text) {
+  while (!broken && !text.empty()) {
+    const ssize_t written = write(STDOUT_FILENO, text.data(), text.size());
+    if (written >= 0) {
+      text.remove_prefix(static_cast<std::size_t>(written));
+    } else if (errno == EAGAIN) {
+      pollfd wait = {STDOUT_FILENO, POLLOUT, 0};
+      poll(&wait, 1, -1);
+    } else if (errno != EINTR) {
+      broken = true;
+      error = errno;
+    }
+  }
+  return !broken;
+}
+
+}  // namespace host

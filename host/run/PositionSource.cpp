@@ -1,0 +1,144 @@
+#include "run/PositionSource.h"
+
+#include <chrono>
+#include <cstdlib>
+#include <utility>
+
+#include "base/HostError.h"
+#include "handheld.h"
+#include "sources/DemoSource.h"
+#include "sources/PortSource.h"
+#include "sources/RecordingClock.h"
+
+namespace host {
+
+namespace {
+
+constexpr const char* ENGINE_PORT = "COM1:";
+constexpr LPCWSTR ENGINE_PORT_NAME = TEXT("COM1");
+constexpr LPCWSTR GPS_LIBRARY = TEXT("Dastrel.DLL");
+/// Environment variable that names gpsd's address to the GPS library.
+constexpr const char* GPSD_VARIABLE = "FEROLIN_GPSD";
+constexpr int LEAVE_BAUD_RATE = -9999;
+
+/// Makes the engine's pause of a tenth of a second between two reads negligible.
+constexpr double FASTEST_TIME_RATE = 10000;
+
+using Source = Options::Source;
+
+double ChoosePace(const Options& options, PositionSource::Audience audience) {
+  if (IsLive(options.source)) {
+    return 1;
+  }
+  return options.rate.value_or(audience == PositionSource::Audience::WATCHING ? 1 : 0);
+}
+
+}  // namespace
+
+PositionSource::PositionSource(const EngineLibrary& engine, const Options& options,
+                               std::unique_ptr<NmeaSource> recording, Audience audience,
+                               std::function<void()> onEnd)
+    : engine(engine),
+      options(options),
+      recording(std::move(recording)),
+      audience(audience),
+      pace(ChoosePace(options, audience)),
+      end(std::move(onEnd)) {
+  handheld::SetTimeRate(pace > 0 ? pace : FASTEST_TIME_RATE);
+}
+
+void PositionSource::Open() {
+  switch (options.source) {
+    case Source::PORT:
+      OpenPort();
+      break;
+    case Source::GPSD:
+      OpenGpsd();
+      break;
+    case Source::DEMO:
+      Feed(MakeDemo());
+      break;
+    case Source::FILE:
+      Feed(std::move(recording));
+      break;
+  }
+}
+
+void PositionSource::OpenPort() {
+  PortSource::Check(options.device);
+  const int baud = options.baud.value_or(0);
+  if (!options.raw) {
+    Feed(std::make_unique<PortSource>(options.device, baud));
+    return;
+  }
+  handheld::MapSerialPort(ENGINE_PORT, options.device);
+  engine().SetComPortSpeed(baud == 0 ? LEAVE_BAUD_RATE : baud);
+  engine().SetUseGPSAPI(0);
+  engine().SetComPortName(ENGINE_PORT_NAME);
+}
+
+void PositionSource::OpenGpsd() const {
+  const HMODULE library = LoadLibraryW(GPS_LIBRARY);
+  if (library == nullptr) {
+    throw HostError("cannot use gpsd: there is no library for it beside the engine");
+  }
+  FreeLibrary(library);
+  if (!options.gpsd.empty()) {
+    setenv(GPSD_VARIABLE, options.gpsd.c_str(), 1);
+  }
+  engine().SetUseGPSAPI(1);
+}
+
+void PositionSource::Feed(std::unique_ptr<NmeaSource> toFeed) {
+  fed = std::move(toFeed);
+  handheld::MapSerialPort(ENGINE_PORT, line.GetDevice());
+  engine().SetUseGPSAPI(0);
+  engine().SetComPortName(ENGINE_PORT_NAME);
+  const bool isFastest = pace <= 0;
+  const auto followClock = [isFastest](const Epoch& epoch) {
+    if (isFastest) {
+      RecordingClock::Follow(epoch);
+    }
+  };
+  feeder =
+      std::make_unique<Feeder>(*fed, line, options.raw ? Feeder::Bridge::OFF : Feeder::Bridge::ON,
+                               fed->IsLive() ? 0 : pace, followClock, end);
+}
+
+/// An audience sees the drive of this moment without an end; otherwise the drive is the same one
+/// lap every time.
+std::unique_ptr<NmeaSource> PositionSource::MakeDemo() const {
+  using namespace std::chrono_literals;
+  constexpr std::chrono::sys_seconds SUMMER_MORNING =
+      std::chrono::sys_days(std::chrono::year(2024) / 6 / 1) + 6h;
+  if (audience == Audience::ABSENT) {
+    return std::make_unique<DemoSource>(SUMMER_MORNING, DemoSource::Laps::ONE);
+  }
+  const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
+  return std::make_unique<DemoSource>(now,
+                                      pace > 0 ? DemoSource::Laps::ENDLESS : DemoSource::Laps::ONE);
+}
+
+void PositionSource::Start() {
+  if (feeder) {
+    feeder->Start();
+  }
+}
+
+void PositionSource::Stop() {
+  if (feeder) {
+    feeder->Stop();
+  }
+}
+
+void PositionSource::Answer() {
+  if (feeder) {
+    feeder->Answer();
+  }
+}
+
+Feeder::Report PositionSource::GetReport() const {
+  return feeder ? feeder->GetReport() : Feeder::Report();
+}
+
+}  // namespace host

@@ -1,0 +1,62 @@
+// Where the engine gets its positions.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "commandline/Options.h"
+#include "engine/EngineLibrary.h"
+#include "sources/Feeder.h"
+#include "sources/NmeaSource.h"
+#include "sources/PseudoTerminal.h"
+
+namespace host {
+
+/// Either lets the engine read gpsd or a port by itself, or feeds it through a pseudo-terminal.
+/// For the host's thread.
+class PositionSource {
+ public:
+  enum class Audience { WATCHING, ABSENT };
+
+  /// `recording` is the opened file when one is played, else null. With a watching audience the
+  /// demo and recordings take real time unless the user gives a rate. `onEnd` is called on another
+  /// thread when the source has ended and the engine has taken everything. Engine and options
+  /// outlive the source.
+  PositionSource(const EngineLibrary& engine, const Options& options,
+                 std::unique_ptr<NmeaSource> recording, Audience audience,
+                 std::function<void()> onEnd);
+
+  /// Connects the engine with the source. Throws HostError when that fails.
+  void Open();
+
+  /// Starts feeding the engine, which must be reading.
+  void Start();
+  void Stop();
+
+  /// Call after every update: the next position may come.
+  void Answer();
+
+  /// All zero when the engine reads by itself.
+  Feeder::Report GetReport() const;
+
+ private:
+  void OpenPort();
+  void OpenGpsd() const;
+  void Feed(std::unique_ptr<NmeaSource> toFeed);
+  std::unique_ptr<NmeaSource> MakeDemo() const;
+
+  const EngineLibrary& engine;
+  const Options& options;
+  std::unique_ptr<NmeaSource> recording;
+  const Audience audience;
+  /// Speed relative to real time; 0 is as fast as possible.
+  const double pace;
+  const std::function<void()> end;
+  PseudoTerminal line;
+  std::unique_ptr<NmeaSource> fed;
+  /// Null when the engine reads by itself.
+  std::unique_ptr<Feeder> feeder;
+};
+
+}  // namespace host

@@ -1,0 +1,54 @@
+#include "run/RunSummary.h"
+
+#include <string>
+
+namespace host {
+
+RunSummary::RunSummary(const Options& options, const PositionSource& source,
+                       const SmsReports& reports, Messages& messages)
+    : options(options), source(source), reports(reports), messages(messages) {}
+
+void RunSummary::Start() {
+  start = std::chrono::steady_clock::now();
+}
+
+void RunSummary::OnUpdate() {
+  sounds.Collect();
+  SayNews();
+}
+
+void RunSummary::Finish(std::uint64_t updates) {
+  SayDuration(updates);
+  SayNews();
+  for (const std::string& sum : BridgeNotices::SumUp(source.GetReport())) {
+    messages.Say(sum);
+  }
+  if (options.source == Options::Source::FILE && updates == 0) {
+    messages.Say(options.raw ? "no position was found: with --raw the engine needs $GPRMC "
+                               "sentences that end in CR LF"
+                             : "no position was found: the engine needs RMC sentences, and there "
+                               "are none");
+  }
+  if (const std::string played = sounds.Describe(); !played.empty()) {
+    messages.Say("sounds played: " + played);
+  }
+  if (const std::string sent = reports.Describe(); !sent.empty()) {
+    messages.Say(sent);
+  }
+}
+
+void RunSummary::SayNews() {
+  for (const std::string& news : notices.TakeNews(source.GetReport())) {
+    messages.Say(news);
+  }
+}
+
+void RunSummary::SayDuration(std::uint64_t updates) {
+  const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
+  const auto tenths = static_cast<long long>(passed.count() * 10);
+  messages.Say(std::to_string(updates) + (updates == 1 ? " update in " : " updates in ") +
+               std::to_string(tenths / 10) + "." + std::to_string(tenths % 10) + " s from " +
+               DescribeSource(options));
+}
+
+}  // namespace host

@@ -1,0 +1,44 @@
+// What the user is told about a run beside the read-outs.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+
+#include "base/Messages.h"
+#include "commandline/Options.h"
+#include "run/PositionSource.h"
+#include "run/SmsReports.h"
+#include "run/SoundTally.h"
+#include "sources/BridgeNotices.h"
+
+namespace host {
+
+/// Tells news during the run and the totals at its end. For the host's thread.
+class RunSummary {
+ public:
+  /// All arguments outlive the summary.
+  RunSummary(const Options& options, const PositionSource& source, const SmsReports& reports,
+             Messages& messages);
+
+  /// The run takes its time from here.
+  void Start();
+
+  void OnUpdate();
+
+  /// Tells the totals; `updates` is their number in the whole run.
+  void Finish(std::uint64_t updates);
+
+ private:
+  void SayNews();
+  void SayDuration(std::uint64_t updates);
+
+  const Options& options;
+  const PositionSource& source;
+  const SmsReports& reports;
+  Messages& messages;
+  BridgeNotices notices;
+  SoundTally sounds;
+  std::chrono::steady_clock::time_point start;
+};
+
+}  // namespace host

@@ -1,0 +1,64 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+
+#include "base/HostError.h"
+#include "window/ViewNames.h"
+
+namespace host {
+namespace {
+
+constexpr std::array<const char*, 3> NAMES = {"Speedometer", "Speed", "Satellites"};
+
+int WINAPI CopyName(int index, char* buffer, int) {
+  const std::string name = NAMES[static_cast<std::size_t>(index)];
+  name.copy(buffer, name.size());
+  return static_cast<int>(name.size());
+}
+
+EngineLibrary::Functions MakeFunctions() {
+  EngineLibrary::Functions functions;
+  functions.GetWidgetsCount = []() WINAPI { return static_cast<int>(NAMES.size()); };
+  functions.GetWidgetName = CopyName;
+  return functions;
+}
+
+const EngineLibrary::Functions ENGINE = MakeFunctions();
+
+std::string ErrorOf(const std::string& nameOrNumber) {
+  try {
+    FindView(ENGINE, nameOrNumber);
+  } catch (const UsageError& error) {
+    return error.what();
+  }
+  return "(accepted)";
+}
+
+TEST(ViewNames, AreFoundInAnyCaseAndByNumber) {
+  EXPECT_EQ(FindView(ENGINE, "speed"), 1);
+  EXPECT_EQ(FindView(ENGINE, "Satellites"), 2);
+  EXPECT_EQ(FindView(ENGINE, "2"), 2);
+}
+
+TEST(ViewNames, AreListedWhenThereIsNoSuchView) {
+  for (const char* wrong : {"3", "-1", "Bogus", "1x"}) {
+    EXPECT_EQ(ErrorOf(wrong), "--view: there is no view \"" + std::string(wrong) +
+                                  "\" (views: Speedometer (0), Speed (1), Satellites (2))");
+  }
+}
+
+TEST(ViewNames, AreSuggested) {
+  EXPECT_EQ(ErrorOf("sped").substr(0, 52),
+            "--view: there is no view \"sped\"; did you mean Speed?");
+}
+
+TEST(ViewNames, AreParsedAsNumbers) {
+  EXPECT_EQ(ParseViewNumber(ENGINE, "0"), 0);
+  for (const char* wrong : {"3", "-1", "1x", "", "Speed"}) {
+    EXPECT_EQ(ParseViewNumber(ENGINE, wrong), std::nullopt) << wrong;
+  }
+}
+
+}  // namespace
+}  // namespace host
