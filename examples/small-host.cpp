@@ -1,4 +1,4 @@
-// Prints the speed after every position that the receiver at COM1 sends, and ends with the tenth.
+// Prints the speed after each of the first ten positions that the receiver at COM1 sends.
 
 #include <ferolin.h>
 
@@ -38,18 +38,17 @@ int main() {
   const HWND window = CreateWindowExW(0, TEXT("SmallHost"), TEXT("Small host"), WS_POPUP, 0, 0, 240,
                                       320, nullptr, nullptr, nullptr, nullptr);
 
-  constexpr int SPEED_SENSOR = 9;
   setUseGpsApi(0);
   setComPortName(TEXT("COM1"));
   start(window);
   int updates = 0;
   MSG message;
   while (updates < 10 && GetMessageW(&message, nullptr, 0, 0) > 0) {
-    if (message.message == getMessage() && message.lParam == 0) {
+    if (message.message == getMessage() && message.lParam == FEROLIN_BUTTON_NONE) {
       char name[256];
       char value[256];
-      getName(SPEED_SENSOR, name, sizeof name);
-      getValue(SPEED_SENSOR, value, sizeof value);
+      getName(FEROLIN_SENSOR_SPEED, name, sizeof name);
+      getValue(FEROLIN_SENSOR_SPEED, value, sizeof value);
       std::printf("%s: %s\n", name, value);
       ++updates;
     }

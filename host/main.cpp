@@ -1,4 +1,4 @@
-// ferolin-host: a GPS speedometer on Linux.
+// ferolin-host, a GPS speedometer on Linux.
 
 #include "run/Application.h"
 

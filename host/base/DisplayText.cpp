@@ -38,7 +38,32 @@ bool Contains(const std::array<Range, N>& ranges, char32_t character) {
   });
 }
 
-/// Takes the first character off `text`; U+FFFD for a byte that belongs to none.
+/// Multibyte characters with these lead bytes. The limits of the second byte exclude overlong forms,
+/// surrogates, and code points beyond U+10FFFF.
+struct Form {
+  unsigned char firstLead;
+  unsigned char lastLead;
+  unsigned char lowestSecond;
+  unsigned char highestSecond;
+  std::size_t length;
+};
+
+constexpr std::array<Form, 8> FORMS = {{
+    {0xC2, 0xDF, 0x80, 0xBF, 2},
+    {0xE0, 0xE0, 0xA0, 0xBF, 3},
+    {0xE1, 0xEC, 0x80, 0xBF, 3},
+    {0xED, 0xED, 0x80, 0x9F, 3},
+    {0xEE, 0xEF, 0x80, 0xBF, 3},
+    {0xF0, 0xF0, 0x90, 0xBF, 4},
+    {0xF1, 0xF3, 0x80, 0xBF, 4},
+    {0xF4, 0xF4, 0x80, 0x8F, 4},
+}};
+
+bool IsContinuation(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
+
+/// Removes the first character from `text` and returns it; U+FFFD for a byte that is not UTF-8.
 char32_t TakeCharacter(std::string_view& text) {
   const std::size_t length = Utf8Length(text);
   if (length == 0) {
@@ -65,33 +90,21 @@ std::size_t ColumnsOf(char32_t character) {
 
 std::size_t Utf8Length(std::string_view text) {
   const auto lead = static_cast<unsigned char>(text[0]);
-  std::size_t length = 0;
   if (lead < 0x80) {
     return 1;
   }
-  if (lead >= 0xC2 && lead < 0xE0) {
-    length = 2;
-  } else if (lead >= 0xE0 && lead < 0xF0) {
-    length = 3;
-  } else if (lead >= 0xF0 && lead < 0xF5) {
-    length = 4;
-  }
-  if (length == 0 || text.size() < length) {
+  const auto* form = std::find_if(FORMS.begin(), FORMS.end(), [lead](const Form& each) {
+    return lead >= each.firstLead && lead <= each.lastLead;
+  });
+  if (form == FORMS.end() || text.size() < form->length) {
     return 0;
   }
   const auto second = static_cast<unsigned char>(text[1]);
-  const bool overlong = (lead == 0xE0 && second < 0xA0) || (lead == 0xF0 && second < 0x90);
-  const bool surrogate = lead == 0xED && second > 0x9F;
-  const bool beyond = lead == 0xF4 && second > 0x8F;
-  if (overlong || surrogate || beyond) {
+  if (second < form->lowestSecond || second > form->highestSecond) {
     return 0;
   }
-  for (std::size_t i = 1; i < length; ++i) {
-    if ((static_cast<unsigned char>(text[i]) & 0xC0) != 0x80) {
-      return 0;
-    }
-  }
-  return length;
+  const std::string_view tail = text.substr(1, form->length - 1);
+  return std::all_of(tail.begin(), tail.end(), IsContinuation) ? form->length : 0;
 }
 
 std::size_t CountColumns(std::string_view text) {

@@ -1,4 +1,4 @@
-// What ends the program with one line for the user.
+// Errors that end the program with one line for the user.
 #pragma once
 
 #include <stdexcept>
@@ -6,8 +6,8 @@
 
 namespace host {
 
-/// Something the user can act upon: a file that is missing, a port that does not open. The text is
-/// one line without the program's name.
+/// An error that the user can act upon, such as a missing file. what() is one line without the
+/// program's name.
 class HostError : public std::runtime_error {
  public:
   static constexpr int FAILURE = 1;
@@ -22,7 +22,7 @@ class HostError : public std::runtime_error {
   int exitStatus;
 };
 
-/// A command line that cannot be followed.
+/// A wrong command line.
 class UsageError : public HostError {
  public:
   explicit UsageError(const std::string& text) : HostError(text, USAGE) {}

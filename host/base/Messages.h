@@ -1,4 +1,4 @@
-// What the host tells the user beside the read-outs, on standard error.
+// Messages to the user, on standard error.
 #pragma once
 
 #include <string>
@@ -6,13 +6,14 @@
 
 namespace host {
 
-/// Prints "ferolin-host: " and the text, a line each. While the screen is taken, messages are kept
-/// for later.
+/// Prints each message as a line that begins with "ferolin-host: ".
 class Messages {
  public:
   void Say(const std::string& text);
 
+  /// Collects messages from now on, while a table fills the screen.
   void Hold() { isHeld = true; }
+  /// Prints the collected messages, and later ones at once.
   void Release();
 
  private:

@@ -1,4 +1,4 @@
-// Tells what was done to the receiver's sentences.
+// Tells the user how sentences are changed.
 #pragma once
 
 #include <string>
@@ -8,13 +8,13 @@
 
 namespace host {
 
-/// Says once of each kind of change that it is being made, and at the end how often it was.
+/// Announces each kind of change once, and tells at the end how often it was made.
 class BridgeNotices {
  public:
-  /// Changes that were not there at the last call.
+  /// Kinds of change that are new since the last call.
   std::vector<std::string> TakeNews(const Feeder::Report& report);
 
-  /// The sums, one line for each kind that occurred.
+  /// Number of changes, a line for each kind that occurred.
   static std::vector<std::string> SumUp(const Feeder::Report& report);
 
  private:

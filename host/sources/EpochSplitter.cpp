@@ -11,7 +11,7 @@ namespace host {
 namespace {
 
 constexpr std::string_view RMC_NAME = "$GPRMC";
-/// Separators (commas and the star) that the engine wants in an RMC.
+/// Number of separators (commas and the star) that the engine needs in an RMC.
 constexpr std::ptrdiff_t RMC_SEPARATORS = 10;
 constexpr std::size_t RMC_TIME = 0;
 constexpr std::size_t RMC_DATE = 8;
@@ -26,7 +26,7 @@ bool MakesUpdate(std::string_view sentence) {
          std::count_if(sentence.begin(), sentence.end(), IsSeparator) >= RMC_SEPARATORS;
 }
 
-/// What the engine takes for a sentence of this line: from the last "$" to the carriage return.
+/// The line's sentence as the engine finds it: from the last "$" to the carriage return.
 std::string_view FindSentence(std::string_view line) {
   const std::size_t end = line.find('\r');
   if (end == std::string_view::npos) {
@@ -41,7 +41,7 @@ bool IsPrintable(std::string_view text) {
                      [](char character) { return character >= ' ' && character <= '~'; });
 }
 
-/// Number made of the two digits at `position`; -1 for anything else.
+/// The two digits at `position` as a number; -1 when they are no digits.
 int TwoDigits(std::string_view text, std::size_t position) {
   int value = -1;
   if (text.size() >= position + 2) {
@@ -97,12 +97,12 @@ std::optional<std::int64_t> TimeMs(std::string_view rmc) {
 
 }  // namespace
 
-EpochSplitter::EpochSplitter(ReceiverBridge* bridgeToUse, Deliver deliverTo)
-    : bridge(bridgeToUse), deliver(std::move(deliverTo)) {}
+EpochSplitter::EpochSplitter(ReceiverBridge* bridge, Deliver deliver)
+    : bridge(bridge), deliver(std::move(deliver)) {}
 
 void EpochSplitter::Add(std::string_view bytes) {
   for (const char character : bytes) {
-    // A carriage return ends a line as well; a line feed that follows it belongs to that line.
+    // A carriage return also ends a line, together with a line feed right behind it.
     if (!line.empty() && line.back() == '\r' && character != '\n') {
       TakeLine(line);
       line.clear();

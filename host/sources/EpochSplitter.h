@@ -1,4 +1,4 @@
-// Cuts what a receiver sends into pieces that the engine can be given at one go.
+// Cuts what a receiver sends into pieces that the engine can read at once.
 #pragma once
 
 #include <cstdint>
@@ -11,44 +11,45 @@
 
 namespace host {
 
-/// Whole sentences up to and including the one that makes the engine update itself.
+/// Whole sentences that end with the one that makes the engine update itself.
 struct Epoch {
   /// At most EpochSplitter::MAX_BYTES.
   std::string bytes;
-  /// Updates that the engine makes of it: 1, or 0 for a piece without an RMC.
+  /// Number of updates that the piece causes: 1, or 0 without an RMC.
   int updates = 0;
-  /// Time stamp of the RMC in milliseconds: since 1970 when it has a date, else of its day. Nothing
-  /// without a time.
+  /// Time stamp of the RMC in milliseconds: since 1970 if it has a date, else since midnight.
+  /// Nothing without a time.
   std::optional<std::int64_t> timeMs;
-  /// Bytes of the source up to the end of this piece, from the very first one.
+  /// Bytes from the start of the source to the end of this piece.
   std::uint64_t sourceOffset = 0;
 };
 
-/// The engine updates itself at every RMC and reads at most 2048 bytes at a time, of which it wants
-/// whole sentences that end in CR LF. With a bridge the sentences are rewritten by it, any line end
-/// is made CR LF, and whatever is no sentence (text of a logging program, binary messages, empty
-/// lines) is dropped and counted. Without one no byte is changed.
+/// The engine updates itself at every RMC. It reads at most 2048 bytes at a time and needs whole
+/// sentences that end in CR LF. With a bridge, the bridge rewrites the sentences, every line end
+/// becomes CR LF, and lines that are no sentences (text of a logging program, binary messages) are
+/// dropped and counted. Without a bridge no byte is changed.
 class EpochSplitter {
  public:
   /// Buffer size of the engine's reader.
   static constexpr std::size_t MAX_BYTES = 2048;
-  /// With a bridge a longer line is no sentence.
+  /// Length of a sentence; with a bridge a longer one is dropped.
   static constexpr std::size_t MAX_SENTENCE = 400;
 
   using Deliver = std::function<void(Epoch)>;
 
-  /// `bridgeToUse` may be null: bytes pass untouched then. It must outlive the splitter.
-  EpochSplitter(ReceiverBridge* bridgeToUse, Deliver deliverTo);
+  /// `bridge` is null for no bridge, else it outlives the splitter. `deliver` gets the pieces, in
+  /// calls from Add and Finish.
+  EpochSplitter(ReceiverBridge* bridge, Deliver deliver);
 
-  /// Takes the next bytes of the source and delivers the pieces that they complete.
+  /// Adds the next bytes of the source.
   void Add(std::string_view bytes);
 
-  /// The source has ended: delivers what is left.
+  /// Delivers what is left at the end of the source.
   void Finish();
 
-  /// Lines that were no sentences, empty ones not counted.
+  /// Lines that were no sentences; empty lines do not count.
   std::uint64_t GetLinesDropped() const { return linesDropped; }
-  /// Sentences handed on.
+  /// Sentences delivered.
   std::uint64_t GetSentences() const { return sentences; }
 
  private:

@@ -19,7 +19,7 @@ class FileSource : public NmeaSource {
   bool IsLive() const override { return false; }
 
  private:
-  /// Waits for something to read. False when the source was stopped.
+  /// Waits for bytes or the end of the file. False when the source was stopped.
   bool Wait();
 
   FileDescriptor file;

@@ -1,4 +1,4 @@
-// One NMEA 0183 sentence, taken apart and put together.
+// One NMEA 0183 sentence in its parts.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@
 
 namespace host {
 
-/// XOR of all characters; of a sentence those between "$" and "*" are meant.
+/// XOR of all characters. `body` is the part of a sentence between "$" and "*".
 std::uint8_t NmeaChecksum(std::string_view body);
 
 /// "$GPGLL,3925.97,N*hh" has the name "GPGLL" and the fields "3925.97" and "N".
@@ -24,11 +24,11 @@ class NmeaSentence {
   std::string name;
   std::vector<std::string> fields;
 
-  /// The sentence with its checksum worked out anew, without a line end.
+  /// The sentence with its right checksum, without a line end.
   std::string GetText() const;
 
-  /// Last three letters of the name, such as "RMC", and what stands before them, such as "GP". A
-  /// shorter name is all type.
+  /// Type and talker of the sentence: the last three letters of the name, such as "RMC", and those
+  /// before them, such as "GP". A name of up to three letters is the type.
   std::string_view GetType() const;
   std::string_view GetTalker() const;
 };

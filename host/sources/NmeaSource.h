@@ -1,4 +1,4 @@
-// Where the bytes of a receiver come from when the host passes them on to the engine.
+// Where a receiver's bytes come from.
 #pragma once
 
 #include <cstdint>
@@ -7,21 +7,21 @@
 
 namespace host {
 
-/// Read on the feeder's thread; Stop may be called from any other.
+/// One thread reads; Stop may be called on any thread.
 class NmeaSource {
  public:
   virtual ~NmeaSource() = default;
 
-  /// The next bytes; waits for them. Nothing when the source has ended or was stopped.
+  /// Waits for the next bytes. Nothing when the source has ended or was stopped.
   virtual std::optional<std::string> Read() = 0;
 
-  /// Ends a Read under way and all later ones.
+  /// Ends the present Read and all later ones.
   virtual void Stop() = 0;
 
-  /// Bytes in all; nothing when that is not known beforehand.
+  /// Number of bytes of the whole source; nothing when it is unknown.
   virtual std::optional<std::uint64_t> GetSize() const = 0;
 
-  /// True for a receiver: what it sends cannot wait.
+  /// True for a receiver, which does not wait.
   virtual bool IsLive() const = 0;
 };
 

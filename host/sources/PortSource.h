@@ -11,16 +11,16 @@
 
 namespace host {
 
-/// A receiver that is unplugged is waited for: the port's driver takes it up again.
+/// Waits for a receiver that was unplugged: the port's driver opens it again.
 class PortSource : public NmeaSource {
  public:
-  /// Name of the port that is mapped to the device.
+  /// The device's name for the port.
   static constexpr LPCWSTR PORT_NAME = TEXT("COM2:");
 
-  /// Throws HostError, saying why, when the device is no serial port that can be opened.
+  /// Throws HostError with the reason when the device is no serial port or cannot be opened.
   static void Check(const std::string& device);
 
-  /// `baudRate` 0 leaves the port's own. Throws HostError when the port does not open.
+  /// `baudRate` 0 leaves the port's own rate. Throws HostError when the port cannot be opened.
   PortSource(const std::string& device, int baudRate);
   ~PortSource() override;
 
@@ -30,7 +30,6 @@ class PortSource : public NmeaSource {
   bool IsLive() const override { return true; }
 
  private:
-  /// Ends a read under way and all later ones.
   void Close();
 
   std::mutex mutex;

@@ -1,4 +1,4 @@
-// A serial line inside the machine: what the host writes, the engine reads from a port.
+// A serial line inside the machine: the host writes, the engine reads.
 #pragma once
 
 #include <cstddef>
@@ -11,21 +11,21 @@ namespace host {
 
 class PseudoTerminal {
  public:
-  /// Throws HostError when the system gives none.
+  /// Throws HostError when it cannot be made.
   PseudoTerminal();
 
-  /// Path of the end that the engine opens.
+  /// Path of the engine's end.
   const std::string& GetDevice() const { return device; }
 
-  /// Writes what the line has room for, never waiting. Returns the number of bytes written.
+  /// Writes as many bytes as fit, without waiting. Returns their number.
   std::size_t Write(std::string_view bytes) const;
 
-  /// Bytes that were written and not read yet, as far as the system tells.
+  /// Bytes written and not read yet; 0 when the system does not tell.
   int CountUnread() const;
 
  private:
   FileDescriptor master;
-  /// Held open, so that the line stays up and raw while the engine opens and closes its end.
+  /// Keeps the line open and in raw mode while the engine opens and closes its end.
   FileDescriptor slave;
   std::string device;
 };

@@ -5,9 +5,9 @@
 
 namespace host {
 
-/// Sets the device's clock to the time of each epoch. The engine goes by that clock when a
-/// sentence's own time is of no use to it; a clock that raced on with the device would make years
-/// of such a drive. Epochs without a date leave the clock as it is.
+/// Sets the device's clock to the time of each epoch. The engine uses that clock when it cannot use
+/// a sentence's own time; with a clock as fast as the device such a drive would take years. Epochs
+/// without a date do not change the clock.
 class RecordingClock {
  public:
   static void Follow(const Epoch& epoch);
