@@ -32,12 +32,12 @@ class Stage {
     window = CreateWindowExW(0, TEXT("Bench"), TEXT(""), WS_POPUP | WS_VISIBLE, 0, 0, 800, 480,
                              nullptr, nullptr, nullptr, nullptr);
     engine.AttachModule(program.GetModule());
-    engine.renderWindow = window;
+    engine.GetRedraw().SetRenderWindow(window);
     engine.OnUpdate("$GPRMC,120000,A,4807.038,N,01131.000,E,0.0,084.4,230324,,*00");
     engine.OnUpdate("$GPRMC,120009,A,4807.138,N,01131.100,E,70.4,084.4,230324,,*00");
   }
 
-  void Draw(int view) { engine.GetWidget(view)->Draw(window); }
+  void Draw(int view) { engine.GetWidgets().Get(view)->Draw(window); }
 
   ProgramFolder program;
   HWND window = nullptr;
@@ -66,7 +66,7 @@ class LongTrack {
   explicit LongTrack(int points, double roadLength = 1) : drive(roadLength) {
     Stage& stage = TheStage();
     engine.AttachModule(stage.program.GetModule());
-    engine.renderWindow = stage.window;
+    engine.GetRedraw().SetRenderWindow(stage.window);
     for (int count = 0; count < points; ++count) {
       GoOn();
       if (count % POINTS_AN_UPDATE == 0) {
@@ -86,10 +86,10 @@ class LongTrack {
       north = std::max(north, point.latitude);
       east = std::max(east, point.longitude);
     }
-    engine.fix->track.Append(point);
+    engine.GetFix().GetTrack().Append(point);
   }
 
-  Widget& View() { return *engine.GetWidget(PATH); }
+  Widget& View() { return *engine.GetWidgets().Get(PATH); }
 
   /// By the sixth and the fifth of the eight buttons at the right edge, counted from the bottom.
   void ZoomIn() { Press({774, 451 - 5 * 53}); }

@@ -28,7 +28,7 @@ class ChartStage {
     window = CreateWindowExW(0, TEXT("ChartBench"), TEXT(""), WS_POPUP | WS_VISIBLE, 0, 0, 800, 480,
                              nullptr, nullptr, nullptr, nullptr);
     engine.AttachModule(program.GetModule());
-    engine.renderWindow = window;
+    engine.GetRedraw().SetRenderWindow(window);
     Chart().Attach();
     for (int second = 0; second < points; ++second) {
       Append(second);
@@ -39,7 +39,7 @@ class ChartStage {
   /// The list may grow before it.
   Widget& Chart() {
     for (int index = 0;; ++index) {
-      Widget* widget = engine.GetWidget(index);
+      Widget* widget = engine.GetWidgets().Get(index);
       if (std::strcmp(widget->GetName(), "Speed chart") == 0) {
         return *widget;
       }
@@ -66,7 +66,7 @@ class ChartStage {
     point.time.wHour = static_cast<WORD>(second / 3600 % 24);
     point.time.wMinute = static_cast<WORD>(second / 60 % 60);
     point.time.wSecond = static_cast<WORD>(second % 60);
-    engine.fix->track.Append(point);
+    engine.GetFix().GetTrack().Append(point);
   }
 
   ProgramFolder program;

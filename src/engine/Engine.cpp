@@ -1,19 +1,8 @@
 #include "engine/Engine.h"
 
-#include <pm.h>
-
-#include <algorithm>
-#include <new>
-
 #include "base/CodePage.h"
-#include "events/SpeedEvents.h"
-#include "gps/FixRecord.h"
 #include "sensors/LocalizedText.h"
-#include "sensors/Sensor.h"
-#include "settings/IniStore.h"
-#include "sms/SmsReporter.h"
 #include "track/TrackKmlWriter.h"
-#include "widgets/Widget.h"
 
 namespace ferolin {
 
@@ -31,24 +20,9 @@ void CopyText(std::array<Character, N>& buffer, std::basic_string_view<Character
 
 }  // namespace
 
-Engine::Engine()
-    : fix(new (std::nothrow) FixRecord),
-      locale(new (std::nothrow) LocaleHelper),
-      iniStore(new (std::nothrow) IniStore),
-      smsReporter(fix ? new (std::nothrow) SmsReporter(*fix) : nullptr),
-      speedEvents(new (std::nothrow) SpeedEvents) {
-  if (!IsComplete()) {
-    return;
-  }
-  BuildSensorTable();
-  BuildWidgetTable();
+Engine::Engine() {
+  IsRussianLocale();  // asked here, before other threads read the answer
   wndMessageId = RegisterWindowMessageW(TEXT("UpdateGPS"));
-}
-
-Engine::~Engine() = default;
-
-bool Engine::IsComplete() const {
-  return fix && locale && iniStore && smsReporter && speedEvents;
 }
 
 void Engine::AttachModule(HMODULE module) {
@@ -64,35 +38,28 @@ void Engine::AttachModule(HMODULE module) {
   CopyText(moduleDir, whole.substr(0, whole.rfind('\\')));
   LoadAllSettings();
   AddFontResourceW(GetFontPath().c_str());
-  for (int index = 0; index < widgetCount; ++index) {
-    GetWidget(index)->LoadSettings(*iniStore);
-  }
+  widgets.LoadSettings(iniStore);
 }
 
 void Engine::LoadAllSettings() {
-  iniStore->Load(GetSettingsPath(SETTINGS_FILE_TO_LOAD));
+  iniStore.Load(GetSettingsPath(SETTINGS_FILE_TO_LOAD));
   const LockGuard guard(dataLock);
-  smsReporter->LoadSettings(*iniStore);
-  speedEvents->LoadSettings(GetModuleDir(), *iniStore);
+  smsReporter.LoadSettings(iniStore);
+  speedEvents.LoadSettings(GetModuleDir(), iniStore);
 }
 
 void Engine::Shutdown() {
   if (writeKml) {
-    WriteTrackKml(fix->track, GetLogFolder());
+    WriteTrackKml(fix.GetTrack(), GetLogFolder());
   }
-  for (int index = 0; index < widgetCount; ++index) {
-    GetWidget(index)->SaveSettings(*iniStore);
-  }
-  smsReporter->SaveSettings(*iniStore);
-  speedEvents->SaveSettings(*iniStore);
-  iniStore->Save(GetSettingsPath(SETTINGS_FILE_TO_SAVE));
-  renderWindow = nullptr;
+  widgets.SaveSettings(iniStore);
+  smsReporter.SaveSettings(iniStore);
+  speedEvents.SaveSettings(iniStore);
+  iniStore.Save(GetSettingsPath(SETTINGS_FILE_TO_SAVE));
+  redraw.SetRenderWindow(nullptr);
   StopReader();
-  DropReader();
-  if (powerRequirement != INVALID_HANDLE_VALUE &&
-      ReleasePowerRequirement(powerRequirement) == ERROR_SUCCESS) {
-    powerRequirement = INVALID_HANDLE_VALUE;
-  }
+  reader.Release();
+  powerKeeper.Release();
   RemoveFontResourceW(GetFontPath().c_str());
   hostWindow = nullptr;
   wndMessageId = 0;
@@ -106,14 +73,90 @@ WideString Engine::GetFontPath() const {
   return GetModuleDir() + TEXT("\\lcd-u.ttf");
 }
 
-int Engine::SetComPortName(LPCWSTR name) {
-  NarrowInto(comPortName.data(), comPortName.size(), name);
-  return IsReaderRunning() ? StartReader() : 1;
+bool Engine::StartCallBack(HWND host) {
+  hostWindow = host;
+  if (host == nullptr) {
+    StopReader();
+    return true;
+  }
+  return reader.IsRunning() || StartReader();
 }
 
-int Engine::SetUseGpsApi(DWORD use) {
-  useGpsApi = use;
-  return IsReaderRunning() ? StartReader() : 1;
+void Engine::StopCallBack() {
+  hostWindow = nullptr;
+  StopReader();
+  redraw.Wait();
+}
+
+bool Engine::StartReader() {
+  StopReader();
+  return reader.Start();
+}
+
+/// Nothing is touched when no reader runs, the frame being drawn included.
+void Engine::StopReader() {
+  if (reader.IsRunning()) {
+    reader.Stop();
+    redraw.Wait();
+  }
+}
+
+bool Engine::SetComPortName(LPCWSTR name) {
+  reader.SetComPortName(name);
+  return !reader.IsRunning() || StartReader();
+}
+
+bool Engine::SetUseGpsApi(DWORD use) {
+  reader.SetUseGpsApi(use);
+  return !reader.IsRunning() || StartReader();
+}
+
+void Engine::OnUpdate(const char* sentence) {
+  SmsReport report;
+  {
+    const LockGuard guard(dataLock);
+    if (!fix.ParseSentence(sentence)) {
+      return;
+    }
+    report = UpdateFromFix();
+  }
+  FinishUpdate(report);
+}
+
+void Engine::OnUpdate(const GPS_POSITION* position) {
+  SmsReport report;
+  {
+    const LockGuard guard(dataLock);
+    fix.ApplyGpsPosition(position);
+    report = UpdateFromFix();
+  }
+  FinishUpdate(report);
+}
+
+/// Sensors, views and the report of the fix, under the data lock.
+SmsReport Engine::UpdateFromFix() {
+  sensors.Update(fix);
+  widgets.Attach();
+  return smsReporter.Tick();
+}
+
+/// What reaches out of the engine, without the lock: a message may take seconds to be sent.
+void Engine::FinishUpdate(const SmsReport& report) {
+  report.Send();
+  {
+    const LockGuard guard(dataLock);
+    speedEvents.Check(fix);
+  }
+  PostToHost(wndMessageId, 0, 0);
+  powerKeeper.Update();
+  RequestRedraw();
+}
+
+void Engine::PostToHost(UINT message, WPARAM wParam, LPARAM lParam) const {
+  const HWND window = hostWindow;
+  if (window != nullptr && IsWindow(window)) {
+    PostMessageW(window, message, wParam, lParam);
+  }
 }
 
 void Engine::SetLogFolder(LPCWSTR path) {
@@ -127,27 +170,6 @@ WideString Engine::GetLogFolder() {
     CopyText<WCHAR>(logFolder, GetModuleDir() + TEXT("\\Tracks"));
   }
   return logFolder.data();
-}
-
-Sensor* Engine::GetSensor(int index) const {
-  return index >= 0 && index < sensorCount ? sensors[static_cast<std::size_t>(index)].get()
-                                           : nullptr;
-}
-
-Widget* Engine::GetWidget(int index) const {
-  return index >= 0 && index < widgetCount ? widgets[static_cast<std::size_t>(index)].get()
-                                           : nullptr;
-}
-
-bool Engine::CanSendSms() const {
-  return smsReporter->CanSend();
-}
-
-void Engine::PostToHost(UINT message, WPARAM wParam, LPARAM lParam) const {
-  const HWND window = hostWindow;
-  if (window != nullptr && IsWindow(window)) {
-    PostMessageW(window, message, wParam, lParam);
-  }
 }
 
 }  // namespace ferolin

@@ -21,6 +21,7 @@
 using ferolin::Engine;
 using ferolin::LockGuard;
 using ferolin::Narrow;
+using ferolin::Reader;
 using ferolin::Sensor;
 using ferolin::SmsReport;
 using ferolin::SpeedEvent;
@@ -76,8 +77,8 @@ int WithSensor(int index, Use use) {
   if (theEngine == nullptr) {
     return 0;
   }
-  const LockGuard guard(theEngine->dataLock);
-  Sensor* sensor = theEngine->GetSensor(index);
+  const LockGuard guard(theEngine->GetDataLock());
+  Sensor* sensor = theEngine->GetSensors().Get(index);
   return sensor != nullptr ? use(*sensor) : 0;
 }
 
@@ -96,26 +97,26 @@ Result WithEngine(Result fallback, Use use) {
   if (theEngine == nullptr) {
     return fallback;
   }
-  const LockGuard guard(theEngine->dataLock);
+  const LockGuard guard(theEngine->GetDataLock());
   return use(*theEngine);
 }
 
 template <class Use>
 void WithEngine(Use use) {
   if (theEngine != nullptr) {
-    const LockGuard guard(theEngine->dataLock);
+    const LockGuard guard(theEngine->GetDataLock());
     use(*theEngine);
   }
 }
 
 Widget* CurrentWidget() {
-  return theEngine != nullptr ? theEngine->GetCurrentWidget() : nullptr;
+  return theEngine != nullptr ? theEngine->GetRedraw().GetCurrentWidget() : nullptr;
 }
 
 template <class Value>
 int EventValue(int index, Value SpeedEvent::*value) {
   return WithEngine(0, [&](Engine& engine) {
-    const SpeedEvent* event = engine.speedEvents->GetEvent(index);
+    const SpeedEvent* event = engine.GetSpeedEvents().GetEvent(index);
     return event != nullptr ? static_cast<int>(event->*value) : 0;
   });
 }
@@ -125,21 +126,25 @@ int EventValue(int index, Value SpeedEvent::*value) {
 // Start, stop and notification. These wait for threads, so they must not hold the data lock.
 
 int WINAPI StartCallBack(HWND hostWindow) {
-  return theEngine != nullptr ? theEngine->StartCallBack(hostWindow) : 0;
+  return theEngine != nullptr && theEngine->StartCallBack(hostWindow) ? 1 : 0;
 }
 
 int WINAPI StopCallBack() {
-  return theEngine != nullptr ? theEngine->StopCallBack() : 0;
+  if (theEngine == nullptr) {
+    return 0;
+  }
+  theEngine->StopCallBack();
+  return 1;
 }
 
 UINT WINAPI GetWndMessageID() {
-  return theEngine != nullptr ? theEngine->wndMessageId.Get() : 0;
+  return theEngine != nullptr ? theEngine->GetMessageId() : 0;
 }
 
 // Position source. Setting the port or the source waits for threads as well.
 
 int WINAPI SetComPortName(LPCWSTR name) {
-  return theEngine != nullptr ? theEngine->SetComPortName(OrEmpty(name)) : 0;
+  return theEngine != nullptr && theEngine->SetComPortName(OrEmpty(name)) ? 1 : 0;
 }
 
 int WINAPI GetComPortName(char* buffer, int size) {
@@ -147,31 +152,31 @@ int WINAPI GetComPortName(char* buffer, int size) {
     EmptyOut(buffer, size);
     return 0;
   }
-  return CopyOrMeasure(buffer, size, theEngine->GetComPortName());
+  return CopyOrMeasure(buffer, size, theEngine->GetReader().GetComPortName());
 }
 
 void WINAPI SetComPortSpeed(int baudRate) {
   if (theEngine != nullptr) {
-    theEngine->comPortSpeed = baudRate;
+    theEngine->GetReader().SetComPortSpeed(baudRate);
   }
 }
 
 int WINAPI GetComPortSpeed() {
-  return theEngine != nullptr ? theEngine->comPortSpeed.Get() : Engine::KEEP_PORT_SPEED;
+  return theEngine != nullptr ? theEngine->GetReader().GetComPortSpeed() : Reader::KEEP_PORT_SPEED;
 }
 
 int WINAPI SetUseGPSAPI(DWORD use) {
-  return theEngine != nullptr ? theEngine->SetUseGpsApi(use) : 0;
+  return theEngine != nullptr && theEngine->SetUseGpsApi(use) ? 1 : 0;
 }
 
 int WINAPI IsUseGPSAPI() {
-  return theEngine != nullptr && theEngine->useGpsApi ? 1 : 0;
+  return theEngine != nullptr && theEngine->GetReader().GetUseGpsApi() != 0 ? 1 : 0;
 }
 
 // Sensors.
 
 int WINAPI GetSensorsCount() {
-  return theEngine != nullptr ? theEngine->GetSensorCount() : 0;
+  return theEngine != nullptr ? theEngine->GetSensors().GetCount() : 0;
 }
 
 int WINAPI GetSensorName(int index, char* buffer, int size) {
@@ -224,7 +229,7 @@ int WINAPI SetSensorRegistryString(int index, LPCWSTR text) {
 // Views and drawing.
 
 int WINAPI GetWidgetsCount() {
-  return theEngine != nullptr ? theEngine->GetWidgetCount() : 0;
+  return theEngine != nullptr ? theEngine->GetWidgets().GetCount() : 0;
 }
 
 int WINAPI GetWidgetName(int index, char* buffer, int size) {
@@ -232,27 +237,27 @@ int WINAPI GetWidgetName(int index, char* buffer, int size) {
     EmptyOut(buffer, size);
     return 0;
   }
-  const Widget* widget = theEngine->GetWidget(index);
+  const Widget* widget = theEngine->GetWidgets().Get(index);
   return widget != nullptr ? CopyIfFits(buffer, size, widget->GetName()) : 0;
 }
 
 int WINAPI GetCurRenderWidget() {
-  return theEngine != nullptr ? theEngine->curRenderWidget.Get() : -1;
+  return theEngine != nullptr ? theEngine->GetRedraw().GetCurRenderWidget() : FEROLIN_VIEW_NONE;
 }
 
 void WINAPI SetCurRenderWidget(int index) {
   if (theEngine != nullptr) {
-    theEngine->curRenderWidget = index;
+    theEngine->GetRedraw().SetCurRenderWidget(index);
   }
 }
 
 HWND WINAPI GetRenderWindow() {
-  return theEngine != nullptr ? theEngine->renderWindow.Get() : nullptr;
+  return theEngine != nullptr ? theEngine->GetRenderWindow() : nullptr;
 }
 
 void WINAPI SetRenderWindow(HWND window) {
   if (theEngine != nullptr) {
-    theEngine->renderWindow = window;
+    theEngine->GetRedraw().SetRenderWindow(window);
   }
 }
 
@@ -291,8 +296,8 @@ void WINAPI SetInvertOrient(int flag) {
 void WINAPI OnClick(HWND, int, int) {}
 
 void WINAPI OnDoubleClick() {
-  WithEngine([](const Engine& engine) {
-    if (Widget* widget = engine.GetCurrentWidget()) {
+  WithEngine([](Engine& engine) {
+    if (Widget* widget = engine.GetRedraw().GetCurrentWidget()) {
       widget->ToggleBars();
     }
   });
@@ -321,22 +326,22 @@ void WINAPI OnMouseUp(HWND window, int x, int y) {
 // Options.
 
 int WINAPI IsAlwaysTurnOn() {
-  return theEngine != nullptr && theEngine->alwaysTurnOn ? 1 : 0;
+  return theEngine != nullptr && theEngine->GetPowerKeeper().IsAlwaysTurnOn() ? 1 : 0;
 }
 
 void WINAPI SetAlwaysTurnOn(DWORD flag) {
   if (theEngine != nullptr) {
-    theEngine->alwaysTurnOn = flag;
+    theEngine->GetPowerKeeper().SetAlwaysTurnOn(flag);
   }
 }
 
 int WINAPI IsWriteKML() {
-  return theEngine != nullptr ? theEngine->writeKml.Get() : 0;
+  return theEngine != nullptr ? theEngine->GetWriteKml() : 0;
 }
 
 void WINAPI SetWriteKML(int flag) {
   if (theEngine != nullptr) {
-    theEngine->writeKml = static_cast<std::uint8_t>(flag);
+    theEngine->SetWriteKml(static_cast<std::uint8_t>(flag));
   }
 }
 
@@ -352,70 +357,69 @@ void WINAPI SetLogFolder(LPCWSTR path) {
 }
 
 int WINAPI IsRussianLocale() {
-  return theEngine != nullptr ? theEngine->locale->IsRussian() : 0;
+  return theEngine != nullptr ? ferolin::IsRussianLocale() : 0;
 }
 
 // SMS reports.
 
 void WINAPI SendSMS() {
   // Sent without the lock, which nobody is to wait for while a message is on its way.
-  WithEngine(SmsReport(), [](const Engine& engine) {
-    return engine.smsReporter->MakeReport();
+  WithEngine(SmsReport(), [](Engine& engine) {
+    return engine.GetSmsReporter().MakeReport();
   }).Send();
 }
 
 int WINAPI IsSMSEnabled() {
-  return WithEngine(0,
-                    [](const Engine& engine) { return engine.smsReporter->IsEnabled() ? 1 : 0; });
+  return WithEngine(0, [](Engine& engine) { return engine.GetSmsReporter().IsEnabled() ? 1 : 0; });
 }
 
 int WINAPI IsSMSSendIfChanged() {
   return WithEngine(
-      0, [](const Engine& engine) { return engine.smsReporter->IsSendIfChanged() ? 1 : 0; });
+      0, [](Engine& engine) { return engine.GetSmsReporter().IsSendIfChanged() ? 1 : 0; });
 }
 
 int WINAPI GetSMSInterval() {
-  return WithEngine(0, [](const Engine& engine) { return engine.smsReporter->GetInterval(); });
+  return WithEngine(0, [](Engine& engine) { return engine.GetSmsReporter().GetInterval(); });
 }
 
 void WINAPI GetSMSText(char* buffer, int size) {
   EmptyOut(buffer, size);
   WithEngine(
-      [&](const Engine& engine) { ClearAndCopy(buffer, size, engine.smsReporter->GetText()); });
+      [&](Engine& engine) { ClearAndCopy(buffer, size, engine.GetSmsReporter().GetText()); });
 }
 
 void WINAPI GetSMSAddress(char* buffer, int size) {
   EmptyOut(buffer, size);
-  WithEngine([&](const Engine& engine) {
-    ClearAndCopy(buffer, size, Narrow(engine.smsReporter->GetAddress()));
+  WithEngine([&](Engine& engine) {
+    ClearAndCopy(buffer, size, Narrow(engine.GetSmsReporter().GetAddress()));
   });
 }
 
 void WINAPI SetSMSParams(LPCWSTR address, LPCWSTR text, int interval, int enabled,
                          int sendIfChanged) {
-  WithEngine([&](const Engine& engine) {
-    engine.smsReporter->SetParams(OrEmpty(address), Narrow(OrEmpty(text)), interval, enabled != 0,
-                                  sendIfChanged != 0);
+  WithEngine([&](Engine& engine) {
+    engine.GetSmsReporter().SetParams(OrEmpty(address), Narrow(OrEmpty(text)), interval,
+                                      enabled != 0, sendIfChanged != 0);
   });
 }
 
 int WINAPI IsSMSExist() {
-  return WithEngine(0, [](const Engine& engine) { return engine.smsReporter->CanSend() ? 1 : 0; });
+  return WithEngine(0, [](Engine& engine) { return engine.GetSmsReporter().CanSend() ? 1 : 0; });
 }
 
 // Speed events.
 
 int WINAPI GetSpeedEventsCount() {
-  return WithEngine(0, [](const Engine& engine) { return engine.speedEvents->GetCount(); });
+  return WithEngine(0, [](Engine& engine) { return engine.GetSpeedEvents().GetCount(); });
 }
 
 int WINAPI GetBeepOnZero() {
-  return WithEngine(
-      0, [](const Engine& engine) { return engine.speedEvents->IsBeepOnZero() ? 1 : 0; });
+  return WithEngine(0,
+                    [](Engine& engine) { return engine.GetSpeedEvents().IsBeepOnZero() ? 1 : 0; });
 }
 
 void WINAPI SetBeepOnZero(int flag) {
-  WithEngine([&](const Engine& engine) { engine.speedEvents->SetBeepOnZero(flag != 0); });
+  WithEngine([&](Engine& engine) { engine.GetSpeedEvents().SetBeepOnZero(flag != 0); });
 }
 
 int WINAPI GetUseEventSound(int index) {
@@ -431,8 +435,8 @@ int WINAPI GetEventSpeedInter(int index) {
 }
 
 void WINAPI SetSpeedEvent(int index, int limit, int inter, int useSound) {
-  WithEngine([&](const Engine& engine) {
-    engine.speedEvents->SetEvent(index, {useSound != 0, limit, inter});
+  WithEngine([&](Engine& engine) {
+    engine.GetSpeedEvents().SetEvent(index, {useSound != 0, limit, inter});
   });
 }
 
@@ -444,14 +448,14 @@ int WINAPI GetIniFileValue(char* buffer, int size, LPCWSTR section, LPCWSTR key,
   }
   return CopyIfFits(
       buffer, size,
-      theEngine->iniStore->GetValue(Narrow(OrEmpty(key)), Narrow(OrEmpty(section)), ""));
+      theEngine->GetIniStore().GetValue(Narrow(OrEmpty(key)), Narrow(OrEmpty(section))));
 }
 
 int WINAPI SetIniFileValue(LPCWSTR section, LPCWSTR key, LPCWSTR value, LPCWSTR) {
   if (theEngine == nullptr) {
     return 0;
   }
-  theEngine->iniStore->SetValue(Narrow(OrEmpty(key)), Narrow(OrEmpty(value)),
-                                Narrow(OrEmpty(section)), "");
+  theEngine->GetIniStore().SetValue(Narrow(OrEmpty(key)), Narrow(OrEmpty(value)),
+                                    Narrow(OrEmpty(section)));
   return 1;
 }

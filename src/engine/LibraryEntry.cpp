@@ -16,10 +16,6 @@ void Attach(HMODULE module) {
   if (theEngine == nullptr) {
     theEngine = new (std::nothrow) Engine;
   }
-  if (theEngine != nullptr && !theEngine->IsComplete()) {
-    delete theEngine;
-    theEngine = nullptr;
-  }
   if (theEngine != nullptr) {
     theEngine->AttachModule(module);
   }

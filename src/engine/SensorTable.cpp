@@ -1,10 +1,9 @@
-// The list of sensors. Hosts keep choices by index, so the order never changes.
+#include "engine/SensorTable.h"
 
 #include <ferolin.h>
 
 #include <new>
 
-#include "engine/Engine.h"
 #include "gps/FixRecord.h"
 #include "sensors/AccelSensor.h"
 #include "sensors/AverageSpeedSensor.h"
@@ -42,15 +41,15 @@ SensorPointer Accel() {
 }
 
 SensorPointer Hdop() {
-  return Make<DopSensor>("HDOP", &FixRecord::hdop);
+  return Make<DopSensor>("HDOP", &FixRecord::GetHdop);
 }
 
 SensorPointer Vdop() {
-  return Make<DopSensor>("VDOP", &FixRecord::vdop);
+  return Make<DopSensor>("VDOP", &FixRecord::GetVdop);
 }
 
 SensorPointer Pdop() {
-  return Make<DopSensor>("PDOP", &FixRecord::pdop);
+  return Make<DopSensor>("PDOP", &FixRecord::GetPdop);
 }
 
 struct SensorEntry {
@@ -109,17 +108,26 @@ static_assert(IsInOrder(), "hosts know the sensors by these indexes");
 
 }  // namespace
 
-/// Sensors show the empty fix from the start, so that a host has something to list before the first
-/// update. Should the memory run out, the list ends there.
-void Engine::BuildSensorTable() {
+SensorTable::SensorTable(const FixRecord& fix) {
   static_assert(std::size(SENSORS) <= MAX_SENSORS);
   for (const SensorEntry& entry : SENSORS) {
     SensorPointer sensor = entry.make();
     if (sensor == nullptr) {
       return;
     }
-    sensor->Update(*fix);
+    sensor->Update(fix);
     sensors[static_cast<std::size_t>(sensorCount++)] = std::move(sensor);
+  }
+}
+
+Sensor* SensorTable::Get(int index) const {
+  return index >= 0 && index < sensorCount ? sensors[static_cast<std::size_t>(index)].get()
+                                           : nullptr;
+}
+
+void SensorTable::Update(const FixRecord& fix) {
+  for (int index = 0; index < sensorCount; ++index) {
+    Get(index)->Update(fix);
   }
 }
 

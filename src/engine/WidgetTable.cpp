@@ -1,10 +1,9 @@
-// The list of views. Hosts keep choices by index, so the order never changes.
+#include "engine/WidgetTable.h"
 
 #include <ferolin.h>
 
 #include <new>
 
-#include "engine/Engine.h"
 #include "widgets/chart/SpeedChartWidget.h"
 #include "widgets/dial/SpeedometerWidget.h"
 #include "widgets/path/PathWidget.h"
@@ -18,13 +17,13 @@ namespace {
 using WidgetPointer = std::unique_ptr<Widget>;
 
 template <class View>
-WidgetPointer Make(Engine& engine) {
-  return WidgetPointer(new (std::nothrow) View(engine));
+WidgetPointer Make(WidgetOwner& owner) {
+  return WidgetPointer(new (std::nothrow) View(owner));
 }
 
 struct WidgetEntry {
   FerolinView index;
-  WidgetPointer (*make)(Engine&);
+  WidgetPointer (*make)(WidgetOwner&);
 };
 
 constexpr WidgetEntry WIDGETS[] = {
@@ -49,15 +48,37 @@ static_assert(IsInOrder(), "hosts know the views by these indexes");
 
 }  // namespace
 
-/// Should the memory run out, the list ends there.
-void Engine::BuildWidgetTable() {
+WidgetTable::WidgetTable(WidgetOwner& owner) {
   static_assert(std::size(WIDGETS) <= MAX_WIDGETS);
   for (const WidgetEntry& entry : WIDGETS) {
-    WidgetPointer widget = entry.make(*this);
+    WidgetPointer widget = entry.make(owner);
     if (widget == nullptr) {
       return;
     }
     widgets[static_cast<std::size_t>(widgetCount++)] = std::move(widget);
+  }
+}
+
+Widget* WidgetTable::Get(int index) const {
+  return index >= 0 && index < widgetCount ? widgets[static_cast<std::size_t>(index)].get()
+                                           : nullptr;
+}
+
+void WidgetTable::Attach() {
+  for (int index = 0; index < widgetCount; ++index) {
+    Get(index)->Attach();
+  }
+}
+
+void WidgetTable::LoadSettings(const IniStore& store) {
+  for (int index = 0; index < widgetCount; ++index) {
+    Get(index)->LoadSettings(store);
+  }
+}
+
+void WidgetTable::SaveSettings(IniStore& store) const {
+  for (int index = 0; index < widgetCount; ++index) {
+    Get(index)->SaveSettings(store);
   }
 }
 

@@ -16,7 +16,6 @@ namespace ferolin {
 namespace {
 
 constexpr const char* SECTION = "Events";
-constexpr const char* SETTINGS_FILE = "";
 constexpr int LOADED_EVENTS = 3;
 
 constexpr const WCHAR* LIMIT_SOUND = TEXT("Limit.wav");
@@ -24,11 +23,11 @@ constexpr const WCHAR* LIMIT_DOWN_SOUND = TEXT("LimitDown.wav");
 constexpr const WCHAR* ZERO_SOUND = TEXT("Zero.wav");
 
 bool ReadFlag(const IniStore& store, const std::string& key) {
-  return FlagFrom(store.GetValue(key, SECTION, SETTINGS_FILE));
+  return FlagFrom(store.GetValue(key, SECTION));
 }
 
 int ReadNumber(const IniStore& store, const std::string& key) {
-  return ParseInt(store.GetValue(key, SECTION, SETTINGS_FILE).c_str());
+  return ParseInt(store.GetValue(key, SECTION).c_str());
 }
 
 }  // namespace
@@ -67,7 +66,7 @@ void SpeedEvents::LoadSettings(const WideString& directory, const IniStore& stor
 
 void SpeedEvents::SaveSettings(IniStore& store) const {
   const auto save = [&](const std::string& key, std::string_view value) {
-    store.SetValue(key, value, SECTION, SETTINGS_FILE);
+    store.SetValue(key, value, SECTION);
   };
   save("BeepOnZero", FlagText(beepOnZero));
   for (int number = 1; number <= GetCount(); ++number) {
@@ -79,7 +78,7 @@ void SpeedEvents::SaveSettings(IniStore& store) const {
 }
 
 void SpeedEvents::Check(const FixRecord& fix) {
-  const float speed = fix.speedKmh;
+  const float speed = fix.GetSpeedKmh();
   if (IsMissing(speed)) {
     return;
   }

@@ -37,47 +37,71 @@ class FixRecord {
   /// others, known, unknown or malformed.
   int ParseSentence(const char* sentence);
 
-  /// Takes one position of the platform's GPS API, or null when there is none. Always returns 1.
-  int ApplyGpsPosition(const GPS_POSITION* position);
+  /// Takes one position of the platform's GPS API, or null when there is none.
+  void ApplyGpsPosition(const GPS_POSITION* position);
 
   /// Null for an index above 11 (a negative one counts as above).
   const SatelliteInfo* GetSatellite(unsigned index) const;
+  /// The satellites in view, in order of first appearance; free slots have no PRN.
+  const std::array<SatelliteInfo, SATELLITE_COUNT>& GetSatellites() const { return satellites; }
+  /// Satellites that the position was computed from; MISSING_VALUE when the receiver did not say.
+  int GetSatellitesUsed() const { return satellitesUsed; }
+  /// Whether the source called the last fix valid.
+  bool IsFixValid() const { return fixValid != 0; }
 
+  /// ddmm.mmmm, negative = South.
+  float GetLatitude() const { return latitude; }
+  /// dddmm.mmmm, negative = West.
+  float GetLongitude() const { return longitude; }
+  /// Metres above sea level.
+  float GetAltitude() const { return altitude; }
+  /// Degrees from true north.
+  float GetCourse() const { return course; }
+  float GetSpeedKnots() const { return speedKnots; }
+  float GetSpeedKmh() const { return speedKmh; }
+  float GetPdop() const { return pdop; }
+  float GetHdop() const { return hdop; }
+  float GetVdop() const { return vdop; }
+
+  const SYSTEMTIME& GetUtcTime() const { return utcTime; }
+  /// The same moment in the device's time zone; zero until the first update.
+  const SYSTEMTIME& GetLocalTime() const { return localTime; }
+
+  /// The route so far.
+  const TrackStore& GetTrack() const { return track; }
+  TrackStore& GetTrack() { return track; }
   int GetPointCount() const { return track.GetPointCount(); }
   const TrackPoint* GetPoint(int index) const { return track.GetPoint(index); }
 
- private:
-  using FieldBuffers = std::array<std::array<char, FIELD_SIZE>, FIELD_COUNT>;
-  struct SentenceKind;
+ protected:
+  // The values, in the order of the record. Only the two sources write them.
 
-  /// Scratch of the parser: the fields of the last sentence. Fields beyond those of a sentence keep
-  /// older text.
-  FieldBuffers fields = {};
-
- public:
+  /// Fields of the last sentence; those beyond its last one keep the text of longer sentences.
+  std::array<std::array<char, FIELD_SIZE>, FIELD_COUNT> fields = {};
   float speedKnots = MISSING_FLOAT;
   TrackStore track;
-  float altitude = MISSING_FLOAT;   ///< metres above sea level
-  float longitude = MISSING_FLOAT;  ///< dddmm.mmmm, negative = West
-  float latitude = MISSING_FLOAT;   ///< ddmm.mmmm, negative = South
-  float course = MISSING_FLOAT;     ///< degrees from true north
+  float altitude = MISSING_FLOAT;
+  float longitude = MISSING_FLOAT;
+  float latitude = MISSING_FLOAT;
+  float course = MISSING_FLOAT;
   float speedKmh = MISSING_FLOAT;
-  /// Part of the record's layout; nothing reads or writes it.
+  /// Unused.
   std::array<float, 9> reserved = {MISSING_FLOAT, MISSING_FLOAT, MISSING_FLOAT, MISSING_FLOAT,
                                    MISSING_FLOAT, MISSING_FLOAT, MISSING_FLOAT};
   SYSTEMTIME utcTime = {};
-  SYSTEMTIME localTime = {};  ///< zero until the first update
+  SYSTEMTIME localTime = {};
   float pdop = MISSING_FLOAT;
   float hdop = MISSING_FLOAT;
   float vdop = MISSING_FLOAT;
   std::int32_t satellitesUsed = 0;
-  /// What the field behind the altitude of the last GGA sentence reads as a number: the unit "M"
-  /// gives 0.
+  /// Number at the start of the field behind the altitude of a GGA sentence; the unit "M" gives 0.
   float ggaField10 = MISSING_FLOAT;
   std::uint8_t fixValid = 0;
   std::array<SatelliteInfo, SATELLITE_COUNT> satellites;
 
  private:
+  struct SentenceKind;
+
   // NMEA.
   int SplitFields(const char* sentence);
   void ParseRmc();

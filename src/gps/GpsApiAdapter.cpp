@@ -19,10 +19,10 @@ float NmeaFromDegrees(double degrees) {
 
 }  // namespace
 
-int FixRecord::ApplyGpsPosition(const GPS_POSITION* position) {
+void FixRecord::ApplyGpsPosition(const GPS_POSITION* position) {
   if (position != nullptr && position->FixType != GPS_FIX_UNKNOWN) {
     ApplyFix(*position);
-    return 1;
+    return;
   }
   SetDeviceTime();
   ForgetPosition();
@@ -30,7 +30,6 @@ int FixRecord::ApplyGpsPosition(const GPS_POSITION* position) {
     fixValid = 0;
     satellites.fill(SatelliteInfo());
   }
-  return 1;
 }
 
 void FixRecord::ApplyFix(const GPS_POSITION& position) {

@@ -44,14 +44,14 @@ void AccelSensor::Update(const FixRecord& fix) {
   if (!FixCounts(fix)) {
     return;
   }
-  const std::int64_t time = FileTimeOf(fix.localTime);
-  if (static_cast<int>(fix.speedKmh) == 0) {
+  const std::int64_t time = FileTimeOf(fix.GetLocalTime());
+  if (static_cast<int>(fix.GetSpeedKmh()) == 0) {
     startTime = time;
   }
-  if (CrossesTarget(fix.speedKmh)) {
-    RecordRun(fix.speedKmh, time);
+  if (CrossesTarget(fix.GetSpeedKmh())) {
+    RecordRun(fix.GetSpeedKmh(), time);
   }
-  lastSpeed = fix.speedKmh;
+  lastSpeed = fix.GetSpeedKmh();
   lastTime = time;
 }
 

@@ -38,19 +38,19 @@ void AverageSpeedSensor::Update(const FixRecord& fix) {
     lastSpeed = MISSING_FLOAT;
     return;
   }
-  const std::int64_t time = FileTimeOf(fix.localTime);
+  const std::int64_t time = FileTimeOf(fix.GetLocalTime());
   if (!IsMissing(lastSpeed) && lastTime != 0 && time >= lastTime) {
     const std::int64_t step = (time - lastTime) / FILE_TIME_PER_SECOND;
     seconds += step;
     distanceKm +=
-        ((fix.speedKmh + lastSpeed) * 0.5F) * (static_cast<float>(step) * HOURS_PER_SECOND);
+        ((fix.GetSpeedKmh() + lastSpeed) * 0.5F) * (static_cast<float>(step) * HOURS_PER_SECOND);
     if (seconds != 0) {
       const float hours = static_cast<float>(seconds) * HOURS_PER_SECOND;
       SetText("%.2f %s", static_cast<double>(distanceKm) / static_cast<double>(hours),
               GetText(Word::KMH));
     }
   }
-  lastSpeed = fix.speedKmh;
+  lastSpeed = fix.GetSpeedKmh();
   lastTime = time;
 }
 

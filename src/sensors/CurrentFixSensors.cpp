@@ -56,54 +56,56 @@ std::string BatteryText() {
 }  // namespace
 
 void GpsStatusSensor::Update(const FixRecord& fix) {
-  SetText("%s", fix.fixValid ? "OK" : GetText(Word::NO_SIGNAL));
+  SetText("%s", fix.IsFixValid() ? "OK" : GetText(Word::NO_SIGNAL));
 }
 
 void SatellitesUsedSensor::Update(const FixRecord& fix) {
-  SetText("%i", fix.satellitesUsed == MISSING_VALUE ? 0 : fix.satellitesUsed);
+  SetText("%i", fix.GetSatellitesUsed() == MISSING_VALUE ? 0 : fix.GetSatellitesUsed());
 }
 
 void CurrentTimeSensor::Update(const FixRecord& fix) {
-  SetText("%i:%02i:%02i", fix.localTime.wHour, fix.localTime.wMinute, fix.localTime.wSecond);
+  const SYSTEMTIME& time = fix.GetLocalTime();
+  SetText("%i:%02i:%02i", time.wHour, time.wMinute, time.wSecond);
 }
 
 void SpeedSensor::Update(const FixRecord& fix) {
-  if (fix.fixValid && !IsMissing(fix.speedKmh)) {
-    SetText("%.1f %s", fix.speedKmh, GetText(Word::KMH));
+  if (fix.IsFixValid() && !IsMissing(fix.GetSpeedKmh())) {
+    SetText("%.1f %s", fix.GetSpeedKmh(), GetText(Word::KMH));
   } else {
     SetText("");
   }
 }
 
 void LatitudeSensor::Update(const FixRecord& fix) {
-  SetText("%s", AngleText(fix.latitude, "NL", "SL"));
+  SetText("%s", AngleText(fix.GetLatitude(), "NL", "SL"));
 }
 
 void LongitudeSensor::Update(const FixRecord& fix) {
-  SetText("%s", AngleText(fix.longitude, "EL", "WL"));
+  SetText("%s", AngleText(fix.GetLongitude(), "EL", "WL"));
 }
 
 void AltitudeSensor::Update(const FixRecord& fix) {
-  if (IsMissing(fix.altitude)) {
+  if (IsMissing(fix.GetAltitude())) {
     SetText(NOT_AVAILABLE);
   } else {
-    SetText("%.1f %s", fix.altitude, GetText(Word::METRE));
+    SetText("%.1f %s", fix.GetAltitude(), GetText(Word::METRE));
   }
 }
 
 void AzimuthSensor::Update(const FixRecord& fix) {
-  if (IsMissing(fix.course)) {
+  if (IsMissing(fix.GetCourse())) {
     SetText(NOT_AVAILABLE);
   } else {
-    SetText("%.0f", fix.course);
+    SetText("%.0f", fix.GetCourse());
   }
 }
 
 void DopSensor::Update(const FixRecord& fix) {
-  if (IsMissing(fix.*field)) {
+  const float dop = (fix.*getDop)();
+  if (IsMissing(dop)) {
     SetText(NOT_AVAILABLE);
   } else {
-    SetText("%.1f", fix.*field);
+    SetText("%.1f", dop);
   }
 }
 

@@ -61,12 +61,12 @@ class AzimuthSensor : public Sensor {
 /// One of the three dilutions of precision.
 class DopSensor : public Sensor {
  public:
-  DopSensor(std::string sensorName, float FixRecord::*dopField)
-      : Sensor(std::move(sensorName)), field(dopField) {}
+  DopSensor(std::string name, float (FixRecord::*getDop)() const)
+      : Sensor(std::move(name)), getDop(getDop) {}
   void Update(const FixRecord& fix) override;
 
  private:
-  float FixRecord::*field;
+  float (FixRecord::*getDop)() const;
 };
 
 /// Charge of the device's own battery.

@@ -28,16 +28,16 @@ void DistanceSensor::Update(const FixRecord& fix) {
     lastSpeed = MISSING_FLOAT;
     return;
   }
-  const std::int64_t time = FileTimeOf(fix.localTime);
+  const std::int64_t time = FileTimeOf(fix.GetLocalTime());
   if (!IsMissing(lastSpeed) && lastTime != 0 && time >= lastTime) {
     const float seconds = static_cast<float>(time - lastTime) * 1e-7F;
     const double hours = static_cast<double>(seconds) * HOURS_PER_SECOND;
-    const float meanSpeed = (fix.speedKmh + lastSpeed) * 0.5F;
+    const float meanSpeed = (fix.GetSpeedKmh() + lastSpeed) * 0.5F;
     distanceKm = static_cast<float>(hours * static_cast<double>(meanSpeed) +
                                     static_cast<double>(distanceKm));
     ShowDistance();
   }
-  lastSpeed = fix.speedKmh;
+  lastSpeed = fix.GetSpeedKmh();
   lastTime = time;
 }
 

@@ -26,7 +26,7 @@ void ElapsedSensor::Update(const FixRecord& fix) {
   if (!FixCounts(fix)) {
     return;
   }
-  const std::int64_t time = FileTimeOf(fix.localTime);
+  const std::int64_t time = FileTimeOf(fix.GetLocalTime());
   if (lastTime != 0 && time > lastTime) {
     seconds += (time - lastTime) / FILE_TIME_PER_SECOND;
     ShowTime();

@@ -46,19 +46,19 @@ void FastestSensor::Update(const FixRecord& fix) {
     BreakRun();
     return;
   }
-  const std::int64_t time = FileTimeOf(fix.localTime);
-  if (fix.speedKmh == 0.0F) {
+  const std::int64_t time = FileTimeOf(fix.GetLocalTime());
+  if (fix.GetSpeedKmh() == 0.0F) {
     BreakRun();
   }
   if (!IsMissing(lastSpeed) && lastTime != 0 && time >= lastTime) {
     const std::int64_t stepMs = (time - lastTime) / FILE_TIME_PER_MILLISECOND;
     const std::int64_t wholeSeconds = stepMs / 1000;
-    const float meanSpeed = (lastSpeed + fix.speedKmh) * 0.5F;
+    const float meanSpeed = (lastSpeed + fix.GetSpeedKmh()) * 0.5F;
     const double metres = static_cast<double>(meanSpeed) * static_cast<double>(wholeSeconds) *
                           METRES_PER_SECOND_PER_KMH;
     AddSegment(static_cast<float>(metres), stepMs);
   }
-  lastSpeed = fix.speedKmh;
+  lastSpeed = fix.GetSpeedKmh();
   lastTime = time;
 }
 

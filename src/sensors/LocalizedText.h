@@ -42,12 +42,4 @@ int IsRussianLocale();
 /// library.
 const char* GetText(Word word);
 
-/// Asks the device for the language when the engine starts, on the host's thread, before others
-/// read the answer.
-class LocaleHelper {
- public:
-  LocaleHelper() { IsRussian(); }
-  int IsRussian() const { return IsRussianLocale(); }
-};
-
 }  // namespace ferolin

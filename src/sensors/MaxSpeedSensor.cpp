@@ -20,8 +20,8 @@ int MaxSpeedSensor::SetRegistryString(const char* text) {
 }
 
 void MaxSpeedSensor::Update(const FixRecord& fix) {
-  if (!IsMissing(fix.speedKmh) && (IsMissing(maximumKmh) || fix.speedKmh > maximumKmh)) {
-    SetMaximum(fix.speedKmh);
+  if (!IsMissing(fix.GetSpeedKmh()) && (IsMissing(maximumKmh) || fix.GetSpeedKmh() > maximumKmh)) {
+    SetMaximum(fix.GetSpeedKmh());
   }
 }
 

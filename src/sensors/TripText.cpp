@@ -7,7 +7,7 @@
 namespace ferolin {
 
 bool FixCounts(const FixRecord& fix) {
-  return fix.fixValid != 0 && !IsMissing(fix.speedKmh);
+  return fix.IsFixValid() && !IsMissing(fix.GetSpeedKmh());
 }
 
 std::string TimeText(double seconds) {

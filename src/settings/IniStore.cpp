@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "base/CodePage.h"
+#include "base/File.h"
 
 namespace ferolin {
 
@@ -13,11 +14,6 @@ namespace {
 constexpr std::string_view BLANKS = " \t\n\r";
 constexpr std::string_view SAVING_SUFFIX = ".new";
 
-std::vector<IniRecord>& Content() {
-  static std::vector<IniRecord> content;
-  return content;
-}
-
 std::string_view Trim(std::string_view text) {
   const std::size_t first = text.find_first_not_of(BLANKS);
   if (first == std::string_view::npos) {
@@ -25,44 +21,6 @@ std::string_view Trim(std::string_view text) {
   }
   return text.substr(first, text.find_last_not_of(BLANKS) - first + 1);
 }
-
-/// A file that is closed when it goes out of scope.
-class OpenFile {
- public:
-  OpenFile(const std::string& fileName, DWORD access, DWORD disposition)
-      : handle(CreateFileW(Widen(fileName).c_str(), access, FILE_SHARE_READ, nullptr, disposition,
-                           FILE_ATTRIBUTE_NORMAL, nullptr)) {}
-  ~OpenFile() {
-    if (IsOpen()) {
-      CloseHandle(handle);
-    }
-  }
-  OpenFile(const OpenFile&) = delete;
-  OpenFile& operator=(const OpenFile&) = delete;
-
-  bool IsOpen() const { return handle != INVALID_HANDLE_VALUE; }
-
-  bool ReadAll(std::string& text) const {
-    char block[4096];
-    DWORD count = 0;
-    while (ReadFile(handle, block, sizeof block, &count, nullptr)) {
-      if (count == 0) {
-        return true;
-      }
-      text.append(block, count);
-    }
-    return false;
-  }
-
-  bool WriteAll(std::string_view text) const {
-    DWORD written = 0;
-    return WriteFile(handle, text.data(), static_cast<DWORD>(text.size()), &written, nullptr) &&
-           written == text.size() && FlushFileBuffers(handle);
-  }
-
- private:
-  HANDLE handle;
-};
 
 /// Reads lines into records. Comments wait until the record below them comes.
 class Parser {
@@ -116,21 +74,6 @@ class Parser {
   std::string comments;
 };
 
-bool ReadRecords(const OpenFile& file, std::vector<IniRecord>& records) {
-  std::string text;
-  if (!file.IsOpen() || !file.ReadAll(text)) {
-    return false;
-  }
-  Parser parser(records);
-  std::string_view rest = text;
-  while (!rest.empty()) {
-    const std::size_t end = std::min(rest.find('\n'), rest.size() - 1);
-    parser.ParseLine(rest.substr(0, end + 1));
-    rest.remove_prefix(end + 1);
-  }
-  return true;
-}
-
 /// A save that was cut off between removing the old file and naming the new one left the new one
 /// whole.
 void RecoverInterruptedSave(const std::string& fileName) {
@@ -152,12 +95,14 @@ std::string Print(const std::vector<IniRecord>& records) {
   return text;
 }
 
-std::vector<IniRecord>::iterator FindSection(std::string_view section) {
-  return std::ranges::find(Content(), section, &IniRecord::Section);
+bool WriteFlushed(const File& file, std::string_view text) {
+  return file.Write(text) && file.Flush();
 }
 
-std::vector<IniRecord>::iterator FindKey(std::string_view section, std::string_view key) {
-  return std::ranges::find_if(Content(), [&](const IniRecord& record) {
+/// First record of that section and key in `records`; its end when there is none.
+template <class Records>
+auto FindKey(Records& records, std::string_view section, std::string_view key) {
+  return std::ranges::find_if(records, [&](const IniRecord& record) {
     return record.Section == section && record.Key == key;
   });
 }
@@ -165,67 +110,74 @@ std::vector<IniRecord>::iterator FindKey(std::string_view section, std::string_v
 }  // namespace
 
 bool IniStore::Load(const std::string& fileName) {
-  Content().clear();
+  records.clear();
   RecoverInterruptedSave(fileName);
-  if (const OpenFile file(fileName, GENERIC_READ, OPEN_EXISTING); file.IsOpen()) {
-    return ReadRecords(file, Content());
+  const WideString path = Widen(fileName);
+  if (const File file = File::ForReading(path); file.IsOpen()) {
+    return Read(file);
   }
-  return Create(fileName) &&
-         ReadRecords(OpenFile(fileName, GENERIC_READ, OPEN_EXISTING), Content());
+  return Create(fileName) && Read(File::ForReading(path));
 }
 
-bool IniStore::Create(const std::string& fileName) {
-  return OpenFile(fileName, GENERIC_WRITE, CREATE_ALWAYS).IsOpen();
-}
-
-bool IniStore::Save(const std::string& fileName) const {
-  const std::string text = Print(Content());
-  const std::string aside = fileName + std::string(SAVING_SUFFIX);
-  const WideString wideAside = Widen(aside);
-  bool written = false;
-  {
-    const OpenFile file(aside, GENERIC_WRITE, CREATE_ALWAYS);
-    if (!file.IsOpen()) {
-      return OpenFile(fileName, GENERIC_WRITE, CREATE_ALWAYS).WriteAll(text);
-    }
-    written = file.WriteAll(text);
-  }
-  if (!written) {
-    DeleteFileW(wideAside.c_str());
+bool IniStore::Read(const File& file) {
+  std::string text;
+  if (!file.IsOpen() || !file.ReadAll(text)) {
     return false;
   }
-  const WideString wideName = Widen(fileName);
-  DeleteFileW(wideName.c_str());
-  return MoveFileW(wideAside.c_str(), wideName.c_str());
-}
-
-std::string IniStore::GetValue(std::string_view key, std::string_view section,
-                               std::string_view) const {
-  const auto record = FindKey(section, key);
-  return record == Content().end() ? std::string() : record->Value;
-}
-
-bool IniStore::HasValue(std::string_view key, std::string_view section) const {
-  return FindKey(section, key) != Content().end();
-}
-
-bool IniStore::SetValue(std::string_view key, std::string_view value, std::string_view section,
-                        std::string_view) {
-  std::vector<IniRecord>& content = Content();
-  const IniRecord added{"", ' ', std::string(section), std::string(key), std::string(value)};
-  if (const auto record = FindKey(section, key); record != content.end()) {
-    record->Value = value;
-  } else if (const auto header = FindSection(section); header != content.end()) {
-    content.insert(header + 1, added);
-  } else {
-    content.push_back({"", ' ', std::string(section), "", ""});
-    content.push_back(added);
+  Parser parser(records);
+  std::string_view rest = text;
+  while (!rest.empty()) {
+    const std::size_t end = std::min(rest.find('\n'), rest.size() - 1);
+    parser.ParseLine(rest.substr(0, end + 1));
+    rest.remove_prefix(end + 1);
   }
   return true;
 }
 
-const std::vector<IniRecord>& IniStore::GetRecords() const {
-  return Content();
+bool IniStore::Create(const std::string& fileName) {
+  return File::ForWriting(Widen(fileName)).IsOpen();
+}
+
+bool IniStore::Save(const std::string& fileName) const {
+  const std::string text = Print(records);
+  const WideString name = Widen(fileName);
+  const WideString aside = Widen(fileName + std::string(SAVING_SUFFIX));
+  bool written = false;
+  {
+    const File file = File::ForWriting(aside);
+    if (!file.IsOpen()) {
+      return WriteFlushed(File::ForWriting(name), text);
+    }
+    written = WriteFlushed(file, text);
+  }
+  if (!written) {
+    DeleteFileW(aside.c_str());
+    return false;
+  }
+  DeleteFileW(name.c_str());
+  return MoveFileW(aside.c_str(), name.c_str());
+}
+
+std::string IniStore::GetValue(std::string_view key, std::string_view section) const {
+  const auto record = FindKey(records, section, key);
+  return record == records.end() ? std::string() : record->Value;
+}
+
+bool IniStore::HasValue(std::string_view key, std::string_view section) const {
+  return FindKey(records, section, key) != records.end();
+}
+
+void IniStore::SetValue(std::string_view key, std::string_view value, std::string_view section) {
+  const IniRecord added{"", ' ', std::string(section), std::string(key), std::string(value)};
+  if (const auto record = FindKey(records, section, key); record != records.end()) {
+    record->Value = value;
+  } else if (const auto header = std::ranges::find(records, section, &IniRecord::Section);
+             header != records.end()) {
+    records.insert(header + 1, added);
+  } else {
+    records.push_back({"", ' ', std::string(section), "", ""});
+    records.push_back(added);
+  }
 }
 
 }  // namespace ferolin

@@ -16,7 +16,6 @@ namespace ferolin {
 namespace {
 
 constexpr const char* SECTION = "SMS";
-constexpr const char* SETTINGS_FILE = "";
 
 /// Replaces every occurrence, looking from the start again each time, so that a replacement that
 /// completes a placeholder counts too.
@@ -89,7 +88,7 @@ void SmsReporter::SetAddress(WideStringView address) {
 }
 
 void SmsReporter::LoadSettings(const IniStore& store) {
-  const auto value = [&](const char* key) { return store.GetValue(key, SECTION, SETTINGS_FILE); };
+  const auto value = [&](const char* key) { return store.GetValue(key, SECTION); };
   const auto flag = [&](const char* key) { return FlagFrom(value(key)); };
   SetAddress(Widen(value("Address")));
   interval = ParseInt(value("Interval").c_str());
@@ -100,7 +99,7 @@ void SmsReporter::LoadSettings(const IniStore& store) {
 
 void SmsReporter::SaveSettings(IniStore& store) const {
   const auto save = [&](const char* key, std::string_view value) {
-    store.SetValue(key, value, SECTION, SETTINGS_FILE);
+    store.SetValue(key, value, SECTION);
   };
   save("Address", Narrow(GetAddress()));
   save("Interval", Format("%i", interval));
@@ -117,11 +116,11 @@ SmsReport SmsReporter::Tick() {
   if (!enabled || interval < 1) {
     return {};
   }
-  const std::int64_t now = FileTimeOf(fix.localTime);
+  const std::int64_t now = FileTimeOf(fix.GetLocalTime());
   const bool isDue = IsDue(now);
   lastTime = now;
-  lastLongitude = fix.longitude;
-  lastLatitude = fix.latitude;
+  lastLongitude = fix.GetLongitude();
+  lastLatitude = fix.GetLatitude();
   return isDue ? MakeReport() : SmsReport();
 }
 
@@ -130,23 +129,24 @@ bool SmsReporter::IsDue(std::int64_t now) const {
   if (lastTime == 0 || (now - lastTime) / FILE_TIME_PER_MINUTE < interval) {
     return false;
   }
-  const bool changed = fix.longitude != lastLongitude || fix.latitude != lastLatitude;
+  const bool changed = fix.GetLongitude() != lastLongitude || fix.GetLatitude() != lastLatitude;
   return changed || !sendIfChanged;
 }
 
 std::string SmsReporter::BuildMessage() const {
   std::string message = text;
-  ReplaceAll(message, "%Latitude%", ValueOrNothing("%f", fix.latitude, COORDINATE_FACTOR));
-  ReplaceAll(message, "%Longitude%", ValueOrNothing("%f", fix.longitude, COORDINATE_FACTOR));
-  ReplaceAll(message, "%Altitude%", ValueOrNothing("%0.2f", fix.altitude));
-  ReplaceAll(message, "%Speed%", ValueOrNothing("%0.1f", fix.speedKmh));
-  ReplaceAll(message, "%Azimuth%", ValueOrNothing("%0.0f", fix.course));
-  ReplaceAll(message, "%Time%",
-             Format("%i:%i:%i", fix.localTime.wHour, fix.localTime.wMinute, fix.localTime.wSecond));
-  if (!IsMissing(fix.latitude) && !IsMissing(fix.longitude)) {
-    ReplaceAll(message, "%GoogleMaps%",
-               Format("http://maps.google.com/m/local?q=%f,%f", fix.latitude * COORDINATE_FACTOR,
-                      fix.longitude * COORDINATE_FACTOR));
+  ReplaceAll(message, "%Latitude%", ValueOrNothing("%f", fix.GetLatitude(), COORDINATE_FACTOR));
+  ReplaceAll(message, "%Longitude%", ValueOrNothing("%f", fix.GetLongitude(), COORDINATE_FACTOR));
+  ReplaceAll(message, "%Altitude%", ValueOrNothing("%0.2f", fix.GetAltitude()));
+  ReplaceAll(message, "%Speed%", ValueOrNothing("%0.1f", fix.GetSpeedKmh()));
+  ReplaceAll(message, "%Azimuth%", ValueOrNothing("%0.0f", fix.GetCourse()));
+  const SYSTEMTIME& time = fix.GetLocalTime();
+  ReplaceAll(message, "%Time%", Format("%i:%i:%i", time.wHour, time.wMinute, time.wSecond));
+  if (!IsMissing(fix.GetLatitude()) && !IsMissing(fix.GetLongitude())) {
+    ReplaceAll(
+        message, "%GoogleMaps%",
+        Format("http://maps.google.com/m/local?q=%f,%f", fix.GetLatitude() * COORDINATE_FACTOR,
+               fix.GetLongitude() * COORDINATE_FACTOR));
   }
   return message;
 }

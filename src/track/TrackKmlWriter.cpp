@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "base/CodePage.h"
+#include "base/File.h"
 #include "base/Format.h"
 #include "base/MissingValue.h"
 #include "track/Degrees.h"
@@ -64,14 +65,9 @@ WideString FindFreeName(const WideString& folder) {
   return {};
 }
 
-bool Write(HANDLE file, std::string_view text) {
-  DWORD written = 0;
-  return WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
-}
-
 /// Writes the points whose latitude, longitude and altitude all differ from those of the point
 /// written before, so that standing still and driving along a line leave few points.
-bool WritePoints(HANDLE file, const TrackStore& track) {
+bool WritePoints(const File& file, const TrackStore& track) {
   float lastLatitude = MISSING_FLOAT;
   float lastLongitude = MISSING_FLOAT;
   float lastAltitude = MISSING_FLOAT;
@@ -85,7 +81,7 @@ bool WritePoints(HANDLE file, const TrackStore& track) {
     if (latitude == lastLatitude || longitude == lastLongitude || point.altitude == lastAltitude) {
       continue;
     }
-    if (!Write(file, Format("\t\t\t%f,%f,%f\n", longitude, latitude, point.altitude))) {
+    if (!file.Write(Format("\t\t\t%f,%f,%f\n", longitude, latitude, point.altitude))) {
       return false;
     }
     lastLatitude = latitude;
@@ -106,15 +102,10 @@ void WriteTrackKml(const TrackStore& track, const WideString& folder) {
   if (path.empty()) {
     return;
   }
-  const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
-                                  CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-  if (file == INVALID_HANDLE_VALUE) {
-    return;
+  const File file = File::ForWriting(path);
+  if (file.IsOpen() && file.Write(HEADER) && WritePoints(file, track)) {
+    file.Write(FOOTER);
   }
-  if (Write(file, HEADER) && WritePoints(file, track)) {
-    Write(file, FOOTER);
-  }
-  CloseHandle(file);
 }
 
 }  // namespace ferolin

@@ -31,7 +31,7 @@ template <class Owner, std::size_t N>
 void LoadColors(const ColorSetting<Owner> (&settings)[N], const char* section,
                 const IniStore& store, Owner& owner) {
   for (const ColorSetting<Owner>& setting : settings) {
-    const std::string value = store.GetValue(setting.key, section, "");
+    const std::string value = store.GetValue(setting.key, section);
     if (!value.empty()) {
       owner.*setting.color = static_cast<COLORREF>(ParseInt(value.c_str()));
     }
@@ -42,7 +42,7 @@ template <class Owner, std::size_t N>
 void SaveColors(const ColorSetting<Owner> (&settings)[N], const char* section, IniStore& store,
                 const Owner& owner) {
   for (const ColorSetting<Owner>& setting : settings) {
-    store.SetValue(setting.key, Format("%i", owner.*setting.color), section, "");
+    store.SetValue(setting.key, Format("%i", owner.*setting.color), section);
   }
 }
 

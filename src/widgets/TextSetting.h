@@ -34,10 +34,10 @@ void LoadTexts(const TextSetting<Owner> (&settings)[N], const char* section, con
                Owner& owner) {
   for (const TextSetting<Owner>& setting : settings) {
     TextStyle& style = owner.*setting.style;
-    if (std::string face = store.GetValue(setting.faceKey, section, ""); !face.empty()) {
+    if (std::string face = store.GetValue(setting.faceKey, section); !face.empty()) {
       style.face = std::move(face);
     }
-    if (const std::string size = store.GetValue(setting.sizeKey, section, ""); !size.empty()) {
+    if (const std::string size = store.GetValue(setting.sizeKey, section); !size.empty()) {
       style.size = ParseInt(size.c_str());
     }
   }
@@ -48,7 +48,7 @@ template <class Owner, std::size_t N>
 void SaveFaces(const TextSetting<Owner> (&settings)[N], const char* section, IniStore& store,
                const Owner& owner) {
   for (const TextSetting<Owner>& setting : settings) {
-    store.SetValue(setting.faceKey, (owner.*setting.style).face, section, "");
+    store.SetValue(setting.faceKey, (owner.*setting.style).face, section);
   }
 }
 
@@ -56,7 +56,7 @@ template <class Owner, std::size_t N>
 void SaveSizes(const TextSetting<Owner> (&settings)[N], const char* section, IniStore& store,
                const Owner& owner) {
   for (const TextSetting<Owner>& setting : settings) {
-    store.SetValue(setting.sizeKey, Format("%i", (owner.*setting.style).size), section, "");
+    store.SetValue(setting.sizeKey, Format("%i", (owner.*setting.style).size), section);
   }
 }
 

@@ -43,7 +43,7 @@ class Stage {
     engine.AttachModule(PrepareHome());
     for (std::size_t i = 0; i < std::size(SIZES); ++i)
       windows[i] = OpenWindow(SIZES[i]);
-    engine.renderWindow = windows[0];
+    engine.GetRedraw().SetRenderWindow(windows[0]);
     Drive();
   }
 
@@ -53,9 +53,9 @@ class Stage {
     ferolin::theInvertFlags.horz = static_cast<std::uint8_t>(flags >> 1 & 1);
     ferolin::theInvertFlags.color = static_cast<std::uint8_t>(flags >> 2 & 1);
     ferolin::theInvertFlags.orient = static_cast<std::uint8_t>(flags >> 3 & 1);
-    engine.renderWindow = windows[size];
-    const ferolin::LockGuard guard(engine.dataLock);
-    ferolin::Widget& widget = *engine.GetWidget(view);
+    engine.GetRedraw().SetRenderWindow(windows[size]);
+    const ferolin::LockGuard guard(engine.GetDataLock());
+    ferolin::Widget& widget = *engine.GetWidgets().Get(view);
     widget.Attach();
     widget.ShowBars();
     if (!withBars)
@@ -63,7 +63,7 @@ class Stage {
     widget.Draw(windows[size]);
   }
 
-  int GetViewCount() const { return engine.GetWidgetCount(); }
+  int GetViewCount() { return engine.GetWidgets().GetCount(); }
 
  private:
   /// A fix a second, on a winding road, with the satellites moving by.

@@ -26,13 +26,13 @@ class UpdateCycle : public testing::Test {
 
 TEST_F(UpdateCycle, HoldsTheBacklightAtFullPower) {
   const std::size_t before = handheld::PowerRequests().size();
-  engine.alwaysTurnOn = 1;
+  engine.GetPowerKeeper().SetAlwaysTurnOn(1);
   engine.OnUpdate(ACCEPTED);
   const std::vector<handheld::PowerRequest> requests = handheld::PowerRequests();
   ASSERT_EQ(before + 1, requests.size());
   EXPECT_EQ(u"BKL1:", requests[before].device);
   EXPECT_EQ(D0, requests[before].state);
-  engine.alwaysTurnOn = 0;
+  engine.GetPowerKeeper().SetAlwaysTurnOn(0);
   engine.OnUpdate(ACCEPTED);
 }
 
@@ -40,7 +40,7 @@ TEST_F(UpdateCycle, AsksOnceForABacklightThatCannotBeHad) {
   const std::size_t before = handheld::PowerRequests().size();
   const int resets = handheld::IdleTimerResets();
   handheld::SetPowerRequirementFailing(true);
-  engine.alwaysTurnOn = 1;
+  engine.GetPowerKeeper().SetAlwaysTurnOn(1);
   engine.OnUpdate(ACCEPTED);
   handheld::SetPowerRequirementFailing(false);
   engine.OnUpdate(ACCEPTED);
@@ -50,11 +50,11 @@ TEST_F(UpdateCycle, AsksOnceForABacklightThatCannotBeHad) {
 }
 
 TEST_F(UpdateCycle, TriesAFailedBacklightReleaseAgainAtTheNextUpdate) {
-  engine.alwaysTurnOn = 1;
+  engine.GetPowerKeeper().SetAlwaysTurnOn(1);
   engine.OnUpdate(ACCEPTED);
   ASSERT_EQ(1, handheld::PowerRequirementsHeld());
 
-  engine.alwaysTurnOn = 0;
+  engine.GetPowerKeeper().SetAlwaysTurnOn(0);
   handheld::SetPowerReleaseFailing(true);
   engine.OnUpdate(ACCEPTED);
   EXPECT_EQ(1, handheld::PowerRequirementsHeld());
@@ -65,7 +65,7 @@ TEST_F(UpdateCycle, TriesAFailedBacklightReleaseAgainAtTheNextUpdate) {
 
 TEST_F(UpdateCycle, KeepsTheBacklightAsItIsForARejectedSentence) {
   const int resets = handheld::IdleTimerResets();
-  engine.alwaysTurnOn = 1;
+  engine.GetPowerKeeper().SetAlwaysTurnOn(1);
   engine.OnUpdate("$GPZDA,120000,23,03,2024,00,00*00");
   engine.OnUpdate("");
   EXPECT_EQ(resets, handheld::IdleTimerResets());
@@ -96,18 +96,18 @@ TEST_F(UpdateCycle, StartsNoReaderOnAPortWithoutSettings) {
   const int handles = handheld::HandlesAlive();
   ASSERT_EQ(0, mkfifo(folder.Path("pipe").c_str(), 0600));
   handheld::MapSerialPort("COM7", folder.Path("pipe"));
-  engine.useGpsApi = 0;
+  engine.GetReader().SetUseGpsApi(0);
   engine.SetComPortName(TEXT("COM7"));
-  engine.comPortSpeed = 9600;
-  EXPECT_EQ(0, engine.StartReader());
-  EXPECT_FALSE(engine.IsReaderRunning());
+  engine.GetReader().SetComPortSpeed(9600);
+  EXPECT_FALSE(engine.GetReader().Start());
+  EXPECT_FALSE(engine.GetReader().IsRunning());
   EXPECT_EQ(handles + 1, handheld::HandlesAlive()) << "the port alone";
 
   // None are needed for the speed that it has. Nobody else may open the port before it is closed.
-  engine.comPortSpeed = Engine::KEEP_PORT_SPEED;
-  EXPECT_EQ(1, engine.StartReader());
-  EXPECT_TRUE(engine.IsReaderRunning());
-  engine.StopReader();
+  engine.GetReader().SetComPortSpeed(Reader::KEEP_PORT_SPEED);
+  EXPECT_TRUE(engine.GetReader().Start());
+  EXPECT_TRUE(engine.GetReader().IsRunning());
+  engine.GetReader().Stop();
   EXPECT_EQ(handles, handheld::HandlesAlive());
   handheld::MapSerialPort("COM7", "");
 }

@@ -8,10 +8,13 @@
 #include "gps/FixRecord.h"
 #include "handheld.h"
 #include "settings/IniStore.h"
+#include "support/EditableFix.h"
 #include "support/TempFolder.h"
 
 namespace ferolin {
 namespace {
+
+using testing_support::EditableFix;
 
 using testing_support::TempFolder;
 using Names = std::vector<std::string>;
@@ -50,7 +53,7 @@ class SpeedEventsTest : public testing::Test {
     ASSERT_TRUE(store.Load(folder.Path("settings.ini")));
   }
 
-  std::string Setting(const char* key) const { return store.GetValue(key, "Events", ""); }
+  std::string Setting(const char* key) const { return store.GetValue(key, "Events"); }
 
   /// The sounds that a fix of this speed starts.
   Names At(float speedKmh) {
@@ -79,7 +82,7 @@ class SpeedEventsTest : public testing::Test {
 
   TempFolder folder;
   IniStore store;
-  FixRecord fix;
+  EditableFix fix;
   SpeedEvents events;
 };
 

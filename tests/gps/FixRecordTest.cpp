@@ -4,10 +4,13 @@
 
 #include "gps/FixRecord.h"
 #include "handheld.h"
+#include "support/EditableFix.h"
 #include "support/Moments.h"
 
 namespace ferolin {
 namespace {
+
+using testing_support::EditableFix;
 
 using testing_support::Fields;
 using testing_support::Moment;
@@ -18,7 +21,7 @@ TEST(FixRecordTest, MissingValueHasItsBitPatterns) {
 }
 
 TEST(FixRecordTest, FreshRecordKnowsNoNumber) {
-  const FixRecord fix;
+  const EditableFix fix;
   EXPECT_EQ(fix.altitude, -9999.0F);
   EXPECT_EQ(fix.longitude, -9999.0F);
   EXPECT_EQ(fix.latitude, -9999.0F);
@@ -32,14 +35,14 @@ TEST(FixRecordTest, FreshRecordKnowsNoNumber) {
 }
 
 TEST(FixRecordTest, FreshRecordKeepsItsSpareSlotsMissing) {
-  const FixRecord fix;
+  const EditableFix fix;
   for (std::size_t slot = 0; slot < 7; ++slot) {
     EXPECT_EQ(fix.reserved[slot], -9999.0F) << slot;
   }
 }
 
 TEST(FixRecordTest, FreshRecordHasNoFixNoSatellitesUsedAndNoPoints) {
-  const FixRecord fix;
+  const EditableFix fix;
   EXPECT_EQ(fix.fixValid, 0);
   EXPECT_EQ(fix.satellitesUsed, 0);
   EXPECT_EQ(fix.GetPointCount(), 0);
@@ -47,7 +50,7 @@ TEST(FixRecordTest, FreshRecordHasNoFixNoSatellitesUsedAndNoPoints) {
 }
 
 TEST(FixRecordTest, FreshRecordHasTwelveFreeSatelliteSlots) {
-  const FixRecord fix;
+  const EditableFix fix;
   ASSERT_EQ(fix.satellites.size(), 12U);
   for (const SatelliteInfo& satellite : fix.satellites) {
     EXPECT_EQ(satellite.prn, -9999);
@@ -61,19 +64,19 @@ TEST(FixRecordTest, FreshRecordHoldsTheLocalClockInItsUtcTime) {
   handheld::SetTimeZone("MSK-3");
   handheld::SetClockStopped(true);
   handheld::SetClock(Moment(2024, 5, 6, 7, 8, 9, 250));
-  const FixRecord fix;
+  const EditableFix fix;
   EXPECT_EQ(Fields(fix.utcTime), Fields(Moment(2024, 5, 6, 10, 8, 9, 250)));
   handheld::SetClockStopped(false);
 }
 
 TEST(FixRecordTest, SatellitesAreFoundByIndex) {
-  const FixRecord fix;
+  const EditableFix fix;
   EXPECT_EQ(fix.GetSatellite(0), &fix.satellites[0]);
   EXPECT_EQ(fix.GetSatellite(11), &fix.satellites[11]);
 }
 
 TEST(FixRecordTest, SatelliteIndexOutOfRangeGivesNull) {
-  const FixRecord fix;
+  const EditableFix fix;
   EXPECT_EQ(fix.GetSatellite(12), nullptr);
   EXPECT_EQ(fix.GetSatellite(static_cast<unsigned>(-1)), nullptr);
 }

@@ -5,10 +5,13 @@
 
 #include "gps/FixRecord.h"
 #include "handheld.h"
+#include "support/EditableFix.h"
 #include "support/Moments.h"
 
 namespace ferolin {
 namespace {
+
+using testing_support::EditableFix;
 
 using testing_support::Fields;
 using testing_support::Moment;
@@ -74,7 +77,7 @@ class NmeaParserTest : public testing::Test {
     return fix->utcTime.wYear;
   }
 
-  std::optional<FixRecord> fix;
+  std::optional<EditableFix> fix;
 };
 
 // ---- What is a sentence ----

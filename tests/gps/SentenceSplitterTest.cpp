@@ -8,9 +8,12 @@
 
 #include "gps/FixRecord.h"
 #include "gps/SentenceSplitter.h"
+#include "support/EditableFix.h"
 
 namespace ferolin {
 namespace {
+
+using testing_support::EditableFix;
 
 using Sentences = std::vector<std::string>;
 
@@ -143,7 +146,7 @@ TEST_F(SentenceSplitterTest, DollarSignInTheLastButOnePlaceLeavesRoomForOneByte)
 TEST_F(SentenceSplitterTest, RandomBytesDoNotHarm) {
   constexpr std::string_view LETTERS = "$$,,**\r\n\rGPRMCASV0123456789.-";
   std::mt19937 random(33);
-  FixRecord fix;
+  EditableFix fix;
   for (int round = 0; round < 3000; ++round) {
     std::string bytes(random() % (splitter.GetReadSpace() + 1), '\0');
     for (char& byte : bytes) {

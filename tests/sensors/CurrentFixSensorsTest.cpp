@@ -5,10 +5,13 @@
 #include "gps/FixRecord.h"
 #include "handheld.h"
 #include "sensors/CurrentFixSensors.h"
+#include "support/EditableFix.h"
 #include "support/Moments.h"
 
 namespace ferolin {
 namespace {
+
+using testing_support::EditableFix;
 
 std::string TextOf(Sensor&& sensor, const FixRecord& fix) {
   sensor.Update(fix);
@@ -22,13 +25,13 @@ std::string Ansi(const std::string& utf8) {
 
 class CurrentFixSensorsTest : public testing::Test {
  protected:
-  FixRecord fix;
+  EditableFix fix;
 };
 
 TEST_F(CurrentFixSensorsTest, NoneOfThemIsSaveable) {
   EXPECT_EQ(SpeedSensor("").IsSaveable(), 0);
   EXPECT_EQ(BatterySensor("").IsSaveable(), 0);
-  EXPECT_EQ(DopSensor("", &FixRecord::hdop).IsSaveable(), 0);
+  EXPECT_EQ(DopSensor("", &FixRecord::GetHdop).IsSaveable(), 0);
 }
 
 TEST_F(CurrentFixSensorsTest, ResetEmptiesTheTextUntilTheNextFix) {
@@ -172,12 +175,12 @@ TEST_F(CurrentFixSensorsTest, AzimuthIsInWholeDegreesWithoutAUnit) {
 }
 
 TEST_F(CurrentFixSensorsTest, EachPrecisionSensorShowsItsOwnField) {
-  EXPECT_EQ(TextOf(DopSensor("", &FixRecord::hdop), fix), "N/A");
+  EXPECT_EQ(TextOf(DopSensor("", &FixRecord::GetHdop), fix), "N/A");
   fix.hdop = 0.9F;
   fix.vdop = 1.26F;
-  EXPECT_EQ(TextOf(DopSensor("", &FixRecord::hdop), fix), "0.9");
-  EXPECT_EQ(TextOf(DopSensor("", &FixRecord::vdop), fix), "1.3");
-  EXPECT_EQ(TextOf(DopSensor("", &FixRecord::pdop), fix), "N/A");
+  EXPECT_EQ(TextOf(DopSensor("", &FixRecord::GetHdop), fix), "0.9");
+  EXPECT_EQ(TextOf(DopSensor("", &FixRecord::GetVdop), fix), "1.3");
+  EXPECT_EQ(TextOf(DopSensor("", &FixRecord::GetPdop), fix), "N/A");
 }
 
 // ---- Battery ----

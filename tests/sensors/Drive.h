@@ -8,6 +8,7 @@
 
 #include "gps/FixRecord.h"
 #include "sensors/Sensor.h"
+#include "support/EditableFix.h"
 
 namespace ferolin {
 
@@ -71,7 +72,7 @@ class Drive {
   }
 
   Sensor& sensor;
-  FixRecord fix;
+  testing_support::EditableFix fix;
 };
 
 }  // namespace ferolin

@@ -121,18 +121,5 @@ TEST_F(LocalizedTextDeathTest, DeviceIsAskedOnlyOnce) {
       testing::ExitedWithCode(ENGLISH), "");
 }
 
-TEST_F(LocalizedTextDeathTest, LocaleHelperAsksTheDevice) {
-  EXPECT_EXIT(
-      {
-        handheld::SetLanguage("RUS");
-        const LocaleHelper helper;
-        handheld::SetLanguage("ENU");
-        if (helper.IsRussian() == 1) {
-          ExitWithLanguage();
-        }
-      },
-      testing::ExitedWithCode(RUSSIAN), "");
-}
-
 }  // namespace
 }  // namespace ferolin

@@ -12,9 +12,12 @@
 #include "sensors/ElapsedSensor.h"
 #include "sensors/FastestSensor.h"
 #include "sensors/MaxSpeedSensor.h"
+#include "support/EditableFix.h"
 
 namespace ferolin {
 namespace {
+
+using testing_support::EditableFix;
 
 class RussianDevice : public testing::Environment {
  public:
@@ -49,7 +52,7 @@ TEST(RussianTest, NamesAreInCodePage1251) {
 }
 
 TEST(RussianTest, CurrentFixIsShownInRussian) {
-  FixRecord fix;
+  EditableFix fix;
   EXPECT_EQ(TextOf(GpsStatusSensor(""), fix), "Нет сигнала");
   fix.fixValid = 1;
   fix.speedKmh = 54.26F;
@@ -61,14 +64,14 @@ TEST(RussianTest, CurrentFixIsShownInRussian) {
 }
 
 TEST(RussianTest, MissingValuesAndHemispheresKeepTheirLetters) {
-  FixRecord fix;
+  EditableFix fix;
   EXPECT_EQ(TextOf(AltitudeSensor(""), fix), "N/A");
   fix.latitude = -5530.5F;
   EXPECT_EQ(TextOf(LatitudeSensor(""), fix), "55°30'30'' SL");
 }
 
 TEST(RussianTest, ChargingBatteryIsShownInRussian) {
-  const FixRecord fix;
+  const EditableFix fix;
   handheld::SetBattery(8, 80);
   EXPECT_EQ(TextOf(BatterySensor(""), fix), "80%(заряжается)");
   handheld::SetBattery(8, 255);

@@ -2,14 +2,17 @@
 
 #include "gps/FixRecord.h"
 #include "sensors/Sensor.h"
+#include "support/EditableFix.h"
 
 namespace ferolin {
 namespace {
 
+using testing_support::EditableFix;
+
 class Counter : public Sensor {
  public:
   using Sensor::Sensor;
-  void Update(const FixRecord& fix) override { SetText("%i", fix.satellitesUsed); }
+  void Update(const FixRecord& fix) override { SetText("%i", fix.GetSatellitesUsed()); }
 };
 
 TEST(SensorTest, NameIsFixedAtConstruction) {
@@ -19,7 +22,7 @@ TEST(SensorTest, NameIsFixedAtConstruction) {
 
 TEST(SensorTest, TextIsWrittenByTheFirstUpdate) {
   Counter sensor("Count");
-  FixRecord fix;
+  EditableFix fix;
   fix.satellitesUsed = 7;
   sensor.Update(fix);
   EXPECT_STREQ(sensor.GetValueText(), "7");
@@ -27,7 +30,7 @@ TEST(SensorTest, TextIsWrittenByTheFirstUpdate) {
 
 TEST(SensorTest, ResetEmptiesTheText) {
   Counter sensor("Count");
-  const FixRecord fix;
+  const EditableFix fix;
   sensor.Update(fix);
   sensor.Reset();
   EXPECT_STREQ(sensor.GetValueText(), "");
@@ -47,7 +50,7 @@ TEST(SensorTest, SensorWithoutStateLeavesTheBufferAlone) {
 
 TEST(SensorTest, SensorWithoutStateTakesNone) {
   Counter sensor("Count");
-  const FixRecord fix;
+  const EditableFix fix;
   sensor.Update(fix);
   EXPECT_EQ(sensor.SetRegistryString("12"), 0);
   EXPECT_STREQ(sensor.GetValueText(), "0");

@@ -2,12 +2,15 @@
 
 #include "gps/FixRecord.h"
 #include "sensors/TripText.h"
+#include "support/EditableFix.h"
 
 namespace ferolin {
 namespace {
 
+using testing_support::EditableFix;
+
 TEST(FixCountsTest, OnlyAValidFixWithASpeedCounts) {
-  FixRecord fix;
+  EditableFix fix;
   EXPECT_FALSE(FixCounts(fix));
   fix.fixValid = 1;
   EXPECT_FALSE(FixCounts(fix));

@@ -39,10 +39,10 @@ class IniStoreTest : public testing::Test {
   }
 
   std::string Value(std::string_view key, std::string_view section) const {
-    return store.GetValue(key, section, "");
+    return store.GetValue(key, section);
   }
   void Set(std::string_view key, std::string_view value, std::string_view section) {
-    EXPECT_TRUE(store.SetValue(key, value, section, ""));
+    store.SetValue(key, value, section);
   }
 
   std::string FileName() const { return folder.Path(FILE_NAME); }
@@ -195,22 +195,11 @@ TEST_F(IniStoreTest, FirstOfTwoEqualKeysCounts) {
   EXPECT_EQ(Value("a", "T"), "3");
 }
 
-TEST_F(IniStoreTest, FileNameOfALookUpDoesNotMatter) {
-  Parse("[S]\na=1\n");
-  EXPECT_EQ(store.GetValue("a", "S", "/nowhere/else.ini"), "1");
-}
-
 TEST_F(IniStoreTest, PresenceIsToldApartFromEmptiness) {
   Parse("[S]\na=\n");
   EXPECT_TRUE(store.HasValue("a", "S"));
   EXPECT_FALSE(store.HasValue("b", "S"));
   EXPECT_FALSE(store.HasValue("a", "T"));
-}
-
-TEST_F(IniStoreTest, AllStoresShareOneContent) {
-  Parse("[S]\na=1\n");
-  const IniStore other;
-  EXPECT_EQ(other.GetValue("a", "S", ""), "1");
 }
 
 // ---- Setting ----
@@ -267,7 +256,7 @@ TEST_F(IniStoreTest, EmptyStoreTakesTheFirstKey) {
 
 TEST_F(IniStoreTest, SettingWritesNothingToDisk) {
   Parse("[S]\na=1\n");
-  store.SetValue("a", "2", "S", FileName());
+  Set("a", "2", "S");
   EXPECT_EQ(folder.Read(FILE_NAME), "[S]\na=1\n");
 }
 

@@ -10,11 +10,14 @@
 #include "handheld.h"
 #include "settings/IniStore.h"
 #include "sms/SmsReporter.h"
+#include "support/EditableFix.h"
 #include "support/Moments.h"
 #include "support/TempFolder.h"
 
 namespace ferolin {
 namespace {
+
+using testing_support::EditableFix;
 
 using testing_support::Moment;
 using testing_support::TempFolder;
@@ -68,7 +71,7 @@ class SmsReporterTest : public testing::Test {
     ASSERT_TRUE(store.Load(folder.Path("settings.ini")));
   }
 
-  std::string Setting(const char* key) const { return store.GetValue(key, "SMS", ""); }
+  std::string Setting(const char* key) const { return store.GetValue(key, "SMS"); }
 
   std::string MessageFrom(const std::string& text) {
     reporter.SetParams(TEXT("111"), text, 1, false, false);
@@ -78,7 +81,7 @@ class SmsReporterTest : public testing::Test {
   TempFolder folder;
   IniStore store;
   Outbox outbox;
-  FixRecord fix;
+  EditableFix fix;
   SmsReporter reporter{fix};
 };
 
@@ -89,7 +92,7 @@ TEST_F(SmsReporterTest, LibraryMakesSendingPossible) {
 }
 
 TEST(SmsReporterWithoutLibraryTest, MissingLibraryMakesEverySendANoOp) {
-  const FixRecord fix;
+  const EditableFix fix;
   SmsReporter reporter(fix);
   EXPECT_FALSE(reporter.CanSend());
   reporter.SetParams(TEXT("111,222"), "text", 1, true, false);
@@ -99,7 +102,7 @@ TEST(SmsReporterWithoutLibraryTest, MissingLibraryMakesEverySendANoOp) {
 
 TEST(SmsReporterWithoutLibraryTest, LibraryWithoutTheEntryMakesEverySendANoOp) {
   ProvideLibrary("empty");
-  const FixRecord fix;
+  const EditableFix fix;
   SmsReporter reporter(fix);
   handheld::SetModuleDirectory("");
   EXPECT_FALSE(reporter.CanSend());

@@ -78,7 +78,7 @@ class RedrawTest : public Redrawing {
   RedrawTest() {
     Open(240, 320);
     Drive("120000", 50);
-    engine->curRenderWidget = FEROLIN_VIEW_FULL_SCREEN_SPEED;
+    engine->GetRedraw().SetCurRenderWidget(FEROLIN_VIEW_FULL_SCREEN_SPEED);
     Redraw();
   }
 
@@ -97,7 +97,7 @@ class RedrawTest : public Redrawing {
 
 TEST_F(RedrawTest, DrawsTheCurrentView) {
   const auto speed = Shown().rows;
-  engine->curRenderWidget = FEROLIN_VIEW_SPEEDOMETER;
+  engine->GetRedraw().SetCurRenderWidget(FEROLIN_VIEW_SPEEDOMETER);
   Redraw();
   EXPECT_NE(speed, Shown().rows);
 }
@@ -132,12 +132,12 @@ TEST_F(RedrawTest, IsDroppedWhileTheWindowIsHidden) {
 TEST_F(RedrawTest, IsDroppedWithoutAWindowOrAView) {
   const std::uint64_t version = Version();
   const int handles = handheld::HandlesAlive();
-  engine->curRenderWidget = -1;
+  engine->GetRedraw().SetCurRenderWidget(-1);
   engine->RequestRedraw();
-  engine->curRenderWidget = engine->GetWidgetCount();
+  engine->GetRedraw().SetCurRenderWidget(engine->GetWidgets().GetCount());
   engine->RequestRedraw();
-  engine->curRenderWidget = FEROLIN_VIEW_SPEEDOMETER;
-  engine->renderWindow = nullptr;
+  engine->GetRedraw().SetCurRenderWidget(FEROLIN_VIEW_SPEEDOMETER);
+  engine->GetRedraw().SetRenderWindow(nullptr);
   engine->RequestRedraw();
   EXPECT_EQ(handles, handheld::HandlesAlive());
   EXPECT_EQ(version, Version());
@@ -145,7 +145,7 @@ TEST_F(RedrawTest, IsDroppedWithoutAWindowOrAView) {
 
 TEST_F(RedrawTest, ShowsTheButtonsOfAnotherView) {
   ShowBars(FEROLIN_VIEW_SPEEDOMETER, false);
-  engine->curRenderWidget = FEROLIN_VIEW_SPEEDOMETER;
+  engine->GetRedraw().SetCurRenderWidget(FEROLIN_VIEW_SPEEDOMETER);
   Redraw();
   EXPECT_TRUE(HasButtons());
 }
@@ -158,7 +158,7 @@ TEST_F(RedrawTest, LeavesTheButtonsOfTheSameViewHidden) {
 
 TEST_F(RedrawTest, RemembersAViewThatWasHiddenWhenItsTurnCame) {
   ShowBars(FEROLIN_VIEW_SPEEDOMETER, false);
-  engine->curRenderWidget = FEROLIN_VIEW_SPEEDOMETER;
+  engine->GetRedraw().SetCurRenderWidget(FEROLIN_VIEW_SPEEDOMETER);
   const std::uint64_t version = Version();
   beforeNextThread = [&] { ShowWindow(window, SW_HIDE); };
   Redraw();
@@ -170,9 +170,9 @@ TEST_F(RedrawTest, RemembersAViewThatWasHiddenWhenItsTurnCame) {
 }
 
 TEST_F(RedrawTest, ShowsTheButtonsOfAViewThatIsComeBackTo) {
-  engine->curRenderWidget = FEROLIN_VIEW_SPEEDOMETER;
+  engine->GetRedraw().SetCurRenderWidget(FEROLIN_VIEW_SPEEDOMETER);
   Redraw();
-  engine->curRenderWidget = FEROLIN_VIEW_FULL_SCREEN_SPEED;
+  engine->GetRedraw().SetCurRenderWidget(FEROLIN_VIEW_FULL_SCREEN_SPEED);
   ShowBars(FEROLIN_VIEW_FULL_SCREEN_SPEED, false);
   Redraw();
   EXPECT_TRUE(HasButtons());
@@ -189,16 +189,16 @@ class FirstRedraw : public Redrawing, public testing::WithParamInterface<int> {
   FirstRedraw() {
     Open(240, 320);
     Drive("120000", 50);
-    engine->curRenderWidget = GetParam();
+    engine->GetRedraw().SetCurRenderWidget(GetParam());
     ForgetTheLastView();
   }
 
   /// Tests that ran before in this process have drawn views: now none was the last one.
   void ForgetTheLastView() {
     if (redraws > 0) {
-      beforeNextThread = [&] { engine->curRenderWidget = -1; };
+      beforeNextThread = [&] { engine->GetRedraw().SetCurRenderWidget(-1); };
       Redraw();
-      engine->curRenderWidget = GetParam();
+      engine->GetRedraw().SetCurRenderWidget(GetParam());
     }
   }
 };
@@ -229,7 +229,7 @@ TEST_F(RedrawTest, FollowsAReleasedButtonButNoOtherTouch) {
 }
 
 TEST_F(RedrawTest, NeverRunsTwiceAtATime) {
-  engine->curRenderWidget = FEROLIN_VIEW_SPEEDOMETER;
+  engine->GetRedraw().SetCurRenderWidget(FEROLIN_VIEW_SPEEDOMETER);
   Redraw();
   const int handles = handheld::HandlesAlive();
   const int objects = handheld::GdiObjectsAlive();
@@ -243,7 +243,7 @@ TEST_F(RedrawTest, NeverRunsTwiceAtATime) {
   };
   const HANDLE reader = CreateThread(nullptr, 0, &Requests::Make, engine.get(), 0, nullptr);
   for (int touch = 0; touch < 30; ++touch) {
-    engine->curRenderWidget = touch % 2;
+    engine->GetRedraw().SetCurRenderWidget(touch % 2);
     ShowBars(touch % 2, true);
     ::OnMouseDown(window, 210, 26);
     ::OnMouseUp(window, 210, 26);
@@ -259,7 +259,7 @@ TEST_F(RedrawTest, NeverRunsTwiceAtATime) {
 }
 
 TEST_F(RedrawTest, LeavesNothingBehindOverManyFrames) {
-  engine->curRenderWidget = FEROLIN_VIEW_SPEEDOMETER;
+  engine->GetRedraw().SetCurRenderWidget(FEROLIN_VIEW_SPEEDOMETER);
   Redraw();
   const int objects = handheld::GdiObjectsAlive();
   for (int frame = 0; frame < 500; ++frame) {

@@ -34,7 +34,7 @@ class ViewPictures : public ViewTest {
   }
 
   void Set(int sensor, const char* state) {
-    ASSERT_EQ(1, engine->GetSensor(sensor)->SetRegistryString(state)) << sensor;
+    ASSERT_EQ(1, engine->GetSensors().Get(sensor)->SetRegistryString(state)) << sensor;
   }
 
   void Expect(int view, const std::string& name, bool withBars = false) {

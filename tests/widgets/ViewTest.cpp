@@ -1,5 +1,6 @@
 #include "widgets/ViewTest.h"
 
+#include <gpsapi.h>
 #include <objbase.h>
 #include <stdlib.h>
 
@@ -76,7 +77,7 @@ void ViewTest::Open(int width, int height, int dpi) {
   if (engine == nullptr) {
     Load();
   }
-  engine->renderWindow = window;
+  engine->GetRedraw().SetRenderWindow(window);
   engine->SetUseGpsApi(0);
   engine->StartCallBack(window);
 }
@@ -107,25 +108,48 @@ void ViewTest::RemovePicture(const std::string& name) const {
 
 void ViewTest::Drive(const std::string& time, double kmh, double course) {
   // No redraw thread: these tests draw by hand.
-  const int current = engine->curRenderWidget;
-  engine->curRenderWidget = -1;
+  const int current = engine->GetRedraw().GetCurRenderWidget();
+  engine->GetRedraw().SetCurRenderWidget(-1);
   const std::string sentence =
       Format("$GPRMC,%s,A,5545.000,N,03737.000,E,%.4f,%.1f,230324,,*00", time, kmh / 1.852, course);
   engine->OnUpdate(sentence.c_str());
-  engine->curRenderWidget = current;
+  engine->GetRedraw().SetCurRenderWidget(current);
+}
+
+void ViewTest::Receive(GPS_POSITION position) {
+  position.FixType = GPS_FIX_3D;
+  engine->GetFix().ApplyGpsPosition(&position);
+}
+
+void ViewTest::Receive(const Satellites& satellites) {
+  GPS_POSITION position = {};
+  position.dwSatellitesInView = GPS_MAX_SATELLITES;
+  for (std::size_t slot = 0; slot < satellites.size(); ++slot) {
+    const SatelliteInfo& satellite = satellites[slot];
+    if (!IsMissing(static_cast<float>(satellite.prn))) {
+      position.rgdwSatellitesInViewPRNs[slot] = static_cast<DWORD>(satellite.prn);
+      position.rgdwSatellitesInViewElevation[slot] = static_cast<DWORD>(satellite.elevation);
+      position.rgdwSatellitesInViewAzimuth[slot] = static_cast<DWORD>(satellite.azimuth);
+      position.rgdwSatellitesInViewSignalToNoiseRatio[slot] = static_cast<DWORD>(satellite.snr);
+    }
+  }
+  Receive(position);
 }
 
 void ViewTest::SetSatellites(int count) {
-  engine->fix->satellitesUsed = count;
+  GPS_POSITION position = {};
+  position.dwValidFields = GPS_VALID_SATELLITE_COUNT;
+  position.dwSatelliteCount = static_cast<DWORD>(count);
+  Receive(position);
 }
 
 void ViewTest::Draw(int index) {
-  const LockGuard guard(engine->dataLock);
+  const LockGuard guard(engine->GetDataLock());
   View(index).Draw(window);
 }
 
 void ViewTest::ShowBars(int index, bool show) {
-  const LockGuard guard(engine->dataLock);
+  const LockGuard guard(engine->GetDataLock());
   View(index).ShowBars();
   if (!show) {
     View(index).ToggleBars();

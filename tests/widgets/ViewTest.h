@@ -36,9 +36,15 @@ class ViewTest : public testing::Test {
 
   /// An accepted position: local time "hhmmss", speed in km/h, course in degrees.
   void Drive(const std::string& time, double kmh, double course = 0);
+  /// What the GPS API says beside the position; the valid fields of `position` are taken.
+  void Receive(GPS_POSITION position);
+  using Satellites = std::array<SatelliteInfo, FixRecord::SATELLITE_COUNT>;
+  /// The satellites in view, slot by slot.
+  void Receive(const Satellites& satellites);
+  /// How many satellites the position was computed from.
   void SetSatellites(int count);
 
-  Widget& View(int index) const { return *engine->GetWidget(index); }
+  Widget& View(int index) const { return *engine->GetWidgets().Get(index); }
   /// Draws a frame on this thread, at once.
   void Draw(int index);
   /// Shows the bars or hides them.

@@ -15,7 +15,7 @@ class WidgetTest : public ViewTest {
  protected:
   void OpenAttached(int width, int height, int dpi = 96) {
     Open(width, height, dpi);
-    engine->curRenderWidget = FEROLIN_VIEW_FULL_SCREEN_SPEED;
+    engine->GetRedraw().SetCurRenderWidget(FEROLIN_VIEW_FULL_SCREEN_SPEED);
     Drive("120000", 50);
     ShowBars(FEROLIN_VIEW_FULL_SCREEN_SPEED, true);
     TakePosted();
@@ -96,7 +96,7 @@ TEST_F(WidgetTest, PostsTheEnginesMessageToTheHost) {
   const std::vector<MSG> posted = handheld::MessagesPosted();
   ASSERT_EQ(1u, posted.size());
   EXPECT_EQ(window, posted[0].hwnd);
-  EXPECT_EQ(engine->wndMessageId.Get(), posted[0].message);
+  EXPECT_EQ(engine->GetMessageId(), posted[0].message);
   EXPECT_EQ(0u, posted[0].wParam);
   EXPECT_EQ(6, posted[0].lParam);
 }
@@ -126,7 +126,7 @@ TEST_F(WidgetTest, PostsNothingToAHostThatHasStopped) {
 
 TEST_F(WidgetTest, HasNoButtonsBeforeTheFirstUpdate) {
   Open(240, 320);
-  engine->curRenderWidget = FEROLIN_VIEW_FULL_SCREEN_SPEED;
+  engine->GetRedraw().SetCurRenderWidget(FEROLIN_VIEW_FULL_SCREEN_SPEED);
   ShowBars(FEROLIN_VIEW_FULL_SCREEN_SPEED, true);
   EXPECT_TRUE(Tap(210, 26).empty());
 }
@@ -252,8 +252,8 @@ TEST_F(WidgetTest, OnClickDoesNothing) {
 
 TEST_F(WidgetTest, IgnoresTouchesWithoutACurrentView) {
   OpenAttached(240, 320);
-  for (const int index : {-1, engine->GetWidgetCount(), 1000}) {
-    engine->curRenderWidget = index;
+  for (const int index : {-1, engine->GetWidgets().GetCount(), 1000}) {
+    engine->GetRedraw().SetCurRenderWidget(index);
     EXPECT_TRUE(Tap(210, 26).empty());
     ::OnMouseMove(window, 1, 1);
     ::OnDoubleClick();

@@ -73,7 +73,7 @@ void SpeedChartWidget::LoadSettings(const IniStore& store) {
 }
 
 void SpeedChartWidget::SaveSettings(IniStore& store) const {
-  store.SetValue("Comment", COMMENT.Get(), SECTION, "");
+  store.SetValue("Comment", COMMENT.Get(), SECTION);
   SaveColors(COLORS, SECTION, store, *this);
   SaveSizes(TEXTS, SECTION, store, *this);
   SaveFaces(TEXTS, SECTION, store, *this);

@@ -90,7 +90,7 @@ void SpeedometerWidget::LoadSettings(const IniStore& store) {
 }
 
 void SpeedometerWidget::SaveSettings(IniStore& store) const {
-  store.SetValue("Comment", COMMENT.Get(), SECTION, "");
+  store.SetValue("Comment", COMMENT.Get(), SECTION);
   SaveColors(COLORS, SECTION, store, *this);
   SaveFaces(TEXTS, SECTION, store, *this);
   SaveSizes(TEXTS, SECTION, store, *this);
@@ -192,7 +192,7 @@ void SpeedometerWidget::DrawOdometer(Canvas& canvas, const DialGeometry& dial, i
 }
 
 void SpeedometerWidget::DrawStatusIcons(Canvas& canvas) {
-  icons.Draw(canvas, owner.GetFix().satellitesUsed, StatusIcons::Style::BLENDED_ICONS);
+  icons.Draw(canvas, owner.GetFix().GetSatellitesUsed(), StatusIcons::Style::BLENDED_ICONS);
 }
 
 void SpeedometerWidget::DrawAcceleration(Canvas& canvas, const DialGeometry& dial) {

@@ -93,7 +93,7 @@ void PathWidget::LoadSettings(const IniStore& store) {
 }
 
 void PathWidget::SaveSettings(IniStore& store) const {
-  store.SetValue("Comment", COMMENT.Get(), SECTION, "");
+  store.SetValue("Comment", COMMENT.Get(), SECTION);
   SaveColors(COLORS, SECTION, store, *this);
   SaveSizes(TEXTS, SECTION, store, *this);
   SaveFaces(TEXTS, SECTION, store, *this);
@@ -132,7 +132,7 @@ void PathWidget::FindSensors() {
 }
 
 void PathWidget::CatchUp() {
-  const PathPoints points(owner.GetFix().track);
+  const PathPoints points(owner.GetFix().GetTrack());
   trip.Update(points);
   index.Update(points);
   cells.Update(points);
@@ -160,7 +160,7 @@ PathReadouts PathWidget::GetReadouts() const {
 void PathWidget::DrawPath(Canvas& canvas, const RECT& rect) {
   pathArea = Inset(rect, 1);
   canvas.DrawRectangle(borderColor, 1, backgroundColor, rect);
-  const PathPoints points(owner.GetFix().track);
+  const PathPoints points(owner.GetFix().GetTrack());
   if (!CanDrawPath(points)) {
     return;
   }

@@ -82,7 +82,7 @@ void SatellitesWidget::LoadSettings(const IniStore& store) {
 }
 
 void SatellitesWidget::SaveSettings(IniStore& store) const {
-  store.SetValue("Comment", COMMENT.Get(), SECTION, "");
+  store.SetValue("Comment", COMMENT.Get(), SECTION);
   SaveColors(COLORS, SECTION, store, *this);
   SaveFaces(TEXTS, SECTION, store, *this);
   SaveSizes(TEXTS, SECTION, store, *this);
@@ -101,7 +101,7 @@ void SatellitesWidget::Paint(Canvas& canvas) {
   const SignalStrip strip = SignalStrip::Of({frame.right, frame.bottom});
   const SkyPlot sky(SkyArea(strip));
   DrawBackground(canvas, sky);
-  const auto& satellites = owner.GetFix().satellites;
+  const auto& satellites = owner.GetFix().GetSatellites();
   int slot = 0;
   for (const SatelliteInfo& satellite : satellites) {
     DrawBar(canvas, strip, slot++, satellite);

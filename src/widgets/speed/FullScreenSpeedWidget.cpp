@@ -38,7 +38,7 @@ void FullScreenSpeedWidget::LoadSettings(const IniStore& store) {
 }
 
 void FullScreenSpeedWidget::SaveSettings(IniStore& store) const {
-  store.SetValue("Comment", COMMENT.Get(), SECTION, "");
+  store.SetValue("Comment", COMMENT.Get(), SECTION);
   SaveColors(COLORS, SECTION, store, *this);
 }
 
@@ -64,7 +64,7 @@ void FullScreenSpeedWidget::FindSensors() {
 
 void FullScreenSpeedWidget::Paint(Canvas& canvas) {
   const StatusIcons::Places places =
-      icons.Draw(canvas, owner.GetFix().satellitesUsed, StatusIcons::Style::OPAQUE_ICONS);
+      icons.Draw(canvas, owner.GetFix().GetSatellitesUsed(), StatusIcons::Style::OPAQUE_ICONS);
   if (speedSensor != NO_SENSOR) {
     DrawSpeed(canvas, places);
     if (timeSensor != NO_SENSOR) {

@@ -51,14 +51,15 @@ class SpeedChartPictures : public ViewTest {
     time.wHour = static_cast<WORD>((14 + (second / 60 + 30) / 60) % 24);
     time.wMinute = static_cast<WORD>((second / 60 + 30) % 60);
     time.wSecond = static_cast<WORD>(second % 60);
-    engine->fix->track.Append({100, 3737, 5545, static_cast<float>(second % 360), kmh, time});
+    engine->GetFix().GetTrack().Append(
+        {100, 3737, 5545, static_cast<float>(second % 360), kmh, time});
   }
 
   /// By the button, in landscape.
   void ZoomOutTo(int zoom) {
-    engine->curRenderWidget = -1;
+    engine->GetRedraw().SetCurRenderWidget(-1);
     {
-      const LockGuard guard(engine->dataLock);
+      const LockGuard guard(engine->GetDataLock());
       View(FEROLIN_VIEW_SPEED_CHART).Attach();
     }
     for (int reached = 1; reached < zoom; reached *= 2) {
@@ -70,7 +71,7 @@ class SpeedChartPictures : public ViewTest {
 
   void Expect(const std::string& name, bool withBars = false) {
     {
-      const LockGuard guard(engine->dataLock);
+      const LockGuard guard(engine->GetDataLock());
       View(FEROLIN_VIEW_SPEED_CHART).Attach();
     }
     ShowBars(FEROLIN_VIEW_SPEED_CHART, withBars);

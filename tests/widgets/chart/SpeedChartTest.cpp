@@ -27,8 +27,8 @@ class SpeedChartTest : public ViewTest {
   SpeedChartTest() {
     folder.Write("TachyMo.ini", "[SpeedChartWidget]\nBigTextColor=255\n");
     Open(240, 320);
-    engine->curRenderWidget = FEROLIN_VIEW_SPEED_CHART;
-    const LockGuard guard(engine->dataLock);
+    engine->GetRedraw().SetCurRenderWidget(FEROLIN_VIEW_SPEED_CHART);
+    const LockGuard guard(engine->GetDataLock());
     View(FEROLIN_VIEW_SPEED_CHART).Attach();
   }
 
@@ -40,7 +40,7 @@ class SpeedChartTest : public ViewTest {
       time.wHour = 12;
       time.wMinute = static_cast<WORD>(second / 60);
       time.wSecond = static_cast<WORD>(second % 60);
-      engine->fix->track.Append({100, 3737, 5545, 0, kmh, time});
+      engine->GetFix().GetTrack().Append({100, 3737, 5545, 0, kmh, time});
     }
   }
 

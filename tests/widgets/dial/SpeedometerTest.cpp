@@ -38,7 +38,7 @@ class SpeedometerTest : public ViewTest {
   }
 
   void Set(int sensor, const char* state) {
-    EXPECT_EQ(1, engine->GetSensor(sensor)->SetRegistryString(state));
+    EXPECT_EQ(1, engine->GetSensors().Get(sensor)->SetRegistryString(state));
   }
 };
 

@@ -31,7 +31,7 @@ class PathPictures : public ViewTest {
  protected:
   PathPictures() : ViewTest(LANGUAGE) {}
 
-  void Add(const TrackPoint& point) { engine->fix->track.Append(point); }
+  void Add(const TrackPoint& point) { engine->GetFix().GetTrack().Append(point); }
 
   void DriveRoute() {
     int second = 12 * 3600;
@@ -49,12 +49,12 @@ class PathPictures : public ViewTest {
 
   /// What the sensors tell, without a position of its own.
   void Tell(const std::string& time, double kmh) {
-    const TrackPoint last = *engine->fix->GetPoint(engine->fix->GetPointCount() - 1);
-    engine->curRenderWidget = -1;
+    const TrackPoint last = *engine->GetFix().GetPoint(engine->GetFix().GetPointCount() - 1);
+    engine->GetRedraw().SetCurRenderWidget(-1);
     engine->OnUpdate(Format("$GPRMC,%s,A,%.4f,N,%.4f,E,%.4f,0.0,010324,,*00", time, last.latitude,
                             last.longitude, kmh / 1.852)
                          .c_str());
-    engine->curRenderWidget = FEROLIN_VIEW_PATH;
+    engine->GetRedraw().SetCurRenderWidget(FEROLIN_VIEW_PATH);
   }
 
   void Expect(const std::string& name, bool withBars = false) {
@@ -65,7 +65,7 @@ class PathPictures : public ViewTest {
 
   void Tap(int x, int y) {
     ShowBars(FEROLIN_VIEW_PATH, true);
-    engine->curRenderWidget = -1;
+    engine->GetRedraw().SetCurRenderWidget(-1);
     View(FEROLIN_VIEW_PATH).OnMouseDown(window, {x, y});
     View(FEROLIN_VIEW_PATH).OnMouseUp(window, {x, y});
   }
@@ -127,7 +127,7 @@ TEST_F(PathPictures, MatchDragged) {
   Open(240, 320);
   DriveRoute();
   Draw(FEROLIN_VIEW_PATH);
-  engine->curRenderWidget = -1;
+  engine->GetRedraw().SetCurRenderWidget(-1);
   View(FEROLIN_VIEW_PATH).OnMouseDown(window, {120, 100});
   View(FEROLIN_VIEW_PATH).OnMouseMove(window, {190, 40});
   View(FEROLIN_VIEW_PATH).OnMouseUp(window, {190, 40});

@@ -34,7 +34,7 @@ class PathTest : public ViewTest {
   PathTest() { folder.Write("Tachymo.ini", "[PathWidget]\nStartPointColor=16711680\n"); }
 
   void Add(float latitude, float longitude) {
-    engine->fix->track.Append(PathPointAt(latitude, longitude, 36, second));
+    engine->GetFix().GetTrack().Append(PathPointAt(latitude, longitude, 36, second));
     second += 10;
   }
 
@@ -44,7 +44,7 @@ class PathTest : public ViewTest {
          {std::pair(5545.0F, MISSING_FLOAT), std::pair(MISSING_FLOAT, 3737.0F),
           std::pair(MISSING_FLOAT, MISSING_FLOAT)}) {
       Add(5545, 3737);
-      const TrackStore& track = engine->fix->track;
+      const TrackStore& track = engine->GetFix().GetTrack();
       auto* point = const_cast<TrackPoint*>(track.GetPoint(track.GetPointCount() - 1));
       point->latitude = latitude;
       point->longitude = longitude;
@@ -57,11 +57,11 @@ class PathTest : public ViewTest {
     Add(5544, 3736);
     Add(5546, 3738);
     AttachView();
-    engine->curRenderWidget = FEROLIN_VIEW_PATH;
+    engine->GetRedraw().SetCurRenderWidget(FEROLIN_VIEW_PATH);
   }
 
   void AttachView() {
-    const LockGuard guard(engine->dataLock);
+    const LockGuard guard(engine->GetDataLock());
     View(FEROLIN_VIEW_PATH).Attach();
   }
 
@@ -283,7 +283,7 @@ TEST_F(PathTest, CentresOnceThereIsAPath) {
   Open(240, 320);
   Add(5544, 3736);
   AttachView();
-  engine->curRenderWidget = FEROLIN_VIEW_PATH;
+  engine->GetRedraw().SetCurRenderWidget(FEROLIN_VIEW_PATH);
   TapCenter();
   Add(5546, 3738);
   EXPECT_EQ((Pixel{120, 105}), EndMark());

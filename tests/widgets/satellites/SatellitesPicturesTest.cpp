@@ -18,7 +18,7 @@ class SatellitesPictures : public ViewTest {
   /// Twelve, with signals on both sides of every limit, one that is not received, and figures as
   /// long as they get.
   void SeeTheSky() {
-    engine->fix->satellites = {{
+    Receive(Satellites{{
         {2, 78, 300, 50},
         {5, 62, 95, 49},
         {7, 15, 42, 21},
@@ -31,10 +31,15 @@ class SatellitesPictures : public ViewTest {
         {26, 0, 200, MISSING_VALUE},
         {29, 30, 330, 35},
         {193, 5, 268, 60},
-    }};
-    engine->fix->satellitesUsed = 11;
-    engine->fix->hdop = 99.9F;
-    engine->fix->vdop = 99.9F;
+    }});
+    GPS_POSITION position = {};
+    position.dwValidFields = GPS_VALID_SATELLITE_COUNT |
+                             GPS_VALID_HORIZONTAL_DILUTION_OF_PRECISION |
+                             GPS_VALID_VERTICAL_DILUTION_OF_PRECISION;
+    position.dwSatelliteCount = 11;
+    position.flHorizontalDilutionOfPrecision = 99.9F;
+    position.flVerticalDilutionOfPrecision = 99.9F;
+    Receive(position);
     Drive("143027", 87, 40);
   }
 

@@ -23,7 +23,8 @@ class SatellitesTest : public ViewTest {
   SatellitesTest() { RemovePicture("SatBackGround.png"); }
 
   void Put(std::size_t slot, const SatelliteInfo& satellite) {
-    engine->fix->satellites.at(slot) = satellite;
+    satellites.at(slot) = satellite;
+    Receive(satellites);
   }
 
   void DrawPlain() {
@@ -46,6 +47,9 @@ class SatellitesTest : public ViewTest {
     const std::vector<COLORREF> pixels = Pixels(rect);
     return static_cast<int>(std::ranges::count(pixels, color));
   }
+
+ private:
+  Satellites satellites;
 };
 
 TEST_F(SatellitesTest, IsCalledSattelites) {
@@ -199,7 +203,7 @@ TEST_F(SatellitesTest, LeavesTheStripAndTheRestAloneWithoutABackground) {
 
 TEST_F(SatellitesTest, PostsTheCodesOfTheNavigationButtons) {
   Open(240, 320);
-  engine->curRenderWidget = FEROLIN_VIEW_SATELLITES;
+  engine->GetRedraw().SetCurRenderWidget(FEROLIN_VIEW_SATELLITES);
   Drive("120000", 50);
   ShowBars(FEROLIN_VIEW_SATELLITES, true);
   TakePosted();

@@ -1,0 +1,68 @@
+#include "engine/Redraw.h"
+
+#include "base/Threads.h"
+#include "engine/WidgetTable.h"
+#include "widgets/Widget.h"
+
+namespace ferolin {
+
+namespace {
+
+constexpr DWORD WAIT_PAUSE_MS = 10;
+constexpr int LOWEST_PRIORITY = 5;
+
+bool IsShown(HWND window) {
+  return IsWindow(window) && IsWindowVisible(window);
+}
+
+}  // namespace
+
+Widget* Redraw::GetCurrentWidget() const {
+  return widgets.Get(curRenderWidget);
+}
+
+bool Redraw::CanDraw() const {
+  return IsShown(renderWindow) && GetCurrentWidget() != nullptr;
+}
+
+/// A slow view slows updates down instead of losing frames.
+void Redraw::Request() {
+  if (!CanDraw()) {
+    return;
+  }
+  const LockGuard guard(redrawLock);
+  Wait();
+  redrawThread = CreateThread(nullptr, 0, &Redraw::ThreadProc, this, 0, nullptr);
+  SetThreadPriority(redrawThread, LOWEST_PRIORITY);
+}
+
+void Redraw::Wait() {
+  const LockGuard guard(redrawLock);
+  WaitForThread(redrawThread, WAIT_PAUSE_MS);
+  if (redrawThread != INVALID_HANDLE_VALUE) {
+    CloseHandle(redrawThread);
+    redrawThread = INVALID_HANDLE_VALUE;
+  }
+}
+
+DWORD WINAPI Redraw::ThreadProc(LPVOID argument) {
+  static_cast<Redraw*>(argument)->DrawFrame();
+  return 0;
+}
+
+/// Arriving at another view shows its buttons for a while.
+void Redraw::DrawFrame() {
+  const int index = curRenderWidget;
+  const HWND window = renderWindow;
+  Widget* widget = widgets.Get(index);
+  if (IsShown(window) && widget != nullptr) {
+    const LockGuard guard(dataLock);
+    if (index != lastDrawnWidget) {
+      widget->ShowBars();
+    }
+    widget->Draw(window);
+  }
+  lastDrawnWidget = index;
+}
+
+}  // namespace ferolin
