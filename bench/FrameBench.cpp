@@ -251,11 +251,10 @@ void Text(benchmark::State& state) {
   Stage& stage = TheStage();
   Canvas canvas;
   canvas.BeginFrame(stage.window);
-  const HFONT font = canvas.MakeFont(TEXT("LCD"), 170, 0);
+  const Font font = canvas.MakeFont(TEXT("LCD"), 170, 0);
   for (auto _ : state) {
-    canvas.DrawText(font, TEXT("128"), 100, 100, RGB(255, 255, 255));
+    canvas.DrawText(font.get(), TEXT("128"), 100, 100, RGB(255, 255, 255));
   }
-  DeleteObject(font);
   canvas.ReleaseAll();
 }
 BENCHMARK(Text);

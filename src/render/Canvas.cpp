@@ -4,6 +4,8 @@
 #include "render/FrameBitmap.h"
 #include "render/InvertFlags.h"
 #include "render/Rotation.h"
+#include "render/Selection.h"
+#include "render/SolidFill.h"
 
 namespace ferolin {
 
@@ -13,13 +15,13 @@ namespace {
 
 constexpr int LOGICAL_DPI = 96;
 
-/// Without a context there is no resolution to be had; nothing is shown then either.
+/// A missing context has no resolution. Nothing is shown then, so any size will do.
 LONG ToLogical(LONG pixels, HDC dc, int resolution) {
   const int dpi = GetDeviceCaps(dc, resolution);
   return dpi > 0 ? pixels * LOGICAL_DPI / dpi : pixels;
 }
 
-/// Of the view that fills the window: a window that lies on its side shows an upright one.
+/// Size of the view that fills the window. A window lying on its side shows an upright view.
 SIZE FrameSize(HDC dc, SIZE client) {
   const SIZE size = {ToLogical(client.cx, dc, LOGPIXELSX), ToLogical(client.cy, dc, LOGPIXELSY)};
   return theInvertFlags.orient ? SIZE{size.cy, size.cx} : size;
@@ -58,10 +60,7 @@ void Canvas::BeginFrame(HWND frameWindow) {
 }
 
 void Canvas::FillBackground(COLORREF color) {
-  const RECT frame = GetFrameRect();
-  const HBRUSH brush = CreateSolidBrush(color);
-  FillRect(GetDrawingDC(), &frame, brush);
-  DeleteObject(brush);
+  FillSolid(GetDrawingDC(), GetFrameRect(), color);
 }
 
 RECT Canvas::GetFrameRect() const {
@@ -69,7 +68,7 @@ RECT Canvas::GetFrameRect() const {
   return {0, 0, size.cx, size.cy};
 }
 
-/// Flipping and inverting come after turning, in the window's coordinates.
+/// The picture is turned first, then flipped and inverted in the window's coordinates.
 void Canvas::PresentTransformed() {
   const SIZE size = presentBuffer.GetSize();
   const Side across = SideOf(size.cx, theInvertFlags.horz != 0);
@@ -84,32 +83,28 @@ void Canvas::PresentTransformed() {
              0, 0, frame.cx, frame.cy, operation);
 }
 
-/// An extent below zero mirrors. It runs back from its start, which belongs to it: from the last
-/// pixel, not from the one behind it.
+/// A mirrored side starts at the last pixel, not one behind it: the start belongs to the side.
 Canvas::Side Canvas::SideOf(LONG length, bool flipped) {
   return flipped ? Side{length - 1, -length} : Side{0, length};
 }
 
-/// The turned copy lives for one frame only: it is as large as the back buffer, and memory is what
-/// handhelds lack.
+/// The turned copy lives for one frame only: it is as large as the back buffer, and handhelds are
+/// short of memory.
 void Canvas::PresentRotated(const Side& across, const Side& down, DWORD operation) {
   const SIZE frame = backBuffer.GetSize();
   void* bits = nullptr;
-  const HBITMAP turned = CreateFrameBitmap(GetPresentDC(), frame.cy, frame.cx, &bits);
+  const Bitmap turned(CreateFrameBitmap(GetPresentDC(), frame.cy, frame.cx, &bits));
   if (turned == nullptr) {
     return;
   }
   RotateClockwise(static_cast<const std::uint16_t*>(backBufferBits), frame.cx, frame.cy,
                   static_cast<std::uint16_t*>(bits));
-  {
-    const Selection selection(GetDrawingDC(), turned);
-    StretchBlt(GetPresentDC(), across.start, down.start, across.extent, down.extent, GetDrawingDC(),
-               0, 0, frame.cy, frame.cx, operation);
-  }
-  DeleteObject(turned);
+  const Selection selection(GetDrawingDC(), turned.get());
+  StretchBlt(GetPresentDC(), across.start, down.start, across.extent, down.extent, GetDrawingDC(),
+             0, 0, frame.cy, frame.cx, operation);
 }
 
-/// The way of presenting, backwards.
+/// Undoes what presenting does, in reverse order.
 POINT Canvas::ToFrame(POINT point) const {
   const SIZE client = presentBuffer.GetSize();
   const SIZE frame = backBuffer.GetSize();
@@ -144,9 +139,8 @@ void Canvas::ReleaseAll() {
 }
 
 void Canvas::DrawLine(COLORREF color, int penWidth, int x1, int y1, int x2, int y2) {
-  const HPEN pen = CreatePen(PS_SOLID, penWidth, color);
-  DrawLineWithPen(pen, x1, y1, x2, y2);
-  DeleteObject(pen);
+  const Pen pen(CreatePen(PS_SOLID, penWidth, color));
+  DrawLineWithPen(pen.get(), x1, y1, x2, y2);
 }
 
 void Canvas::DrawThinLine(COLORREF color, int x1, int y1, int x2, int y2) {
@@ -163,16 +157,13 @@ void Canvas::DrawPolyline(COLORREF color, int penWidth, const POINT* points, int
   if (count < 2) {
     return;
   }
-  const HPEN pen = CreatePen(PS_SOLID, penWidth, color);
-  {
-    const Selection selection(GetDrawingDC(), pen);
-    Polyline(GetDrawingDC(), points, count);
-  }
-  DeleteObject(pen);
+  const Pen pen(CreatePen(PS_SOLID, penWidth, color));
+  const Selection selection(GetDrawingDC(), pen.get());
+  Polyline(GetDrawingDC(), points, count);
 }
 
-/// Walks a quarter from its top or bottom to its side, always choosing the pixel nearest to the
-/// circle, and mirrors it.
+/// Walks a quarter of the circle from its top to its side, always to the pixel nearest to the
+/// circle, and mirrors each pixel into the other three.
 void Canvas::DrawCircleOutline(COLORREF color, int centerX, int centerY, int radius) {
   const HDC dc = GetDrawingDC();
   int across = 0;
@@ -198,15 +189,11 @@ void Canvas::DrawCircleOutline(COLORREF color, int centerX, int centerY, int rad
 
 void Canvas::DrawFilledCircle(COLORREF penColor, int penWidth, COLORREF fillColor, int centerX,
                               int centerY, int radius) {
-  const HPEN pen = CreatePen(PS_SOLID, penWidth, penColor);
-  const HBRUSH brush = CreateSolidBrush(fillColor);
-  {
-    const Selection penSelection(GetDrawingDC(), pen);
-    const Selection brushSelection(GetDrawingDC(), brush);
-    Ellipse(GetDrawingDC(), centerX - radius, centerY - radius, centerX + radius, centerY + radius);
-  }
-  DeleteObject(brush);
-  DeleteObject(pen);
+  const Pen pen(CreatePen(PS_SOLID, penWidth, penColor));
+  const Brush brush(CreateSolidBrush(fillColor));
+  const Selection penSelection(GetDrawingDC(), pen.get());
+  const Selection brushSelection(GetDrawingDC(), brush.get());
+  Ellipse(GetDrawingDC(), centerX - radius, centerY - radius, centerX + radius, centerY + radius);
 }
 
 void Canvas::DrawRectangle(COLORREF penColor, int penWidth, COLORREF fillColor, const RECT& rect) {
@@ -234,7 +221,7 @@ void Canvas::SetClipRegion(HRGN region) {
   SelectClipRgn(GetDrawingDC(), region);
 }
 
-HFONT Canvas::MakeFont(WideStringView face, int height, int angle) {
+Font Canvas::MakeFont(WideStringView face, int height, int angle) {
   constexpr int TENTHS = 10;
   LOGFONTW description = {};
   description.lfHeight = height;
@@ -242,10 +229,10 @@ HFONT Canvas::MakeFont(WideStringView face, int height, int angle) {
   description.lfOrientation = angle * TENTHS;
   description.lfWeight = FW_NORMAL;
   CopyWide(description.lfFaceName, face);
-  return CreateFontIndirectW(&description);
+  return Font(CreateFontIndirectW(&description));
 }
 
-HFONT Canvas::MakeFontA(std::string_view face, int height, int angle) {
+Font Canvas::MakeFontA(std::string_view face, int height, int angle) {
   return MakeFont(Widen(face), height, angle);
 }
 

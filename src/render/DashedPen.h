@@ -1,24 +1,20 @@
 #pragma once
 
-#include <windows.h>
+#include "render/GdiObject.h"
 
 namespace ferolin {
 
 class Canvas;
 
-/// A pen for dashed lines of one pixel, made when it is first used and kept.
+/// A pen for dashed lines of one pixel. Between the dashes the background shows.
 class DashedPen {
  public:
-  DashedPen() = default;
-  ~DashedPen();
-  DashedPen(const DashedPen&) = delete;
-  DashedPen& operator=(const DashedPen&) = delete;
+  explicit DashedPen(COLORREF color) : pen(CreatePen(PS_DASH, 1, color)) {}
 
-  /// Always with the colour of the first call. Between the dashes the background shows.
-  void DrawLine(Canvas& canvas, COLORREF color, int x1, int y1, int x2, int y2);
+  void DrawLine(Canvas& canvas, int x1, int y1, int x2, int y2) const;
 
  private:
-  HPEN pen = nullptr;
+  Pen pen;
 };
 
 }  // namespace ferolin

@@ -6,9 +6,9 @@
 
 namespace ferolin {
 
-/// How the finished picture is turned before it is shown; each 0 at start, any other byte is on.
-/// Process-wide: they need no engine. Set on the host's thread, read by the redraw thread at the
-/// next frame.
+/// What is done to the finished picture before it is shown. Each flag is 0 at start; any other byte
+/// is on. Process-wide, without an engine. Set on the host's thread, read by the redraw thread at
+/// the next frame.
 struct InvertFlags {
   SharedWord<std::uint8_t> vert = 0;    ///< flipped top to bottom
   SharedWord<std::uint8_t> horz = 0;    ///< flipped left to right

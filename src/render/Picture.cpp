@@ -77,7 +77,7 @@ bool Picture::Load(const WideString& path) {
   return true;
 }
 
-/// From here on nothing counts as a failure: what could not be decoded stays all zero.
+/// Failures are not reported: pixels that cannot be decoded stay all zero.
 void Picture::Decode(IImagingFactory& factory, IImage& image) {
   ImageInfo info = {};
   image.GetImageInfo(&info);

@@ -12,9 +12,9 @@ struct IImagingFactory;
 
 namespace ferolin {
 
-/// A picture file, decoded into 32-bit pixels whose colours are multiplied by their alpha. Loaded
-/// once and drawn many times. Without pixels (not loaded) it has size 0 x 0 and draws nothing.
-/// Loading needs COM on the calling thread; there is no lock.
+/// A picture file, decoded into 32-bit pixels whose colours are multiplied by their alpha. A picture
+/// that is not loaded has size 0 x 0 and draws nothing. Loading needs COM on the calling thread. No
+/// lock.
 class Picture {
  public:
   Picture() = default;
@@ -22,8 +22,8 @@ class Picture {
   Picture(const Picture&) = delete;
   Picture& operator=(const Picture&) = delete;
 
-  /// Drops what it held and decodes the file. False when that cannot be read as a picture. One that
-  /// can be read but not converted counts as loaded and is wholly transparent.
+  /// Releases the picture held and decodes the file. False when the file is no readable picture. A
+  /// file that can be read but not converted counts as loaded and is wholly transparent.
   bool Load(const WideString& path);
 
   SIZE GetSize() const { return surface.GetSize(); }
@@ -31,7 +31,8 @@ class Picture {
   /// Draws the whole picture into the rectangle, scaled; alpha is ignored.
   void Draw(HDC dc, const RECT& target) const;
 
-  /// The same, blended: alpha counts, weakened further by `alpha` (0 invisible to 255 as it is).
+  /// Blends the whole picture into the rectangle, scaled. `alpha` weakens it further: from 0,
+  /// invisible, to 255, as it is.
   void DrawBlended(HDC dc, const RECT& target, BYTE alpha) const;
 
   void Release();
@@ -42,10 +43,10 @@ class Picture {
   Surface surface;
 };
 
-/// The picture in that file; null when it cannot be loaded. Views then go without it.
+/// The picture in that file; null when it cannot be loaded.
 std::unique_ptr<Picture> LoadPicture(const WideString& path);
 
-/// Multiplies the colours of `count` pixels (bytes B, G, R, A) by their alpha, divided by 256: an
+/// Multiplies the colours of `count` pixels (bytes B, G, R, A) by their alpha and divides by 256. An
 /// opaque 255 becomes 254.
 void PremultiplyAlpha(BYTE* pixels, std::size_t count);
 

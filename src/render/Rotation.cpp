@@ -6,13 +6,13 @@ namespace ferolin {
 
 namespace {
 
-/// One of the two bitmaps is always walked across its rows. A tile of this edge keeps all the lines
-/// that it touches in the cache.
+/// Pixels along an edge of a tile. One of the two bitmaps is always walked across its rows; the
+/// cache holds all lines that a tile of this size touches.
 constexpr int TILE = 32;
 
 }  // namespace
 
-/// With rows counted from the bottom, row r and column c go to row (width - 1 - c) and column r.
+/// Counted from the bottom, row r and column c go to row (width - 1 - c) and column r.
 void RotateClockwise(const std::uint16_t* source, int width, int height, std::uint16_t* target) {
   const int sourceRow = RowLength16(width);
   const int targetRow = RowLength16(height);

@@ -4,7 +4,7 @@
 
 namespace ferolin {
 
-/// Pixels from one row to the next of a 16-bit bitmap whose rows fill whole 32-bit words.
+/// Pixels from one row to the next of a 16-bit bitmap. Rows fill whole 32-bit words.
 constexpr int RowLength16(int width) {
   return (width + 1) & ~1;
 }

@@ -8,8 +8,7 @@ void Surface::EnsureDC(HDC model) {
   }
 }
 
-/// A bitmap cannot be deleted while it is selected, so the one that the context came with goes back
-/// in first.
+/// A selected bitmap cannot be deleted, so the context gets back first what it came with.
 void Surface::SetBitmap(HBITMAP newBitmap) {
   if (bitmap != nullptr) {
     SelectObject(dc, previousBitmap);
@@ -21,10 +20,6 @@ void Surface::SetBitmap(HBITMAP newBitmap) {
   }
 }
 
-void Surface::SelectBitmap() const {
-  SelectObject(dc, bitmap);
-}
-
 void Surface::Release() {
   SetBitmap(nullptr);
   previousBitmap = nullptr;
@@ -34,10 +29,11 @@ void Surface::Release() {
   }
 }
 
+/// Without a bitmap the description stays all zero.
 SIZE Surface::GetSize() const {
   BITMAP description = {};
-  if (bitmap == nullptr || GetObjectW(bitmap, sizeof description, &description) == 0) {
-    return {0, 0};
+  if (bitmap != nullptr) {
+    GetObjectW(bitmap, sizeof description, &description);
   }
   return {description.bmWidth, description.bmHeight};
 }

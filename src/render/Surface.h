@@ -5,23 +5,21 @@
 namespace ferolin {
 
 /// A memory device context with a bitmap selected into it; both are owned. Empty at start: null
-/// handles, size 0 x 0. Whoever holds one calls Release; there is no destructor, so that one can
-/// live as long as the process.
+/// handles, size 0 x 0. The holder calls Release; there is no destructor, so that a surface can live
+/// as long as the process.
 class Surface {
  public:
   constexpr Surface() = default;
   Surface(const Surface&) = delete;
   Surface& operator=(const Surface&) = delete;
 
-  /// Makes the context, unless there is one, after the model of `dc` (null: of the screen).
+  /// Makes the context, unless there is one, compatible with `model` (null: with the screen).
   void EnsureDC(HDC model);
 
-  /// Deletes the bitmap there is, and takes over and selects `bitmap` unless that is null.
+  /// Deletes the bitmap held so far; takes over `bitmap` and selects it. Null holds none.
   void SetBitmap(HBITMAP bitmap);
 
-  /// Selects the own bitmap again after others were selected for a while.
-  void SelectBitmap() const;
-
+  /// Deletes bitmap and context.
   void Release();
 
   bool HasBitmap() const { return bitmap != nullptr; }
@@ -32,20 +30,6 @@ class Surface {
   HDC dc = nullptr;
   HGDIOBJ previousBitmap = nullptr;
   HBITMAP bitmap = nullptr;
-};
-
-/// Keeps an object selected into a context for a scope and puts back what was there before. Frees
-/// nothing.
-class Selection {
- public:
-  Selection(HDC target, HGDIOBJ object) : dc(target), previous(SelectObject(target, object)) {}
-  ~Selection() { SelectObject(dc, previous); }
-  Selection(const Selection&) = delete;
-  Selection& operator=(const Selection&) = delete;
-
- private:
-  HDC dc;
-  HGDIOBJ previous;
 };
 
 }  // namespace ferolin

@@ -4,17 +4,11 @@
 
 namespace ferolin {
 
-TextStyle::~TextStyle() {
-  if (font != nullptr) {
-    DeleteObject(font);
-  }
-}
-
 HFONT TextStyle::GetFont(Canvas& canvas) {
   if (font == nullptr) {
     font = canvas.MakeFontA(face, size, 0);
   }
-  return font;
+  return font.get();
 }
 
 }  // namespace ferolin

@@ -1,30 +1,24 @@
 #pragma once
 
-#include <windows.h>
-
 #include <string>
+
+#include "render/GdiObject.h"
 
 namespace ferolin {
 
 class Canvas;
 
-/// Face and size of a kind of text in a view, with the font that is made from them when it is first
-/// needed.
+/// Face and size of a kind of text in a view, with the font made from them at first use.
 class TextStyle {
  public:
-  TextStyle() = default;
-  ~TextStyle();
-  TextStyle(const TextStyle&) = delete;
-  TextStyle& operator=(const TextStyle&) = delete;
-
-  /// The upright font; owned here. Face and size are to be set before.
+  /// The upright font; owned here. Set face and size before the first call.
   HFONT GetFont(Canvas& canvas);
 
   std::string face;  ///< 8-bit text in the ANSI code page
   int size = 0;      ///< height of the character cell in logical pixels
 
  private:
-  HFONT font = nullptr;
+  Font font;
 };
 
 }  // namespace ferolin

@@ -6,10 +6,10 @@ namespace ferolin {
 
 namespace {
 
-/// A place on a line along an edge.
+/// Place of a button in the lines along an edge.
 struct Place {
   int line;    ///< 0 next to the edge
-  int offset;  ///< from where the line begins to where the button begins
+  int offset;  ///< from the line's start to the button's
 };
 
 Place PlaceOf(int index, int length, int size) {
@@ -18,7 +18,7 @@ Place PlaceOf(int index, int length, int size) {
   return {index / perLine, index % perLine * step + (step - size) / 2};
 }
 
-/// From the edge, one pixel in, and one between lines.
+/// Distance of a line from the edge: one pixel, and one more between lines.
 int DepthOf(int line, int size) {
   return 1 + line * (size + 1);
 }

@@ -10,11 +10,10 @@
 
 namespace ferolin {
 
-/// A colour of a view: its key in the view's section of the settings (the COLORREF as a decimal
-/// number), where it is kept, and what it is when the settings do not tell.
+/// A colour of a view that the settings can change.
 template <class Owner>
 struct ColorSetting {
-  const char* key;
+  const char* key;  ///< in the view's section; the value is the COLORREF as a decimal number
   COLORREF Owner::*color;
   COLORREF initial;
 };
@@ -26,7 +25,7 @@ void InitColors(const ColorSetting<Owner> (&settings)[N], Owner& owner) {
   }
 }
 
-/// A colour whose key is missing stays as it is.
+/// A missing or empty key leaves its colour alone.
 template <class Owner, std::size_t N>
 void LoadColors(const ColorSetting<Owner> (&settings)[N], const char* section,
                 const IniStore& store, Owner& owner) {

@@ -3,20 +3,17 @@
 #include <windows.h>
 
 #include "base/WideString.h"
+#include "render/GdiObject.h"
 
 namespace ferolin {
 
 class Canvas;
 
-/// A text in the largest font that fits: sizes go down in steps of 5, and the first one below 6 is
-/// taken in any case. Owns the font.
+/// A text in the largest font that fits. Sizes go down in steps of 5; the first one below 6 is taken
+/// in any case.
 class FittedText {
  public:
-  FittedText(Canvas& surface, WideStringView face, int largestSize, WideString content,
-             SIZE available);
-  ~FittedText();
-  FittedText(const FittedText&) = delete;
-  FittedText& operator=(const FittedText&) = delete;
+  FittedText(Canvas& canvas, WideStringView face, int largestSize, WideString text, SIZE available);
 
   SIZE GetExtent() const { return extent; }
   int GetFontSize() const { return fontSize; }
@@ -28,7 +25,7 @@ class FittedText {
   Canvas& canvas;
   WideString text;
   int fontSize;
-  HFONT font = nullptr;
+  Font font;
   SIZE extent = {};
 };
 

@@ -1,6 +1,7 @@
 #include "widgets/ScaledPicture.h"
 
 #include "render/FrameBitmap.h"
+#include "render/SolidFill.h"
 
 namespace ferolin {
 
@@ -19,7 +20,7 @@ SIZE ScaledPicture::GetSize() const {
   return picture != nullptr ? picture->GetSize() : SIZE{0, 0};
 }
 
-/// Without memory for the copy the picture is blended as it is.
+/// Without memory for the scaled copy the picture itself is blended.
 void ScaledPicture::Draw(HDC dc, const RECT& rect, COLORREF background) {
   if (picture == nullptr) {
     return;
@@ -42,9 +43,7 @@ void ScaledPicture::Scale(HDC dc, SIZE size, COLORREF background) {
   scaled.SetBitmap(CreateFrameBitmap(dc, size.cx, size.cy, &bits));
   scaledBackground = background;
   const RECT whole = {0, 0, size.cx, size.cy};
-  const HBRUSH brush = CreateSolidBrush(background);
-  FillRect(scaled.GetDC(), &whole, brush);
-  DeleteObject(brush);
+  FillSolid(scaled.GetDC(), whole, background);
   picture->DrawBlended(scaled.GetDC(), whole, OPAQUE_ALPHA);
 }
 

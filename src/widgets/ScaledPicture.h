@@ -10,8 +10,9 @@
 
 namespace ferolin {
 
-/// A large picture behind a view: the dial, the sky. Scaling and blending it takes most of a
-/// frame's time, so the result is kept for the next frame. Used under the engine's data lock.
+/// A large picture behind a view: the dial, the sky. Scaling and blending it would take most of a
+/// frame's time, so the scaled picture is kept from frame to frame. Used under the engine's data
+/// lock.
 class ScaledPicture {
  public:
   ScaledPicture() = default;
@@ -21,17 +22,17 @@ class ScaledPicture {
 
   void Load(const WideString& path);
   bool IsLoaded() const { return picture != nullptr; }
-  /// 0 x 0 while nothing is loaded.
+  /// Size in the file; 0 x 0 when nothing is loaded.
   SIZE GetSize() const;
 
-  /// Draws the picture into a rectangle of a frame whose background has that colour.
+  /// Draws the picture into the rectangle, over that background colour.
   void Draw(HDC dc, const RECT& rect, COLORREF background);
 
  private:
   void Scale(HDC dc, SIZE size, COLORREF background);
 
   std::unique_ptr<Picture> picture;
-  Surface scaled;  ///< the picture over its background, as large as it was last drawn
+  Surface scaled;  ///< the picture over its background, in the size drawn last
   COLORREF scaledBackground = 0;
 };
 

@@ -8,7 +8,7 @@ class Sensor;
 
 constexpr int NO_SENSOR = -1;
 
-/// Whether the sensor's name holds the word in the user's language; upper and lower case differ.
+/// Whether the sensor's name contains the word in the user's language. Case-sensitive.
 bool IsNamed(const Sensor& sensor, Word word);
 
 }  // namespace ferolin

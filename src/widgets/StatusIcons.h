@@ -20,17 +20,14 @@ class StatusIcons {
     BLENDED_ICONS
   };
 
-  /// Where the icons came to lie, in the frame. A missing reception icon has an empty rectangle at
-  /// the left corner; a missing battery icon, or an unknown battery, an empty one that is as wide
-  /// as the frame.
+  /// Places of the icons in the frame.
   struct Places {
-    RECT gps;
-    RECT battery;
-    /// Where the space between the two ends.
-    LONG gapRight;
+    RECT gps;       ///< empty, at the left corner, without a reception icon
+    RECT battery;   ///< empty, as wide as the frame, without a battery icon or a known battery
+    LONG gapRight;  ///< right end of the space between the icons
   };
 
-  /// Loads the icons that are not there yet from the pictures' folder below `moduleDir`.
+  /// Loads the icons that are still missing from the folder Pics below `moduleDir`.
   void Load(const WideString& moduleDir);
 
   Places Draw(Canvas& canvas, int satellites, Style style) const;
@@ -44,11 +41,11 @@ class StatusIcons {
   std::array<std::unique_ptr<Picture>, COUNT> battery;  ///< the last one: charging
 };
 
-/// Which of the six reception icons stands for that number of satellites: 0 for less than 3, 1 for
-/// 3 and 4, to 5 for 11 and more.
+/// Index of the reception icon for that number of satellites: 0 for fewer than 3, 1 for 3 and 4, and
+/// so on to 5 for 11 and more.
 std::size_t ReceptionLevel(int satellites);
 
-/// Which of the five battery icons stands for that charge: 0 below 20 %, to 4 from 80 %. An unknown
+/// Index of the battery icon for that charge: 0 below 20 %, and so on to 4 from 80 %. An unknown
 /// charge (255) shows as full.
 std::size_t BatteryLevel(BYTE percent);
 

@@ -9,11 +9,10 @@
 
 namespace ferolin {
 
-/// A kind of text of a view: the keys of its face and its size in the view's section of the
-/// settings, where it is kept, and what it is when the settings do not tell.
+/// A kind of text of a view. The settings can change its face and its size.
 template <class Owner>
 struct TextSetting {
-  const char* faceKey;
+  const char* faceKey;  ///< in the view's section
   const char* sizeKey;
   TextStyle Owner::*style;
   const char* initialFace;
@@ -28,7 +27,7 @@ void InitTexts(const TextSetting<Owner> (&settings)[N], Owner& owner) {
   }
 }
 
-/// A face or size whose key is missing stays as it is.
+/// A missing or empty key leaves its face or size alone.
 template <class Owner, std::size_t N>
 void LoadTexts(const TextSetting<Owner> (&settings)[N], const char* section, const IniStore& store,
                Owner& owner) {
@@ -43,7 +42,7 @@ void LoadTexts(const TextSetting<Owner> (&settings)[N], const char* section, con
   }
 }
 
-/// Views differ in which of the two they save first.
+/// Saved apart from the sizes: views differ in which come first.
 template <class Owner, std::size_t N>
 void SaveFaces(const TextSetting<Owner> (&settings)[N], const char* section, IniStore& store,
                const Owner& owner) {

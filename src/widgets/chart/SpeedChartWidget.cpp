@@ -9,6 +9,7 @@
 #include "base/Lock.h"
 #include "gps/FixRecord.h"
 #include "render/Canvas.h"
+#include "render/Rect.h"
 #include "sensors/LocalizedText.h"
 #include "widgets/WidgetOwner.h"
 #include "widgets/chart/SpeedScale.h"
@@ -21,23 +22,19 @@ constexpr const char* SECTION = "SpeedChartWidget";
 constexpr Cp1251Text COMMENT = u"Настройки виджета графика скорости";
 
 constexpr int LARGEST_ZOOM = 128;
-/// From here on, points share their columns.
+/// From this zoom on, points share their columns.
 constexpr int FIRST_SHARED_ZOOM = 3;
 
 constexpr LONG FRAME_MARGIN = 5;
 constexpr LONG CAPTION_HEIGHT = 10;
 constexpr LONG PLOT_MARGIN = 10;
-constexpr LONG OVERHANG = 5;        // of axes and lines beyond the plot
+constexpr LONG OVERHANG = 5;        // length of axes and lines beyond the plot
 constexpr LONG NEWEST_MARGIN = 10;  // from the newest column to the plot's right side
 constexpr LONG LABEL_GAP = 4;
 constexpr LONG SPEED_GAP = 10;
 constexpr int CHART_WIDTH = 2;
 
-RECT Inset(const RECT& rect, LONG margin) {
-  return {rect.left + margin, rect.top + margin, rect.right - margin, rect.bottom - margin};
-}
-
-/// What the chart may use of a view.
+/// The part of a view that the chart may use.
 RECT ChartFrame(const RECT& view) {
   RECT frame = Inset(view, FRAME_MARGIN);
   frame.top += CAPTION_HEIGHT;
@@ -79,8 +76,8 @@ void SpeedChartWidget::SaveSettings(IniStore& store) const {
   SaveFaces(TEXTS, SECTION, store, *this);
 }
 
-/// Those of the other views come first. Where not all fit into one line, the rest has one of its
-/// own.
+/// The buttons of the other views come first. The zoom buttons have a second line where the first
+/// has no room for them.
 void SpeedChartWidget::CreateOwnButtons() {
   if (!ownBar.IsEmpty()) {
     return;
@@ -104,7 +101,7 @@ void SpeedChartWidget::OnMouseUp(HWND window, POINT point) {
   Widget::OnMouseUp(window, point);
 }
 
-/// What that button does to the zoom. Returns whether it changed.
+/// Does to the zoom what the button with that code stands for. Returns whether the zoom changed.
 bool SpeedChartWidget::Zoom(LPARAM code) {
   const int previous = zoom;
   switch (code) {
@@ -123,7 +120,15 @@ bool SpeedChartWidget::Zoom(LPARAM code) {
   return zoom != previous;
 }
 
+void SpeedChartWidget::MakePens() {
+  if (!pens) {
+    pens =
+        Pens{DashedPen(axesColor), DashedPen(currentSpeedLineColor), DashedPen(maxSpeedLineColor)};
+  }
+}
+
 void SpeedChartWidget::Paint(Canvas& canvas) {
+  MakePens();
   const RECT frame = ChartFrame(canvas.GetFrameRect());
   const RECT plot = Inset(frame, PLOT_MARGIN);
   const std::span<const TrackPoint> points = VisiblePoints(plot.right - plot.left - NEWEST_MARGIN);
@@ -141,7 +146,7 @@ void SpeedChartWidget::Paint(Canvas& canvas) {
   DrawScale(canvas, plot, scale);
 }
 
-/// The newest ones, as many as there is room for.
+/// The newest points, as many as there is room for.
 std::span<const TrackPoint> SpeedChartWidget::VisiblePoints(int columnCount) const {
   const int count = owner.GetFix().GetPointCount();
   const int visible = std::min(count, std::max(columnCount, 0) * zoom);
@@ -150,8 +155,8 @@ std::span<const TrackPoint> SpeedChartWidget::VisiblePoints(int columnCount) con
                           : std::span<const TrackPoint>();
 }
 
-/// Walks the points once, from the newest backwards: far zoomed out there are many. Each group
-/// stands in the column of its newest point.
+/// Walks the points once, from the newest backwards: zoomed out far there are many. Each group of
+/// points stands in the column of its newest one.
 void SpeedChartWidget::Collect(const RECT& plot, std::span<const TrackPoint> points) {
   const std::size_t perColumn = zoom >= FIRST_SHARED_ZOOM ? static_cast<std::size_t>(zoom) : 1;
   columns.Clear();
@@ -167,7 +172,7 @@ void SpeedChartWidget::Collect(const RECT& plot, std::span<const TrackPoint> poi
   }
 }
 
-/// The axes at the left and below, and a border that closes the box.
+/// The axes at the left and below, and a border at the other two sides.
 void SpeedChartWidget::DrawBox(Canvas& canvas, const RECT& plot) {
   const LONG right = plot.right + OVERHANG;
   canvas.DrawThinLine(borderColor, plot.left, plot.top, right, plot.top);
@@ -179,11 +184,11 @@ void SpeedChartWidget::DrawBox(Canvas& canvas, const RECT& plot) {
 void SpeedChartWidget::DrawGrid(Canvas& canvas, const RECT& plot, const SpeedScale& scale) {
   for (int kmh = scale.step; kmh <= scale.top; kmh += scale.step) {
     const LONG row = scale.RowOf(static_cast<float>(kmh), plot);
-    axesPen.DrawLine(canvas, axesColor, plot.left - OVERHANG, row, plot.right, row);
+    pens->axes.DrawLine(canvas, plot.left - OVERHANG, row, plot.right, row);
   }
 }
 
-/// Labels stand on the lines of the grid, and over the chart, which would hide them.
+/// Labels stand on the lines of the grid. They are drawn after the chart, which would hide them.
 void SpeedChartWidget::DrawScale(Canvas& canvas, const RECT& plot, const SpeedScale& scale) {
   const HFONT font = smallStyle.GetFont(canvas);
   for (int kmh = 0; kmh <= scale.top; kmh += scale.step) {
@@ -216,7 +221,7 @@ void SpeedChartWidget::DrawMarks(Canvas& canvas, const RECT& plot) {
   const LONG top = canvas.GetFrameRect().bottom - canvas.MeasureText(font, TEXT("0")).cy;
   for (const MinuteMarks::Mark& mark : marks.Get()) {
     canvas.DrawText(font, mark.label.data(), mark.labelLeft, top, smallTextColor);
-    axesPen.DrawLine(canvas, axesColor, mark.x, plot.top, mark.x, plot.bottom + OVERHANG);
+    pens->axes.DrawLine(canvas, mark.x, plot.top, mark.x, plot.bottom + OVERHANG);
   }
 }
 
@@ -233,8 +238,8 @@ void SpeedChartWidget::DrawChart(Canvas& canvas, const RECT& plot, const SpeedSc
                       static_cast<int>(line.Get().size()));
 }
 
-/// Both speeds have places of their own at the right, so that none hides the other. The maximum has
-/// its line's colour.
+/// Both speeds have places of their own at the right, so neither hides the other. The maximum has its
+/// line's colour.
 void SpeedChartWidget::DrawSpeeds(Canvas& canvas, const RECT& plot, const SpeedScale& scale,
                                   float current) {
   if (columns.Get().empty()) {
@@ -243,17 +248,17 @@ void SpeedChartWidget::DrawSpeeds(Canvas& canvas, const RECT& plot, const SpeedS
   const float maximum = columns.GetMaximum();
   const LONG currentRow = scale.RowOf(current, plot);
   const LONG maximumRow = scale.RowOf(maximum, plot);
-  currentSpeedPen.DrawLine(canvas, currentSpeedLineColor, plot.left, currentRow,
-                           plot.left + columns.Get().front().x, currentRow);
-  maxSpeedPen.DrawLine(canvas, maxSpeedLineColor, plot.left, maximumRow, plot.right, maximumRow);
+  pens->currentSpeed.DrawLine(canvas, plot.left, currentRow, plot.left + columns.Get().front().x,
+                              currentRow);
+  pens->maxSpeed.DrawLine(canvas, plot.left, maximumRow, plot.right, maximumRow);
   const int room = canvas.MeasureText(bigStyle.GetFont(canvas), TEXT("000")).cx;
   const int width = DrawSpeed(canvas, plot, current, currentRow, plot.right, bigTextColor);
   DrawSpeed(canvas, plot, maximum, maximumRow, plot.right - std::max(width, room) - SPEED_GAP,
             maxSpeedLineColor);
 }
 
-/// Stands on its line, or hangs below one that has no room above; never leaves the plot. Returns
-/// the width.
+/// The speed stands on its line, or below a line without room above, always inside the plot.
+/// Returns the width.
 int SpeedChartWidget::DrawSpeed(Canvas& canvas, const RECT& plot, float kmh, LONG row, LONG right,
                                 COLORREF color) {
   const HFONT font = bigStyle.GetFont(canvas);
@@ -265,7 +270,7 @@ int SpeedChartWidget::DrawSpeed(Canvas& canvas, const RECT& plot, float kmh, LON
   return size.cx;
 }
 
-/// A rim of the background's colour sets the text off from the chart below it.
+/// Draws the text with a rim in the background's colour, which sets it off from the chart.
 void SpeedChartWidget::DrawRimmed(Canvas& canvas, HFONT font, const WideString& text, POINT corner,
                                   COLORREF color) {
   for (const POINT& offset : {POINT{-1, 0}, POINT{1, 0}, POINT{0, -1}, POINT{0, 1}}) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <span>
 
 #include "base/GrowingArray.h"
@@ -15,9 +16,8 @@ namespace ferolin {
 
 class SpeedScale;
 
-/// The speed of the newest track points against time, newest at the right, with the current speed
-/// and the highest one shown marked by lines. Buttons choose how many points share one column of
-/// pixels.
+/// The speed of the newest track points against time, newest at the right. Lines mark the current
+/// speed and the highest one in view. Buttons choose how many points share one column of pixels.
 class SpeedChartWidget : public Widget {
  public:
   explicit SpeedChartWidget(WidgetOwner& owner);
@@ -33,9 +33,17 @@ class SpeedChartWidget : public Widget {
  private:
   void Paint(Canvas& canvas) override;
 
+  /// Made with the first frame, in the colours of the settings.
+  struct Pens {
+    DashedPen axes;
+    DashedPen currentSpeed;
+    DashedPen maxSpeed;
+  };
+
   static const ColorSetting<SpeedChartWidget> COLORS[8];
   static const TextSetting<SpeedChartWidget> TEXTS[2];
 
+  void MakePens();
   bool Zoom(LPARAM code);
   std::span<const TrackPoint> VisiblePoints(int columnCount) const;
   void Collect(const RECT& plot, std::span<const TrackPoint> points);
@@ -62,9 +70,7 @@ class SpeedChartWidget : public Widget {
   SpeedColumns columns;
   MinuteMarks marks;
   GrowingArray<POINT> line;
-  DashedPen axesPen;
-  DashedPen currentSpeedPen;
-  DashedPen maxSpeedPen;
+  std::optional<Pens> pens;
 };
 
 }  // namespace ferolin

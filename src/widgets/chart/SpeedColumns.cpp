@@ -8,8 +8,8 @@ namespace ferolin {
 
 namespace {
 
-/// Floats from zero up stand in the same order as their bits, and those below zero have negative
-/// ones. Comparing bits takes handhelds one instruction, comparing floats takes them dozens.
+/// The bits of a float as an integer. Floats from zero up have the order of their bits, and floats
+/// below zero have negative ones. Handhelds compare integers in one instruction, floats in dozens.
 std::int32_t BitsOf(const TrackPoint& point) {
   return std::bit_cast<std::int32_t>(point.speedKmh);
 }

@@ -7,8 +7,8 @@
 
 namespace ferolin {
 
-/// What the columns of a chart show: the lowest and the highest speed of the track points that each
-/// stands for. Speeds in km/h; those that are missing or below zero count as 0.
+/// Columns of a chart: the lowest and the highest speed of the track points that share each. Speeds
+/// are in km/h; missing ones and those below zero count as 0.
 class SpeedColumns {
  public:
   struct Column {
@@ -18,11 +18,11 @@ class SpeedColumns {
   };
 
   void Clear();
-  /// The next column. False when the memory does not reach.
+  /// Appends a column. False without memory.
   bool Add(int x, std::span<const TrackPoint> points);
 
   std::span<const Column> Get() const { return columns.Get(); }
-  /// Of all columns; 0 without any.
+  /// Highest speed of all columns; 0 without columns.
   float GetMaximum() const { return maximum; }
 
  private:

@@ -10,7 +10,7 @@ constexpr int TOPS[] = {20, 50, 100};
 constexpr int LARGEST_TOP = 200;
 constexpr int SMALLEST_STEP = 5;
 constexpr int STEPS = 5;
-constexpr float FARTHEST = 30000;  // what drawing still understands
+constexpr float FARTHEST = 30000;  // largest coordinate that is drawn at
 
 int TopFor(float highestKmh) {
   for (const int top : TOPS) {

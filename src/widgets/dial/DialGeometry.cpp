@@ -18,8 +18,8 @@ constexpr int PORTRAIT_TOP = 25;
 
 }  // namespace
 
-DialGeometry::DialGeometry(const RECT& dialRect)
-    : rect(dialRect),
+DialGeometry::DialGeometry(const RECT& rect)
+    : rect(rect),
       centerX((rect.left + rect.right) / 2),
       centerY(rect.top + (rect.right - rect.left) / 2),
       radius((rect.right - rect.left) / 2) {}

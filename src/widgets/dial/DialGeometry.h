@@ -4,15 +4,15 @@
 
 namespace ferolin {
 
-/// The dial of the speedometer: a half circle and a little more, from 0 km/h at the left to 220 at
-/// the right, over the whole width of its rectangle. Angles are in radians, counter-clockwise from
-/// the right; the screen's y axis points down.
+/// The dial of the speedometer: an arc of 215 degrees from 0 km/h at the left to 220 at the right,
+/// over the whole width of its rectangle. Angles are in radians, counter-clockwise from the right;
+/// the screen's y axis points down.
 class DialGeometry {
  public:
-  explicit DialGeometry(const RECT& dialRect);
+  explicit DialGeometry(const RECT& rect);
 
   static bool IsOnScale(double kmh);
-  /// Also beyond the scale.
+  /// Speeds beyond the scale have angles beyond its ends.
   static double AngleOf(double kmh);
 
   /// Coordinates are cut to whole pixels.
@@ -24,9 +24,9 @@ class DialGeometry {
   int radius;
 };
 
-/// Where the dial lies in a frame of that size, with a picture of that size. Frames at least as
-/// wide as high have it at the left, as high as there is room; others have it at the top, as wide
-/// as the frame. Lengths are cut to whole pixels.
+/// The dial's rectangle in a frame of that size, for a picture of that size. In landscape and square
+/// frames it lies at the left, as high as the frame has room; in portrait ones at the top, as wide as
+/// the frame. Lengths are cut to whole pixels.
 RECT DialRect(SIZE frame, SIZE picture);
 
 }  // namespace ferolin

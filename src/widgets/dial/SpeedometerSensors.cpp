@@ -16,7 +16,7 @@ struct NamedIndex {
   int SpeedometerSensors::*index;
 };
 
-/// In this order: the first word that a name holds decides.
+/// Tried in this order: the first word contained in the name decides.
 constexpr NamedIndex NAMED_INDEXES[] = {
     {Word::SPEED, &SpeedometerSensors::speed},
     {Word::AVERAGE_SPEED, &SpeedometerSensors::averageSpeed},
@@ -25,12 +25,12 @@ constexpr NamedIndex NAMED_INDEXES[] = {
     {Word::CURRENT_TIME, &SpeedometerSensors::currentTime},
 };
 
-/// Text of `name` from `offset` on, as a number.
+/// The number at that offset of `name`; 0 behind its end.
 double NumberAt(const char* name, std::size_t offset) {
   return ParseDouble(name + std::min(offset, std::strlen(name)));
 }
 
-void SortIn(const Sensor& sensor, int index, SpeedometerSensors& sensors) {
+void Assign(const Sensor& sensor, int index, SpeedometerSensors& sensors) {
   for (const NamedIndex& named : NAMED_INDEXES) {
     if (IsNamed(sensor, named.word)) {
       sensors.*named.index = index;
@@ -57,7 +57,7 @@ bool SpeedometerSensors::AreAllFound() const {
 
 void SpeedometerSensors::Find(const WidgetOwner& owner) {
   for (int index = 0; index < owner.GetSensorCount(); ++index) {
-    SortIn(*owner.GetSensor(index), index, *this);
+    Assign(*owner.GetSensor(index), index, *this);
   }
 }
 

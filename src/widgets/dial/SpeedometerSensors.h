@@ -10,11 +10,11 @@ namespace ferolin {
 
 class WidgetOwner;
 
-/// The first sensors of a kind, as indexes into the engine's list.
+/// Indexes of the first sensors of a kind in the engine's list.
 template <std::size_t CAPACITY>
 class SensorList {
  public:
-  /// Nothing when the list is full.
+  /// Does nothing when the list is full.
   void Add(int index) {
     if (count < CAPACITY) {
       indexes[count++] = index;
@@ -28,10 +28,10 @@ class SensorList {
   std::size_t count = 0;
 };
 
-/// Which of the engine's sensors the speedometer shows; NO_SENSOR for one that was not found.
+/// Indexes of the sensors that the speedometer shows; NO_SENSOR for one that was not found.
 struct SpeedometerSensors {
   bool AreAllFound() const;
-  /// Sorts all sensors in by their names. What was found before stays in the lists.
+  /// Finds the sensors by their names. Sensors found before stay in the lists.
   void Find(const WidgetOwner& owner);
 
   int speed = NO_SENSOR;
@@ -44,10 +44,10 @@ struct SpeedometerSensors {
   SensorList<5> acceleration;
 };
 
-/// The speed that an acceleration sensor runs to, from its name: "Accel. 0-100 km/h" gives 100.
+/// Target speed of an acceleration sensor by its name: "Accel. 0-100 km/h" gives 100.
 double AccelerationTarget(const char* sensorName);
 
-/// The distance that a fastest sensor runs over, from its name: "Fastest 402m" gives 402.
+/// Distance of a fastest sensor by its name: "Fastest 402m" gives 402.
 double FastestDistance(const char* sensorName);
 
 }  // namespace ferolin

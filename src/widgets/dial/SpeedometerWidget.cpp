@@ -22,9 +22,9 @@ constexpr BYTE OPAQUE_ALPHA = 255;
 
 constexpr int NEEDLE_WIDTH = 3;
 constexpr int MARK_WIDTH = 5;
-constexpr double MARK_START = 0.4;  // of the dial's width, from the centre
+constexpr double MARK_START = 0.4;  // part of the dial's width, from the centre
 
-// Tops of texts over the dial's centre, in heights of the text.
+// From the dial's centre up to the top of a text, in heights of the text.
 constexpr double LANDSCAPE_SPEED_RISE = 1.1;
 constexpr double PORTRAIT_SPEED_RISE = 1.2;
 constexpr double CLOCK_RISE = 1.1;
@@ -33,10 +33,10 @@ constexpr int TEXT_GAP = 4;
 constexpr double SLOWEST_TARGET = 50;  // km/h
 constexpr double FASTEST_TARGET = 180;
 constexpr int RIM_GAP = 20;
-constexpr double RIM_SHIFT = 0.1;  // radians before the target's place on the rim
-constexpr int TEXT_TURN = 268;     // degrees from the target's direction
+constexpr double RIM_SHIFT = 0.1;  // radians from the target's place on the rim to the text
+constexpr int TEXT_TURN = 268;     // degrees from the target's direction to the text's
 
-constexpr int FASTEST_RISE = 25;  // over the dial's lower edge
+constexpr int FASTEST_RISE = 25;  // from the dial's lower edge up to the texts
 constexpr int COLUMN_GAP = 4;
 
 constexpr int COMPASS_SIZE = 65;
@@ -123,7 +123,7 @@ void SpeedometerWidget::Paint(Canvas& canvas) {
   }
 }
 
-/// The odometer stands on the fastest times, clear of the needle at rest.
+/// The odometer stands right above the fastest times, where the needle at rest does not cover it.
 void SpeedometerWidget::DrawLandscape(Canvas& canvas, const DialGeometry& dial) {
   const int fastestTop = dial.rect.bottom - FASTEST_RISE;
   DrawNeedle(canvas, dial);
@@ -139,8 +139,8 @@ void SpeedometerWidget::DrawLandscape(Canvas& canvas, const DialGeometry& dial) 
   DrawCompass(canvas, dial);
 }
 
-/// The clock follows the odometer inside the dial; the fastest times have the frame's whole width
-/// below it, above the buttons.
+/// The clock stands below the odometer inside the dial. The fastest times take the whole width below
+/// the dial, above the buttons.
 void SpeedometerWidget::DrawPortrait(Canvas& canvas, const DialGeometry& dial) {
   DrawNeedle(canvas, dial);
   DrawSpeed(canvas, dial, PORTRAIT_SPEED_RISE);
@@ -173,7 +173,7 @@ void SpeedometerWidget::DrawMark(Canvas& canvas, const DialGeometry& dial, int s
   }
 }
 
-/// Draws the number that many of its own heights above the dial's centre. Returns its top.
+/// `rise`: from the dial's centre up to the number's top, in heights of the number. Returns the top.
 int SpeedometerWidget::DrawSpeed(Canvas& canvas, const DialGeometry& dial, double rise) {
   if (sensors.speed == NO_SENSOR) {
     return dial.centerY;
@@ -205,16 +205,15 @@ void SpeedometerWidget::DrawAcceleration(Canvas& canvas, const DialGeometry& dia
   }
 }
 
-/// Along the rim, right before the speed that was reached.
+/// The time stands along the rim, right before the speed that was reached.
 void SpeedometerWidget::DrawAccelerationTime(Canvas& canvas, const DialGeometry& dial,
                                              double target, double seconds) {
   const double angle = DialGeometry::AngleOf(target);
-  const HFONT font = canvas.MakeFontA(accelerationStyle.face, accelerationStyle.size,
-                                      CutToInt(angle * DEGREES_PER_HALF_TURN / PI - TEXT_TURN));
+  const Font font = canvas.MakeFontA(accelerationStyle.face, accelerationStyle.size,
+                                     CutToInt(angle * DEGREES_PER_HALF_TURN / PI - TEXT_TURN));
   const POINT corner = dial.PointAt(angle + RIM_SHIFT, dial.radius + RIM_GAP);
-  canvas.DrawText(font, Widen(Format("%0.2f", seconds)).c_str(), corner.x, corner.y,
+  canvas.DrawText(font.get(), Widen(Format("%0.2f", seconds)).c_str(), corner.x, corner.y,
                   accelerationTextColor);
-  DeleteObject(font);
 }
 
 void SpeedometerWidget::DrawFastest(Canvas& canvas, const Columns& columns) {
@@ -225,7 +224,7 @@ void SpeedometerWidget::DrawFastest(Canvas& canvas, const Columns& columns) {
   }
 }
 
-/// The distance, below it a bracket over the time.
+/// The distance, a bracket below it, and the time below the bracket.
 void SpeedometerWidget::DrawFastestTime(Canvas& canvas, int sensor, int left, int right, int top) {
   const int middle = (left + right) / 2;
   const WideString distance =
@@ -239,7 +238,7 @@ void SpeedometerWidget::DrawFastestTime(Canvas& canvas, int sensor, int left, in
                fastestColor);
 }
 
-/// The rose stays, the needle turns against the course: it points to where north lies.
+/// The needle turns against the course and so points to the north. The rose stands still.
 void SpeedometerWidget::DrawCompass(Canvas& canvas, const DialGeometry& dial) {
   const RECT frame = canvas.GetFrameRect();
   if (frame.right - dial.rect.right < COMPASS_SIZE || sensors.azimuth == NO_SENSOR ||
@@ -258,7 +257,7 @@ void SpeedometerWidget::DrawCompass(Canvas& canvas, const DialGeometry& dial) {
   canvas.DrawLine(northNeedleColor, NEEDLE_WIDTH, x, y, Nearest(x - dx), Nearest(y - dy));
 }
 
-/// Draws the clock that many of its own heights above a line.
+/// `rise`: from the line up to the clock's top, in heights of the clock.
 void SpeedometerWidget::DrawClock(Canvas& canvas, const DialGeometry& dial, int line, double rise) {
   if (sensors.currentTime == NO_SENSOR) {
     return;

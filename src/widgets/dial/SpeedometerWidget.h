@@ -12,9 +12,9 @@
 
 namespace ferolin {
 
-/// A dial with a needle for the speed and marks for its average and maximum, with the speed,
-/// distance and clock as texts, times of accelerations at the rim, times of the fastest distances,
-/// and, where there is room, a compass.
+/// A dial with a needle for the speed and marks for its average and maximum. Speed, distance and
+/// clock are texts on it; times of accelerations stand at its rim, times of the fastest distances
+/// below it. Frames with room for it have a compass.
 class SpeedometerWidget : public Widget {
  public:
   explicit SpeedometerWidget(WidgetOwner& owner);

@@ -4,7 +4,7 @@
 #include <array>
 #include <limits>
 
-#include "render/Surface.h"
+#include "render/Selection.h"
 #include "widgets/path/PathLine.h"
 #include "widgets/path/PathStrokes.h"
 

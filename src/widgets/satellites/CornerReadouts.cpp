@@ -16,7 +16,8 @@ constexpr int MARGIN = 2;
 
 }  // namespace
 
-/// Long names have to be at the top, where the widest lines come first.
+/// Long names stand at the top: there the name, the widest line, lies next to the edge, where the
+/// sky leaves the most room.
 constexpr CornerReadouts::Readout CornerReadouts::READOUTS[] = {
     {FEROLIN_SENSOR_GPS_STATUS, false, false},
     {FEROLIN_SENSOR_SATELLITES_USED, true, false},
@@ -24,9 +25,8 @@ constexpr CornerReadouts::Readout CornerReadouts::READOUTS[] = {
     {FEROLIN_SENSOR_VDOP, true, true},
 };
 
-CornerReadouts::CornerReadouts(Canvas& surface, const SkyPlot& skyPlot, HFONT textFont,
-                               COLORREF textColor)
-    : canvas(surface), sky(skyPlot), font(textFont), color(textColor) {}
+CornerReadouts::CornerReadouts(Canvas& canvas, const SkyPlot& sky, HFONT font, COLORREF color)
+    : canvas(canvas), sky(sky), font(font), color(color) {}
 
 void CornerReadouts::Draw(const WidgetOwner& owner) const {
   for (const Readout& readout : READOUTS) {
@@ -36,7 +36,7 @@ void CornerReadouts::Draw(const WidgetOwner& owner) const {
   }
 }
 
-/// The name, in two lines where one does not fit, and the value below it.
+/// The name, in two lines where one has no room, and the value below it.
 void CornerReadouts::DrawReadout(const Readout& readout, const WideString& name,
                                  const WideString& value) const {
   const SIZE extent = Measure(name);

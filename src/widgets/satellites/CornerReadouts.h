@@ -10,11 +10,12 @@ class Canvas;
 class WidgetOwner;
 class SkyPlot;
 
-/// What the satellites are good for, in the corners that the sky leaves free: whether there is a
-/// fix, from how many satellites, and how precise its position and its altitude are.
+/// Four sensors in the corners that the sky leaves free: whether there is a fix, from how many
+/// satellites, and how precise its position and its altitude are.
 class CornerReadouts {
  public:
-  CornerReadouts(Canvas& surface, const SkyPlot& skyPlot, HFONT textFont, COLORREF textColor);
+  /// The font stays the caller's.
+  CornerReadouts(Canvas& canvas, const SkyPlot& sky, HFONT font, COLORREF color);
 
   void Draw(const WidgetOwner& owner) const;
 

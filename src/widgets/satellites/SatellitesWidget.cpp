@@ -4,6 +4,7 @@
 #include "base/Cp1251.h"
 #include "gps/FixRecord.h"
 #include "render/Canvas.h"
+#include "render/Rect.h"
 #include "sensors/LocalizedText.h"
 #include "widgets/WidgetOwner.h"
 #include "widgets/satellites/CornerReadouts.h"
@@ -20,11 +21,7 @@ constexpr Cp1251Text COMMENT = u"Настройки виджета спутни�
 constexpr int LAST_LOW_SNR = 20;
 constexpr int FIRST_HIGH_SNR = 50;
 
-bool IsEmpty(const RECT& rect) {
-  return rect.left >= rect.right || rect.top >= rect.bottom;
-}
-
-/// One that is known of, but not received, is not shown.
+/// A satellite that is known but not received is not shown.
 bool IsReceived(const SatelliteInfo& satellite) {
   return satellite.prn != MISSING_VALUE && satellite.elevation != MISSING_VALUE &&
          satellite.azimuth != MISSING_VALUE && satellite.snr != MISSING_VALUE;
@@ -40,7 +37,7 @@ RECT SkyArea(const SignalStrip& strip) {
                        : RECT{0, 0, strip.rect.right, strip.rect.top};
 }
 
-/// The largest rectangle of the picture's shape in the middle of the area.
+/// The largest rectangle with the picture's proportions, in the middle of the area.
 RECT FittedRect(const RECT& area, SIZE picture) {
   SIZE size = {area.right - area.left, 0};
   size.cy = size.cx * picture.cy / picture.cx;
@@ -95,7 +92,7 @@ void SatellitesWidget::Attach() {
   Widget::Attach();
 }
 
-/// All dots come before all numbers, so that no dot hides one.
+/// All dots are drawn before all numbers, so no dot hides a number.
 void SatellitesWidget::Paint(Canvas& canvas) {
   const RECT frame = canvas.GetFrameRect();
   const SignalStrip strip = SignalStrip::Of({frame.right, frame.bottom});
@@ -148,7 +145,7 @@ void SatellitesWidget::DrawBar(Canvas& canvas, const SignalStrip& strip, int slo
   }
 }
 
-/// The horizon, 30 and 60 degrees above it, and the four directions.
+/// Rings at the horizon and at 30 and 60 degrees above it, and the four directions.
 void SatellitesWidget::DrawRings(Canvas& canvas, const SkyPlot& sky) {
   const int x = sky.centerX;
   const int y = sky.centerY;

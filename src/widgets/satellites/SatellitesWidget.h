@@ -11,8 +11,8 @@ namespace ferolin {
 class SkyPlot;
 struct SignalStrip;
 
-/// The satellites in view: where they stand in the sky, how strong their signals are, and what they
-/// are good for.
+/// The satellites in view: their places in the sky, the strengths of their signals, and read-outs of
+/// the fix.
 class SatellitesWidget : public Widget {
  public:
   explicit SatellitesWidget(WidgetOwner& owner);

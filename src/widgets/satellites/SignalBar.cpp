@@ -23,7 +23,7 @@ SignalStrip SignalStrip::Of(SIZE frame) {
                              : SignalStrip{{0, frame.cy - STRIP_DEPTH, frame.cx, frame.cy}, false};
 }
 
-/// The light falls from the upper left: shadows lie below rows and right of columns.
+/// Light falls from the upper left: shadows lie below rows and right of columns.
 SignalBar::SignalBar(const SignalStrip& strip, int slot, int snr) : isRow(strip.hasRows) {
   const RECT& area = strip.rect;
   const LONG step = (isRow ? area.bottom - area.top : area.right - area.left) / SLOTS;

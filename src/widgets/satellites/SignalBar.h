@@ -4,28 +4,27 @@
 
 namespace ferolin {
 
-/// The strip along the edge of a view in which each satellite has a place for its number and a bar
-/// as long as its signal is strong.
+/// The strip along the edge of a view that holds a number and a bar for each satellite. The bar's
+/// length shows the signal's strength.
 struct SignalStrip {
-  /// Places of the strip in a frame of that size: it lies at the right of frames that are wider
-  /// than high, with a row for each satellite, else at the bottom with columns.
+  /// Strip of a frame of that size: in landscape at the right, with a row for each satellite; else at
+  /// the bottom, with columns.
   static SignalStrip Of(SIZE frame);
 
   RECT rect;
   bool hasRows;
 };
 
-/// The place of one satellite in the strip. Nothing of it leaves the strip.
+/// Places of one satellite's number and bar, all inside the strip.
 struct SignalBar {
-  /// `slot` counts from 0 to 11. 100 dB fill the strip; signals beyond 0 and 100 are cut.
+  /// `slot` is 0 to 11. 100 dB fill the strip; signals are cut to 0 to 100 dB.
   SignalBar(const SignalStrip& strip, int slot, int snr);
 
-  /// Top left corner of the satellite's number: at the end of a row's label, centred below a
-  /// column.
+  /// Top left corner of the satellite's number: right before a row's bar, or centred below a column.
   POINT LabelCorner(SIZE text) const;
 
   RECT bar;     ///< empty without a signal
-  RECT shadow;  ///< sticks out beside the bar; empty when the bar is too short for one
+  RECT shadow;  ///< drawn before the bar, which covers most of it; empty for a very short bar
 
  private:
   RECT label;

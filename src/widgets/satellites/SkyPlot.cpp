@@ -10,11 +10,11 @@ namespace {
 
 constexpr int MARGIN = 10;
 constexpr int LETTER_ROOM = 8;  // half of a compass letter, and a gap
-constexpr int LETTER_RISE = 5;  // of E and W over the centre
+constexpr int LETTER_RISE = 5;  // from the centre up to the tops of E and W
 constexpr int LABEL_GAP = 2;
 constexpr int ZENITH = 90;
 constexpr double RADIANS = 0.017453289031982424;
-constexpr double FARTHEST = 30000;  // what drawing still understands
+constexpr double FARTHEST = 30000;  // largest coordinate that is drawn at
 
 LONG CutToPixel(double place) {
   return static_cast<LONG>(std::clamp(place, -FARTHEST, FARTHEST));
@@ -22,8 +22,8 @@ LONG CutToPixel(double place) {
 
 }  // namespace
 
-SkyPlot::SkyPlot(const RECT& plotArea)
-    : area(plotArea),
+SkyPlot::SkyPlot(const RECT& area)
+    : area(area),
       centerX((area.left + area.right) / 2),
       centerY((area.top + area.bottom) / 2),
       radius(std::min((area.right - area.left) / 2, (area.bottom - area.top) / 2) - MARGIN) {}
@@ -47,7 +47,7 @@ POINT SkyPlot::LabelCorner(POINT dot, SIZE text) const {
   return corner;
 }
 
-/// East and west only: no number comes to lie on the others, beside whose dots it is.
+/// Only E and W can be covered: N and S lie above and below the dots, numbers beside them.
 bool SkyPlot::CoversLetter(POINT corner, SIZE text) const {
   const LONG outermost = std::max(corner.x + text.cx - centerX, centerX - corner.x);
   const LONG innermost = std::max(corner.x - centerX, centerX - corner.x - text.cx);

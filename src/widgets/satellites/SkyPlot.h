@@ -4,25 +4,25 @@
 
 namespace ferolin {
 
-/// The sky as seen from below with north up and east to the right: the zenith in the centre, the
-/// horizon a circle around it.
+/// Geometry of the sky, with north up and east to the right: the zenith in the centre, the horizon a
+/// circle around it.
 class SkyPlot {
  public:
   static constexpr int DOT_RADIUS = 5;
 
-  /// As large as fits into the area, with a margin for the compass letters.
-  explicit SkyPlot(const RECT& plotArea);
+  /// As large as the area allows, with a margin for the compass letters.
+  explicit SkyPlot(const RECT& area);
 
-  /// Where a satellite stands; degrees above the horizon, and from north through east.
+  /// Place of a satellite: `elevation` in degrees above the horizon, `azimuth` in degrees from north
+  /// through east.
   POINT PointAt(int elevation, int azimuth) const;
 
-  /// Top left corner of the number of a satellite that stands at `dot`: beside it, on the side that
-  /// looks away from the centre, or above or below it where the area ends or a letter stands.
+  /// Top left corner of a satellite's number, for a satellite at `dot`: beside the dot, on the side
+  /// away from the centre; above or below it where the area ends or a letter stands.
   POINT LabelCorner(POINT dot, SIZE text) const;
 
-  /// How far a text may reach from the left or right edge of the area towards its middle without
-  /// touching the horizon or the letter at its top, down to `depth` pixels from the area's upper
-  /// (or up to `depth` pixels from its lower) edge.
+  /// Width of the room in each of the area's four corners that horizon and letters leave free, for
+  /// texts that reach `depth` pixels from the upper or lower edge.
   int RoomBeside(int depth) const;
 
   RECT area;

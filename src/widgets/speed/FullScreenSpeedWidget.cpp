@@ -50,7 +50,7 @@ void FullScreenSpeedWidget::Attach() {
   Widget::Attach();
 }
 
-/// Of several sensors with such a name the last one is shown.
+/// The last sensor with such a name is shown.
 void FullScreenSpeedWidget::FindSensors() {
   for (int index = 0; index < owner.GetSensorCount(); ++index) {
     const Sensor& sensor = *owner.GetSensor(index);
@@ -84,8 +84,8 @@ void FullScreenSpeedWidget::DrawSpeed(Canvas& canvas, const StatusIcons::Places&
              speedTextColor);
 }
 
-/// The line is centred on half of the reception icon's width, which for square icons is half of
-/// their height.
+/// The clock is centred on half of the reception icon's width, which is half of the height of a
+/// square icon.
 void FullScreenSpeedWidget::DrawTime(Canvas& canvas, const StatusIcons::Places& places) {
   const FittedText time(canvas, FACE, TIME_SIZE, Widen(GetSensorText(timeSensor)),
                         {places.gapRight - places.gps.right, places.gps.bottom});

@@ -7,7 +7,7 @@
 
 namespace ferolin {
 
-/// The speed as large as the frame allows, with the clock between the status icons above it.
+/// The speed in figures as large as the frame allows, and the clock between the status icons above.
 class FullScreenSpeedWidget : public Widget {
  public:
   explicit FullScreenSpeedWidget(WidgetOwner& owner);

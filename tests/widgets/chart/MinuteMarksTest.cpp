@@ -15,10 +15,9 @@ class MinuteMarksTest : public ViewTest {
     Open(240, 320);
     theCanvas.BeginFrame(window);
     font = theCanvas.MakeFontA("Times New Roman", 13, 0);
-    width = theCanvas.MeasureText(font, TEXT("12:34")).cx;
-    marks.Begin(theCanvas, font, LEFT, RIGHT);
+    width = theCanvas.MeasureText(font.get(), TEXT("12:34")).cx;
+    marks.Begin(theCanvas, font.get(), LEFT, RIGHT);
   }
-  ~MinuteMarksTest() override { DeleteObject(font); }
 
   static TrackPoint At(int hour, int minute, int second) {
     TrackPoint point = {};
@@ -30,7 +29,7 @@ class MinuteMarksTest : public ViewTest {
 
   void Add(LONG x, const std::vector<TrackPoint>& points) { marks.Add(x, points); }
 
-  HFONT font = nullptr;
+  Font font;
   LONG width = 0;
   MinuteMarks marks;
 };
@@ -83,7 +82,7 @@ TEST_F(MinuteMarksTest, NeverOverlapHoweverDenseTheyAre) {
   ASSERT_GT(marks.Get().size(), 4U);
   LONG newer = RIGHT + 6;
   for (const MinuteMarks::Mark& mark : marks.Get()) {
-    const LONG right = mark.labelLeft + theCanvas.MeasureText(font, mark.label.data()).cx;
+    const LONG right = mark.labelLeft + theCanvas.MeasureText(font.get(), mark.label.data()).cx;
     EXPECT_LT(right, newer - 5);
     newer = mark.labelLeft;
   }
@@ -91,7 +90,7 @@ TEST_F(MinuteMarksTest, NeverOverlapHoweverDenseTheyAre) {
 
 TEST_F(MinuteMarksTest, StartOver) {
   Add(120, {At(12, 34, 0)});
-  marks.Begin(theCanvas, font, LEFT, RIGHT);
+  marks.Begin(theCanvas, font.get(), LEFT, RIGHT);
   EXPECT_TRUE(marks.Get().empty());
   Add(220, {At(12, 35, 0)});
   EXPECT_EQ(1U, marks.Get().size());

@@ -217,9 +217,8 @@ TEST_F(SpeedometerTest, ShowsNoAccelerationThatWasNotRun) {
 TEST_F(SpeedometerTest, BracketsTheFastestTimesInLandscape) {
   Open(320, 240);
   DrawAt(0);
-  const HFONT font = theCanvas.MakeFontA("Times New Roman", 14, 0);
-  const int bracket = 205 + static_cast<int>(theCanvas.MeasureText(font, TEXT("100")).cy);
-  DeleteObject(font);
+  const Font font = theCanvas.MakeFontA("Times New Roman", 14, 0);
+  const int bracket = 205 + static_cast<int>(theCanvas.MeasureText(font.get(), TEXT("100")).cy);
   for (int column = 0; column < 3; ++column) {
     const int left = 41 + 53 * column;
     const int right = left + 49;

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "render/FrameBitmap.h"
+#include "render/Selection.h"
 #include "support/FailingMemory.h"
 #include "widgets/path/PathLayer.h"
 #include "widgets/path/PathTrack.h"

@@ -129,9 +129,8 @@ TEST_F(FullScreenSpeedTest, ShrinksTheClockToFiveWithoutIcons) {
   RemovePicture("Bat-75.png");
   Open(240, 320);
   FrameFor(50);
-  const HFONT font = theCanvas.MakeFont(TEXT("LCD"), 5, 0);
-  const LONG width = theCanvas.MeasureText(font, TEXT("12:00:00")).cx;
-  DeleteObject(font);
+  const Font font = theCanvas.MakeFont(TEXT("LCD"), 5, 0);
+  const LONG width = theCanvas.MeasureText(font.get(), TEXT("12:00:00")).cx;
   // The upper half of 5 pixels lies above the frame: -5 / 2 = -2.
   int ink = 0;
   for (int y = 0; y < 48; ++y) {
