@@ -19,6 +19,7 @@
 #include "gps/FixRecord.h"
 #include "settings/IniStore.h"
 #include "sms/SmsReporter.h"
+#include "widgets/BarCountdown.h"
 #include "widgets/WidgetOwner.h"
 
 namespace ferolin {
@@ -72,6 +73,7 @@ class Engine final : public WidgetOwner, public PositionSink {
   const FixRecord& GetFix() const override { return fix; }
   const Sensor* GetSensor(int index) const override { return sensors.Get(index); }
   int GetSensorCount() const override { return sensors.GetCount(); }
+  BarCountdown& GetBarCountdown() override { return barCountdown; }
   Lock& GetDataLock() const override { return dataLock; }
   WideString GetModuleDir() const override { return moduleDir.data(); }
   bool CanSendSms() const override { return smsReporter.CanSend(); }
@@ -117,6 +119,7 @@ class Engine final : public WidgetOwner, public PositionSink {
   SmsReporter smsReporter{fix};
   SpeedEvents speedEvents;
   SensorTable sensors{fix};
+  BarCountdown barCountdown;
   WidgetTable widgets{*this};
   Reader reader{*this};
   Redraw redraw{widgets, dataLock};

@@ -1,6 +1,6 @@
 #include "widgets/ButtonBar.h"
 
-#include <algorithm>
+#include "widgets/BarCountdown.h"
 
 namespace ferolin {
 
@@ -8,12 +8,6 @@ namespace {
 
 constexpr int BUTTON_SIZE = 50;  // at 96 dpi
 constexpr int LOGICAL_DPI = 96;
-
-constexpr int FULL_COUNTDOWN = 8;
-constexpr int FADING_COUNTDOWN = 4;
-constexpr int FULL_ALPHA = 192;
-
-int hideCountdown = FULL_COUNTDOWN;
 
 SIZE ButtonSize(HDC dc) {
   return {GetDeviceCaps(dc, LOGPIXELSX) * BUTTON_SIZE / LOGICAL_DPI,
@@ -29,22 +23,18 @@ SIZE ButtonSize(HWND window) {
 
 }  // namespace
 
-BYTE FadedAlpha(int countdown) {
-  return static_cast<BYTE>(std::min(countdown * FULL_ALPHA / FADING_COUNTDOWN, FULL_ALPHA));
-}
-
 void ButtonBar::Add(const WideString& picturePath, const ButtonMessage& message) {
   buttons.push_back({message, LoadPicture(picturePath)});
 }
 
 void ButtonBar::Show() {
   visible = true;
-  hideCountdown = FULL_COUNTDOWN;
+  countdown.Restart();
 }
 
 void ButtonBar::Hide() {
   visible = false;
-  hideCountdown = 0;
+  countdown.End();
 }
 
 void ButtonBar::Draw(HDC dc, const RECT& client) {
@@ -61,21 +51,17 @@ void ButtonBar::Draw(HDC dc, const RECT& client) {
     if (button.pressed) {
       button.picture->Draw(dc, rect);
     } else {
-      button.picture->DrawBlended(dc, rect, FadedAlpha(hideCountdown));
+      button.picture->DrawBlended(dc, rect, countdown.GetAlpha());
     }
   }
-  if (hideCountdown > 0) {
-    --hideCountdown;
-  } else {
-    visible = false;
-  }
+  visible = countdown.TakeOne();
 }
 
 int ButtonBar::HitTest(HWND window, int x, int y) {
   if (!visible) {
     return NO_BUTTON;
   }
-  hideCountdown = FULL_COUNTDOWN;
+  countdown.Restart();
   RECT client = {};
   GetClientRect(window, &client);
   const ButtonLayout layout = {side, client, ButtonSize(window)};

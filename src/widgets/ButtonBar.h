@@ -11,7 +11,9 @@
 
 namespace ferolin {
 
-/// What is posted to the host when a button is tapped.
+class BarCountdown;
+
+/// Message posted to the host when a button is tapped.
 struct ButtonMessage {
   UINT message;
   WPARAM wParam;
@@ -24,19 +26,17 @@ struct Button {
   bool pressed = false;
 };
 
-/// A bar of buttons that lies over a view. A visible bar fades out and hides after some frames,
-/// unless it is touched.
-///
-/// All bars of all views share one countdown, which each visible bar takes down by one with every
-/// frame: two of them take two at once. Used under the engine's data lock.
+/// A bar of buttons that lies over a view. A visible bar fades out and hides when the countdown has
+/// run out; any touch on it restarts the countdown. Used under the engine's data lock.
 class ButtonBar {
  public:
   static constexpr int NO_BUTTON = -1;
 
-  explicit ButtonBar(BarSide barSide) : side(barSide) {}
+  /// Bars share the countdown; it outlives them.
+  ButtonBar(BarSide side, BarCountdown& countdown) : side(side), countdown(countdown) {}
 
-  /// An empty path, or one that cannot be loaded, leaves an empty place, which can be tapped all
-  /// the same.
+  /// An empty path, or a file that cannot be loaded, leaves an empty place. It can be tapped all the
+  /// same.
   void Add(const WideString& picturePath, const ButtonMessage& message);
   bool IsEmpty() const { return buttons.empty(); }
   void SetSide(BarSide newSide) { side = newSide; }
@@ -48,25 +48,23 @@ class ButtonBar {
   /// Draws a visible bar into `dc`, which covers the window's client area, and counts down.
   void Draw(HDC dc, const RECT& client);
 
-  /// The first button at that point of the window; NO_BUTTON when there is none or the bar is
-  /// hidden. Any touch keeps a visible bar up.
+  /// Index of the first button at that point of the window; NO_BUTTON when there is none or the bar
+  /// is hidden.
   int HitTest(HWND window, int x, int y);
 
-  /// Both ignore an index out of range.
+  /// Does nothing for an index out of range.
   void Press(int index);
+  /// Null for an index out of range.
   const Button* GetButton(int index) const;
 
-  /// No button is pressed any more. Returns whether one was.
+  /// Releases all buttons. Returns whether one was pressed.
   bool ReleaseButtons();
 
  private:
   std::vector<Button> buttons;
   BarSide side;
+  BarCountdown& countdown;
   bool visible = true;
 };
-
-/// How strongly the bars show (0 to 255) when the countdown stands there: they fade over the last
-/// frames.
-BYTE FadedAlpha(int countdown);
 
 }  // namespace ferolin

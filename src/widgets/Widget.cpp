@@ -19,8 +19,7 @@ struct NavigationButton {
   LPARAM code;
 };
 
-/// The own bar is filled from the right when it lies at the bottom, so that the arrows point
-/// outwards.
+/// A bar at the bottom is filled from the right, so the arrows point outwards.
 constexpr NavigationButton NAVIGATION_BUTTONS[] = {
     {TEXT("\\Pics\\BtnRight.png"), FEROLIN_BUTTON_NEXT_VIEW},
     {TEXT("\\Pics\\BtnFlipHor.png"), FEROLIN_BUTTON_FLIP_HORIZONTALLY},
@@ -34,8 +33,11 @@ bool IsShown(HWND window) {
 
 }  // namespace
 
-Widget::Widget(std::string widgetName, WidgetOwner& owner)
-    : owner(owner), name(std::move(widgetName)) {}
+Widget::Widget(std::string name, WidgetOwner& owner)
+    : owner(owner),
+      commonBar(BarSide::TOP, owner.GetBarCountdown()),
+      ownBar(BarSide::BOTTOM, owner.GetBarCountdown()),
+      name(std::move(name)) {}
 
 void Widget::Draw(HWND window) {
   Canvas& canvas = theCanvas;
@@ -64,14 +66,15 @@ void Widget::FinishFrame(Canvas& canvas) {
 /// The bars lie over a frame that is presented.
 void Widget::DrawOverlay(Canvas& canvas) {
   const HWND window = owner.GetRenderWindow();
-  RECT client;
-  if (IsShown(window) && GetClientRect(window, &client)) {
+  if (IsShown(window)) {
+    RECT client = {};
+    GetClientRect(window, &client);
     commonBar.Draw(canvas.GetPresentDC(), client);
     ownBar.Draw(canvas.GetPresentDC(), client);
   }
 }
 
-/// Without an SMS library an empty place keeps the other buttons where they always are.
+/// Without an SMS library an empty place keeps the other buttons in their places.
 void Widget::CreateCommonButtons() {
   if (!commonBar.IsEmpty()) {
     return;
@@ -153,7 +156,7 @@ const Button* Widget::GetButtonAt(HWND window, POINT point) {
   return button != nullptr ? button : ownBar.GetButton(ownBar.HitTest(window, point.x, point.y));
 }
 
-/// Posts what the button at that point stands for; false when there is none.
+/// Posts the message of the button at that point; false when there is none.
 bool Widget::PostButtonAt(HWND window, POINT point) {
   const Button* button = GetButtonAt(window, point);
   if (button == nullptr) {
@@ -163,7 +166,7 @@ bool Widget::PostButtonAt(HWND window, POINT point) {
   return true;
 }
 
-/// A swipe goes more across than up or down, and over more than half of the window.
+/// A swipe goes further across than up or down, and over more than half of the window's width.
 void Widget::PostSwipe(HWND window, POINT point) {
   const int dx = point.x - lastPoint.x;
   const int dy = point.y - lastPoint.y;

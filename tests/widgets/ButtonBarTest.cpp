@@ -1,4 +1,7 @@
+#include <ferolin.h>
+
 #include "render/Canvas.h"
+#include "widgets/BarCountdown.h"
 #include "widgets/ButtonBar.h"
 #include "widgets/ViewTest.h"
 
@@ -8,14 +11,23 @@ namespace {
 
 constexpr RECT CLIENT = {0, 0, 240, 320};
 
-TEST(ButtonBar, FadesOverItsLastFrames) {
-  EXPECT_EQ(192, FadedAlpha(8));
-  EXPECT_EQ(192, FadedAlpha(5));
-  EXPECT_EQ(192, FadedAlpha(4));
-  EXPECT_EQ(144, FadedAlpha(3));
-  EXPECT_EQ(96, FadedAlpha(2));
-  EXPECT_EQ(48, FadedAlpha(1));
-  EXPECT_EQ(0, FadedAlpha(0));
+TEST(BarCountdown, FadesOverItsLastCounts) {
+  BarCountdown countdown;
+  for (const int alpha : {192, 192, 192, 192, 192, 144, 96, 48}) {
+    EXPECT_EQ(alpha, countdown.GetAlpha());
+    EXPECT_TRUE(countdown.TakeOne()) << alpha;
+  }
+  EXPECT_EQ(0, countdown.GetAlpha());
+  EXPECT_FALSE(countdown.TakeOne());
+}
+
+TEST(BarCountdown, EndsAndRestarts) {
+  BarCountdown countdown;
+  countdown.End();
+  EXPECT_FALSE(countdown.TakeOne());
+  countdown.Restart();
+  EXPECT_EQ(192, countdown.GetAlpha());
+  EXPECT_TRUE(countdown.TakeOne());
 }
 
 class ButtonBarTest : public ViewTest {
@@ -23,8 +35,8 @@ class ButtonBarTest : public ViewTest {
   ButtonBarTest() {
     Open(240, 320);
     theCanvas.BeginFrame(window);
-    bar.Add(folder.DevicePath("Pics/BtnClose.png"), {1000, 0, 6});
-    bar.Add(folder.DevicePath("Pics/BtnMissing.png"), {1000, 0, 7});
+    bar.Add(folder.DevicePath("Pics/BtnClose.png"), {1000, 0, FEROLIN_BUTTON_CLOSE});
+    bar.Add(folder.DevicePath("Pics/BtnMissing.png"), {1000, 0, FEROLIN_BUTTON_FLIP_HORIZONTALLY});
     bar.Show();
   }
 
@@ -56,11 +68,12 @@ class ButtonBarTest : public ViewTest {
     return sum;
   }
 
-  ButtonBar bar{BarSide::TOP};
+  BarCountdown countdown;
+  ButtonBar bar{BarSide::TOP, countdown};
 };
 
 TEST_F(ButtonBarTest, IsVisibleFromTheStart) {
-  EXPECT_TRUE(ButtonBar(BarSide::TOP).IsVisible());
+  EXPECT_TRUE(ButtonBar(BarSide::TOP, countdown).IsVisible());
 }
 
 TEST_F(ButtonBarTest, HidesInTheFrameAfterItsCountdownRanOut) {
@@ -69,21 +82,21 @@ TEST_F(ButtonBarTest, HidesInTheFrameAfterItsCountdownRanOut) {
 }
 
 TEST_F(ButtonBarTest, SharesItsCountdownWithTheOtherBars) {
-  ButtonBar second(BarSide::BOTTOM);
+  ButtonBar second(BarSide::BOTTOM, countdown);
   // Two counts a frame: 8 to 0 in four frames, both hide in the fifth.
   EXPECT_EQ(5, CountFrames(&second));
   EXPECT_FALSE(second.IsVisible());
 }
 
 TEST_F(ButtonBarTest, DoesNotCountWhileHidden) {
-  ButtonBar hidden(BarSide::BOTTOM);
+  ButtonBar hidden(BarSide::BOTTOM, countdown);
   hidden.Hide();
   bar.Show();
   EXPECT_EQ(9, CountFrames(&hidden));
 }
 
 TEST_F(ButtonBarTest, HidingEndsTheCountdownOfAll) {
-  ButtonBar other(BarSide::BOTTOM);
+  ButtonBar other(BarSide::BOTTOM, countdown);
   other.Hide();
   EXPECT_EQ(1, CountFrames());
 }
@@ -102,7 +115,7 @@ TEST_F(ButtonBarTest, IsNotHitWhileHidden) {
   EXPECT_FALSE(bar.IsVisible());
   bar.Show();
   bar.Hide();
-  ButtonBar other(BarSide::TOP);
+  ButtonBar other(BarSide::TOP, countdown);
   other.Draw(theCanvas.GetPresentDC(), CLIENT);
   EXPECT_FALSE(other.IsVisible()) << "the touch did not start the countdown";
 }
@@ -140,7 +153,7 @@ TEST_F(ButtonBarTest, ForgetsPressedButtonsAtOnce) {
 TEST_F(ButtonBarTest, KnowsNoButtonOutOfRange) {
   EXPECT_EQ(nullptr, bar.GetButton(-1));
   EXPECT_EQ(nullptr, bar.GetButton(2));
-  EXPECT_EQ(6, bar.GetButton(0)->message.lParam);
+  EXPECT_EQ(FEROLIN_BUTTON_CLOSE, bar.GetButton(0)->message.lParam);
   EXPECT_EQ(nullptr, bar.GetButton(1)->picture);
 }
 
