@@ -23,11 +23,12 @@ void MinuteMarks::Begin(Canvas& canvas, HFONT font, LONG left, LONG right) {
   leftLimit = left;
   rightLimit = right;
   nextRight = std::numeric_limits<LONG>::max();
-  marks.Clear();
+  lines.Clear();
+  labels.Clear();
 }
 
-/// Far zoomed out there are many more minutes than labels: measuring each whole would take most of
-/// the frame's time.
+/// Zoomed out far there are many more minutes than labels. Measuring the text of each would take
+/// most of the frame's time.
 void MinuteMarks::MeasureCharacters(Canvas& canvas, HFONT font) {
   if (font == measuredFont) {
     return;
@@ -39,16 +40,24 @@ void MinuteMarks::MeasureCharacters(Canvas& canvas, HFONT font) {
   colonWidth = MeasureCharacter(canvas, font, static_cast<WCHAR>(':'));
 }
 
+/// A label reaches at least to its line, so a column from `nextRight` on has no room for one.
 void MinuteMarks::Add(LONG x, std::span<const TrackPoint> points) {
-  // A label reaches at least to its mark.
-  for (auto point = points.rbegin(); point != points.rend() && x < nextRight; ++point) {
-    if (point->time.wSecond == 0) {
-      AddMark(x, point->time);
+  bool hasLine = false;
+  for (auto point = points.rbegin(); point != points.rend(); ++point) {
+    if (point->time.wSecond != 0) {
+      continue;
     }
+    if (!hasLine) {
+      hasLine = lines.Add(x);
+    }
+    if (x >= nextRight) {
+      return;
+    }
+    AddLabel(x, point->time);
   }
 }
 
-void MinuteMarks::AddMark(LONG x, const SYSTEMTIME& time) {
+void MinuteMarks::AddLabel(LONG x, const SYSTEMTIME& time) {
   const std::array<unsigned, 4> digits = {time.wHour / 10U % 10, time.wHour % 10U,
                                           time.wMinute / 10U % 10, time.wMinute % 10U};
   std::array<WCHAR, 4> figures;
@@ -59,7 +68,7 @@ void MinuteMarks::AddMark(LONG x, const SYSTEMTIME& time) {
   }
   const LONG left = std::max(std::min(x - width / 2, rightLimit - width), leftLimit);
   if (left + width < nextRight &&
-      marks.Add({x, left, {figures[0], figures[1], ':', figures[2], figures[3], 0}})) {
+      labels.Add({left, {figures[0], figures[1], ':', figures[2], figures[3], 0}})) {
     nextRight = left - GAP;
   }
 }

@@ -219,9 +219,11 @@ void SpeedChartWidget::DrawTitles(Canvas& canvas, const RECT& plot) {
 void SpeedChartWidget::DrawMarks(Canvas& canvas, const RECT& plot) {
   const HFONT font = smallStyle.GetFont(canvas);
   const LONG top = canvas.GetFrameRect().bottom - canvas.MeasureText(font, TEXT("0")).cy;
-  for (const MinuteMarks::Mark& mark : marks.Get()) {
-    canvas.DrawText(font, mark.label.data(), mark.labelLeft, top, smallTextColor);
-    pens->axes.DrawLine(canvas, mark.x, plot.top, mark.x, plot.bottom + OVERHANG);
+  for (const MinuteMarks::Label& label : marks.GetLabels()) {
+    canvas.DrawText(font, label.text.data(), label.left, top, smallTextColor);
+  }
+  for (const LONG x : marks.GetLines()) {
+    pens->axes.DrawLine(canvas, x, plot.top, x, plot.bottom + OVERHANG);
   }
 }
 

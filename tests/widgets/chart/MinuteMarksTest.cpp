@@ -6,6 +6,9 @@ namespace ferolin {
 
 namespace {
 
+using Columns = std::vector<LONG>;
+using Texts = std::vector<WideString>;
+
 constexpr LONG LEFT = 5;
 constexpr LONG RIGHT = 235;
 
@@ -16,8 +19,10 @@ class MinuteMarksTest : public ViewTest {
     theCanvas.BeginFrame(window);
     font = theCanvas.MakeFontA("Times New Roman", 13, 0);
     width = theCanvas.MeasureText(font.get(), TEXT("12:34")).cx;
-    marks.Begin(theCanvas, font.get(), LEFT, RIGHT);
+    Begin();
   }
+
+  void Begin() { marks.Begin(theCanvas, font.get(), LEFT, RIGHT); }
 
   static TrackPoint At(int hour, int minute, int second) {
     TrackPoint point = {};
@@ -29,6 +34,19 @@ class MinuteMarksTest : public ViewTest {
 
   void Add(LONG x, const std::vector<TrackPoint>& points) { marks.Add(x, points); }
 
+  Columns Lines() const {
+    const auto lines = marks.GetLines();
+    return {lines.begin(), lines.end()};
+  }
+
+  Texts LabelTexts() const {
+    Texts texts;
+    for (const MinuteMarks::Label& label : marks.GetLabels()) {
+      texts.emplace_back(label.text.data());
+    }
+    return texts;
+  }
+
   Font font;
   LONG width = 0;
   MinuteMarks marks;
@@ -36,69 +54,85 @@ class MinuteMarksTest : public ViewTest {
 
 TEST_F(MinuteMarksTest, StandWhereAMinuteBegins) {
   Add(120, {At(12, 33, 59), At(12, 34, 0), At(12, 34, 1)});
-  ASSERT_EQ(1U, marks.Get().size());
-  const MinuteMarks::Mark& mark = marks.Get().front();
-  EXPECT_EQ(120, mark.x);
-  EXPECT_EQ(WideString(TEXT("12:34")), mark.label.data());
-  EXPECT_EQ(120 - width / 2, mark.labelLeft) << "centred";
+  EXPECT_EQ(Columns{120}, Lines());
+  EXPECT_EQ(Texts{TEXT("12:34")}, LabelTexts());
+  EXPECT_EQ(120 - width / 2, marks.GetLabels()[0].left) << "centred";
+}
+
+TEST_F(MinuteMarksTest, StandNowhereElse) {
+  Add(121, {At(12, 34, 1)});
+  Add(120, {At(12, 33, 59)});
+  EXPECT_EQ(Columns{}, Lines());
+  EXPECT_EQ(Texts{}, LabelTexts());
 }
 
 TEST_F(MinuteMarksTest, WriteTwoFigures) {
   Add(120, {At(3, 7, 0)});
-  EXPECT_EQ(WideString(TEXT("03:07")), marks.Get().front().label.data());
+  EXPECT_EQ(Texts{TEXT("03:07")}, LabelTexts());
 }
 
 TEST_F(MinuteMarksTest, KeepTheirLabelsInsideTheFrame) {
   Add(RIGHT - 1, {At(12, 35, 0)});
   Add(LEFT + 1, {At(12, 34, 0)});
-  ASSERT_EQ(2U, marks.Get().size());
-  EXPECT_EQ(RIGHT - width, marks.Get()[0].labelLeft);
-  EXPECT_EQ(RIGHT - 1, marks.Get()[0].x) << "the mark stays where it is";
-  EXPECT_EQ(LEFT, marks.Get()[1].labelLeft);
+  ASSERT_EQ(2U, marks.GetLabels().size());
+  EXPECT_EQ(RIGHT - width, marks.GetLabels()[0].left);
+  EXPECT_EQ(LEFT, marks.GetLabels()[1].left);
+  EXPECT_EQ((Columns{RIGHT - 1, LEFT + 1}), Lines()) << "lines stay where they are";
 }
 
-TEST_F(MinuteMarksTest, GiveWayToTheNewerLabel) {
+TEST_F(MinuteMarksTest, LeaveOutALabelThatWouldTouchANewerOne) {
   Add(200, {At(12, 35, 0)});
   const LONG newer = 200 - width / 2;
   // Its right edge would stand exactly 5 pixels left of the newer label's left one.
   const LONG touching = newer - 5 - width + width / 2;
   Add(touching, {At(12, 34, 0)});
-  EXPECT_EQ(1U, marks.Get().size());
+  EXPECT_EQ(Texts{TEXT("12:35")}, LabelTexts());
   Add(touching - 1, {At(12, 33, 0)});
-  ASSERT_EQ(2U, marks.Get().size());
-  EXPECT_EQ(WideString(TEXT("12:33")), marks.Get()[1].label.data());
+  EXPECT_EQ((Texts{TEXT("12:35"), TEXT("12:33")}), LabelTexts());
+}
+
+TEST_F(MinuteMarksTest, KeepTheLineOfALabelLeftOut) {
+  Add(200, {At(12, 35, 0)});
+  Add(199, {At(12, 34, 0)});
+  Add(198, {At(12, 33, 30)});
+  Add(197, {At(12, 33, 0)});
+  EXPECT_EQ((Columns{200, 199, 197}), Lines());
+  EXPECT_EQ(Texts{TEXT("12:35")}, LabelTexts());
 }
 
 TEST_F(MinuteMarksTest, TakeTheNewestMinuteOfAColumn) {
   Add(120, {At(12, 33, 0), At(12, 34, 0), At(12, 34, 30)});
-  ASSERT_EQ(1U, marks.Get().size());
-  EXPECT_EQ(WideString(TEXT("12:34")), marks.Get().front().label.data());
+  EXPECT_EQ(Columns{120}, Lines()) << "one line for both";
+  EXPECT_EQ(Texts{TEXT("12:34")}, LabelTexts());
 }
 
 TEST_F(MinuteMarksTest, NeverOverlapHoweverDenseTheyAre) {
   for (LONG x = RIGHT - 1; x > LEFT; --x) {
     Add(x, {At(static_cast<int>(x) / 60, static_cast<int>(x) % 60, 0)});
   }
-  ASSERT_GT(marks.Get().size(), 4U);
+  EXPECT_EQ(229U, marks.GetLines().size()) << "from 234 down to 6";
+  ASSERT_GT(marks.GetLabels().size(), 4U);
   LONG newer = RIGHT + 6;
-  for (const MinuteMarks::Mark& mark : marks.Get()) {
-    const LONG right = mark.labelLeft + theCanvas.MeasureText(font.get(), mark.label.data()).cx;
+  for (const MinuteMarks::Label& label : marks.GetLabels()) {
+    const LONG right = label.left + theCanvas.MeasureText(font.get(), label.text.data()).cx;
     EXPECT_LT(right, newer - 5);
-    newer = mark.labelLeft;
+    newer = label.left;
   }
 }
 
 TEST_F(MinuteMarksTest, StartOver) {
   Add(120, {At(12, 34, 0)});
-  marks.Begin(theCanvas, font.get(), LEFT, RIGHT);
-  EXPECT_TRUE(marks.Get().empty());
+  Begin();
+  EXPECT_EQ(Columns{}, Lines());
+  EXPECT_EQ(Texts{}, LabelTexts());
   Add(220, {At(12, 35, 0)});
-  EXPECT_EQ(1U, marks.Get().size());
+  EXPECT_EQ(Columns{220}, Lines());
+  EXPECT_EQ(Texts{TEXT("12:35")}, LabelTexts()) << "the last label is forgotten";
 }
 
 TEST_F(MinuteMarksTest, SurviveTimesThatAreNone) {
   Add(120, {At(65535, 65535, 0)});
-  EXPECT_EQ(WideString(TEXT("35:35")), marks.Get().front().label.data());
+  EXPECT_EQ(Texts{TEXT("35:35")}, LabelTexts());
 }
 
 }  // namespace

@@ -11,6 +11,8 @@ namespace ferolin {
 
 namespace {
 
+using Codes = std::vector<LPARAM>;
+
 constexpr COLORREF BACKGROUND = RGB(0, 0, 0);
 constexpr COLORREF AXES = RGB(0, 255, 255);
 constexpr COLORREF CURRENT = RGB(255, 0, 255);
@@ -54,7 +56,7 @@ class SpeedChartTest : public ViewTest {
   }
 
   /// What a tap on the button posts.
-  std::vector<LPARAM> Tap(LONG x, LONG y) {
+  Codes Tap(LONG x, LONG y) {
     ShowBars(FEROLIN_VIEW_SPEED_CHART, true);
     TakePosted();
     View(FEROLIN_VIEW_SPEED_CHART).OnMouseDown(window, {x, y});
@@ -65,9 +67,9 @@ class SpeedChartTest : public ViewTest {
   }
 
   // The second line of buttons from below.
-  std::vector<LPARAM> TapZoomIn() { return Tap(210, 243); }
-  std::vector<LPARAM> TapZoomOut() { return Tap(150, 243); }
-  std::vector<LPARAM> TapZoomAuto() { return Tap(90, 243); }
+  Codes TapZoomIn() { return Tap(210, 243); }
+  Codes TapZoomOut() { return Tap(150, 243); }
+  Codes TapZoomAuto() { return Tap(90, 243); }
 
   static bool Has(COLORREF color) {
     const RECT bounds = Bounds(color);
@@ -210,6 +212,19 @@ TEST_F(SpeedChartTest, MarksMinutesByDashedLines) {
   }
 }
 
+/// At zoom 4 they are 15 pixels apart, less than a label is wide.
+TEST_F(SpeedChartTest, MarksAlsoMinutesWithoutRoomForALabel) {
+  TapZoomOut();
+  TapZoomOut();
+  Append(250, 10);  // up to 12:04:10
+  DrawPlain();
+  // Points 59, 119, 179 and 239 share columns with 61, 121, 181 and 241: 61 / 4 = 15 and so on.
+  for (const int column : {15, 30, 45, 60}) {
+    EXPECT_EQ(AXES, FrameAt(15 + column, 30)) << column;
+    EXPECT_EQ(BACKGROUND, FrameAt(16 + column, 30)) << column;
+  }
+}
+
 TEST_F(SpeedChartTest, GroupsPointsWhenZoomedOut) {
   TapZoomOut();
   TapZoomOut();
@@ -254,14 +269,14 @@ TEST_F(SpeedChartTest, KeepsItsZoomWithinLimits) {
 }
 
 TEST_F(SpeedChartTest, PostsTheCodesOfAllButtons) {
-  EXPECT_EQ(std::vector<LPARAM>{9}, TapZoomIn());
-  EXPECT_EQ(std::vector<LPARAM>{10}, TapZoomOut());
-  EXPECT_EQ(std::vector<LPARAM>{12}, TapZoomAuto());
-  EXPECT_EQ(std::vector<LPARAM>{2}, Tap(210, 294));
-  EXPECT_EQ(std::vector<LPARAM>{7}, Tap(150, 294));
-  EXPECT_EQ(std::vector<LPARAM>{8}, Tap(90, 294));
-  EXPECT_EQ(std::vector<LPARAM>{1}, Tap(30, 294));
-  EXPECT_EQ(std::vector<LPARAM>{6}, Tap(210, 26));
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_ZOOM_IN}, TapZoomIn());
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_ZOOM_OUT}, TapZoomOut());
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_AUTOMATIC_ZOOM}, TapZoomAuto());
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_NEXT_VIEW}, Tap(210, 294));
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_FLIP_HORIZONTALLY}, Tap(150, 294));
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_ROTATE_SCREEN}, Tap(90, 294));
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_PREVIOUS_VIEW}, Tap(30, 294));
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_CLOSE}, Tap(210, 26));
 }
 
 TEST_F(SpeedChartTest, ZoomsOnlyWhereAButtonIs) {
