@@ -124,7 +124,8 @@ TEST_F(RedrawTest, IsDroppedWhileTheWindowIsHidden) {
   engine->RequestRedraw();
   EXPECT_EQ(handles, handheld::HandlesAlive()) << "no thread was started";
   engine->OnUpdate("$GPRMC,120001,A,5545.000,N,03737.000,E,54.0,0.0,230324,,*00");
-  EXPECT_EQ(std::vector<LPARAM>{0}, TakePosted()) << "but the host hears of the update";
+  EXPECT_EQ(std::vector<LPARAM>{FEROLIN_BUTTON_NONE}, TakePosted())
+      << "but the host hears of the update";
   ShowWindow(window, SW_SHOW);
   EXPECT_EQ(version, Version());
 }
@@ -132,7 +133,7 @@ TEST_F(RedrawTest, IsDroppedWhileTheWindowIsHidden) {
 TEST_F(RedrawTest, IsDroppedWithoutAWindowOrAView) {
   const std::uint64_t version = Version();
   const int handles = handheld::HandlesAlive();
-  engine->GetRedraw().SetCurRenderWidget(-1);
+  engine->GetRedraw().SetCurRenderWidget(FEROLIN_VIEW_NONE);
   engine->RequestRedraw();
   engine->GetRedraw().SetCurRenderWidget(engine->GetWidgets().GetCount());
   engine->RequestRedraw();
@@ -196,7 +197,7 @@ class FirstRedraw : public Redrawing, public testing::WithParamInterface<int> {
   /// Tests that ran before in this process have drawn views: now none was the last one.
   void ForgetTheLastView() {
     if (redraws > 0) {
-      beforeNextThread = [&] { engine->GetRedraw().SetCurRenderWidget(-1); };
+      beforeNextThread = [&] { engine->GetRedraw().SetCurRenderWidget(FEROLIN_VIEW_NONE); };
       Redraw();
       engine->GetRedraw().SetCurRenderWidget(GetParam());
     }
@@ -243,8 +244,9 @@ TEST_F(RedrawTest, NeverRunsTwiceAtATime) {
   };
   const HANDLE reader = CreateThread(nullptr, 0, &Requests::Make, engine.get(), 0, nullptr);
   for (int touch = 0; touch < 30; ++touch) {
-    engine->GetRedraw().SetCurRenderWidget(touch % 2);
-    ShowBars(touch % 2, true);
+    const int view = touch % 2 == 0 ? FEROLIN_VIEW_SPEEDOMETER : FEROLIN_VIEW_FULL_SCREEN_SPEED;
+    engine->GetRedraw().SetCurRenderWidget(view);
+    ShowBars(view, true);
     ::OnMouseDown(window, 210, 26);
     ::OnMouseUp(window, 210, 26);
   }

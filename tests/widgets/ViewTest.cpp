@@ -109,7 +109,7 @@ void ViewTest::RemovePicture(const std::string& name) const {
 void ViewTest::Drive(const std::string& time, double kmh, double course) {
   // No redraw thread: these tests draw by hand.
   const int current = engine->GetRedraw().GetCurRenderWidget();
-  engine->GetRedraw().SetCurRenderWidget(-1);
+  engine->GetRedraw().SetCurRenderWidget(FEROLIN_VIEW_NONE);
   const std::string sentence =
       Format("$GPRMC,%s,A,5545.000,N,03737.000,E,%.4f,%.1f,230324,,*00", time, kmh / 1.852, course);
   engine->OnUpdate(sentence.c_str());

@@ -63,31 +63,31 @@ TEST_F(WidgetTest, GivesANameOnlyWhenItFits) {
 
 TEST_F(WidgetTest, PostsTheCodesOfTheButtonsInPortrait) {
   OpenAttached(240, 320);
-  EXPECT_EQ(Codes{3}, Tap(30, 26));
-  EXPECT_EQ(Codes{0}, Tap(90, 26)) << "the place of the SMS button";
-  EXPECT_EQ(Codes{5}, Tap(150, 26));
-  EXPECT_EQ(Codes{6}, Tap(210, 26));
-  EXPECT_EQ(Codes{2}, Tap(210, 294));
-  EXPECT_EQ(Codes{7}, Tap(150, 294));
-  EXPECT_EQ(Codes{8}, Tap(90, 294));
-  EXPECT_EQ(Codes{1}, Tap(30, 294));
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_RESET_ALL}, Tap(30, 26));
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_NONE}, Tap(90, 26)) << "the place of the SMS button";
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_OPTIONS}, Tap(150, 26));
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_CLOSE}, Tap(210, 26));
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_NEXT_VIEW}, Tap(210, 294));
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_FLIP_HORIZONTALLY}, Tap(150, 294));
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_ROTATE_SCREEN}, Tap(90, 294));
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_PREVIOUS_VIEW}, Tap(30, 294));
 }
 
 TEST_F(WidgetTest, PostsTheCodesOfTheButtonsInLandscape) {
   OpenAttached(320, 240);
-  EXPECT_EQ(Codes{3}, Tap(26, 210));
-  EXPECT_EQ(Codes{5}, Tap(26, 90));
-  EXPECT_EQ(Codes{6}, Tap(26, 30));
-  EXPECT_EQ(Codes{2}, Tap(294, 210));
-  EXPECT_EQ(Codes{7}, Tap(294, 150));
-  EXPECT_EQ(Codes{8}, Tap(294, 90));
-  EXPECT_EQ(Codes{1}, Tap(294, 30));
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_RESET_ALL}, Tap(26, 210));
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_OPTIONS}, Tap(26, 90));
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_CLOSE}, Tap(26, 30));
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_NEXT_VIEW}, Tap(294, 210));
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_FLIP_HORIZONTALLY}, Tap(294, 150));
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_ROTATE_SCREEN}, Tap(294, 90));
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_PREVIOUS_VIEW}, Tap(294, 30));
 }
 
 TEST_F(WidgetTest, TakesASquareWindowForAnUprightOne) {
   OpenAttached(240, 240);
-  EXPECT_EQ(Codes{6}, Tap(210, 26));
-  EXPECT_EQ(Codes{1}, Tap(30, 214));
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_CLOSE}, Tap(210, 26));
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_PREVIOUS_VIEW}, Tap(30, 214));
 }
 
 TEST_F(WidgetTest, PostsTheEnginesMessageToTheHost) {
@@ -98,7 +98,7 @@ TEST_F(WidgetTest, PostsTheEnginesMessageToTheHost) {
   EXPECT_EQ(window, posted[0].hwnd);
   EXPECT_EQ(engine->GetMessageId(), posted[0].message);
   EXPECT_EQ(0u, posted[0].wParam);
-  EXPECT_EQ(6, posted[0].lParam);
+  EXPECT_EQ(FEROLIN_BUTTON_CLOSE, posted[0].lParam);
 }
 
 TEST_F(WidgetTest, PostsAnEmptyMessageForThePlaceOfAMissingSmsLibrary) {
@@ -112,7 +112,7 @@ TEST_F(WidgetTest, PostsAnEmptyMessageForThePlaceOfAMissingSmsLibrary) {
 TEST_F(WidgetTest, HasAnSmsButtonWithTheSmsLibrary) {
   std::filesystem::create_symlink(SMS_LIBRARY, folder.Path("libParlex.so"));
   OpenAttached(240, 320);
-  EXPECT_EQ(Codes{4}, Tap(90, 26));
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_SEND_SMS}, Tap(90, 26));
 }
 
 TEST_F(WidgetTest, PostsNothingToAHostThatHasStopped) {
@@ -144,8 +144,8 @@ TEST_F(WidgetTest, DoubleClickTogglesBothBars) {
   EXPECT_TRUE(Tap(210, 26).empty());
   EXPECT_TRUE(Tap(210, 294).empty());
   ::OnDoubleClick();
-  EXPECT_EQ(Codes{6}, Tap(210, 26));
-  EXPECT_EQ(Codes{2}, Tap(210, 294));
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_CLOSE}, Tap(210, 26));
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_NEXT_VIEW}, Tap(210, 294));
 }
 
 TEST_F(WidgetTest, ShowsTheBarsAgainAfterAButton) {
@@ -153,20 +153,20 @@ TEST_F(WidgetTest, ShowsTheBarsAgainAfterAButton) {
   for (int frame = 0; frame < 4; ++frame) {
     Draw(FEROLIN_VIEW_FULL_SCREEN_SPEED);
   }
-  ASSERT_EQ(Codes{6}, Tap(210, 26));
+  ASSERT_EQ(Codes{FEROLIN_BUTTON_CLOSE}, Tap(210, 26));
   // The redraw that the tap asked for may come before or after that; four frames are left in any
   // case.
   for (int frame = 0; frame < 3; ++frame) {
     Draw(FEROLIN_VIEW_FULL_SCREEN_SPEED);
   }
-  EXPECT_EQ(Codes{2}, Tap(210, 294));
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_NEXT_VIEW}, Tap(210, 294));
 }
 
 TEST_F(WidgetTest, LiftingElsewherePostsWhatLiesThere) {
   OpenAttached(240, 320);
   ::OnMouseDown(window, 30, 26);
   ::OnMouseUp(window, 90, 294);
-  EXPECT_EQ(Codes{8}, TakePosted());
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_ROTATE_SCREEN}, TakePosted());
 }
 
 TEST_F(WidgetTest, DrawsAPressedButtonAtOnceAndReleasesIt) {
@@ -213,20 +213,22 @@ TEST_P(Swipes, PostTheirDirection) {
 
 INSTANTIATE_TEST_SUITE_P(
     All, Swipes,
-    testing::Values(SwipeCase{"to the right", {20, 160}, {141, 160}, {1}},
-                    SwipeCase{"to the left", {220, 160}, {99, 160}, {2}},
-                    SwipeCase{"exactly half of the width", {20, 160}, {140, 160}, {}},
-                    SwipeCase{"exactly half of it to the left", {220, 160}, {100, 160}, {}},
-                    SwipeCase{"as far down as across", {20, 80}, {200, 260}, {}},
-                    SwipeCase{"further down than across", {20, 20}, {200, 300}, {}},
-                    SwipeCase{"nearly as far up as across", {20, 270}, {200, 91}, {1}},
-                    SwipeCase{"a tap", {120, 160}, {120, 160}, {}}));
+    testing::Values(
+        SwipeCase{"to the right", {20, 160}, {141, 160}, {FEROLIN_BUTTON_PREVIOUS_VIEW}},
+        SwipeCase{"to the left", {220, 160}, {99, 160}, {FEROLIN_BUTTON_NEXT_VIEW}},
+        SwipeCase{"exactly half of the width", {20, 160}, {140, 160}, {}},
+        SwipeCase{"exactly half of it to the left", {220, 160}, {100, 160}, {}},
+        SwipeCase{"as far down as across", {20, 80}, {200, 260}, {}},
+        SwipeCase{"further down than across", {20, 20}, {200, 300}, {}},
+        SwipeCase{
+            "nearly as far up as across", {20, 270}, {200, 91}, {FEROLIN_BUTTON_PREVIOUS_VIEW}},
+        SwipeCase{"a tap", {120, 160}, {120, 160}, {}}));
 
 TEST_F(WidgetTest, MeasuresASwipeByTheWindowThatItIsMadeIn) {
   OpenAttached(240, 320);
   // Half of the render window is 120.
   for (const auto& [width, distance, expected] :
-       {std::tuple(100, 51, Codes{1}), std::tuple(480, 141, Codes{})}) {
+       {std::tuple(100, 51, Codes{FEROLIN_BUTTON_PREVIOUS_VIEW}), std::tuple(480, 141, Codes{})}) {
     const HWND touched = CreateWindowExW(0, TEXT("ViewTest"), TEXT(""), WS_VISIBLE, 0, 0, width,
                                          320, nullptr, nullptr, nullptr, nullptr);
     EXPECT_EQ(expected, Swipe(touched, {20, 160}, {20 + distance, 160})) << width;
@@ -238,7 +240,8 @@ TEST_F(WidgetTest, AButtonUnderTheFingersEndCountsMoreThanASwipe) {
   OpenAttached(240, 320);
   ::OnMouseDown(window, 10, 290);
   ::OnMouseUp(window, 210, 290);
-  EXPECT_EQ(Codes{2}, TakePosted()) << "the right arrow, not a swipe to the right";
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_NEXT_VIEW}, TakePosted())
+      << "the right arrow, not a swipe to the right";
 }
 
 TEST_F(WidgetTest, OnClickDoesNothing) {
@@ -275,7 +278,7 @@ TEST_F(WidgetTest, DrawsNoBarsIntoAHiddenWindow) {
     Draw(FEROLIN_VIEW_FULL_SCREEN_SPEED);
   }
   ShowWindow(window, SW_SHOW);
-  EXPECT_EQ(Codes{6}, Tap(210, 26)) << "they have not counted down";
+  EXPECT_EQ(Codes{FEROLIN_BUTTON_CLOSE}, Tap(210, 26)) << "they have not counted down";
 }
 
 TEST_F(WidgetTest, KeepsItsButtonsFromUpdateToUpdate) {

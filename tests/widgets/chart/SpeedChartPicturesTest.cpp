@@ -57,7 +57,7 @@ class SpeedChartPictures : public ViewTest {
 
   /// By the button, in landscape.
   void ZoomOutTo(int zoom) {
-    engine->GetRedraw().SetCurRenderWidget(-1);
+    engine->GetRedraw().SetCurRenderWidget(FEROLIN_VIEW_NONE);
     {
       const LockGuard guard(engine->GetDataLock());
       View(FEROLIN_VIEW_SPEED_CHART).Attach();

@@ -211,7 +211,9 @@ TEST_F(SatellitesTest, PostsTheCodesOfTheNavigationButtons) {
     View(FEROLIN_VIEW_SATELLITES).OnMouseDown(window, {x, 294});
     View(FEROLIN_VIEW_SATELLITES).OnMouseUp(window, {x, 294});
   }
-  EXPECT_EQ((std::vector<LPARAM>{2, 7, 8, 1}), TakePosted());
+  EXPECT_EQ((std::vector<LPARAM>{FEROLIN_BUTTON_NEXT_VIEW, FEROLIN_BUTTON_FLIP_HORIZONTALLY,
+                                 FEROLIN_BUTTON_ROTATE_SCREEN, FEROLIN_BUTTON_PREVIOUS_VIEW}),
+            TakePosted());
 }
 
 TEST_F(SatellitesTest, LeavesNothingBehindFromFrameToFrame) {
