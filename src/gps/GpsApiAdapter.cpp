@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "base/Saturate.h"
 #include "gps/FixRecord.h"
 
 namespace ferolin {
@@ -12,7 +13,7 @@ namespace {
 /// Decimal degrees as degrees x 100 + minutes. A negative value stays negative through the
 /// truncation.
 float NmeaFromDegrees(double degrees) {
-  const int whole = static_cast<int>(degrees);
+  const int whole = Saturated<int>(degrees);
   const double minutes = (degrees - whole) * 60.0;
   return static_cast<float>(minutes + static_cast<double>(static_cast<float>(whole) * 100.0F));
 }

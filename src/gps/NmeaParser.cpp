@@ -28,15 +28,15 @@ float ParseCoordinate(const char* text, const char* hemisphere, const char* nega
   return !IsMissing(value) && std::strcmp(hemisphere, negativeHemisphere) == 0 ? -value : value;
 }
 
-/// Two digits at `position`.
-WORD ParsePair(std::string_view digits, std::size_t position) {
+/// The two characters at `position` as a number.
+int ParsePair(std::string_view digits, std::size_t position) {
   const char pair[] = {digits[position], digits[position + 1], '\0'};
-  return static_cast<WORD>(ParseInt(pair));
+  return ParseInt(pair);
 }
 
 constexpr std::size_t TIME_LENGTH = 6;  // hhmmss
 constexpr std::size_t DATE_LENGTH = 6;  // ddmmyy
-constexpr WORD FIRST_YEAR_OF_1900S = 90;
+constexpr int FIRST_YEAR_OF_1900S = 90;
 
 constexpr int FIRST_SATELLITE_FIELD = 4;
 constexpr int FIELDS_PER_SATELLITE = 4;
@@ -151,13 +151,13 @@ void FixRecord::ParseNmeaTime(std::string_view time, std::string_view date) {
     return;
   }
   SYSTEMTIME utc = utcTime;
-  const WORD year = ParsePair(date, 4);
+  const int year = ParsePair(date, 4);
   utc.wYear = static_cast<WORD>(year + (year < FIRST_YEAR_OF_1900S ? 2000 : 1900));
-  utc.wMonth = ParsePair(date, 2);
-  utc.wDay = ParsePair(date, 0);
-  utc.wHour = ParsePair(time, 0);
-  utc.wMinute = ParsePair(time, 2);
-  utc.wSecond = ParsePair(time, 4);
+  utc.wMonth = static_cast<WORD>(ParsePair(date, 2));
+  utc.wDay = static_cast<WORD>(ParsePair(date, 0));
+  utc.wHour = static_cast<WORD>(ParsePair(time, 0));
+  utc.wMinute = static_cast<WORD>(ParsePair(time, 2));
+  utc.wSecond = static_cast<WORD>(ParsePair(time, 4));
   SetUtcTime(utc);
 }
 

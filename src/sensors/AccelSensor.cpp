@@ -1,5 +1,7 @@
 #include "sensors/AccelSensor.h"
 
+#include <cmath>
+
 #include "base/DeviceTime.h"
 #include "base/Number.h"
 #include "gps/FixRecord.h"
@@ -45,7 +47,7 @@ void AccelSensor::Update(const FixRecord& fix) {
     return;
   }
   const std::int64_t time = FileTimeOf(fix.GetLocalTime());
-  if (static_cast<int>(fix.GetSpeedKmh()) == 0) {
+  if (std::fabs(fix.GetSpeedKmh()) < 1.0F) {
     startTime = time;
   }
   if (CrossesTarget(fix.GetSpeedKmh())) {

@@ -2,6 +2,7 @@
 
 #include "base/DeviceTime.h"
 #include "base/Number.h"
+#include "base/Saturate.h"
 #include "gps/FixRecord.h"
 #include "sensors/LocalizedText.h"
 #include "sensors/StatePair.h"
@@ -41,7 +42,7 @@ void AverageSpeedSensor::Update(const FixRecord& fix) {
   const std::int64_t time = FileTimeOf(fix.GetLocalTime());
   if (!IsMissing(lastSpeed) && lastTime != 0 && time >= lastTime) {
     const std::int64_t step = (time - lastTime) / FILE_TIME_PER_SECOND;
-    seconds += step;
+    seconds = SaturatedSum(seconds, step);
     distanceKm +=
         ((fix.GetSpeedKmh() + lastSpeed) * 0.5F) * (static_cast<float>(step) * HOURS_PER_SECOND);
     if (seconds != 0) {

@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "base/Saturate.h"
 #include "gps/FixRecord.h"
 #include "sensors/LocalizedText.h"
 
@@ -14,14 +15,18 @@ namespace {
 constexpr const char* NOT_AVAILABLE = "N/A";
 constexpr int FULL_BATTERY_PERCENT = 100;
 
+int CutToInt(float value) {
+  return Saturated<int>(static_cast<double>(value));
+}
+
 /// A coordinate of the form degrees x 100 + minutes, split in single precision.
 struct Angle {
   explicit Angle(float coordinate) {
     const float value = std::fabs(coordinate);
-    degrees = static_cast<int>(value * 0.01F);
+    degrees = CutToInt(value * 0.01F);
     const float rest = value - static_cast<float>(degrees) * 100.0F;
-    minutes = static_cast<int>(rest);
-    seconds = static_cast<int>((rest - static_cast<float>(minutes)) * 60.0F);
+    minutes = CutToInt(rest);
+    seconds = CutToInt((rest - static_cast<float>(minutes)) * 60.0F);
   }
 
   int degrees;

@@ -2,6 +2,7 @@
 
 #include "base/DeviceTime.h"
 #include "base/Number.h"
+#include "base/Saturate.h"
 #include "gps/FixRecord.h"
 #include "sensors/LocalizedText.h"
 #include "sensors/TripText.h"
@@ -28,7 +29,7 @@ void ElapsedSensor::Update(const FixRecord& fix) {
   }
   const std::int64_t time = FileTimeOf(fix.GetLocalTime());
   if (lastTime != 0 && time > lastTime) {
-    seconds += (time - lastTime) / FILE_TIME_PER_SECOND;
+    seconds = SaturatedSum(seconds, (time - lastTime) / FILE_TIME_PER_SECOND);
     ShowTime();
   }
   lastTime = time;
@@ -41,7 +42,7 @@ void ElapsedSensor::Reset() {
 
 /// "7 s", "1:02", "1:02:05", "1days1:1:1": only the form with days goes without leading zeros.
 void ElapsedSensor::ShowTime() {
-  const int days = static_cast<int>(seconds / 86400);
+  const int days = Saturated<int>(seconds / 86400);
   const int secondOfDay = static_cast<int>(seconds % 86400);
   const int hour = secondOfDay / 3600;
   const int minute = secondOfDay % 3600 / 60;

@@ -2,6 +2,7 @@
 
 #include "base/DeviceTime.h"
 #include "base/Number.h"
+#include "base/Saturate.h"
 #include "gps/FixRecord.h"
 #include "sensors/LocalizedText.h"
 #include "sensors/StatePair.h"
@@ -115,8 +116,9 @@ void FastestSensor::RecordRun(int start, float sum, std::int64_t time) {
   }
   const float before = sum - length;
   const float fraction = (targetDistance - before) / length;
+  const float share = fraction * static_cast<float>(duration);
   const std::int64_t total =
-      time + static_cast<std::int64_t>(fraction * static_cast<float>(duration));
+      SaturatedSum(time, Saturated<std::int64_t>(static_cast<double>(share)));
   if (total > 0 && (bestTime <= 0 || total < bestTime)) {
     bestTime = total;
     ShowBest();

@@ -2,12 +2,14 @@
 
 #include <cmath>
 
+#include "base/Saturate.h"
+
 namespace ferolin {
 
 float DegreesFromNmea(float coordinate) {
   constexpr float DEGREES_PER_MINUTE = 0.016666668F;
   const float value = std::fabs(coordinate);
-  const int whole = static_cast<int>(value);
+  const int whole = Saturated<int>(static_cast<double>(value));
   const int degrees = whole / 100;
   const int minutes = whole - 100 * degrees;
   const float fraction = value - static_cast<float>(whole);

@@ -314,6 +314,7 @@ TEST_F(NmeaParserTest, TwoDigitYearsLieBetween1990And2089) {
   EXPECT_EQ(YearOf("230389"), 2089);
   EXPECT_EQ(YearOf("230390"), 1990);
   EXPECT_EQ(YearOf("230399"), 1999);
+  EXPECT_EQ(YearOf("2303-1"), 1999);  // below 90, so 2000 - 1
 }
 
 TEST_F(NmeaParserTest, LocalTimeFollowsFromUtc) {

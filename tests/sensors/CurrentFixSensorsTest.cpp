@@ -154,6 +154,11 @@ TEST_F(CurrentFixSensorsTest, WholeDegreesStayWhole) {
   }
 }
 
+TEST_F(CurrentFixSensorsTest, DegreesThatNoNumberHoldsStayAtTheLargest) {
+  fix.latitude = -1e20F;
+  EXPECT_EQ(TextOf(LatitudeSensor(""), fix), Ansi("2147483647°2147483647'2147483647'' SL"));
+}
+
 // ---- Altitude, azimuth, precision ----
 
 TEST_F(CurrentFixSensorsTest, AltitudeHasOneDecimalAndItsUnit) {

@@ -81,6 +81,12 @@ TEST_F(ElapsedSensorTest, OnlyAPositiveTimeIsRestored) {
   EXPECT_EQ(drive.State(), "3725");
 }
 
+/// 2^63 - 1 seconds are 106751991167300 days, more than a number holds, and 15:30:07.
+TEST_F(ElapsedSensorTest, TimeBeyondAllNumbersStaysAtTheLargest) {
+  EXPECT_EQ(TextOfRestored("9223372036854775807"), "2147483647days15:30:7");
+  EXPECT_EQ(drive.At(0, 36).At(5, 36).Text(), "2147483647days15:30:7");
+}
+
 /// 4294967301 = 2^32 + 5: 49710 days, 6 hours, 28 minutes and 21 seconds.
 TEST_F(ElapsedSensorTest, LowHalfOfTheSecondsIsSaved) {
   EXPECT_EQ(TextOfRestored("4294967301"), "49710days6:28:21");

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/Saturate.h"
+
 namespace ferolin {
 
 namespace {
@@ -29,7 +31,7 @@ SpeedScale::SpeedScale(float highestKmh)
 LONG SpeedScale::RowOf(float kmh, const RECT& plot) const {
   const float row = static_cast<float>(plot.bottom) +
                     kmh * static_cast<float>(plot.top - plot.bottom) / static_cast<float>(top);
-  return static_cast<LONG>(std::clamp(row, -FARTHEST, FARTHEST));
+  return Saturated<LONG>(static_cast<double>(std::clamp(row, -FARTHEST, FARTHEST)));
 }
 
 }  // namespace ferolin

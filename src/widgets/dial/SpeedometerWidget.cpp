@@ -4,6 +4,7 @@
 
 #include "base/CodePage.h"
 #include "base/Cp1251.h"
+#include "base/Saturate.h"
 #include "gps/FixRecord.h"
 #include "render/Canvas.h"
 #include "sensors/Sensor.h"
@@ -44,7 +45,7 @@ constexpr int COMPASS_CENTER = 32;
 constexpr int COMPASS_NEEDLE = 27;
 
 int CutToInt(double value) {
-  return static_cast<int>(value);
+  return Saturated<int>(value);
 }
 
 int Nearest(double value) {

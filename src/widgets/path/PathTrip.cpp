@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/DeviceTime.h"
+#include "base/Saturate.h"
 
 namespace ferolin {
 
@@ -41,8 +42,8 @@ void PathTrip::Add(const TrackPoint& point) {
 
 /// At the mean of the speeds at both ends, over whole seconds.
 void PathTrip::AddStretch(std::int64_t units, float speedKmh) {
-  const auto seconds = static_cast<std::int32_t>(units / FILE_TIME_PER_SECOND);
-  elapsedSeconds += seconds;
+  const auto seconds = Saturated<std::int32_t>(units / FILE_TIME_PER_SECOND);
+  elapsedSeconds = Saturated<std::int32_t>(std::int64_t{elapsedSeconds} + seconds);
   distanceKm += (speedKmh + previousKmh) * static_cast<float>(seconds) * MEAN_KM_PER_SECOND;
   if (elapsedSeconds > 0) {
     averageKmh = distanceKm * SECONDS_PER_HOUR / static_cast<float>(elapsedSeconds);
