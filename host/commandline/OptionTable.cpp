@@ -15,6 +15,17 @@ constexpr int LONGEST_INTERVAL_MINUTES = 24 * 60;
 /// CLI11's result of a flag that was given without a value.
 constexpr const char* FLAG_IS_SET = "true";
 
+/// Makes a flag set `target` to `value`.
+template <class Target, class Value>
+std::function<void()> Assign(Target& target, Value value) {
+  return [&target, value] { target = value; };
+}
+
+/// Makes an option store its text in `target`.
+std::function<void(const std::string&)> StoreIn(std::string& target) {
+  return [&target](const std::string& text) { target = text; };
+}
+
 }  // namespace
 
 OptionTable::OptionTable(CLI::App& app, Options& options) : app(app), options(options) {
@@ -55,6 +66,10 @@ void OptionTable::AddSources() {
              ChooseSource("--nmea", Options::Source::FILE);
              options.file = text;
            });
+  AddPlayback();
+}
+
+void OptionTable::AddPlayback() {
   AddValue("--rate", "N|max",
            "play the demo or a recording N times as fast, or as fast as the engine can follow; "
            "default: 1 in a window or a terminal's table, else max",
@@ -62,13 +77,13 @@ void OptionTable::AddSources() {
   AddFlag("--raw",
           "pass the receiver's bytes on unchanged; without this option, sentences of GN, GL, ... "
           "receivers and fractional seconds are converted to what the engine understands",
-          [this] { options.raw = true; });
+          Assign(options.raw, true));
 }
 
 void OptionTable::AddOutputs() {
   StartGroup("What is shown");
   AddFlag("--json", "print one line of JSON for each update, and one at the end",
-          [this] { options.json = true; });
+          Assign(options.json, true));
   AddValue("--lang", "en|ru", "language of names and units; default: that of the environment",
            [this](const std::string& text) { options.language = ParseLanguage(text); });
   AddValue("--updates", "N", "end after N positions", [this](const std::string& text) {
@@ -77,14 +92,13 @@ void OptionTable::AddOutputs() {
 }
 
 void OptionTable::AddWindow() {
-  Options::Picture& picture = options.picture;
   StartGroup("The window");
   AddFlag("--window",
           "open a window also when other output is asked for; without this option it opens if "
           "there is a display and none of --json, --frames, --shot, --contact-sheet is given",
-          [this] { options.windowUse = Options::WindowUse::ALWAYS; });
+          Assign(options.windowUse, Options::WindowUse::ALWAYS));
   AddFlag("--no-window", "open no window: show a table in a terminal, else print lines of text",
-          [this] { options.windowUse = Options::WindowUse::NEVER; });
+          Assign(options.windowUse, Options::WindowUse::NEVER));
   AddValue("--size", "WxH",
            "size of the picture in pixels (default: 800x480); its window can be resized",
            [this](const std::string& text) { options.size = ParseSize(text); });
@@ -92,40 +106,43 @@ void OptionTable::AddWindow() {
            [this](const std::string& text) {
              options.dpi = ParseWholeNumber(text, LOWEST_DPI, HIGHEST_DPI);
            });
-  AddFlag("--fullscreen", "fill the screen", [this] { options.fullscreen = true; });
+  AddFlag("--fullscreen", "fill the screen", Assign(options.fullscreen, true));
+  AddView();
+}
+
+void OptionTable::AddView() {
+  Options::Picture& picture = options.picture;
   AddValue("--view", "NAME|NUMBER",
-           "start with this view, such as Speed, or 0 for the first (kept)",
-           [&picture](const std::string& text) { picture.view = text; });
+           "start with this view, such as Speed, or 0 for the first (kept)", StoreIn(picture.view));
   AddFlag("--mirror", "mirror left to right, to be read in the windscreen (kept)",
-          [&picture] { picture.mirror = true; });
-  AddFlag("--no-mirror", "turn mirroring off", [&picture] { picture.mirror = false; });
+          Assign(picture.mirror, true));
+  AddFlag("--no-mirror", "turn mirroring off", Assign(picture.mirror, false));
   AddFlag("--flip", "turn the picture upside down, also for the windscreen (kept)",
-          [&picture] { picture.flip = true; });
-  AddFlag("--no-flip", "turn it upright again", [&picture] { picture.flip = false; });
-  AddFlag("--rotate", "rotate the picture by 90 degrees (kept)",
-          [&picture] { picture.rotate = true; });
-  AddFlag("--no-rotate", "turn rotation off", [&picture] { picture.rotate = false; });
-  AddFlag("--invert", "invert all colours (kept)", [&picture] { picture.invert = true; });
-  AddFlag("--no-invert", "show the normal colours again", [&picture] { picture.invert = false; });
+          Assign(picture.flip, true));
+  AddFlag("--no-flip", "turn it upright again", Assign(picture.flip, false));
+  AddFlag("--rotate", "rotate the picture by 90 degrees (kept)", Assign(picture.rotate, true));
+  AddFlag("--no-rotate", "turn rotation off", Assign(picture.rotate, false));
+  AddFlag("--invert", "invert all colours (kept)", Assign(picture.invert, true));
+  AddFlag("--no-invert", "show the normal colours again", Assign(picture.invert, false));
 }
 
 void OptionTable::AddPictures() {
   StartGroup("Pictures");
   AddValue("--frames", "DIR", "write every drawn frame as a numbered PNG file into this folder",
-           [this](const std::string& text) { options.framesFolder = text; });
+           StoreIn(options.framesFolder));
   AddValue("--shot", "FILE", "write the last frame as a PNG file at the end",
-           [this](const std::string& text) { options.shotFile = text; });
+           StoreIn(options.shotFile));
   AddValue("--contact-sheet", "FILE",
            "write one PNG file with all views, portrait and landscape, with and without their "
            "buttons, and end",
-           [this](const std::string& text) { options.contactSheetFile = text; });
+           StoreIn(options.contactSheetFile));
 }
 
 void OptionTable::AddTrip() {
   StartGroup("The trip");
   AddFlag("--new-trip",
           "start trip figures and records from zero instead of continuing those of the last run",
-          [this] { options.newTrip = true; });
+          Assign(options.newTrip, true));
   AddValue("--reset", "NAME",
            "start one read-out from zero, such as \"Max speed\"; may be given several times",
            [this](const std::string& text) { options.resets.push_back(text); });
@@ -145,8 +162,8 @@ void OptionTable::AddSounds() {
            "limits (kept); \"none\" removes them",
            [this](const std::string& text) { AddLimit(text); });
   AddFlag("--beep-on-zero", "sound when the vehicle stops (kept)",
-          [this] { options.beepOnZero = true; });
-  AddFlag("--no-beep-on-zero", "turn that sound off", [this] { options.beepOnZero = false; });
+          Assign(options.beepOnZero, true));
+  AddFlag("--no-beep-on-zero", "turn that sound off", Assign(options.beepOnZero, false));
 }
 
 void OptionTable::AddMessages() {
@@ -170,16 +187,16 @@ void OptionTable::AddOthers() {
   AddValue("--home", "DIR",
            "folder of settings, pictures and tracks; default: the program's own if it can be "
            "written to, else ~/.local/share/ferolin",
-           [this](const std::string& text) { options.home = text; });
-  AddFlag("-h,--help", "show this text", [this] { options.action = Options::Action::HELP; });
-  AddFlag("--version", "show the version", [this] { options.action = Options::Action::VERSION; });
+           StoreIn(options.home));
+  AddFlag("-h,--help", "show this text", Assign(options.action, Options::Action::HELP));
+  AddFlag("--version", "show the version", Assign(options.action, Options::Action::VERSION));
 }
 
 void OptionTable::StartGroup(const char* heading) {
   app.option_defaults()->group(heading);
 }
 
-void OptionTable::AddFlag(const char* name, const char* help, TakeFlag take) {
+void OptionTable::AddFlag(const char* name, const char* help, const TakeFlag& take) {
   const auto callback = [name = std::string(name), take](const CLI::results_t& results) {
     if (results.front() != FLAG_IS_SET) {
       throw UsageError(name + " takes no value");
@@ -191,7 +208,7 @@ void OptionTable::AddFlag(const char* name, const char* help, TakeFlag take) {
 }
 
 void OptionTable::AddValue(const char* name, const char* valueName, const char* help,
-                           TakeText take) {
+                           const TakeText& take) {
   const auto callback = [this, name = std::string(name), take](const std::string& text) {
     if (text.empty()) {
       throw UsageError(DescribeMissingValue(name));
@@ -208,7 +225,7 @@ void OptionTable::AddValue(const char* name, const char* valueName, const char* 
 }
 
 void OptionTable::AddOptionalValue(const char* name, const char* valueName, const char* help,
-                                   TakeText take) {
+                                   const TakeText& take) {
   app.add_option_function<std::string>(name, take, help)
       ->option_text("[" + std::string(valueName) + "]")
       ->expected(0, 1)

@@ -26,8 +26,10 @@ class OptionTable {
   using TakeText = std::function<void(const std::string& text)>;
 
   void AddSources();
+  void AddPlayback();
   void AddOutputs();
   void AddWindow();
+  void AddView();
   void AddPictures();
   void AddTrip();
   void AddSounds();
@@ -36,12 +38,13 @@ class OptionTable {
 
   /// Heading of the options added from here on.
   void StartGroup(const char* heading);
-  void AddFlag(const char* name, const char* help, TakeFlag take);
+  void AddFlag(const char* name, const char* help, const TakeFlag& take);
   /// Option with a value. Names the option and the text in the UsageError when `take` throws
   /// BadValue.
-  void AddValue(const char* name, const char* valueName, const char* help, TakeText take);
+  void AddValue(const char* name, const char* valueName, const char* help, const TakeText& take);
   /// Option that may go without its value; `take` gets an empty text then.
-  void AddOptionalValue(const char* name, const char* valueName, const char* help, TakeText take);
+  void AddOptionalValue(const char* name, const char* valueName, const char* help,
+                        const TakeText& take);
 
   void ChooseSource(const std::string& name, Options::Source source);
   void AddLimit(const std::string& text);

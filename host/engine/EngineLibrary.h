@@ -68,6 +68,7 @@ class EngineLibrary {
 
   /// The functions that the host uses, named and documented as in ferolin.h.
   struct Functions {
+// A declared name stands without parentheses. NOLINTNEXTLINE(bugprone-macro-parentheses)
 #define DECLARE(name) decltype(&::name) name = nullptr;
     FEROLIN_HOST_FUNCTIONS(DECLARE)
 #undef DECLARE

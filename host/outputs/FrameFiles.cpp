@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <optional>
+#include <utility>
 
 #include "base/HostError.h"
 #include "outputs/PngWriter.h"
@@ -19,18 +20,20 @@ std::string FileName(std::uint64_t number) {
   return "/frame" + digits + ".png";
 }
 
-}  // namespace
-
-FrameFiles::FrameFiles(RenderWindow& window, const std::string& framesFolder,
-                       const std::string& shotFile)
-    : window(window), folder(framesFolder), shot(shotFile) {
-  if (folder.empty()) {
-    return;
-  }
+void CreateFolder(const std::string& folder) {
   std::error_code error;
   std::filesystem::create_directories(folder, error);
   if (!std::filesystem::is_directory(folder)) {
     throw HostError("cannot create the folder " + folder + " for frames: " + error.message());
+  }
+}
+
+}  // namespace
+
+FrameFiles::FrameFiles(RenderWindow& window, std::string folder, std::string shot)
+    : window(window), folder(std::move(folder)), shot(std::move(shot)) {
+  if (!this->folder.empty()) {
+    CreateFolder(this->folder);
   }
 }
 

@@ -15,7 +15,7 @@ class FrameFiles : public Pictures {
  public:
   /// Folder and file may be empty: nothing is written there. The window outlives this object.
   /// Creates the folder; throws HostError when that fails.
-  FrameFiles(RenderWindow& window, const std::string& framesFolder, const std::string& shotFile);
+  FrameFiles(RenderWindow& window, std::string folder, std::string shot);
 
   /// Always false: every update has a frame.
   bool OnUpdate() override;
@@ -23,8 +23,8 @@ class FrameFiles : public Pictures {
 
  private:
   RenderWindow& window;
-  std::string folder;
-  std::string shot;
+  const std::string folder;
+  const std::string shot;
   std::uint64_t count = 0;
   handheld::Pixels last;
 };

@@ -136,6 +136,8 @@ TEST(CommandLine, TakesAnEmptyOptionalValueForNone) {
   EXPECT_EQ(options.source, Options::Source::PORT);
   EXPECT_EQ(options.device, "");
   EXPECT_TRUE(options.json);
+  EXPECT_EQ(ErrorOf({"--kml=", "drive"}),
+            "unexpected argument \"drive\"; a recording is played with --nmea drive");
 }
 
 TEST(CommandLine, LetsALaterOptionOverrideAnEarlierOne) {

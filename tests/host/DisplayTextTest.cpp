@@ -38,9 +38,12 @@ TEST(DisplayText, KnowsValidUtf8) {
   EXPECT_EQ(Utf8Length("€"), 3u);
   EXPECT_EQ(Utf8Length("\xF0\x9F\x98\x80"), 4u);
   EXPECT_EQ(Utf8Length("\x80"), 0u);
-  EXPECT_EQ(Utf8Length("\xC0\x80"), 0u);      // overlong
-  EXPECT_EQ(Utf8Length("\xED\xA0\x80"), 0u);  // surrogate
-  EXPECT_EQ(Utf8Length("\xD1"), 0u);          // cut off
+  EXPECT_EQ(Utf8Length("\xC0\x80"), 0u);          // overlong
+  EXPECT_EQ(Utf8Length("\xE0\x80\x80"), 0u);      // overlong
+  EXPECT_EQ(Utf8Length("\xF0\x80\x80\x80"), 0u);  // overlong
+  EXPECT_EQ(Utf8Length("\xED\xA0\x80"), 0u);      // surrogate
+  EXPECT_EQ(Utf8Length("\xF4\x90\x80\x80"), 0u);  // beyond U+10FFFF
+  EXPECT_EQ(Utf8Length("\xD1"), 0u);              // cut off
 }
 
 }  // namespace
