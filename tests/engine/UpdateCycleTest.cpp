@@ -5,7 +5,7 @@
 #include <sys/stat.h>
 
 #include "engine/Engine.h"
-#include "gdi/Fonts.h"
+#include "gdi/RegisteredFonts.h"
 #include "support/TempFolder.h"
 
 namespace ferolin {

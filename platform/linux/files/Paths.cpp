@@ -7,7 +7,7 @@
 #include <memory>
 
 #include "handheld.h"
-#include "text/Text.h"
+#include "text/WideText.h"
 
 namespace handheld {
 

@@ -18,9 +18,9 @@ BOOL Blit(HDC dc, const Box& to, HDC source, const Box& from, DWORD operation) {
   });
 }
 
-bool Contains(const Surface& surface, const Box& box) {
+bool Contains(const Raster& raster, const Box& box) {
   return box.x >= 0 && box.y >= 0 && box.width >= 0 && box.height >= 0 &&
-         box.width <= surface.width - box.x && box.height <= surface.height - box.y;
+         box.width <= raster.width - box.x && box.height <= raster.height - box.y;
 }
 
 bool Overlap(const Box& a, const Box& b) {
@@ -32,7 +32,7 @@ BOOL Blend(HDC dc, const Box& to, HDC source, const Box& from, BLENDFUNCTION ble
     const UsedPair contexts(dc, source);
     if (!contexts || to.width < 0 || to.height < 0)
       return FALSE;
-    const Surface& pixels = contexts.Source().Pixels();
+    const Raster& pixels = contexts.Source().Pixels();
     if (!Contains(pixels, from))
       return FALSE;
     const bool usesAlpha = (blend.AlphaFormat & AC_SRC_ALPHA) != 0;

@@ -51,8 +51,8 @@ void ConvertRow(To* to, const From* from, int count, To flip) {
 }
 
 template <typename To, typename From>
-void StretchRows(const Surface& target, const AxisMap& columns, const AxisMap& rows,
-                 const Surface& source, CopyMode mode) {
+void StretchRows(const Raster& target, const AxisMap& columns, const AxisMap& rows,
+                 const Raster& source, CopyMode mode) {
   const To flip = mode == CopyMode::INVERTED ? static_cast<To>(~To{0}) : To{0};
   const int count = columns.Count();
   const auto size = static_cast<std::size_t>(count);
@@ -146,8 +146,8 @@ void BlendConstant(To* to, const From* from, int count, std::uint32_t constantAl
 }
 
 template <typename To, typename From>
-void BlendRows(const Surface& target, const AxisMap& columns, const AxisMap& rows,
-               const Surface& source, std::uint32_t constantAlpha, bool usesAlpha) {
+void BlendRows(const Raster& target, const AxisMap& columns, const AxisMap& rows,
+               const Raster& source, std::uint32_t constantAlpha, bool usesAlpha) {
   std::vector<From> gathered;
   for (int i = 0; i < rows.Count(); ++i) {
     const int row = rows.Ranges()[static_cast<std::size_t>(i)].first;
@@ -180,7 +180,7 @@ void WithPixelTypes(PixelFormat to, PixelFormat from, Body body) {
 /// A copy of the source to read from while the original is drawn over.
 class Snapshot {
  public:
-  explicit Snapshot(const Surface& source) : copy(source) {
+  explicit Snapshot(const Raster& source) : copy(source) {
     const std::size_t rowBytes = static_cast<std::size_t>(RowBytes(source.width, source.format));
     memory.resize(rowBytes * static_cast<std::size_t>(source.height));
     copy.top = memory.data();
@@ -190,18 +190,18 @@ class Snapshot {
                   static_cast<std::size_t>(source.width * BytesPerPixel(source.format)));
   }
 
-  const Surface& View() const { return copy; }
+  const Raster& View() const { return copy; }
 
  private:
   std::vector<std::uint8_t> memory;
-  Surface copy;
+  Raster copy;
 };
 
 struct Maps {
   AxisMap columns;
   AxisMap rows;
 
-  Maps(const Target& target, const Box& to, const Surface& source, const Box& from,
+  Maps(const Target& target, const Box& to, const Raster& source, const Box& from,
        Shrinking columnShrinking, Shrinking rowShrinking)
       : columns({to.x, to.width}, {from.x, from.width}, target.clip.left, target.clip.right,
                 source.width, columnShrinking),
@@ -213,31 +213,31 @@ struct Maps {
 
 }  // namespace
 
-void StretchPixels(const Target& target, const Box& to, const Surface& source, const Box& from,
+void StretchPixels(const Target& target, const Box& to, const Raster& source, const Box& from,
                    CopyMode mode) {
-  if (target.surface.top == source.top) {
+  if (target.raster.top == source.top) {
     const Snapshot snapshot(source);
     return StretchPixels(target, to, snapshot.View(), from, mode);
   }
   const Maps maps(target, to, source, from, Shrinking::KEEP_ALL, Shrinking::KEEP_ALL);
   if (maps.IsEmpty())
     return;
-  WithPixelTypes(target.surface.format, source.format, [&]<typename To, typename From>() {
-    StretchRows<To, From>(target.surface, maps.columns, maps.rows, source, mode);
+  WithPixelTypes(target.raster.format, source.format, [&]<typename To, typename From>() {
+    StretchRows<To, From>(target.raster, maps.columns, maps.rows, source, mode);
   });
 }
 
-void BlendPixels(const Target& target, const Box& to, const Surface& source, const Box& from,
+void BlendPixels(const Target& target, const Box& to, const Raster& source, const Box& from,
                  std::uint32_t constantAlpha, bool usesAlpha) {
-  if (target.surface.top == source.top) {
+  if (target.raster.top == source.top) {
     const Snapshot snapshot(source);
     return BlendPixels(target, to, snapshot.View(), from, constantAlpha, usesAlpha);
   }
   const Maps maps(target, to, source, from, Shrinking::KEEP_LAST, Shrinking::KEEP_FIRST);
   if (maps.IsEmpty())
     return;
-  WithPixelTypes(target.surface.format, source.format, [&]<typename To, typename From>() {
-    BlendRows<To, From>(target.surface, maps.columns, maps.rows, source, constantAlpha, usesAlpha);
+  WithPixelTypes(target.raster.format, source.format, [&]<typename To, typename From>() {
+    BlendRows<To, From>(target.raster, maps.columns, maps.rows, source, constantAlpha, usesAlpha);
   });
 }
 

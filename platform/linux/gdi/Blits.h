@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "gdi/Surface.h"
+#include "gdi/Raster.h"
 
 namespace handheld::gdi {
 
@@ -20,12 +20,12 @@ enum class CopyMode { PLAIN, INVERTED };
 /// Copies `from` of the source into `to`, scaled without smoothing and mirrored where the directions differ. Where
 /// several source pixels fall on one, their bits are combined by AND. Source pixels that do not exist leave the
 /// target as it is. The source may be the target itself.
-void StretchPixels(const Target& target, const Box& to, const Surface& source, const Box& from,
+void StretchPixels(const Target& target, const Box& to, const Raster& source, const Box& from,
                    CopyMode mode);
 
 /// Blends `from`, which must lie inside the source, over `to`; extents are above 0. Where several source pixels fall
 /// on one, one of them is taken. `usesAlpha`: the source's colours are premultiplied by its high byte.
-void BlendPixels(const Target& target, const Box& to, const Surface& source, const Box& from,
+void BlendPixels(const Target& target, const Box& to, const Raster& source, const Box& from,
                  std::uint32_t constantAlpha, bool usesAlpha);
 
 }  // namespace handheld::gdi

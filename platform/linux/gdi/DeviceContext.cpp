@@ -33,8 +33,8 @@ HGDIOBJ Exchange(std::shared_ptr<Kind>& place, const std::shared_ptr<Object>& ob
 }  // namespace
 
 Target DeviceContext::Drawing() const {
-  const Surface& surface = Pixels();
-  Target target = {surface, surface.Bounds()};
+  const Raster& raster = Pixels();
+  Target target = {raster, raster.Bounds()};
   if (clip)
     target.clip = Intersect(target.clip, *clip);
   if (IsEmpty(target.clip))

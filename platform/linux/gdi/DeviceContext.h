@@ -22,7 +22,7 @@ struct DeviceContext : Object {
   bool IsMemory() const { return window == nullptr; }
   /// Contexts of one window share the lock of its pixels.
   std::mutex& Mutex() { return window == nullptr ? ownMutex : window->mutex; }
-  const Surface& Pixels() const { return window == nullptr ? bitmap->surface : window->surface; }
+  const Raster& Pixels() const { return window == nullptr ? bitmap->raster : window->raster; }
   Target Drawing() const;
 
   const std::shared_ptr<WindowSurface> window;

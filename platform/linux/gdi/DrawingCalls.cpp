@@ -26,7 +26,7 @@ std::uint32_t PenPixel(const DeviceContext& context) {
 void DrawDashed(const DeviceContext& context, std::span<const POINT> points, Closing closing) {
   const Target target = context.Drawing();
   const std::uint32_t pixel = PenPixel(context);
-  const std::uint32_t gapPixel = target.surface.PixelFrom(BACKGROUND_COLOR);
+  const std::uint32_t gapPixel = target.raster.PixelFrom(BACKGROUND_COLOR);
   const std::uint32_t* gap = context.backgroundMode == OPAQUE ? &gapPixel : nullptr;
   DashPosition dashes;
   for (std::size_t i = 1; i < points.size(); ++i)
@@ -114,7 +114,7 @@ int WINAPI FillRect(HDC dc, const RECT* rect, HBRUSH brush) {
   if (area.bottom < area.top)
     area = {area.left, area.bottom + 1, area.right, area.top + 1};
   const Target target = context->Drawing();
-  target.Fill(area, target.surface.PixelFrom(used->color));
+  target.Fill(area, target.raster.PixelFrom(used->color));
   return TRUE;
 }
 
@@ -183,11 +183,11 @@ COLORREF WINAPI SetPixel(HDC dc, int x, int y, COLORREF color) {
   if (!context)
     return CLR_INVALID;
   const Target target = context->Drawing();
-  const std::uint32_t pixel = target.surface.PixelFrom(color);
+  const std::uint32_t pixel = target.raster.PixelFrom(color);
   if (target.Contains(x, y))
-    target.surface.Set(x, y, pixel);
+    target.raster.Set(x, y, pixel);
   const std::uint32_t argb =
-      target.surface.format == PixelFormat::ARGB8888 ? pixel : ArgbFrom555(pixel);
+      target.raster.format == PixelFormat::ARGB8888 ? pixel : ArgbFrom555(pixel);
   return RGB(static_cast<BYTE>(argb >> 16), static_cast<BYTE>(argb >> 8), static_cast<BYTE>(argb));
 }
 
@@ -195,10 +195,10 @@ COLORREF WINAPI GetPixel(HDC dc, int x, int y) {
   const UsedContext context(dc);
   if (!context)
     return CLR_INVALID;
-  const Surface& surface = context->Pixels();
-  if (x < 0 || y < 0 || x >= surface.width || y >= surface.height)
+  const Raster& raster = context->Pixels();
+  if (x < 0 || y < 0 || x >= raster.width || y >= raster.height)
     return CLR_INVALID;
-  return surface.ColorAt(x, y);
+  return raster.ColorAt(x, y);
 }
 
 }  // extern "C"

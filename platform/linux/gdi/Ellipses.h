@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "gdi/Surface.h"
+#include "gdi/Raster.h"
 
 namespace handheld::gdi {
 

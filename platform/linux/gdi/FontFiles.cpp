@@ -7,7 +7,7 @@
 #include <memory>
 #include <vector>
 
-#include "gdi/Fonts.h"
+#include "gdi/RegisteredFonts.h"
 #include "handheld.h"
 
 namespace handheld::gdi {

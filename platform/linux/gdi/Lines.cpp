@@ -112,13 +112,13 @@ void DrawThinLine(const Target& target, POINT from, POINT to, std::uint32_t pixe
         pixel);
     return;
   }
-  if (target.surface.format == PixelFormat::RGB555) {
+  if (target.raster.format == PixelFormat::RGB555) {
     WalkLine(target, from, to, [&](int x, int y, std::int64_t) {
-      target.surface.Row<std::uint16_t>(y)[x] = static_cast<std::uint16_t>(pixel);
+      target.raster.Row<std::uint16_t>(y)[x] = static_cast<std::uint16_t>(pixel);
     });
   } else {
     WalkLine(target, from, to,
-             [&](int x, int y, std::int64_t) { target.surface.Row<std::uint32_t>(y)[x] = pixel; });
+             [&](int x, int y, std::int64_t) { target.raster.Row<std::uint32_t>(y)[x] = pixel; });
   }
 }
 
@@ -127,9 +127,9 @@ void DrawDashedLine(const Target& target, POINT from, POINT to, std::uint32_t pi
   WalkLine(target, from, to, [&](int x, int y, std::int64_t step) {
     const bool isDash = (dashes.offset + step) % DASH_PERIOD < DASH_LENGTH;
     if (isDash)
-      target.surface.Set(x, y, pixel);
+      target.raster.Set(x, y, pixel);
     else if (gap != nullptr)
-      target.surface.Set(x, y, *gap);
+      target.raster.Set(x, y, *gap);
   });
   const std::int64_t length =
       std::max(std::llabs(std::int64_t{to.x} - from.x), std::llabs(std::int64_t{to.y} - from.y));

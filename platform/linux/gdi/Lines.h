@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "gdi/Surface.h"
+#include "gdi/Raster.h"
 
 namespace handheld::gdi {
 

@@ -38,11 +38,11 @@ int Describe(const Data& description, int size, LPVOID data) {
 }
 
 BITMAP DescriptionOf(const Bitmap& bitmap) {
-  const Surface& surface = bitmap.surface;
+  const Raster& raster = bitmap.raster;
   BITMAP description = {};
-  description.bmWidth = surface.width;
-  description.bmHeight = surface.height;
-  description.bmWidthBytes = bitmap.bitsPerPixel == 1 ? 2 : RowBytes(surface.width, surface.format);
+  description.bmWidth = raster.width;
+  description.bmHeight = raster.height;
+  description.bmWidthBytes = bitmap.bitsPerPixel == 1 ? 2 : RowBytes(raster.width, raster.format);
   description.bmPlanes = 1;
   description.bmBitsPixel = static_cast<WORD>(bitmap.bitsPerPixel);
   description.bmBits = bitmap.isSection ? bitmap.memory.get() : nullptr;

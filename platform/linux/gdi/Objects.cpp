@@ -20,12 +20,12 @@ std::shared_ptr<Bitmap> MakeBitmap(int width, int height, PixelFormat format, bo
   if (bitmap->memory == nullptr)
     return nullptr;
   bitmap->bitsPerPixel = BytesPerPixel(format) * 8;
-  Surface& surface = bitmap->surface;
-  surface.width = width;
-  surface.height = height;
-  surface.format = format;
-  surface.top = bitmap->memory.get() + (isTopDown ? 0 : rowBytes * (height - 1));
-  surface.pitch = static_cast<std::ptrdiff_t>(isTopDown ? rowBytes : -rowBytes);
+  Raster& raster = bitmap->raster;
+  raster.width = width;
+  raster.height = height;
+  raster.format = format;
+  raster.top = bitmap->memory.get() + (isTopDown ? 0 : rowBytes * (height - 1));
+  raster.pitch = static_cast<std::ptrdiff_t>(isTopDown ? rowBytes : -rowBytes);
   return bitmap;
 }
 

@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <memory>
 
-#include "gdi/Surface.h"
+#include "gdi/Raster.h"
 
 namespace handheld::gdi {
 
@@ -41,7 +41,7 @@ struct Bitmap : Object {
     void operator()(std::uint8_t* memory) const { std::free(memory); }
   };
   std::unique_ptr<std::uint8_t[], Free> memory;
-  Surface surface;
+  Raster raster;
   int bitsPerPixel = 32;
   /// Whether the program may write into the memory itself.
   bool isSection = false;

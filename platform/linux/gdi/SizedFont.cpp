@@ -8,8 +8,8 @@
 #include <numbers>
 #include <tuple>
 
-#include "gdi/Fonts.h"
 #include "gdi/Objects.h"
+#include "gdi/RegisteredFonts.h"
 
 #include FT_OUTLINE_H
 #include FT_TRIGONOMETRY_H

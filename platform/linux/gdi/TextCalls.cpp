@@ -92,8 +92,8 @@ class GlyphPainter {
  public:
   GlyphPainter(const Target& paintTarget, COLORREF color)
       : target(paintTarget),
-        pixel(paintTarget.surface.PixelFrom(color)),
-        argb(target.surface.format == PixelFormat::RGB555 ? ArgbFrom555(pixel) : pixel) {}
+        pixel(paintTarget.raster.PixelFrom(color)),
+        argb(target.raster.format == PixelFormat::RGB555 ? ArgbFrom555(pixel) : pixel) {}
 
   void Paint(const Glyph& glyph, LONG left, LONG top) const {
     const RECT visible =
@@ -109,11 +109,11 @@ class GlyphPainter {
 
  private:
   void Cover(LONG x, LONG y, int coverage) const {
-    if (target.surface.format == PixelFormat::ARGB8888) {
-      std::uint32_t& place = target.surface.Row<std::uint32_t>(y)[x];
+    if (target.raster.format == PixelFormat::ARGB8888) {
+      std::uint32_t& place = target.raster.Row<std::uint32_t>(y)[x];
       place = coverage == SizedFont::FULL_COVERAGE ? pixel : Blend(place, argb, coverage);
     } else {
-      std::uint16_t& place = target.surface.Row<std::uint16_t>(y)[x];
+      std::uint16_t& place = target.raster.Row<std::uint16_t>(y)[x];
       place = coverage == SizedFont::FULL_COVERAGE
                   ? static_cast<std::uint16_t>(pixel)
                   : Rgb555FromArgb(Blend(ArgbFrom555(place), argb, coverage));
@@ -157,7 +157,7 @@ int Draw(DeviceContext& context, SizedFont& font, const std::vector<Line>& lines
   if ((format & DT_NOCLIP) == 0)
     target.clip = Intersect(target.clip, rect);
   const GlyphPainter painter(target, context.textColor);
-  const std::uint32_t background = target.surface.PixelFrom(BACKGROUND_COLOR);
+  const std::uint32_t background = target.raster.PixelFrom(BACKGROUND_COLOR);
   LONG y = rect.top;
   for (const Line& line : lines) {
     if (context.backgroundMode == OPAQUE)

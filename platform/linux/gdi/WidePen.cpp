@@ -75,9 +75,9 @@ void FillBetween(const Target& target, Side one, Side other, LONG first, LONG la
         std::min<std::int64_t>(std::max(one.GetX(), other.GetX()), target.clip.right);
     const std::int64_t rows = std::min({one.RowsAlike(), other.RowsAlike(), last - y});
     if (left < right)
-      target.surface.Fill({static_cast<LONG>(left), static_cast<LONG>(y), static_cast<LONG>(right),
-                           static_cast<LONG>(y + rows)},
-                          pixel);
+      target.raster.Fill({static_cast<LONG>(left), static_cast<LONG>(y), static_cast<LONG>(right),
+                          static_cast<LONG>(y + rows)},
+                         pixel);
     one.GoDown(rows);
     other.GoDown(rows);
     y += rows;

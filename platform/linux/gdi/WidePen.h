@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "gdi/Surface.h"
+#include "gdi/Raster.h"
 
 namespace handheld::gdi {
 

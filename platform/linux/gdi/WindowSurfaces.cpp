@@ -18,7 +18,7 @@ std::uint64_t NextVersion() {
   return last.fetch_add(FIRST_OF_NEXT_SURFACE);
 }
 
-void CopyCorner(const Surface& from, const Surface& to) {
+void CopyCorner(const Raster& from, const Raster& to) {
   const int width = std::min(from.width, to.width);
   const int height = std::min(from.height, to.height);
   for (int y = 0; y < height; ++y)
@@ -30,11 +30,11 @@ void CopyCorner(const Surface& from, const Surface& to) {
 WindowSurface::WindowSurface(int width, int height)
     : pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height)),
       version(NextVersion()) {
-  surface.top = reinterpret_cast<std::uint8_t*>(pixels.data());
-  surface.pitch = static_cast<std::ptrdiff_t>(width) * 4;
-  surface.width = width;
-  surface.height = height;
-  surface.format = PixelFormat::ARGB8888;
+  raster.top = reinterpret_cast<std::uint8_t*>(pixels.data());
+  raster.pitch = static_cast<std::ptrdiff_t>(width) * 4;
+  raster.width = width;
+  raster.height = height;
+  raster.format = PixelFormat::ARGB8888;
 }
 
 bool WindowSurface::WasDrawnInto() const {
@@ -62,12 +62,12 @@ std::shared_ptr<WindowSurface> WindowSurfaces::Of(HWND window) {
 
   const std::lock_guard lock(mutex);
   std::shared_ptr<WindowSurface>& entry = surfaces[window];
-  if (entry != nullptr && entry->surface.width == width && entry->surface.height == height)
+  if (entry != nullptr && entry->raster.width == width && entry->raster.height == height)
     return entry;
   auto fresh = std::make_shared<WindowSurface>(width, height);
   if (entry != nullptr) {
     const std::lock_guard pixelLock(entry->mutex);
-    CopyCorner(entry->surface, fresh->surface);
+    CopyCorner(entry->raster, fresh->raster);
     fresh->version += entry->WasDrawnInto();
   }
   entry = fresh;
@@ -99,7 +99,7 @@ Pixels WindowPixels(HWND window) {
   const std::lock_guard lock(drawn->mutex);
   if (!drawn->WasDrawnInto())
     return {};
-  Pixels pixels = {drawn->surface.width, drawn->surface.height, drawn->pixels};
+  Pixels pixels = {drawn->raster.width, drawn->raster.height, drawn->pixels};
   for (std::uint32_t& pixel : pixels.rows)
     pixel &= 0x00FFFFFF;
   return pixels;

@@ -9,7 +9,7 @@
 #include <mutex>
 #include <vector>
 
-#include "gdi/Surface.h"
+#include "gdi/Raster.h"
 
 namespace handheld::gdi {
 
@@ -22,7 +22,7 @@ struct WindowSurface {
   /// Taken for every access to the pixels.
   std::mutex mutex;
   std::vector<std::uint32_t> pixels;
-  Surface surface;
+  Raster raster;
   /// Grows whenever something was drawn.
   std::uint64_t version;
 };

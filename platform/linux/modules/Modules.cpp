@@ -12,7 +12,7 @@
 #include "core/LastError.h"
 #include "files/Paths.h"
 #include "handheld.h"
-#include "text/Text.h"
+#include "text/WideText.h"
 
 namespace handheld {
 

@@ -6,8 +6,8 @@
 #include "core/Handles.h"
 #include "core/LastError.h"
 #include "handheld.h"
-#include "serial/SerialPort.h"
-#include "text/Text.h"
+#include "serial/PortStream.h"
+#include "text/WideText.h"
 
 namespace handheld {
 
@@ -30,7 +30,7 @@ std::string RealPath(const std::string& path) {
   return realpath(path.c_str(), resolved) == nullptr ? path : resolved;
 }
 
-bool FillSettings(const SerialPort& port, DCB& settings) {
+bool FillSettings(const PortStream& port, DCB& settings) {
   const auto baud = port.Baud();
   if (!baud) {
     return false;
@@ -108,7 +108,7 @@ HANDLE SerialPorts::Open(const std::u16string& name) {
   }
 
   DWORD error = ERROR_SUCCESS;
-  auto port = SerialPort::Open(path, claim, error);
+  auto port = PortStream::Open(path, claim, error);
   if (port == nullptr) {
     Release(claim);
     return Fail(error, INVALID_HANDLE_VALUE);
@@ -124,7 +124,7 @@ extern "C" {
 
 BOOL WINAPI GetCommState(HANDLE port, DCB* settings) {
   return Guarded<BOOL>(FALSE, [&] {
-    const auto found = HandleTable::Instance().Find<SerialPort>(port);
+    const auto found = HandleTable::Instance().Find<PortStream>(port);
     if (found == nullptr) {
       return Fail(ERROR_INVALID_HANDLE, FALSE);
     }
@@ -137,7 +137,7 @@ BOOL WINAPI GetCommState(HANDLE port, DCB* settings) {
 
 BOOL WINAPI SetCommState(HANDLE port, DCB* settings) {
   return Guarded<BOOL>(FALSE, [&] {
-    const auto found = HandleTable::Instance().Find<SerialPort>(port);
+    const auto found = HandleTable::Instance().Find<PortStream>(port);
     if (found == nullptr) {
       return Fail(ERROR_INVALID_HANDLE, FALSE);
     }

@@ -7,8 +7,8 @@
 
 #include "core/LastError.h"
 #include "handheld.h"
-#include "text/Locale.h"
-#include "text/Text.h"
+#include "text/Language.h"
+#include "text/WideText.h"
 
 namespace handheld {
 

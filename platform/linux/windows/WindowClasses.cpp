@@ -1,6 +1,6 @@
 #include "windows/WindowClasses.h"
 
-#include "text/Text.h"
+#include "text/WideText.h"
 
 namespace handheld {
 

@@ -2,7 +2,7 @@
 
 #include "core/LastError.h"
 #include "handheld.h"
-#include "text/Text.h"
+#include "text/WideText.h"
 #include "windows/WindowClasses.h"
 #include "windows/WindowTable.h"
 

@@ -10,7 +10,7 @@
 
 #include "PseudoTerminal.h"
 #include "TemporaryFolder.h"
-#include "serial/SerialPort.h"
+#include "serial/PortStream.h"
 
 namespace {
 
@@ -195,7 +195,7 @@ TEST_F(Serial, ALineThatNeverPausesIsCutAfterALineFeed) {
 
 TEST_F(Serial, ClosingEndsAPendingRead) {
   port = OpenPort();
-  const auto object = handheld::HandleTable::Instance().Find<handheld::SerialPort>(port);
+  const auto object = handheld::HandleTable::Instance().Find<handheld::PortStream>(port);
   auto result = std::async(std::launch::async, [object] {
     char buffer[16];
     DWORD count = 0;
@@ -224,7 +224,7 @@ TEST_F(Serial, ReadingsEndWhenTheHandleIsClosedByAnotherThread) {
 
 TEST_F(Serial, AReadOnAClosedPortLeavesTheLineToTheNextOne) {
   port = OpenPort();
-  const auto old = handheld::HandleTable::Instance().Find<handheld::SerialPort>(port);
+  const auto old = handheld::HandleTable::Instance().Find<handheld::PortStream>(port);
   CloseHandle(port);
   port = OpenPort();
   receiver.Send("new\n");
@@ -344,7 +344,7 @@ TEST_F(Serial, AReceiverThatWasUnpluggedFailsItsReads) {
 TEST_F(Serial, ClosingEndsTheWaitForALostReceiver) {
   port = OpenPort();
   receiver.Close();
-  const auto object = handheld::HandleTable::Instance().Find<handheld::SerialPort>(port);
+  const auto object = handheld::HandleTable::Instance().Find<handheld::PortStream>(port);
   auto result = std::async(std::launch::async, [object] {
     char buffer[16];
     DWORD count = 0;

@@ -3,7 +3,7 @@
 #include "core/History.h"
 #include "core/LastError.h"
 #include "handheld.h"
-#include "text/Text.h"
+#include "text/WideText.h"
 #include "time/Clock.h"
 #include "windows/MessageQueue.h"
 #include "windows/WindowTable.h"

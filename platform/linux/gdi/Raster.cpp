@@ -1,4 +1,4 @@
-#include "gdi/Surface.h"
+#include "gdi/Raster.h"
 
 #include <pixman.h>
 
@@ -22,9 +22,9 @@ constexpr COLORREF TABLE_INDEX = 0x10FF0000;
 constexpr int FEW_COLUMNS = 16;  // for which pixman is not worth the call
 
 template <typename Pixel>
-void FillColumns(const Surface& surface, const RECT& rect, Pixel pixel) {
-  auto* row = reinterpret_cast<std::uint8_t*>(surface.Row<Pixel>(rect.top));
-  for (LONG y = rect.top; y < rect.bottom; ++y, row += surface.pitch) {
+void FillColumns(const Raster& raster, const RECT& rect, Pixel pixel) {
+  auto* row = reinterpret_cast<std::uint8_t*>(raster.Row<Pixel>(rect.top));
+  for (LONG y = rect.top; y < rect.bottom; ++y, row += raster.pitch) {
     for (LONG x = rect.left; x < rect.right; ++x)
       reinterpret_cast<Pixel*>(row)[x] = pixel;
   }
@@ -41,26 +41,26 @@ std::uint32_t ArgbFromColor(COLORREF color) {
   return (GetRValue(color) << 16) | (GetGValue(color) << 8) | GetBValue(color);
 }
 
-std::uint32_t Surface::PixelFrom(COLORREF color) const {
+std::uint32_t Raster::PixelFrom(COLORREF color) const {
   const std::uint32_t argb = ArgbFromColor(color);
   return format == PixelFormat::RGB555 ? Rgb555FromArgb(argb) : argb;
 }
 
-COLORREF Surface::ColorAt(int x, int y) const {
+COLORREF Raster::ColorAt(int x, int y) const {
   const std::uint32_t argb = format == PixelFormat::RGB555
                                  ? ArgbFrom555(Row<const std::uint16_t>(y)[x])
                                  : Row<const std::uint32_t>(y)[x];
   return RGB(static_cast<BYTE>(argb >> 16), static_cast<BYTE>(argb >> 8), static_cast<BYTE>(argb));
 }
 
-void Surface::Set(int x, int y, std::uint32_t pixel) const {
+void Raster::Set(int x, int y, std::uint32_t pixel) const {
   if (format == PixelFormat::RGB555)
     Row<std::uint16_t>(y)[x] = static_cast<std::uint16_t>(pixel);
   else
     Row<std::uint32_t>(y)[x] = pixel;
 }
 
-void Surface::Fill(const RECT& rect, std::uint32_t pixel) const {
+void Raster::Fill(const RECT& rect, std::uint32_t pixel) const {
   if (rect.right - rect.left <= FEW_COLUMNS) {
     if (format == PixelFormat::RGB555)
       FillColumns(*this, rect, static_cast<std::uint16_t>(pixel));
@@ -69,7 +69,7 @@ void Surface::Fill(const RECT& rect, std::uint32_t pixel) const {
     return;
   }
   // pixman wants a start and rows that go up in memory. The order of rows does not matter to a fill, so a
-  // bottom-up surface is filled from the row that comes first in memory.
+  // bottom-up raster is filled from the row that comes first in memory.
   const int first = pitch < 0 ? rect.bottom - 1 : rect.top;
   const int bytes = BytesPerPixel(format);
   std::uint8_t* start = top + first * pitch + rect.left * bytes;

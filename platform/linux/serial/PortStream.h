@@ -17,15 +17,15 @@ namespace handheld {
 /// Reads wait for data and hand over a burst whole. A device that disappears (an unplugged adapter,
 /// a pseudo-terminal whose other side closed) is looked for again about once a second, as long as
 /// the handle is open and somebody reads.
-class SerialPort : public Stream {
+class PortStream : public Stream {
  public:
   /// Opens the device at `devicePath`, raw, at the baud rate it has. Null with `error` set when
   /// that fails. `claimName` is the name under which SerialPorts keeps the port for this one
   /// opening.
-  static std::shared_ptr<SerialPort> Open(const std::string& devicePath, std::string claimName,
+  static std::shared_ptr<PortStream> Open(const std::string& devicePath, std::string claimName,
                                           DWORD& error);
 
-  SerialPort(std::string devicePath, std::string claimName, Descriptor opened);
+  PortStream(std::string devicePath, std::string claimName, Descriptor opened);
 
   void HandleClosed() override;
   DWORD Read(void* buffer, DWORD size, DWORD& count) override;

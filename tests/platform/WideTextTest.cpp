@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "handheld.h"
-#include "text/Text.h"
+#include "text/WideText.h"
 
 namespace {
 

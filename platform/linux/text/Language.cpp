@@ -1,4 +1,4 @@
-#include "text/Locale.h"
+#include "text/Language.h"
 
 #include <cstdlib>
 #include <mutex>
@@ -6,7 +6,7 @@
 
 #include "core/LastError.h"
 #include "handheld.h"
-#include "text/Text.h"
+#include "text/WideText.h"
 
 namespace handheld {
 

@@ -53,7 +53,7 @@ constexpr bool IsEmpty(const RECT& rect) {
 }
 
 /// A view of pixels; does not own them. Row 0 is the picture's top row, wherever it lies in memory.
-struct Surface {
+struct Raster {
   std::uint8_t* top = nullptr;
   /// Bytes from a row to the one below it; negative when the memory runs from the bottom up.
   std::ptrdiff_t pitch = 0;
@@ -79,9 +79,9 @@ struct Surface {
   void Fill(const RECT& rect, std::uint32_t pixel) const;
 };
 
-/// Where drawing lands: a surface, and the part of it that may be touched (always inside the surface).
+/// Where drawing lands: a raster, and the part of it that may be touched (always inside the raster).
 struct Target {
-  Surface surface;
+  Raster raster;
   RECT clip = {};
 
   bool Contains(LONG x, LONG y) const {
@@ -92,7 +92,7 @@ struct Target {
   void Fill(const RECT& rect, std::uint32_t pixel) const {
     const RECT visible = Intersect(rect, clip);
     if (!IsEmpty(visible))
-      surface.Fill(visible, pixel);
+      raster.Fill(visible, pixel);
   }
 };
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "TemporaryFolder.h"
-#include "gdi/Fonts.h"
+#include "gdi/RegisteredFonts.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "gdi/Fonts.h"
+#include "gdi/RegisteredFonts.h"
 
 #include <algorithm>
 #include <atomic>
@@ -6,7 +6,7 @@
 
 #include "core/LastError.h"
 #include "files/Paths.h"
-#include "text/Text.h"
+#include "text/WideText.h"
 
 namespace handheld {
 

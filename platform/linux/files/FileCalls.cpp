@@ -17,7 +17,7 @@
 #include "files/Paths.h"
 #include "handheld.h"
 #include "serial/SerialPorts.h"
-#include "text/Text.h"
+#include "text/WideText.h"
 #include "time/Calendar.h"
 
 namespace handheld {

@@ -1,4 +1,4 @@
-#include "serial/SerialPort.h"
+#include "serial/PortStream.h"
 
 #include <fcntl.h>
 #include <poll.h>
@@ -54,23 +54,23 @@ timespec ToTimespec(Burst::Duration duration) {
 
 }  // namespace
 
-std::shared_ptr<SerialPort> SerialPort::Open(const std::string& devicePath, std::string claimName,
+std::shared_ptr<PortStream> PortStream::Open(const std::string& devicePath, std::string claimName,
                                              DWORD& error) {
   Descriptor opened = OpenDevice(devicePath);
   if (!opened.IsOpen()) {
     error = ErrorFromErrno(errno);
     return nullptr;
   }
-  return std::make_shared<SerialPort>(devicePath, std::move(claimName), std::move(opened));
+  return std::make_shared<PortStream>(devicePath, std::move(claimName), std::move(opened));
 }
 
-SerialPort::SerialPort(std::string devicePath, std::string claimName, Descriptor opened)
+PortStream::PortStream(std::string devicePath, std::string claimName, Descriptor opened)
     : path(std::move(devicePath)),
       claim(std::move(claimName)),
       closeEvent(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),
       device(std::make_shared<const Descriptor>(std::move(opened))) {}
 
-void SerialPort::HandleClosed() {
+void PortStream::HandleClosed() {
   {
     const std::lock_guard lock(mutex);
     closed = true;
@@ -84,12 +84,12 @@ void SerialPort::HandleClosed() {
   SerialPorts::Instance().Release(claim);
 }
 
-SerialPort::Device SerialPort::CurrentDevice() const {
+PortStream::Device PortStream::CurrentDevice() const {
   const std::lock_guard lock(mutex);
   return device;
 }
 
-SerialPort::Event SerialPort::Await(const Device& from, short events,
+PortStream::Event PortStream::Await(const Device& from, short events,
                                     std::optional<Burst::Duration> patience) const {
   pollfd waits[] = {{closeEvent.Number(), POLLIN, 0},
                     {from == nullptr ? -1 : from->Number(), events, 0}};
@@ -108,7 +108,7 @@ SerialPort::Event SerialPort::Await(const Device& from, short events,
   return (waits[1].revents & events) != 0 ? Event::DATA : Event::LOST;
 }
 
-SerialPort::Event SerialPort::Receive(const Device& from, Burst& burst) {
+PortStream::Event PortStream::Receive(const Device& from, Burst& burst) {
   // Under the lock, so that nothing is taken from the line once CloseHandle has returned.
   const std::lock_guard lock(mutex);
   if (closed) {
@@ -123,7 +123,7 @@ SerialPort::Event SerialPort::Receive(const Device& from, Burst& burst) {
   return isJustEmpty ? Event::DATA : Event::LOST;
 }
 
-SerialPort::Event SerialPort::Gather(const Device& from, Burst& burst) {
+PortStream::Event PortStream::Gather(const Device& from, Burst& burst) {
   while (!burst.IsFull()) {
     if (burst.IsOverdue(SteadyClock::now()) && burst.WholeLines() > 0) {
       break;
@@ -142,7 +142,7 @@ SerialPort::Event SerialPort::Gather(const Device& from, Burst& burst) {
   return Event::SILENCE;
 }
 
-void SerialPort::TakeLeftover(Burst& burst) {
+void PortStream::TakeLeftover(Burst& burst) {
   const std::lock_guard lock(mutex);
   const std::size_t count = std::min(leftover.size(), burst.FreeSize());
   if (count == 0) {
@@ -153,7 +153,7 @@ void SerialPort::TakeLeftover(Burst& burst) {
   leftover.erase(0, count);
 }
 
-DWORD SerialPort::KeepLeftover(const Burst& burst) {
+DWORD PortStream::KeepLeftover(const Burst& burst) {
   const std::size_t whole = burst.WholeLines();
   if (burst.IsFull() || whole == 0 || !burst.IsOverdue(SteadyClock::now())) {
     return static_cast<DWORD>(burst.Used());
@@ -164,7 +164,7 @@ DWORD SerialPort::KeepLeftover(const Burst& burst) {
   return static_cast<DWORD>(whole);
 }
 
-void SerialPort::Drop(const Device& lost) {
+void PortStream::Drop(const Device& lost) {
   const std::lock_guard lock(mutex);
   if (device != lost) {
     return;
@@ -173,7 +173,7 @@ void SerialPort::Drop(const Device& lost) {
   lastLook = SteadyClock::now();
 }
 
-SerialPort::Event SerialPort::AwaitReturn() {
+PortStream::Event PortStream::AwaitReturn() {
   SteadyClock::time_point nextLook;
   {
     const std::lock_guard lock(mutex);
@@ -208,7 +208,7 @@ SerialPort::Event SerialPort::AwaitReturn() {
   return Event::DATA;
 }
 
-DWORD SerialPort::Read(void* buffer, DWORD size, DWORD& count) {
+DWORD PortStream::Read(void* buffer, DWORD size, DWORD& count) {
   if (size == 0) {
     return ERROR_SUCCESS;
   }
@@ -234,7 +234,7 @@ DWORD SerialPort::Read(void* buffer, DWORD size, DWORD& count) {
   return ERROR_SUCCESS;
 }
 
-DWORD SerialPort::Write(const void* data, DWORD size, DWORD& count) {
+DWORD PortStream::Write(const void* data, DWORD size, DWORD& count) {
   while (count < size) {
     const Device to = CurrentDevice();
     if (to == nullptr) {
@@ -257,7 +257,7 @@ DWORD SerialPort::Write(const void* data, DWORD size, DWORD& count) {
   return ERROR_SUCCESS;
 }
 
-DWORD SerialPort::Flush() {
+DWORD PortStream::Flush() {
   const Device to = CurrentDevice();
   if (to == nullptr) {
     return ERROR_GEN_FAILURE;
@@ -266,12 +266,12 @@ DWORD SerialPort::Flush() {
   return ERROR_SUCCESS;
 }
 
-std::optional<DWORD> SerialPort::Baud() const {
+std::optional<DWORD> PortStream::Baud() const {
   const Device from = CurrentDevice();
   return from == nullptr ? std::nullopt : SerialLine::Baud(from->Number());
 }
 
-bool SerialPort::SetBaud(DWORD baud) {
+bool PortStream::SetBaud(DWORD baud) {
   const std::lock_guard lock(mutex);
   if (device == nullptr || !SerialLine::SetBaud(device->Number(), baud)) {
     return false;

@@ -6,7 +6,7 @@
 #include "files/Paths.h"
 #include "handheld.h"
 #include "sound/SoundPlayer.h"
-#include "text/Text.h"
+#include "text/WideText.h"
 
 namespace handheld {
 

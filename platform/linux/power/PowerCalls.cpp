@@ -11,7 +11,7 @@
 #include "power/BatteryFlags.h"
 #include "power/IdleInhibitor.h"
 #include "power/PowerSupply.h"
-#include "text/Text.h"
+#include "text/WideText.h"
 
 namespace handheld {
 

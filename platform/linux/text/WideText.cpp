@@ -1,4 +1,4 @@
-#include "text/Text.h"
+#include "text/WideText.h"
 
 #include <clocale>
 #include <cwctype>
