@@ -303,10 +303,11 @@ TEST(Blending, AnswersWhetherItsRectanglesMakeSense) {
            {0, 4, 0, 5, FALSE},
            {0, 2, -1, 2, FALSE},
            {0, -4, 0, 4, FALSE},
-       })
+       }) {
     EXPECT_EQ(blend.answer, AlphaBlend(target.dc, blend.x, 0, blend.width, 4, source.dc,
                                        blend.sourceX, 0, blend.sourceWidth, 4, BLEND))
         << blend.x << " " << blend.width << " " << blend.sourceX << " " << blend.sourceWidth;
+  }
   EXPECT_TRUE(AlphaBlend(target.dc, 0, 0, 4, 4, target.dc, 4, 4, 4, 4, BLEND));
   EXPECT_FALSE(AlphaBlend(target.dc, 0, 0, 4, 4, target.dc, 2, 2, 4, 4, BLEND));
 }

@@ -34,9 +34,11 @@ TEST_F(Blits, Invert) {
 
 TEST_F(Blits, DoubleEveryPixel) {
   EXPECT_TRUE(StretchBlt(target.dc, 0, 0, 4, 2, source.dc, 0, 0, 2, 1, SRCCOPY));
-  for (int y = 0; y < 2; ++y)
-    for (int x = 0; x < 4; ++x)
+  for (int y = 0; y < 2; ++y) {
+    for (int x = 0; x < 4; ++x) {
       EXPECT_EQ(x < 2 ? RED : BLUE, target.At(x, y));
+    }
+  }
 }
 
 TEST_F(Blits, NeedBothContexts) {

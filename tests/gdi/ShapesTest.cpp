@@ -23,9 +23,11 @@ class Shapes : public testing::Test {
 
   int Count(COLORREF color) const {
     int count = 0;
-    for (int y = 0; y < 8; ++y)
-      for (int x = 0; x < 8; ++x)
+    for (int y = 0; y < 8; ++y) {
+      for (int x = 0; x < 8; ++x) {
         count += section.At(x, y) == color;
+      }
+    }
     return count;
   }
 
@@ -49,8 +51,9 @@ TEST_F(Shapes, DiagonalsTakeOnePixelAStep) {
   MoveToEx(section.dc, 6, 6, nullptr);
   LineTo(section.dc, 2, 2);
   EXPECT_EQ(4, Count(RED));
-  for (int i = 3; i <= 6; ++i)
+  for (int i = 3; i <= 6; ++i) {
     EXPECT_EQ(RED, section.At(i, i));
+  }
 }
 
 TEST_F(Shapes, PolylinesNeedTwoPoints) {

@@ -264,8 +264,9 @@ TEST(Blending, IntoPixelsOf16BitsClearsTheUnusedBit) {
 /// Of the columns that fall together the last one is taken, of the rows the first one.
 TEST(Blending, ShrinkingTakesTheLastColumnAndTheFirstRow) {
   const Section source(4, -4);
-  for (std::uint32_t i = 0; i < 16; ++i)
+  for (std::uint32_t i = 0; i < 16; ++i) {
     source.Longs()[i] = i;
+  }
   const Section target(2, -2);
   AlphaBlend(target.dc, 0, 0, 2, 2, source.dc, 0, 0, 4, 4, {AC_SRC_OVER, 0, 255, 0});
   EXPECT_EQ(1U, target.Longs()[0]);

@@ -150,14 +150,15 @@ TEST(Text, BlackOnWhiteIsAsBrightAsWhiteOnBlackWithAsMuchUncovered) {
       const BYTE brightness = GetRValue(light.section.At(x, y));
       const BYTE darkness = GetRValue(dark.section.At(x, y));
       // 2 and 14 sixteenths, 6 and 10, 8 and 8.
-      if (brightness == 0x68)
+      if (brightness == 0x68) {
         EXPECT_EQ(0xF0, darkness);
-      else if (brightness == 0xA7)
+      } else if (brightness == 0xA7) {
         EXPECT_EQ(0xD0, darkness);
-      else if (brightness == 0xBD)
+      } else if (brightness == 0xBD) {
         EXPECT_EQ(0xBD, darkness);
-      else
+      } else {
         continue;
+      }
       ++partlyCovered;
     }
   }

@@ -31,12 +31,14 @@ SourceRange IndicesInside(const Side& side, int low, int high) {
 }  // namespace
 
 AxisMap::AxisMap(Side target, Side source, int low, int high, int sourceSize, Shrinking shrinking) {
-  if (low >= high || target.length == 0 || source.length == 0)
+  if (low >= high || target.length == 0 || source.length == 0) {
     return;
-  if (std::abs(target.length) >= std::abs(source.length))
+  }
+  if (std::abs(target.length) >= std::abs(source.length)) {
     Stretch(target, source, low, high, sourceSize);
-  else
+  } else {
     Shrink(target, source, low, high, sourceSize, shrinking);
+  }
   Classify();
 }
 
@@ -47,14 +49,17 @@ void AxisMap::Stretch(Side target, Side source, int low, int high, int sourceSiz
   ranges.reserve(static_cast<std::size_t>(indices.last - indices.first));
   for (int index = indices.first; index < indices.last; ++index) {
     const int from = Place(source, Counterpart(index, targetCount, sourceCount));
-    if (from < 0 || from >= sourceSize)
+    if (from < 0 || from >= sourceSize) {
       continue;
-    if (ranges.empty() || target.length < 0)
+    }
+    if (ranges.empty() || target.length < 0) {
       begin = Place(target, index);
+    }
     ranges.push_back({from, from});
   }
-  if (target.length < 0)
+  if (target.length < 0) {
     std::reverse(ranges.begin(), ranges.end());
+  }
 }
 
 void AxisMap::Shrink(Side target, Side source, int low, int high, int sourceSize,
@@ -63,40 +68,48 @@ void AxisMap::Shrink(Side target, Side source, int low, int high, int sourceSize
   const int targetCount = std::abs(target.length);
   const int sourceCount = std::abs(source.length);
   // Onto a single pixel, and nothing mirrored, the device leaves out the last source pixel.
-  if (shrinking == Shrinking::KEEP_ALL && target.length == 1 && source.length > 1)
+  if (shrinking == Shrinking::KEEP_ALL && target.length == 1 && source.length > 1) {
     indices.last = std::min(indices.last, sourceCount - 1);
+  }
   int lastPlace = low - 1;
   for (int index = indices.first; index < indices.last; ++index) {
     const int place = Place(target, Counterpart(index, sourceCount, targetCount));
-    if (place < low || place >= high)
+    if (place < low || place >= high) {
       continue;
+    }
     const int from = Place(source, index);
     if (!ranges.empty() && place == lastPlace) {
       SourceRange& range = ranges.back();
-      if (shrinking == Shrinking::KEEP_ALL)
+      if (shrinking == Shrinking::KEEP_ALL) {
         range = {std::min(range.first, from), std::max(range.last, from)};
-      else if (shrinking == Shrinking::KEEP_LAST)
+      } else if (shrinking == Shrinking::KEEP_LAST) {
         range = {from, from};
+      }
       continue;
     }
-    if (ranges.empty() || target.length < 0)
+    if (ranges.empty() || target.length < 0) {
       begin = place;
+    }
     ranges.push_back({from, from});
     lastPlace = place;
   }
-  if (target.length < 0)
+  if (target.length < 0) {
     std::reverse(ranges.begin(), ranges.end());
+  }
 }
 
 void AxisMap::Classify() {
   isSingle = std::all_of(ranges.begin(), ranges.end(),
                          [](const SourceRange& range) { return range.first == range.last; });
-  if (!isSingle || ranges.empty())
+  if (!isSingle || ranges.empty()) {
     return;
+  }
   const auto hasStep = [&](int wanted) {
-    for (std::size_t i = 1; i < ranges.size(); ++i)
-      if (ranges[i].first - ranges[i - 1].first != wanted)
+    for (std::size_t i = 1; i < ranges.size(); ++i) {
+      if (ranges[i].first - ranges[i - 1].first != wanted) {
         return false;
+      }
+    }
     return true;
   };
   step = hasStep(1) ? 1 : hasStep(-1) ? -1 : 0;

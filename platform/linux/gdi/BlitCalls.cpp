@@ -10,8 +10,9 @@ namespace {
 BOOL Blit(HDC dc, const Box& to, HDC source, const Box& from, DWORD operation) {
   return Guarded<BOOL>(FALSE, [&]() -> BOOL {
     const UsedPair contexts(dc, source);
-    if (!contexts || (operation != SRCCOPY && operation != NOTSRCCOPY))
+    if (!contexts || (operation != SRCCOPY && operation != NOTSRCCOPY)) {
       return FALSE;
+    }
     StretchPixels(contexts.Target().Drawing(), to, contexts.Source().Pixels(), from,
                   operation == SRCCOPY ? CopyMode::PLAIN : CopyMode::INVERTED);
     return TRUE;
@@ -30,17 +31,21 @@ bool Overlap(const Box& a, const Box& b) {
 BOOL Blend(HDC dc, const Box& to, HDC source, const Box& from, BLENDFUNCTION blend) {
   return Guarded<BOOL>(FALSE, [&]() -> BOOL {
     const UsedPair contexts(dc, source);
-    if (!contexts || to.width < 0 || to.height < 0)
+    if (!contexts || to.width < 0 || to.height < 0) {
       return FALSE;
+    }
     const Raster& pixels = contexts.Source().Pixels();
-    if (!Contains(pixels, from))
+    if (!Contains(pixels, from)) {
       return FALSE;
+    }
     const bool usesAlpha = (blend.AlphaFormat & AC_SRC_ALPHA) != 0;
     // Only 32-bit pictures have an alpha channel.
-    if (usesAlpha && pixels.format != PixelFormat::ARGB8888)
+    if (usesAlpha && pixels.format != PixelFormat::ARGB8888) {
       return FALSE;
-    if (contexts.Target().Pixels().top == pixels.top && Overlap(to, from))
+    }
+    if (contexts.Target().Pixels().top == pixels.top && Overlap(to, from)) {
       return FALSE;
+    }
     BlendPixels(contexts.Target().Drawing(), to, pixels, from, blend.SourceConstantAlpha,
                 usesAlpha);
     return TRUE;

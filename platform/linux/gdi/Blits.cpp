@@ -15,23 +15,27 @@ namespace {
 template <typename Pixel>
 const Pixel* GatherRow(const AxisMap& columns, const Pixel* row, std::vector<Pixel>& scratch) {
   const std::vector<SourceRange>& ranges = columns.Ranges();
-  if (columns.Step() == 1)
+  if (columns.Step() == 1) {
     return row + ranges.front().first;
+  }
   const std::size_t count = ranges.size();
   scratch.resize(count);
   Pixel* out = scratch.data();
   if (columns.Step() == -1) {
     const Pixel* last = row + ranges.front().first;
-    for (std::size_t i = 0; i < count; ++i)
+    for (std::size_t i = 0; i < count; ++i) {
       out[i] = *(last - i);
+    }
   } else if (columns.IsSingle()) {
-    for (std::size_t i = 0; i < count; ++i)
+    for (std::size_t i = 0; i < count; ++i) {
       out[i] = row[ranges[i].first];
+    }
   } else {
     for (std::size_t i = 0; i < count; ++i) {
       Pixel all = row[ranges[i].first];
-      for (int from = ranges[i].first + 1; from <= ranges[i].last; ++from)
+      for (int from = ranges[i].first + 1; from <= ranges[i].last; ++from) {
         all &= row[from];
+      }
       out[i] = all;
     }
   }
@@ -41,12 +45,13 @@ const Pixel* GatherRow(const AxisMap& columns, const Pixel* row, std::vector<Pix
 template <typename To, typename From>
 void ConvertRow(To* to, const From* from, int count, To flip) {
   for (int i = 0; i < count; ++i) {
-    if constexpr (std::is_same_v<To, From>)
+    if constexpr (std::is_same_v<To, From>) {
       to[i] = from[i] ^ flip;
-    else if constexpr (sizeof(To) == 4)
+    } else if constexpr (sizeof(To) == 4) {
       to[i] = ArgbFrom555(from[i]) ^ flip;
-    else
+    } else {
       to[i] = static_cast<To>(Rgb555FromArgb(from[i]) ^ flip);
+    }
   }
 }
 
@@ -73,15 +78,17 @@ void StretchRows(const Raster& target, const AxisMap& columns, const AxisMap& ro
       combined.assign(from, from + size);
       for (int row = range.first + 1; row <= range.last; ++row) {
         const From* more = GatherRow(columns, source.Row<const From>(row), gathered);
-        for (std::size_t k = 0; k < size; ++k)
+        for (std::size_t k = 0; k < size; ++k) {
           combined[k] &= more[k];
+        }
       }
       from = combined.data();
     }
-    if (std::is_same_v<To, From> && mode == CopyMode::PLAIN)
+    if (std::is_same_v<To, From> && mode == CopyMode::PLAIN) {
       std::memcpy(to, from, size * sizeof(To));
-    else
+    } else {
       ConvertRow(to, from, count, flip);
+    }
   }
 }
 
@@ -116,18 +123,20 @@ constexpr std::uint32_t OPAQUE_ALPHA = 0xFF000000;
 
 template <typename Pixel>
 std::uint32_t Load(Pixel pixel) {
-  if constexpr (sizeof(Pixel) == 2)
+  if constexpr (sizeof(Pixel) == 2) {
     return OPAQUE_ALPHA | ArgbFrom555(pixel);
-  else
+  } else {
     return pixel;
+  }
 }
 
 template <typename Pixel>
 Pixel Store(std::uint32_t argb) {
-  if constexpr (sizeof(Pixel) == 2)
+  if constexpr (sizeof(Pixel) == 2) {
     return Rgb555FromArgb(argb);
-  else
+  } else {
     return argb;
+  }
 }
 
 template <typename To>
@@ -141,8 +150,9 @@ void BlendPremultiplied(To* to, const std::uint32_t* from, int count, std::uint3
 
 template <typename To, typename From>
 void BlendConstant(To* to, const From* from, int count, std::uint32_t constantAlpha) {
-  for (int i = 0; i < count; ++i)
+  for (int i = 0; i < count; ++i) {
     to[i] = Store<To>(Mix(Load(from[i]), Load(to[i]), constantAlpha));
+  }
 }
 
 template <typename To, typename From>
@@ -169,12 +179,13 @@ void WithPixelTypes(PixelFormat to, PixelFormat from, Body body) {
   using Small = std::uint16_t;
   using Large = std::uint32_t;
   const bool isSmallFrom = from == PixelFormat::RGB555;
-  if (to == PixelFormat::RGB555)
+  if (to == PixelFormat::RGB555) {
     isSmallFrom ? body.template operator()<Small, Small>()
                 : body.template operator()<Small, Large>();
-  else
+  } else {
     isSmallFrom ? body.template operator()<Large, Small>()
                 : body.template operator()<Large, Large>();
+  }
 }
 
 /// A copy of the source to read from while the original is drawn over.
@@ -185,9 +196,10 @@ class Snapshot {
     memory.resize(rowBytes * static_cast<std::size_t>(source.height));
     copy.top = memory.data();
     copy.pitch = static_cast<std::ptrdiff_t>(rowBytes);
-    for (int y = 0; y < source.height; ++y)
+    for (int y = 0; y < source.height; ++y) {
       std::memcpy(copy.Row<std::uint8_t>(y), source.Row<std::uint8_t>(y),
                   static_cast<std::size_t>(source.width * BytesPerPixel(source.format)));
+    }
   }
 
   const Raster& View() const { return copy; }
@@ -220,8 +232,9 @@ void StretchPixels(const Target& target, const Box& to, const Raster& source, co
     return StretchPixels(target, to, snapshot.View(), from, mode);
   }
   const Maps maps(target, to, source, from, Shrinking::KEEP_ALL, Shrinking::KEEP_ALL);
-  if (maps.IsEmpty())
+  if (maps.IsEmpty()) {
     return;
+  }
   WithPixelTypes(target.raster.format, source.format, [&]<typename To, typename From>() {
     StretchRows<To, From>(target.raster, maps.columns, maps.rows, source, mode);
   });
@@ -234,8 +247,9 @@ void BlendPixels(const Target& target, const Box& to, const Raster& source, cons
     return BlendPixels(target, to, snapshot.View(), from, constantAlpha, usesAlpha);
   }
   const Maps maps(target, to, source, from, Shrinking::KEEP_LAST, Shrinking::KEEP_FIRST);
-  if (maps.IsEmpty())
+  if (maps.IsEmpty()) {
     return;
+  }
   WithPixelTypes(target.raster.format, source.format, [&]<typename To, typename From>() {
     BlendRows<To, From>(target.raster, maps.columns, maps.rows, source, constantAlpha, usesAlpha);
   });

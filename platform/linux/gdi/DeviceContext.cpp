@@ -20,11 +20,13 @@ template <typename Kind>
 HGDIOBJ Exchange(std::shared_ptr<Kind>& place, const std::shared_ptr<Object>& object) {
   ObjectTable& table = ObjectTable::Instance();
   const HGDIOBJ previous = place->handle;
-  if (place == object)
+  if (place == object) {
     return previous;
+  }
   // A bitmap can be drawn into through one context only.
-  if (!table.Select(*object, Kind::KIND == ObjectKind::BITMAP))
+  if (!table.Select(*object, Kind::KIND == ObjectKind::BITMAP)) {
     return nullptr;
+  }
   table.Deselect(*place);
   place = std::static_pointer_cast<Kind>(object);
   return previous;
@@ -35,27 +37,32 @@ HGDIOBJ Exchange(std::shared_ptr<Kind>& place, const std::shared_ptr<Object>& ob
 Target DeviceContext::Drawing() const {
   const Raster& raster = Pixels();
   Target target = {raster, raster.Bounds()};
-  if (clip)
+  if (clip) {
     target.clip = Intersect(target.clip, *clip);
-  if (IsEmpty(target.clip))
+  }
+  if (IsEmpty(target.clip)) {
     target.clip = {0, 0, 0, 0};
+  }
   return target;
 }
 
 UsedContext::UsedContext(HDC handle, Purpose purpose)
     : context(ObjectTable::Instance().Find<DeviceContext>(handle)) {
-  if (context == nullptr)
+  if (context == nullptr) {
     return;
+  }
   lock = std::unique_lock(context->Mutex());
-  if (purpose == Purpose::DRAWING && context->window != nullptr)
+  if (purpose == Purpose::DRAWING && context->window != nullptr) {
     ++context->window->version;
+  }
 }
 
 UsedPair::UsedPair(HDC targetHandle, HDC sourceHandle)
     : target(ObjectTable::Instance().Find<DeviceContext>(targetHandle)),
       source(ObjectTable::Instance().Find<DeviceContext>(sourceHandle)) {
-  if (target == nullptr || source == nullptr)
+  if (target == nullptr || source == nullptr) {
     return;
+  }
   targetLock = std::unique_lock(target->Mutex(), std::defer_lock);
   if (&target->Mutex() == &source->Mutex()) {
     targetLock.lock();
@@ -63,8 +70,9 @@ UsedPair::UsedPair(HDC targetHandle, HDC sourceHandle)
     sourceLock = std::unique_lock(source->Mutex(), std::defer_lock);
     std::lock(targetLock, sourceLock);
   }
-  if (target->window != nullptr)
+  if (target->window != nullptr) {
     ++target->window->version;
+  }
 }
 
 HDC AddContext(std::shared_ptr<WindowSurface> surface) {
@@ -97,13 +105,15 @@ HGDIOBJ SelectInto(DeviceContext& context, const std::shared_ptr<Object>& object
 bool DeleteContext(HDC handle) {
   ObjectTable& table = ObjectTable::Instance();
   const std::shared_ptr<DeviceContext> context = table.Find<DeviceContext>(handle);
-  if (context == nullptr)
+  if (context == nullptr) {
     return false;
+  }
   const std::lock_guard lock(context->Mutex());
   table.Delete(handle);
   for (Object* object : std::initializer_list<Object*>{context->bitmap.get(), context->pen.get(),
-                                                       context->brush.get(), context->font.get()})
+                                                       context->brush.get(), context->font.get()}) {
     table.Deselect(*object);
+  }
   return true;
 }
 

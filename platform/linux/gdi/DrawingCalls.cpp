@@ -29,33 +29,40 @@ void DrawDashed(const DeviceContext& context, std::span<const POINT> points, Clo
   const std::uint32_t gapPixel = target.raster.PixelFrom(BACKGROUND_COLOR);
   const std::uint32_t* gap = context.backgroundMode == OPAQUE ? &gapPixel : nullptr;
   DashPosition dashes;
-  for (std::size_t i = 1; i < points.size(); ++i)
+  for (std::size_t i = 1; i < points.size(); ++i) {
     DrawDashedLine(target, points[i - 1], points[i], pixel, gap, dashes);
-  if (closing == Closing::CLOSED)
+  }
+  if (closing == Closing::CLOSED) {
     DrawDashedLine(target, points.back(), points.front(), pixel, gap, dashes);
+  }
 }
 
 /// Lines through at least two points with the context's pen.
 void DrawLines(const DeviceContext& context, std::span<const POINT> points, Closing closing) {
   const Pen& pen = *context.pen;
-  if (pen.style == PS_NULL)
+  if (pen.style == PS_NULL) {
     return;
-  if (pen.style == PS_DASH)
+  }
+  if (pen.style == PS_DASH) {
     return DrawDashed(context, points, closing);
+  }
   const Target target = context.Drawing();
   const std::uint32_t pixel = PenPixel(context);
   if (pen.width > 1) {
     const WidePen wide(pen.width);
-    if (closing == Closing::CLOSED)
+    if (closing == Closing::CLOSED) {
       wide.DrawClosed(target, points, pixel);
-    else
+    } else {
       wide.Draw(target, points, pixel);
+    }
     return;
   }
-  for (std::size_t i = 1; i < points.size(); ++i)
+  for (std::size_t i = 1; i < points.size(); ++i) {
     DrawThinLine(target, points[i - 1], points[i], pixel);
-  if (closing == Closing::CLOSED)
+  }
+  if (closing == Closing::CLOSED) {
     DrawThinLine(target, points.back(), points.front(), pixel);
+  }
 }
 
 RECT Ordered(int left, int top, int right, int bottom) {
@@ -80,16 +87,19 @@ void DrawRectangle(const DeviceContext& context, RECT rect) {
 
 void DrawRounded(const DeviceContext& context, const RECT& rect, int cornerWidth,
                  int cornerHeight) {
-  if (IsEmpty(rect))
+  if (IsEmpty(rect)) {
     return;
+  }
   const RoundedRect shape = {
       rect, static_cast<int>(std::min<LONG>(rect.right - rect.left, std::abs(cornerWidth))),
       static_cast<int>(std::min<LONG>(rect.bottom - rect.top, std::abs(cornerHeight)))};
   // Corners that small have no curve.
-  if (shape.cornerWidth <= 2 || shape.cornerHeight <= 2)
+  if (shape.cornerWidth <= 2 || shape.cornerHeight <= 2) {
     return DrawRectangle(context, rect);
-  if (!context.brush->isNull)
+  }
+  if (!context.brush->isNull) {
     FillRounded(context.Drawing(), shape, context.Pixels().PixelFrom(context.brush->color));
+  }
   DrawLines(context, OutlineOf(shape), Closing::CLOSED);
 }
 
@@ -99,20 +109,25 @@ extern "C" {
 
 int WINAPI FillRect(HDC dc, const RECT* rect, HBRUSH brush) {
   const UsedContext context(dc, Purpose::DRAWING);
-  if (!context || rect == nullptr)
+  if (!context || rect == nullptr) {
     return TRUE;
+  }
   // Like the device, fills with the selected brush when the given one is none.
   std::shared_ptr<Brush> used = ObjectTable::Instance().Find<Brush>(brush);
-  if (used == nullptr)
+  if (used == nullptr) {
     used = context->brush;
-  if (used->isNull)
+  }
+  if (used->isNull) {
     return TRUE;
+  }
   // A side given the wrong way round runs backwards from its start, which is included.
   RECT area = *rect;
-  if (area.right < area.left)
+  if (area.right < area.left) {
     area = {area.right + 1, area.top, area.left + 1, area.bottom};
-  if (area.bottom < area.top)
+  }
+  if (area.bottom < area.top) {
     area = {area.left, area.bottom + 1, area.right, area.top + 1};
+  }
   const Target target = context->Drawing();
   target.Fill(area, target.raster.PixelFrom(used->color));
   return TRUE;
@@ -120,10 +135,12 @@ int WINAPI FillRect(HDC dc, const RECT* rect, HBRUSH brush) {
 
 BOOL WINAPI MoveToEx(HDC dc, int x, int y, POINT* previous) {
   const UsedContext context(dc);
-  if (!context)
+  if (!context) {
     return FALSE;
-  if (previous != nullptr)
+  }
+  if (previous != nullptr) {
     *previous = context->position;
+  }
   context->position = {x, y};
   return TRUE;
 }
@@ -131,8 +148,9 @@ BOOL WINAPI MoveToEx(HDC dc, int x, int y, POINT* previous) {
 BOOL WINAPI LineTo(HDC dc, int x, int y) {
   return Guarded<BOOL>(FALSE, [&]() -> BOOL {
     const UsedContext context(dc, Purpose::DRAWING);
-    if (!context)
+    if (!context) {
       return FALSE;
+    }
     const std::array<POINT, 2> points = {context->position, POINT{x, y}};
     DrawLines(*context, points, Closing::OPEN);
     context->position = {x, y};
@@ -143,8 +161,9 @@ BOOL WINAPI LineTo(HDC dc, int x, int y) {
 BOOL WINAPI Polyline(HDC dc, const POINT* points, int count) {
   return Guarded<BOOL>(FALSE, [&]() -> BOOL {
     const UsedContext context(dc, Purpose::DRAWING);
-    if (!context || points == nullptr || count < 2)
+    if (!context || points == nullptr || count < 2) {
       return FALSE;
+    }
     DrawLines(*context, {points, static_cast<std::size_t>(count)}, Closing::OPEN);
     return TRUE;
   });
@@ -153,11 +172,13 @@ BOOL WINAPI Polyline(HDC dc, const POINT* points, int count) {
 BOOL WINAPI Rectangle(HDC dc, int left, int top, int right, int bottom) {
   return Guarded<BOOL>(FALSE, [&]() -> BOOL {
     const UsedContext context(dc, Purpose::DRAWING);
-    if (!context)
+    if (!context) {
       return FALSE;
+    }
     const RECT rect = Ordered(left, top, right, bottom);
-    if (!IsEmpty(rect))
+    if (!IsEmpty(rect)) {
       DrawRectangle(*context, rect);
+    }
     return TRUE;
   });
 }
@@ -166,8 +187,9 @@ BOOL WINAPI RoundRect(HDC dc, int left, int top, int right, int bottom, int corn
                       int cornerHeight) {
   return Guarded<BOOL>(FALSE, [&]() -> BOOL {
     const UsedContext context(dc, Purpose::DRAWING);
-    if (!context)
+    if (!context) {
       return FALSE;
+    }
     DrawRounded(*context, Ordered(left, top, right, bottom), cornerWidth, cornerHeight);
     return TRUE;
   });
@@ -180,12 +202,14 @@ BOOL WINAPI Ellipse(HDC dc, int left, int top, int right, int bottom) {
 
 COLORREF WINAPI SetPixel(HDC dc, int x, int y, COLORREF color) {
   const UsedContext context(dc, Purpose::DRAWING);
-  if (!context)
+  if (!context) {
     return CLR_INVALID;
+  }
   const Target target = context->Drawing();
   const std::uint32_t pixel = target.raster.PixelFrom(color);
-  if (target.Contains(x, y))
+  if (target.Contains(x, y)) {
     target.raster.Set(x, y, pixel);
+  }
   const std::uint32_t argb =
       target.raster.format == PixelFormat::ARGB8888 ? pixel : ArgbFrom555(pixel);
   return RGB(static_cast<BYTE>(argb >> 16), static_cast<BYTE>(argb >> 8), static_cast<BYTE>(argb));
@@ -193,11 +217,13 @@ COLORREF WINAPI SetPixel(HDC dc, int x, int y, COLORREF color) {
 
 COLORREF WINAPI GetPixel(HDC dc, int x, int y) {
   const UsedContext context(dc);
-  if (!context)
+  if (!context) {
     return CLR_INVALID;
+  }
   const Raster& raster = context->Pixels();
-  if (x < 0 || y < 0 || x >= raster.width || y >= raster.height)
+  if (x < 0 || y < 0 || x >= raster.width || y >= raster.height) {
     return CLR_INVALID;
+  }
   return raster.ColorAt(x, y);
 }
 

@@ -29,10 +29,12 @@ class EllipseWalk {
   Move Next() {
     const std::int64_t doubled = 2 * error;
     const Move move = {doubled >= xSlope, doubled <= ySlope};
-    if (move.inward)
+    if (move.inward) {
       error += xSlope += xCurve;
-    if (move.upward)
+    }
+    if (move.upward) {
       error += ySlope += yCurve;
+    }
     return move;
   }
 
@@ -53,10 +55,12 @@ std::vector<POINT> QuarterOf(int width, int height) {
   while (point.x >= width / 2) {
     points.push_back(point);
     const EllipseWalk::Move move = walk.Next();
-    if (move.inward)
+    if (move.inward) {
       --point.x;
-    if (move.upward)
+    }
+    if (move.upward) {
       ++point.y;
+    }
   }
   return points;
 }
@@ -65,8 +69,9 @@ std::vector<POINT> QuarterOf(int width, int height) {
 template <typename Mirror>
 void AppendMirrored(std::vector<POINT>& points, bool sharesMiddle, Mirror mirror) {
   const std::size_t count = points.size() - (sharesMiddle ? 1 : 0);
-  for (std::size_t i = count; i-- > 0;)
+  for (std::size_t i = count; i-- > 0;) {
     points.push_back(mirror(points[i]));
+  }
 }
 
 }  // namespace
@@ -78,17 +83,21 @@ std::vector<int> EllipseInsets(int width, int height) {
   int row = height / 2;
   while (inset <= width / 2) {
     const EllipseWalk::Move move = walk.Next();
-    if (move.inward)
+    if (move.inward) {
       ++inset;
-    if (move.upward && ++row < height)
+    }
+    if (move.upward && ++row < height) {
       insets[static_cast<std::size_t>(row)] = inset;
+    }
   }
   // Where an ellipse is very narrow, its curve closes before it gets to the end; nothing lies in the rows behind.
-  for (++row; row < height; ++row)
+  for (++row; row < height; ++row) {
     insets[static_cast<std::size_t>(row)] = (width + 1) / 2;
+  }
   // The walk covered the lower half.
-  for (int i = 0; i < height / 2; ++i)
+  for (int i = 0; i < height / 2; ++i) {
     insets[static_cast<std::size_t>(i)] = insets[static_cast<std::size_t>(height - 1 - i)];
+  }
   return insets;
 }
 

@@ -55,8 +55,9 @@ struct Steps {
 
 /// Steps whose coordinate start + sign * place lies in [low, high).
 Steps PlacesInside(std::int64_t start, int sign, std::int64_t low, std::int64_t high) {
-  if (sign > 0)
+  if (sign > 0) {
     return {low - start, high - start};
+  }
   return {start - high + 1, start - low + 1};
 }
 
@@ -67,12 +68,15 @@ Steps VisibleSteps(const Walk& walk, POINT from, const RECT& clip) {
   const Steps& along = walk.isSteep ? inY : inX;
   const Steps& across = walk.isSteep ? inX : inY;
   Steps steps = {std::max<std::int64_t>(along.begin, 0), std::min(along.end, walk.length)};
-  if (across.end <= 0)
+  if (across.end <= 0) {
     return {0, 0};
-  if (walk.sideways == 0)
+  }
+  if (walk.sideways == 0) {
     return across.begin > 0 ? Steps{0, 0} : steps;
-  if (across.begin > 0)
+  }
+  if (across.begin > 0) {
     steps.begin = std::max(steps.begin, walk.FirstStepAt(across.begin));
+  }
   steps.end = std::min(steps.end, walk.FirstStepAt(across.end));
   return steps;
 }
@@ -81,11 +85,13 @@ Steps VisibleSteps(const Walk& walk, POINT from, const RECT& clip) {
 template <typename Plot>
 void WalkLine(const Target& target, POINT from, POINT to, Plot plot) {
   const Walk walk(from, to);
-  if (walk.length == 0)
+  if (walk.length == 0) {
     return;
+  }
   const Steps steps = VisibleSteps(walk, from, target.clip);
-  if (steps.begin >= steps.end)
+  if (steps.begin >= steps.end) {
     return;
+  }
   std::int64_t place = walk.SidewaysAt(steps.begin);
   // Remainder of the division in SidewaysAt, kept up to date by addition.
   std::int64_t rest = 2 * steps.begin * walk.sideways + walk.length - (walk.roundsHalfOn ? 0 : 1) -
@@ -126,10 +132,11 @@ void DrawDashedLine(const Target& target, POINT from, POINT to, std::uint32_t pi
                     const std::uint32_t* gap, DashPosition& dashes) {
   WalkLine(target, from, to, [&](int x, int y, std::int64_t step) {
     const bool isDash = (dashes.offset + step) % DASH_PERIOD < DASH_LENGTH;
-    if (isDash)
+    if (isDash) {
       target.raster.Set(x, y, pixel);
-    else if (gap != nullptr)
+    } else if (gap != nullptr) {
       target.raster.Set(x, y, *gap);
+    }
   });
   const std::int64_t length =
       std::max(std::llabs(std::int64_t{to.x} - from.x), std::llabs(std::int64_t{to.y} - from.y));

@@ -29,10 +29,12 @@ Handle Make(Arguments... arguments) {
 template <typename Data>
 int Describe(const Data& description, int size, LPVOID data) {
   constexpr int WHOLE = sizeof(Data);
-  if (data == nullptr)
+  if (data == nullptr) {
     return WHOLE;
-  if (size < WHOLE)
+  }
+  if (size < WHOLE) {
     return 0;
+  }
   std::memcpy(data, &description, sizeof(Data));
   return WHOLE;
 }
@@ -60,33 +62,41 @@ HDC WindowContext(HWND window) {
 /// The masks that follow the header must name the format that the bit count stands for anyway.
 bool HasKnownMasks(const BITMAPINFO& info) {
   const BITMAPINFOHEADER& header = info.bmiHeader;
-  if (header.biCompression == BI_RGB)
+  if (header.biCompression == BI_RGB) {
     return true;
-  if (header.biCompression != BI_BITFIELDS && header.biCompression != BI_ALPHABITFIELDS)
+  }
+  if (header.biCompression != BI_BITFIELDS && header.biCompression != BI_ALPHABITFIELDS) {
     return false;
+  }
   DWORD masks[3];
   std::memcpy(masks, reinterpret_cast<const BYTE*>(&info) + sizeof(BITMAPINFOHEADER),
               sizeof(masks));
-  if (header.biBitCount == 16)
+  if (header.biBitCount == 16) {
     return masks[0] == 0x7C00 && masks[1] == 0x03E0 && masks[2] == 0x1F;
+  }
   return masks[0] == 0x00FF0000 && masks[1] == 0x0000FF00 && masks[2] == 0x000000FF;
 }
 
 std::shared_ptr<Bitmap> MakeSection(const BITMAPINFO* info) {
-  if (info == nullptr)
+  if (info == nullptr) {
     return nullptr;
+  }
   const BITMAPINFOHEADER& header = info->bmiHeader;
-  if (header.biSize < sizeof(BITMAPINFOHEADER) || header.biPlanes != 1)
+  if (header.biSize < sizeof(BITMAPINFOHEADER) || header.biPlanes != 1) {
     return nullptr;
-  if (header.biBitCount != 16 && header.biBitCount != 32)
+  }
+  if (header.biBitCount != 16 && header.biBitCount != 32) {
     return nullptr;
-  if (!HasKnownMasks(*info) || header.biHeight == INT32_MIN)
+  }
+  if (!HasKnownMasks(*info) || header.biHeight == INT32_MIN) {
     return nullptr;
+  }
   const std::shared_ptr<Bitmap> bitmap = MakeBitmap(
       header.biWidth, std::abs(header.biHeight),
       header.biBitCount == 16 ? PixelFormat::RGB555 : PixelFormat::ARGB8888, header.biHeight < 0);
-  if (bitmap != nullptr)
+  if (bitmap != nullptr) {
     bitmap->isSection = true;
+  }
   return bitmap;
 }
 
@@ -97,12 +107,15 @@ std::shared_ptr<Bitmap> MakeCompatible(const DeviceContext& context, int width, 
   const std::shared_ptr<Bitmap> bitmap =
       isEmpty ? MakeBitmap(1, 1, PixelFormat::ARGB8888, true)
               : MakeBitmap(std::abs(width), std::abs(height), context.Pixels().format, true);
-  if (bitmap == nullptr)
+  if (bitmap == nullptr) {
     return nullptr;
-  if (isMonochrome)
+  }
+  if (isMonochrome) {
     bitmap->bitsPerPixel = 1;
-  if (context.IsMemory())
+  }
+  if (context.IsMemory()) {
     bitmap->isSection = context.bitmap->isSection && !isMonochrome;
+  }
   return bitmap;
 }
 
@@ -121,15 +134,17 @@ HDC WINAPI GetWindowDC(HWND window) {
 
 int WINAPI ReleaseDC(HWND, HDC dc) {
   const auto context = ObjectTable::Instance().Find<DeviceContext>(dc);
-  if (context == nullptr || context->IsMemory())
+  if (context == nullptr || context->IsMemory()) {
     return 0;
+  }
   return DeleteContext(dc) ? 1 : 0;
 }
 
 HDC WINAPI CreateCompatibleDC(HDC dc) {
   return Guarded<HDC>(nullptr, [&]() -> HDC {
-    if (dc != nullptr && ObjectTable::Instance().Find<DeviceContext>(dc) == nullptr)
+    if (dc != nullptr && ObjectTable::Instance().Find<DeviceContext>(dc) == nullptr) {
       return nullptr;
+    }
     return AddContext(nullptr);
   });
 }
@@ -139,8 +154,9 @@ BOOL WINAPI DeleteDC(HDC dc) {
 }
 
 int WINAPI GetDeviceCaps(HDC dc, int index) {
-  if (ObjectTable::Instance().Find<DeviceContext>(dc) == nullptr)
+  if (ObjectTable::Instance().Find<DeviceContext>(dc) == nullptr) {
     return 0;
+  }
   const Screen screen = CurrentScreen();
   switch (index) {
     case HORZRES:
@@ -165,19 +181,23 @@ HGDIOBJ WINAPI SelectObject(HDC dc, HGDIOBJ object) {
 
 BOOL WINAPI DeleteObject(HGDIOBJ object) {
   ObjectTable& table = ObjectTable::Instance();
-  if (table.Find<DeviceContext>(object) != nullptr)
+  if (table.Find<DeviceContext>(object) != nullptr) {
     return DeleteContext(static_cast<HDC>(object));
+  }
   return table.Delete(object);
 }
 
 int WINAPI GetObjectW(HANDLE object, int size, LPVOID data) {
   const std::shared_ptr<Object> found = ObjectTable::Instance().Find(object);
-  if (found == nullptr)
+  if (found == nullptr) {
     return 0;
-  if (found->kind == ObjectKind::BITMAP)
+  }
+  if (found->kind == ObjectKind::BITMAP) {
     return Describe(DescriptionOf(static_cast<const Bitmap&>(*found)), size, data);
-  if (found->kind == ObjectKind::FONT)
+  }
+  if (found->kind == ObjectKind::FONT) {
     return Describe(static_cast<const Font&>(*found).description, size, data);
+  }
   return 0;
 }
 
@@ -187,14 +207,17 @@ HGDIOBJ WINAPI GetStockObject(int index) {
 
 HBITMAP WINAPI CreateDIBSection(HDC, const BITMAPINFO* info, UINT, LPVOID* bits, HANDLE, DWORD) {
   return Guarded<HBITMAP>(nullptr, [&]() -> HBITMAP {
-    if (bits != nullptr)
+    if (bits != nullptr) {
       *bits = nullptr;
+    }
     const std::shared_ptr<Bitmap> bitmap = MakeSection(info);
-    if (bitmap == nullptr)
+    if (bitmap == nullptr) {
       return Fail<HBITMAP>(ERROR_INVALID_PARAMETER, nullptr);
+    }
     const auto handle = static_cast<HBITMAP>(ObjectTable::Instance().Add(bitmap));
-    if (handle != nullptr && bits != nullptr)
+    if (handle != nullptr && bits != nullptr) {
       *bits = bitmap->memory.get();
+    }
     return handle;
   });
 }
@@ -202,16 +225,18 @@ HBITMAP WINAPI CreateDIBSection(HDC, const BITMAPINFO* info, UINT, LPVOID* bits,
 HBITMAP WINAPI CreateCompatibleBitmap(HDC dc, int width, int height) {
   return Guarded<HBITMAP>(nullptr, [&]() -> HBITMAP {
     const UsedContext context(dc);
-    if (!context)
+    if (!context) {
       return nullptr;
+    }
     const std::shared_ptr<Bitmap> bitmap = MakeCompatible(*context, width, height);
     return bitmap == nullptr ? nullptr : static_cast<HBITMAP>(ObjectTable::Instance().Add(bitmap));
   });
 }
 
 HPEN WINAPI CreatePen(int style, int width, COLORREF color) {
-  if (style == PS_NULL)
+  if (style == PS_NULL) {
     return static_cast<HPEN>(GetStockObject(NULL_PEN));
+  }
   const int pixels = std::max(std::abs(width), 1);
   // Only thin pens come in dashes; what is not known is solid.
   const int known = style == PS_DASH && pixels == 1 ? PS_DASH : PS_SOLID;
@@ -229,22 +254,25 @@ HFONT WINAPI CreateFontIndirectW(const LOGFONTW* description) {
 HRGN WINAPI CreateRectRgn(int left, int top, int right, int bottom) {
   RECT rect = {std::min(left, right), std::min(top, bottom), std::max(left, right),
                std::max(top, bottom)};
-  if (IsEmpty(rect))
+  if (IsEmpty(rect)) {
     rect = {0, 0, 0, 0};
+  }
   return Make<HRGN, Region>(rect);
 }
 
 int WINAPI SelectClipRgn(HDC dc, HRGN region) {
   const UsedContext context(dc);
-  if (!context)
+  if (!context) {
     return RGN_ERROR;
+  }
   if (region == nullptr) {
     context->clip.reset();
     return SIMPLEREGION;
   }
   const auto found = ObjectTable::Instance().Find<Region>(region);
-  if (found == nullptr)
+  if (found == nullptr) {
     return RGN_ERROR;
+  }
   return static_cast<int>(reinterpret_cast<LONG_PTR>(SelectInto(*context, found)));
 }
 
@@ -255,8 +283,9 @@ COLORREF WINAPI SetTextColor(HDC dc, COLORREF color) {
 
 int WINAPI SetBkMode(HDC dc, int mode) {
   const UsedContext context(dc);
-  if (!context || (mode != TRANSPARENT && mode != OPAQUE))
+  if (!context || (mode != TRANSPARENT && mode != OPAQUE)) {
     return 0;
+  }
   return std::exchange(context->backgroundMode, mode);
 }
 

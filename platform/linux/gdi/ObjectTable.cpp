@@ -65,8 +65,9 @@ HGDIOBJ ObjectTable::Add(std::shared_ptr<Object> object) {
     index = vacant.back();
     vacant.pop_back();
   } else {
-    if (slots.size() > MAX_SLOTS)
+    if (slots.size() > MAX_SLOTS) {
       return nullptr;
+    }
     index = static_cast<std::uint32_t>(slots.size());
     slots.emplace_back();
   }
@@ -81,11 +82,13 @@ HGDIOBJ ObjectTable::Add(std::shared_ptr<Object> object) {
 const ObjectTable::Slot* ObjectTable::SlotOf(HGDIOBJ handle) const {
   const auto value = reinterpret_cast<std::uintptr_t>(handle);
   const std::size_t index = value & INDEX_MASK;
-  if (index >= slots.size())
+  if (index >= slots.size()) {
     return nullptr;
+  }
   const Slot& slot = slots[index];
-  if (slot.object == nullptr || slot.object->handle != handle)
+  if (slot.object == nullptr || slot.object->handle != handle) {
     return nullptr;
+  }
   return &slot;
 }
 
@@ -114,24 +117,29 @@ bool ObjectTable::Delete(HGDIOBJ handle) {
   std::shared_ptr<Object> doomed;
   const std::lock_guard lock(mutex);
   Slot* slot = SlotOf(handle);
-  if (slot == nullptr)
+  if (slot == nullptr) {
     return false;
-  if (slot->object->isStock)
+  }
+  if (slot->object->isStock) {
     return true;
-  if (slot->object->selections > 0)
+  }
+  if (slot->object->selections > 0) {
     slot->object->isDeletePending = true;
-  else
+  } else {
     doomed = Vacate(*slot);
+  }
   return true;
 }
 
 bool ObjectTable::Select(Object& object, bool isExclusive) {
   const std::lock_guard lock(mutex);
   const Slot* slot = SlotOf(object.handle);
-  if (slot == nullptr || slot->object.get() != &object)
+  if (slot == nullptr || slot->object.get() != &object) {
     return false;
-  if (isExclusive && object.selections > 0 && !object.isStock)
+  }
+  if (isExclusive && object.selections > 0 && !object.isStock) {
     return false;
+  }
   ++object.selections;
   return true;
 }
@@ -140,8 +148,9 @@ void ObjectTable::Deselect(Object& object) {
   std::shared_ptr<Object> doomed;
   const std::lock_guard lock(mutex);
   --object.selections;
-  if (object.isDeletePending && object.selections == 0)
+  if (object.isDeletePending && object.selections == 0) {
     doomed = Vacate(*SlotOf(object.handle));
+  }
 }
 
 int ObjectTable::Count() const {

@@ -22,8 +22,9 @@ class ObjectTable {
   template <typename Kind>
   std::shared_ptr<Kind> Find(HGDIOBJ handle) const {
     std::shared_ptr<Object> object = Find(handle);
-    if (object == nullptr || object->kind != Kind::KIND)
+    if (object == nullptr || object->kind != Kind::KIND) {
       return nullptr;
+    }
     return std::static_pointer_cast<Kind>(std::move(object));
   }
 

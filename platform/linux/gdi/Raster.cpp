@@ -25,8 +25,9 @@ template <typename Pixel>
 void FillColumns(const Raster& raster, const RECT& rect, Pixel pixel) {
   auto* row = reinterpret_cast<std::uint8_t*>(raster.Row<Pixel>(rect.top));
   for (LONG y = rect.top; y < rect.bottom; ++y, row += raster.pitch) {
-    for (LONG x = rect.left; x < rect.right; ++x)
+    for (LONG x = rect.left; x < rect.right; ++x) {
       reinterpret_cast<Pixel*>(row)[x] = pixel;
+    }
   }
 }
 
@@ -34,10 +35,12 @@ void FillColumns(const Raster& raster, const RECT& rect, Pixel pixel) {
 
 std::uint32_t ArgbFromColor(COLORREF color) {
   const std::uint32_t index = color & 0xFFFF;
-  if ((color & 0xFFFF0000) == TABLE_INDEX)
+  if ((color & 0xFFFF0000) == TABLE_INDEX) {
     return 0;
-  if ((color & PALETTE_INDEX) != 0)
+  }
+  if ((color & PALETTE_INDEX) != 0) {
     return index < STANDARD_PALETTE.size() ? STANDARD_PALETTE[index] : 0;
+  }
   return (GetRValue(color) << 16) | (GetGValue(color) << 8) | GetBValue(color);
 }
 
@@ -54,18 +57,20 @@ COLORREF Raster::ColorAt(int x, int y) const {
 }
 
 void Raster::Set(int x, int y, std::uint32_t pixel) const {
-  if (format == PixelFormat::RGB555)
+  if (format == PixelFormat::RGB555) {
     Row<std::uint16_t>(y)[x] = static_cast<std::uint16_t>(pixel);
-  else
+  } else {
     Row<std::uint32_t>(y)[x] = pixel;
+  }
 }
 
 void Raster::Fill(const RECT& rect, std::uint32_t pixel) const {
   if (rect.right - rect.left <= FEW_COLUMNS) {
-    if (format == PixelFormat::RGB555)
+    if (format == PixelFormat::RGB555) {
       FillColumns(*this, rect, static_cast<std::uint16_t>(pixel));
-    else
+    } else {
       FillColumns(*this, rect, pixel);
+    }
     return;
   }
   // pixman wants a start and rows that go up in memory. The order of rows does not matter to a fill, so a

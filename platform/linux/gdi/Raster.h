@@ -91,8 +91,9 @@ struct Target {
   /// Clipped fill.
   void Fill(const RECT& rect, std::uint32_t pixel) const {
     const RECT visible = Intersect(rect, clip);
-    if (!IsEmpty(visible))
+    if (!IsEmpty(visible)) {
       raster.Fill(visible, pixel);
+    }
   }
 };
 

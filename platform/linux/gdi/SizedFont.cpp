@@ -100,8 +100,9 @@ void SizedFont::SetSize(LONG height) {
   LONG pixelsPerEm = std::labs(height);
   if (height > 0) {
     pixelsPerEm = MulDiv(face->units_per_EM, height, metrics.Total());
-    if (MulDiv(pixelsPerEm, metrics.Total(), face->units_per_EM) > height)
+    if (MulDiv(pixelsPerEm, metrics.Total(), face->units_per_EM) > height) {
       --pixelsPerEm;
+    }
     pixelsPerEm = std::max<LONG>(pixelsPerEm, 1);
   }
   FT_Set_Pixel_Sizes(face, 0, static_cast<FT_UInt>(pixelsPerEm));

@@ -42,13 +42,15 @@ std::vector<Line> SplitLines(std::u16string_view text) {
       isLineOpen = true;
     }
     if (text[i] == u'\r' || text[i] == u'\n') {
-      if (text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n')
+      if (text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') {
         ++i;
+      }
       isLineOpen = false;
       continue;
     }
-    if (text[i] == u'&' && ++i == text.size())
+    if (text[i] == u'&' && ++i == text.size()) {
       break;
+    }
     char32_t character = text[i];
     if (IsLead(text[i]) && i + 1 < text.size() && IsTrail(text[i + 1])) {
       character = 0x10000 + ((character - 0xD800) << 10) + (text[++i] - 0xDC00u);
@@ -60,8 +62,9 @@ std::vector<Line> SplitLines(std::u16string_view text) {
 
 int WidthOf(SizedFont& font, const Line& line) {
   int width = 0;
-  for (const char32_t character : line)
+  for (const char32_t character : line) {
     width += font.GlyphOf(character).width;
+  }
   return width;
 }
 
@@ -82,8 +85,9 @@ std::uint32_t BlendChannel(std::uint32_t below, std::uint32_t text, int coverage
 
 std::uint32_t Blend(std::uint32_t below, std::uint32_t text, int coverage) {
   std::uint32_t result = 0;
-  for (const int shift : {16, 8, 0})
+  for (const int shift : {16, 8, 0}) {
     result |= BlendChannel(below >> shift & 255, text >> shift & 255, coverage) << shift;
+  }
   return result;
 }
 
@@ -101,9 +105,11 @@ class GlyphPainter {
     for (LONG y = visible.top; y < visible.bottom; ++y) {
       const std::uint8_t* coverage =
           glyph.coverage.data() + static_cast<std::ptrdiff_t>(y - top) * glyph.columns - left;
-      for (LONG x = visible.left; x < visible.right; ++x)
-        if (coverage[x] >= LEAST_COVERAGE)
+      for (LONG x = visible.left; x < visible.right; ++x) {
+        if (coverage[x] >= LEAST_COVERAGE) {
           Cover(x, y, coverage[x]);
+        }
+      }
     }
   }
 
@@ -143,8 +149,9 @@ void DrawLine(const GlyphPainter& painter, SizedFont& font, const Line& line, LO
 
 int Measure(SizedFont& font, const std::vector<Line>& lines, RECT& rect) {
   int width = 0;
-  for (const Line& line : lines)
+  for (const Line& line : lines) {
     width = std::max(width, WidthOf(font, line));
+  }
   const int height = static_cast<int>(lines.size()) * font.LineHeight();
   rect.right = rect.left + width;
   rect.bottom = rect.top + height;
@@ -154,15 +161,17 @@ int Measure(SizedFont& font, const std::vector<Line>& lines, RECT& rect) {
 int Draw(DeviceContext& context, SizedFont& font, const std::vector<Line>& lines, const RECT& rect,
          UINT format) {
   Target target = context.Drawing();
-  if ((format & DT_NOCLIP) == 0)
+  if ((format & DT_NOCLIP) == 0) {
     target.clip = Intersect(target.clip, rect);
+  }
   const GlyphPainter painter(target, context.textColor);
   const std::uint32_t background = target.raster.PixelFrom(BACKGROUND_COLOR);
   LONG y = rect.top;
   for (const Line& line : lines) {
-    if (context.backgroundMode == OPAQUE)
+    if (context.backgroundMode == OPAQUE) {
       target.Fill({rect.left, y, rect.left + WidthOf(font, line), y + font.LineHeight()},
                   background);
+    }
     DrawLine(painter, font, line, rect.left, y);
     y += font.LineHeight();
   }
@@ -179,8 +188,9 @@ int WINAPI DrawTextW(HDC dc, LPCWSTR text, int length, RECT* rect, UINT format) 
     const bool isDrawing = (format & DT_CALCRECT) == 0;
     const UsedContext context(
         dc, isDrawing ? UsedContext::Purpose::DRAWING : UsedContext::Purpose::STATE);
-    if (!context || text == nullptr || rect == nullptr)
+    if (!context || text == nullptr || rect == nullptr) {
       return 0;
+    }
     const std::u16string_view whole =
         length < 0 ? std::u16string_view(text)
                    : std::u16string_view(text, static_cast<std::size_t>(length));

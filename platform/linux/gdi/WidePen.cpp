@@ -37,8 +37,9 @@ class Side {
   /// How many rows from here on have the same column, as far as that is quick to tell; at least 1.
   std::int64_t RowsAlike() const {
     constexpr std::int64_t MANY = 8;
-    if (step != 0 || stepRest * MANY > height)
+    if (step != 0 || stepRest * MANY > height) {
       return 1;
+    }
     return stepRest == 0 ? height : (height - rest + stepRest - 1) / stepRest;
   }
 
@@ -74,10 +75,11 @@ void FillBetween(const Target& target, Side one, Side other, LONG first, LONG la
     const std::int64_t right =
         std::min<std::int64_t>(std::max(one.GetX(), other.GetX()), target.clip.right);
     const std::int64_t rows = std::min({one.RowsAlike(), other.RowsAlike(), last - y});
-    if (left < right)
+    if (left < right) {
       target.raster.Fill({static_cast<LONG>(left), static_cast<LONG>(y), static_cast<LONG>(right),
                           static_cast<LONG>(y + rows)},
                          pixel);
+    }
     one.GoDown(rows);
     other.GoDown(rows);
     y += rows;
@@ -94,18 +96,21 @@ void FillQuad(const Target& target, const std::array<POINT, 4>& corners, std::ui
   for (std::size_t level = 1; level < levels.size(); ++level) {
     const LONG first = std::max(levels[level - 1], target.clip.top);
     const LONG last = std::min(levels[level], target.clip.bottom);
-    if (first >= last)
+    if (first >= last) {
       continue;
+    }
     std::array<std::optional<Side>, 2> sides;
     std::size_t found = 0;
     for (std::size_t i = 0; i < corners.size(); ++i) {
       const auto [upper, lower] = std::minmax(corners[i], corners[(i + 1) % corners.size()],
                                               [](POINT a, POINT b) { return a.y < b.y; });
-      if (upper.y <= first && first < lower.y && found < sides.size())
+      if (upper.y <= first && first < lower.y && found < sides.size()) {
         sides[found++].emplace(upper, lower, first);
+      }
     }
-    if (found == sides.size())
+    if (found == sides.size()) {
       FillBetween(target, *sides[0], *sides[1], first, last, pixel);
+    }
   }
 }
 
@@ -121,8 +126,9 @@ void WidePen::DrawDisc(const Target& target, POINT center, std::uint32_t pixel) 
   const LONG left = center.x - width / 2;
   const LONG top = center.y - width / 2;
   if (left >= target.clip.right || left + width <= target.clip.left || top >= target.clip.bottom ||
-      top + width <= target.clip.top)
+      top + width <= target.clip.top) {
     return;
+  }
   for (int row = 0; row < width; ++row) {
     const int inset = disc[static_cast<std::size_t>(row)];
     target.Fill({left + inset, top + row, left + width - inset, top + row + 1}, pixel);
@@ -132,8 +138,9 @@ void WidePen::DrawDisc(const Target& target, POINT center, std::uint32_t pixel) 
 void WidePen::DrawSegment(const Target& target, POINT from, POINT to, std::uint32_t pixel) const {
   const double dx = static_cast<double>(to.x) - from.x;
   const double dy = static_cast<double>(to.y) - from.y;
-  if (dx == 0 && dy == 0)
+  if (dx == 0 && dy == 0) {
     return;
+  }
   if (dy == 0) {
     const LONG top = from.y - width / 2;
     target.Fill({std::min(from.x, to.x), top, std::max(from.x, to.x), top + width}, pixel);
@@ -169,8 +176,9 @@ void WidePen::DrawSegment(const Target& target, POINT from, POINT to, std::uint3
 void WidePen::Draw(const Target& target, std::span<const POINT> points, std::uint32_t pixel) const {
   DrawDisc(target, points.front(), pixel);
   for (std::size_t i = 1; i < points.size(); ++i) {
-    if (i + 1 < points.size() && IsSame(points[i - 1], points[i]))
+    if (i + 1 < points.size() && IsSame(points[i - 1], points[i])) {
       continue;
+    }
     DrawSegment(target, points[i - 1], points[i], pixel);
     DrawDisc(target, points[i], pixel);
   }

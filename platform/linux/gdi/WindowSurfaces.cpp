@@ -21,8 +21,9 @@ std::uint64_t NextVersion() {
 void CopyCorner(const Raster& from, const Raster& to) {
   const int width = std::min(from.width, to.width);
   const int height = std::min(from.height, to.height);
-  for (int y = 0; y < height; ++y)
+  for (int y = 0; y < height; ++y) {
     std::copy_n(from.Row<const std::uint32_t>(y), width, to.Row<std::uint32_t>(y));
+  }
 }
 
 }  // namespace
@@ -53,8 +54,9 @@ std::shared_ptr<WindowSurface> WindowSurfaces::Of(HWND window) {
     rect = {0, 0, screen.width, screen.height};
   } else {
     const std::optional<Window> found = WindowTable::Instance().Find(window);
-    if (!found)
+    if (!found) {
       return nullptr;
+    }
     rect = found->rect;
   }
   const int width = std::max<int>(rect.right - rect.left, 0);
@@ -62,8 +64,9 @@ std::shared_ptr<WindowSurface> WindowSurfaces::Of(HWND window) {
 
   const std::lock_guard lock(mutex);
   std::shared_ptr<WindowSurface>& entry = surfaces[window];
-  if (entry != nullptr && entry->raster.width == width && entry->raster.height == height)
+  if (entry != nullptr && entry->raster.width == width && entry->raster.height == height) {
     return entry;
+  }
   auto fresh = std::make_shared<WindowSurface>(width, height);
   if (entry != nullptr) {
     const std::lock_guard pixelLock(entry->mutex);
@@ -94,22 +97,26 @@ namespace handheld {
 Pixels WindowPixels(HWND window) {
   const std::shared_ptr<gdi::WindowSurface> drawn =
       gdi::WindowSurfaces::Instance().Existing(window);
-  if (drawn == nullptr)
+  if (drawn == nullptr) {
     return {};
+  }
   const std::lock_guard lock(drawn->mutex);
-  if (!drawn->WasDrawnInto())
+  if (!drawn->WasDrawnInto()) {
     return {};
+  }
   Pixels pixels = {drawn->raster.width, drawn->raster.height, drawn->pixels};
-  for (std::uint32_t& pixel : pixels.rows)
+  for (std::uint32_t& pixel : pixels.rows) {
     pixel &= 0x00FFFFFF;
+  }
   return pixels;
 }
 
 std::uint64_t WindowPixelsVersion(HWND window) {
   const std::shared_ptr<gdi::WindowSurface> drawn =
       gdi::WindowSurfaces::Instance().Existing(window);
-  if (drawn == nullptr)
+  if (drawn == nullptr) {
     return 0;
+  }
   const std::lock_guard lock(drawn->mutex);
   return drawn->WasDrawnInto() ? drawn->version : 0;
 }
