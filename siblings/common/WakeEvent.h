@@ -19,7 +19,7 @@ class WakeEvent {
   bool IsRaised() const { return raised; }
 
   /// Readable while raised; for poll().
-  int Descriptor() const { return descriptor; }
+  int GetDescriptor() const { return descriptor; }
 
   /// Waits at most this long; true when the event is raised.
   bool WaitFor(int timeoutMs) const;

@@ -31,7 +31,7 @@ void WINAPI StopGPSAPI() {
 /// The newest position, never null; FixType is GPS_FIX_UNKNOWN when there is none. For one polling
 /// thread: the record stays at its address and keeps its content until the next call.
 const GPS_POSITION* WINAPI GetGPSPos() {
-  handedOut = reader.Position();
+  handedOut = reader.GetPosition();
   return &handedOut;
 }
 }

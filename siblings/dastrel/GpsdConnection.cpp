@@ -123,7 +123,7 @@ bool GpsdConnection::ConnectTo(const addrinfo& candidate) {
 /// True when the socket is ready (or broken, which the call that follows finds out).
 bool GpsdConnection::Await(short events, int timeoutMs) const {
   std::array<pollfd, 2> wanted = {
-      {{descriptor, events, 0}, {stop.Descriptor(), POLLIN, 0}},
+      {{descriptor, events, 0}, {stop.GetDescriptor(), POLLIN, 0}},
   };
   int ready;
   do {

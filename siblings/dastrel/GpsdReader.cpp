@@ -37,7 +37,7 @@ class GpsdReader::Session {
     return ending.wait_for(lock, patience, [this] { return ended; });
   }
 
-  GPS_POSITION Position() {
+  GPS_POSITION GetPosition() {
     const std::lock_guard lock(mutex);
     return latest.At(Clock::now());
   }
@@ -139,13 +139,13 @@ void GpsdReader::Stop() noexcept {
   }
 }
 
-GPS_POSITION GpsdReader::Position() const noexcept {
+GPS_POSITION GpsdReader::GetPosition() const noexcept {
   std::shared_ptr<Session> running;
   {
     const std::lock_guard lock(mutex);
     running = session;
   }
-  return running ? running->Position() : LatestPosition().At(Clock::now());
+  return running ? running->GetPosition() : LatestPosition().At(Clock::now());
 }
 
 }  // namespace dastrel

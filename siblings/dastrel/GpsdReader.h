@@ -26,7 +26,7 @@ class GpsdReader {
   void Stop() noexcept;
 
   /// The newest position as of now; without one (or when stopped) its FixType is GPS_FIX_UNKNOWN.
-  GPS_POSITION Position() const noexcept;
+  GPS_POSITION GetPosition() const noexcept;
 
  private:
   class Session;

@@ -11,10 +11,10 @@ namespace parlex {
 void Patience::AwaitDescriptor(int descriptor, short events, Clock::time_point deadline) {
   using std::chrono::milliseconds;
   // Rounded up, lest the last millisecond be spent spinning.
-  const auto left = std::chrono::ceil<milliseconds>(std::min(deadline, End()) - Clock::now());
+  const auto left = std::chrono::ceil<milliseconds>(std::min(deadline, GetEnd()) - Clock::now());
   const auto timeout = std::clamp<milliseconds::rep>(left.count(), 0, INT_MAX);
   std::array<pollfd, 2> wanted = {
-      {{descriptor, events, 0}, {changed.Descriptor(), POLLIN, 0}},
+      {{descriptor, events, 0}, {changed.GetDescriptor(), POLLIN, 0}},
   };
   poll(wanted.data(), wanted.size(), static_cast<int>(timeout));
   if (wanted[1].revents) {

@@ -19,9 +19,9 @@ class Patience {
     changed.Raise();
   }
 
-  Clock::time_point End() const { return end; }
+  Clock::time_point GetEnd() const { return end; }
 
-  bool IsOver() const { return Clock::now() >= End(); }
+  bool IsOver() const { return Clock::now() >= GetEnd(); }
 
   /// By the worker: waits for one of `events` on the descriptor, until `deadline` or until the end
   /// is changed.

@@ -13,7 +13,7 @@ using handheld::Burst;
 class BurstTest : public testing::Test {
  protected:
   void Add(const std::string& bytes, Burst::Duration at = 0ms) {
-    std::memcpy(burst.Free(), bytes.data(), bytes.size());
+    std::memcpy(burst.GetFreeSpace(), bytes.data(), bytes.size());
     burst.Add(bytes.size(), start + at);
   }
 
@@ -26,27 +26,27 @@ TEST_F(BurstTest, FillsUp) {
   EXPECT_TRUE(burst.IsEmpty());
   Add(std::string(31, 'x'));
   EXPECT_FALSE(burst.IsFull());
-  EXPECT_EQ(1u, burst.FreeSize());
+  EXPECT_EQ(1u, burst.GetFreeSize());
   Add("x");
   EXPECT_TRUE(burst.IsFull());
 }
 
 TEST_F(BurstTest, WaitsTheFullPauseInRealTime) {
   Add("$GPRMC\r\n");
-  EXPECT_EQ(20ms, burst.Pause(1));
-  EXPECT_EQ(20ms, burst.Pause(0.5));
+  EXPECT_EQ(20ms, burst.GetPause(1));
+  EXPECT_EQ(20ms, burst.GetPause(0.5));
 }
 
 TEST_F(BurstTest, WaitsLessAfterACompleteLineWhenTimeRunsFaster) {
   Add("$GPRMC\r\n");
-  EXPECT_EQ(2ms, burst.Pause(10));
-  EXPECT_EQ(200us, burst.Pause(1000));
-  EXPECT_EQ(200us, burst.Pause(1e9));
+  EXPECT_EQ(2ms, burst.GetPause(10));
+  EXPECT_EQ(200us, burst.GetPause(1000));
+  EXPECT_EQ(200us, burst.GetPause(1e9));
 }
 
 TEST_F(BurstTest, WaitsTheFullPauseInTheMiddleOfALine) {
   Add("$GPRMC\r\n$GP");
-  EXPECT_EQ(20ms, burst.Pause(1000));
+  EXPECT_EQ(20ms, burst.GetPause(1000));
 }
 
 TEST_F(BurstTest, IsOverdueAfterAQuarterOfASecond) {
@@ -58,13 +58,13 @@ TEST_F(BurstTest, IsOverdueAfterAQuarterOfASecond) {
 }
 
 TEST_F(BurstTest, KnowsItsWholeLines) {
-  EXPECT_EQ(0u, burst.WholeLines());
+  EXPECT_EQ(0u, burst.GetWholeLinesSize());
   Add("abc");
-  EXPECT_EQ(0u, burst.WholeLines());
+  EXPECT_EQ(0u, burst.GetWholeLinesSize());
   Add("\r\nde");
-  EXPECT_EQ(5u, burst.WholeLines());
+  EXPECT_EQ(5u, burst.GetWholeLinesSize());
   Add("\n");
-  EXPECT_EQ(8u, burst.WholeLines());
+  EXPECT_EQ(8u, burst.GetWholeLinesSize());
 }
 
 }  // namespace

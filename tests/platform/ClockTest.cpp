@@ -34,7 +34,7 @@ class ClockTest : public testing::Test {
 [[noreturn]] void ExitWithClockDifference() {
   const auto machine = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
   const std::chrono::seconds clock(
-      (handheld::Clock::Instance().Now() - handheld::Calendar::UNIX_EPOCH) / 10'000'000);
+      (handheld::Clock::Instance().GetNow() - handheld::Calendar::UNIX_EPOCH) / 10'000'000);
   const auto difference = clock - machine.time_since_epoch();
   std::exit(difference >= std::chrono::seconds(0) && difference < std::chrono::hours(1) ? 10 : 20);
 }
@@ -57,35 +57,35 @@ TEST_F(ClockTest, StandsWhenStopped) {
 
 TEST_F(ClockTest, RunsOnFromTheMomentItIsSetTo) {
   handheld::SetClock(NOON);
-  const auto before = handheld::Clock::Instance().Now();
+  const auto before = handheld::Clock::Instance().GetNow();
   Sleep(2);
-  EXPECT_GE(handheld::Clock::Instance().Now(), before + 20'000);
+  EXPECT_GE(handheld::Clock::Instance().GetNow(), before + 20'000);
 }
 
 TEST_F(ClockTest, RunsAtTheTimeRate) {
   handheld::SetClock(NOON);
   handheld::SetTimeRate(1e6);
-  const auto before = handheld::Clock::Instance().Now();
+  const auto before = handheld::Clock::Instance().GetNow();
   std::this_thread::sleep_for(std::chrono::milliseconds(2));
   // 2 ms at a million times are 2000 s.
-  EXPECT_GE(handheld::Clock::Instance().Now() - before, 2000 * 10'000'000LL);
+  EXPECT_GE(handheld::Clock::Instance().GetNow() - before, 2000 * 10'000'000LL);
 }
 
 TEST_F(ClockTest, DoesNotJumpWhenTheRateChanges) {
   handheld::SetClockStopped(true);
   handheld::SetClock(NOON);
-  const auto before = handheld::Clock::Instance().Now();
+  const auto before = handheld::Clock::Instance().GetNow();
   handheld::SetTimeRate(1000);
-  EXPECT_EQ(before, handheld::Clock::Instance().Now());
+  EXPECT_EQ(before, handheld::Clock::Instance().GetNow());
   handheld::SetClockStopped(false);
-  EXPECT_GE(handheld::Clock::Instance().Now(), before);
+  EXPECT_GE(handheld::Clock::Instance().GetNow(), before);
 }
 
 TEST_F(ClockTest, IgnoresImpossibleRates) {
   for (const double rate : {0.0, -1.0, std::nan(""), HUGE_VAL}) {
     handheld::SetTimeRate(rate);
   }
-  EXPECT_EQ(1, handheld::Clock::Instance().Rate());
+  EXPECT_EQ(1, handheld::Clock::Instance().GetRate());
 }
 
 TEST_F(ClockTest, IgnoresImpossibleMoments) {

@@ -221,7 +221,7 @@ TEST(HistoryTest, KeepsTheLatest) {
   for (int i = 0; i < CAPACITY + 3; ++i) {
     history.Add(i);
   }
-  const std::vector<int> kept = history.All();
+  const std::vector<int> kept = history.GetAll();
   EXPECT_EQ(static_cast<std::size_t>(CAPACITY), kept.size());
   EXPECT_EQ(3, kept.front());
   EXPECT_EQ(CAPACITY + 2, kept.back());

@@ -44,8 +44,8 @@ TEST(Paths, KeepTheSpellingOfWhatIsMissing) {
 
 TEST(Paths, TellAMissingFileFromAMissingFolder) {
   const TemporaryFolder folder;
-  EXPECT_EQ(ERROR_FILE_NOT_FOUND, handheld::Locate(folder.Path("none")).MissingError());
-  EXPECT_EQ(ERROR_PATH_NOT_FOUND, handheld::Locate(folder.Path("none/none")).MissingError());
+  EXPECT_EQ(ERROR_FILE_NOT_FOUND, handheld::Locate(folder.Path("none")).GetMissingError());
+  EXPECT_EQ(ERROR_PATH_NOT_FOUND, handheld::Locate(folder.Path("none/none")).GetMissingError());
 }
 
 TEST(Paths, AFileIsNoFolder) {

@@ -30,53 +30,53 @@ PosixZone Rule(const std::string& text) {
 }
 
 TEST(PosixZoneTest, CountsHoursWestOfGreenwich) {
-  EXPECT_EQ(0, Rule("UTC0").OffsetAt(0));
-  EXPECT_EQ(3 * HOUR, Rule("MSK-3").OffsetAt(0));
-  EXPECT_EQ(-5 * HOUR, Rule("EST5").OffsetAt(0));
-  EXPECT_EQ(5 * HOUR + 45 * 60, Rule("<+0545>-5:45").OffsetAt(0));
-  EXPECT_EQ(-(HOUR + 62), Rule("ABC+1:01:02").OffsetAt(0));
+  EXPECT_EQ(0, Rule("UTC0").GetOffsetAt(0));
+  EXPECT_EQ(3 * HOUR, Rule("MSK-3").GetOffsetAt(0));
+  EXPECT_EQ(-5 * HOUR, Rule("EST5").GetOffsetAt(0));
+  EXPECT_EQ(5 * HOUR + 45 * 60, Rule("<+0545>-5:45").GetOffsetAt(0));
+  EXPECT_EQ(-(HOUR + 62), Rule("ABC+1:01:02").GetOffsetAt(0));
 }
 
 TEST(PosixZoneTest, SummerBeginsAndEndsAtItsSundays) {
   const PosixZone zone = Rule("CET-1CEST,M3.5.0,M10.5.0/3");
   // In 2024 the last Sundays were 31 March and 27 October; both changes are at 1:00 UTC.
-  EXPECT_EQ(1 * HOUR, zone.OffsetAt(At(2024, 3, 31, 1) - 1));
-  EXPECT_EQ(2 * HOUR, zone.OffsetAt(At(2024, 3, 31, 1)));
-  EXPECT_EQ(2 * HOUR, zone.OffsetAt(At(2024, 10, 27, 1) - 1));
-  EXPECT_EQ(1 * HOUR, zone.OffsetAt(At(2024, 10, 27, 1)));
+  EXPECT_EQ(1 * HOUR, zone.GetOffsetAt(At(2024, 3, 31, 1) - 1));
+  EXPECT_EQ(2 * HOUR, zone.GetOffsetAt(At(2024, 3, 31, 1)));
+  EXPECT_EQ(2 * HOUR, zone.GetOffsetAt(At(2024, 10, 27, 1) - 1));
+  EXPECT_EQ(1 * HOUR, zone.GetOffsetAt(At(2024, 10, 27, 1)));
 }
 
 TEST(PosixZoneTest, SouthernSummerSpansTheNewYear) {
   const PosixZone zone = Rule("AEST-10AEDT,M10.1.0,M4.1.0/3");
-  EXPECT_EQ(11 * HOUR, zone.OffsetAt(At(2024, 1, 1)));
-  EXPECT_EQ(10 * HOUR, zone.OffsetAt(At(2024, 7, 1)));
-  EXPECT_EQ(11 * HOUR, zone.OffsetAt(At(2024, 12, 31, 23)));
+  EXPECT_EQ(11 * HOUR, zone.GetOffsetAt(At(2024, 1, 1)));
+  EXPECT_EQ(10 * HOUR, zone.GetOffsetAt(At(2024, 7, 1)));
+  EXPECT_EQ(11 * HOUR, zone.GetOffsetAt(At(2024, 12, 31, 23)));
 }
 
 TEST(PosixZoneTest, KnowsDaysOfTheYear) {
   // Day 60 without leap days is 1 March in every year; day 60 counted from 0 is it only in common
   // years.
   const PosixZone without = Rule("AAA0BBB,J60/0,J300/0");
-  EXPECT_EQ(0, without.OffsetAt(At(2024, 2, 29, 23)));
-  EXPECT_EQ(HOUR, without.OffsetAt(At(2024, 3, 1)));
-  EXPECT_EQ(HOUR, without.OffsetAt(At(2023, 3, 1)));
+  EXPECT_EQ(0, without.GetOffsetAt(At(2024, 2, 29, 23)));
+  EXPECT_EQ(HOUR, without.GetOffsetAt(At(2024, 3, 1)));
+  EXPECT_EQ(HOUR, without.GetOffsetAt(At(2023, 3, 1)));
   const PosixZone from0 = Rule("AAA0BBB,59/0,299/0");
-  EXPECT_EQ(HOUR, from0.OffsetAt(At(2024, 2, 29)));
-  EXPECT_EQ(0, from0.OffsetAt(At(2023, 2, 28, 23)));
+  EXPECT_EQ(HOUR, from0.GetOffsetAt(At(2024, 2, 29)));
+  EXPECT_EQ(0, from0.GetOffsetAt(At(2023, 2, 28, 23)));
 }
 
 TEST(PosixZoneTest, SummerMayHaveAnOffsetOfItsOwn) {
   const PosixZone zone = Rule("LHST-10:30LHDT-11,M10.1.0,M4.1.0");
-  EXPECT_EQ(11 * HOUR, zone.OffsetAt(At(2024, 1, 1)));
-  EXPECT_EQ(10 * HOUR + 30 * 60, zone.OffsetAt(At(2024, 7, 1)));
+  EXPECT_EQ(11 * HOUR, zone.GetOffsetAt(At(2024, 1, 1)));
+  EXPECT_EQ(10 * HOUR + 30 * 60, zone.GetOffsetAt(At(2024, 7, 1)));
 }
 
 TEST(PosixZoneTest, SummerWithoutRulesHasTheUsualOnes) {
   // Second Sunday in March, first in November.
   const PosixZone zone = Rule("EST5EDT");
-  EXPECT_EQ(-5 * HOUR, zone.OffsetAt(At(2024, 3, 10, 6, 59)));
-  EXPECT_EQ(-4 * HOUR, zone.OffsetAt(At(2024, 3, 10, 7)));
-  EXPECT_EQ(-5 * HOUR, zone.OffsetAt(At(2024, 11, 3, 6)));
+  EXPECT_EQ(-5 * HOUR, zone.GetOffsetAt(At(2024, 3, 10, 6, 59)));
+  EXPECT_EQ(-4 * HOUR, zone.GetOffsetAt(At(2024, 3, 10, 7)));
+  EXPECT_EQ(-5 * HOUR, zone.GetOffsetAt(At(2024, 11, 3, 6)));
 }
 
 TEST(PosixZoneTest, RefusesWhatIsNoRule) {
@@ -89,7 +89,7 @@ TEST(PosixZoneTest, RefusesWhatIsNoRule) {
 
 TEST(TimeZoneTest, UnknownNamesAreUtc) {
   for (const char* name : {"", "Nowhere/Town", "../../../etc/passwd", "/etc/passwd", "/none"}) {
-    EXPECT_EQ(0, TimeZone::FromName(name).OffsetAt(At(2024, 7, 1))) << name;
+    EXPECT_EQ(0, TimeZone::FromName(name).GetOffsetAt(At(2024, 7, 1))) << name;
   }
 }
 
@@ -114,7 +114,7 @@ TEST_P(DatabaseZone, AgreesWithTheCLibrary) {
     const time_t time = moment;
     tm local;
     localtime_r(&time, &local);
-    ASSERT_EQ(local.tm_gmtoff, zone.OffsetAt(moment)) << moment;
+    ASSERT_EQ(local.tm_gmtoff, zone.GetOffsetAt(moment)) << moment;
   }
 }
 
@@ -128,11 +128,11 @@ TEST(TimeZones, TheDatabaseIsKnownByName) {
     GTEST_SKIP() << "no time zone database on this machine";
   }
   handheld::SetTimeZone(":Europe/Moscow");
-  EXPECT_EQ(3 * HOUR, handheld::TimeZones::Instance().OffsetAt(handheld::Calendar::UNIX_EPOCH));
+  EXPECT_EQ(3 * HOUR, handheld::TimeZones::Instance().GetOffsetAt(handheld::Calendar::UNIX_EPOCH));
   handheld::SetTimeZone("Europe/Moscow");
-  EXPECT_EQ(3 * HOUR, handheld::TimeZones::Instance().OffsetAt(handheld::Calendar::UNIX_EPOCH));
+  EXPECT_EQ(3 * HOUR, handheld::TimeZones::Instance().GetOffsetAt(handheld::Calendar::UNIX_EPOCH));
   handheld::SetTimeZone(nullptr);
-  EXPECT_EQ(0, handheld::TimeZones::Instance().OffsetAt(handheld::Calendar::UNIX_EPOCH));
+  EXPECT_EQ(0, handheld::TimeZones::Instance().GetOffsetAt(handheld::Calendar::UNIX_EPOCH));
 }
 
 TEST(TimeZones, MayChangeWhileOthersConvert) {

@@ -229,7 +229,7 @@ TEST_F(Windows, StandInTheTable) {
   const auto entry = table.Find(window);
   ASSERT_TRUE(entry);
   EXPECT_TRUE(entry->isVisible);
-  EXPECT_EQ(1u, table.All().size());
+  EXPECT_EQ(1u, table.GetAll().size());
   DestroyWindow(window);
   EXPECT_FALSE(table.Find(window));
   EXPECT_FALSE(table.SetRect(window, {}));

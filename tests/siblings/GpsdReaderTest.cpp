@@ -77,7 +77,7 @@ class Server {
 bool Arrives(const GpsdReader& reader, double latitude, std::chrono::seconds patience = 10s) {
   const auto end = std::chrono::steady_clock::now() + patience;
   while (std::chrono::steady_clock::now() < end) {
-    const GPS_POSITION record = reader.Position();
+    const GPS_POSITION record = reader.GetPosition();
     if (record.dblLatitude == latitude && (record.FixType != GPS_FIX_UNKNOWN) == (latitude != 0)) {
       return true;
     }
@@ -176,14 +176,14 @@ TEST(GpsdReaderTest, StoppingWithoutStartingIsHarmless) {
   GpsdReader reader;
   reader.Stop();
   reader.Stop();
-  EXPECT_EQ(reader.Position().FixType, GPS_FIX_UNKNOWN);
-  EXPECT_EQ(reader.Position().dwSize, 344u);
+  EXPECT_EQ(reader.GetPosition().FixType, GPS_FIX_UNKNOWN);
+  EXPECT_EQ(reader.GetPosition().dwSize, 344u);
 }
 
 TEST(GpsdReaderTest, NonsenseAddressLeavesThePositionUnknown) {
   GpsdReader reader;
   reader.Start("256.1.1.1:not-a-port");
-  EXPECT_EQ(reader.Position().FixType, GPS_FIX_UNKNOWN);
+  EXPECT_EQ(reader.GetPosition().FixType, GPS_FIX_UNKNOWN);
 }
 
 }  // namespace

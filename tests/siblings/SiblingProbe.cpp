@@ -61,7 +61,7 @@ std::string FromHex(const std::string& hex) {
   return bytes;
 }
 
-std::string Position() {
+std::string GetPosition() {
   const GPS_POSITION* const record = getGpsPos();
   const std::string hex = ToHex(reinterpret_cast<const unsigned char*>(record), sizeof *record);
   return getGpsPos() == record ? hex : "the record has moved";
@@ -92,7 +92,7 @@ std::string Obey(std::istringstream& words) {
     return Timed([] { stopGpsApi(); });
   }
   if (command == "position") {
-    return Position();
+    return GetPosition();
   }
   if (command == "codepage") {
     return Timed([&] { handheld::SetCodePage(static_cast<UINT>(std::stoi(first))); });

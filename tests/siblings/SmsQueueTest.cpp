@@ -150,7 +150,7 @@ TEST(SmsQueueTest, WhatFindsTheQueueFullIsDropped) {
 TEST(PatienceTest, LastsWithoutEndUntilOneIsSet) {
   Patience patience;
   EXPECT_FALSE(patience.IsOver());
-  EXPECT_EQ(patience.End(), Patience::Clock::time_point::max());
+  EXPECT_EQ(patience.GetEnd(), Patience::Clock::time_point::max());
   patience.EndIn(1h);
   EXPECT_FALSE(patience.IsOver());
   patience.EndIn(0ms);

@@ -23,7 +23,7 @@ class Descriptor {
   }
 
   /// -1 when there is none.
-  int Number() const { return number; }
+  int GetNumber() const { return number; }
   bool IsOpen() const { return number >= 0; }
 
  private:

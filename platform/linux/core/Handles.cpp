@@ -42,13 +42,13 @@ bool HandleTable::Remove(HANDLE handle) {
   return true;
 }
 
-int HandleTable::Count() const {
+int HandleTable::GetCount() const {
   const std::lock_guard lock(mutex);
   return static_cast<int>(objects.size());
 }
 
 int HandlesAlive() {
-  return HandleTable::Instance().Count();
+  return HandleTable::Instance().GetCount();
 }
 
 extern "C" BOOL WINAPI CloseHandle(HANDLE object) {

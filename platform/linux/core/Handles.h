@@ -54,7 +54,7 @@ class HandleTable {
     return Find<Kind>(handle) != nullptr && Remove(handle);
   }
 
-  int Count() const;
+  int GetCount() const;
 
  private:
   std::shared_ptr<Object> FindObject(HANDLE handle) const;

@@ -33,7 +33,7 @@ class History {
     return true;
   }
 
-  std::vector<Entry> All() const {
+  std::vector<Entry> GetAll() const {
     const std::lock_guard lock(mutex);
     return {entries.begin(), entries.end()};
   }

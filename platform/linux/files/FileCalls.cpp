@@ -41,7 +41,7 @@ class File : public Stream {
     }
     ssize_t received;
     do {
-      received = read(descriptor.Number(), buffer, size);
+      received = read(descriptor.GetNumber(), buffer, size);
     } while (received < 0 && errno == EINTR);
     if (received < 0) {
       return ErrorFromErrno(errno);
@@ -56,7 +56,7 @@ class File : public Stream {
     }
     while (count < size) {
       const ssize_t sent =
-          write(descriptor.Number(), static_cast<const char*>(data) + count, size - count);
+          write(descriptor.GetNumber(), static_cast<const char*>(data) + count, size - count);
       if (sent < 0 && errno == EINTR) {
         continue;
       }
@@ -73,8 +73,8 @@ class File : public Stream {
       return ERROR_ACCESS_DENIED;
     }
     // Pipes and the like cannot be synced and need not be.
-    return fsync(descriptor.Number()) == 0 || errno == EINVAL ? ERROR_SUCCESS
-                                                              : ErrorFromErrno(errno);
+    return fsync(descriptor.GetNumber()) == 0 || errno == EINVAL ? ERROR_SUCCESS
+                                                                 : ErrorFromErrno(errno);
   }
 
  private:
@@ -97,7 +97,7 @@ int OpenFlags(DWORD access, DWORD disposition) {
 HANDLE OpenFile(const std::string& path, DWORD access, DWORD shareMode, DWORD disposition) {
   Descriptor descriptor(open(path.c_str(), OpenFlags(access, disposition), 0666));
   struct stat status;
-  if (!descriptor.IsOpen() || fstat(descriptor.Number(), &status) != 0) {
+  if (!descriptor.IsOpen() || fstat(descriptor.GetNumber(), &status) != 0) {
     return Fail(ErrorFromErrno(errno), INVALID_HANDLE_VALUE);
   }
   if (S_ISDIR(status.st_mode)) {
@@ -127,7 +127,7 @@ HANDLE CreateFileByName(LPCWSTR fileName, DWORD access, DWORD shareMode, DWORD d
 
   const Location location = Locate(fileName);
   if (!location.exists && (disposition == OPEN_EXISTING || !location.folderExists)) {
-    return Fail(location.MissingError(), INVALID_HANDLE_VALUE);
+    return Fail(location.GetMissingError(), INVALID_HANDLE_VALUE);
   }
   const HANDLE handle = OpenFile(location.path, access, shareMode, disposition);
   if (handle != INVALID_HANDLE_VALUE) {
@@ -162,7 +162,7 @@ bool RenameToNew(const std::string& from, const std::string& to) {
 BOOL Move(LPCWSTR existingName, LPCWSTR newName) {
   const Location from = Locate(existingName);
   if (!from.exists) {
-    return Fail(from.MissingError(), FALSE);
+    return Fail(from.GetMissingError(), FALSE);
   }
   const Location to = Locate(newName);
   if (!to.folderExists) {
@@ -186,7 +186,7 @@ BOOL Move(LPCWSTR existingName, LPCWSTR newName) {
 BOOL Delete(LPCWSTR fileName) {
   const Location location = Locate(fileName);
   if (!location.exists) {
-    return Fail(location.MissingError(), FALSE);
+    return Fail(location.GetMissingError(), FALSE);
   }
   if (IsOpenHere(location.path)) {
     return Fail(ERROR_SHARING_VIOLATION, FALSE);
@@ -278,7 +278,7 @@ HANDLE FindFirst(LPCWSTR pattern, WIN32_FIND_DATAW* found) {
   }
   const Location location = LocatePattern(path);
   if (!location.exists) {
-    return Fail(location.MissingError(), INVALID_HANDLE_VALUE);
+    return Fail(location.GetMissingError(), INVALID_HANDLE_VALUE);
   }
   Describe(location.path, *found);
   return HandleTable::Instance().Add(std::make_shared<Search>());

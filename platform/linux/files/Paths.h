@@ -16,7 +16,9 @@ struct Location {
   bool folderExists = false;
 
   /// The error that a call on a missing file reports.
-  DWORD MissingError() const { return folderExists ? ERROR_FILE_NOT_FOUND : ERROR_PATH_NOT_FOUND; }
+  DWORD GetMissingError() const {
+    return folderExists ? ERROR_FILE_NOT_FOUND : ERROR_PATH_NOT_FOUND;
+  }
 };
 
 /// Looks every component up without regard to case, the exact spelling first.

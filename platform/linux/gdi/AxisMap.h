@@ -27,12 +27,12 @@ class AxisMap {
   AxisMap(Side target, Side source, int low, int high, int sourceSize, Shrinking shrinking);
 
   bool IsEmpty() const { return ranges.empty(); }
-  int Begin() const { return begin; }
-  int Count() const { return static_cast<int>(ranges.size()); }
-  const std::vector<SourceRange>& Ranges() const { return ranges; }
+  int GetBegin() const { return begin; }
+  int GetCount() const { return static_cast<int>(ranges.size()); }
+  const std::vector<SourceRange>& GetRanges() const { return ranges; }
 
   /// Every target pixel has the source pixel after its left neighbour's (step 1) or before it (step -1); 0: neither.
-  int Step() const { return step; }
+  int GetStep() const { return step; }
   /// No target pixel has more than one source pixel.
   bool IsSingle() const { return isSingle; }
 

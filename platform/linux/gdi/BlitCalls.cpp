@@ -13,8 +13,8 @@ BOOL Blit(HDC dc, const Box& to, HDC source, const Box& from, DWORD operation) {
     if (!contexts || (operation != SRCCOPY && operation != NOTSRCCOPY)) {
       return FALSE;
     }
-    StretchPixels(contexts.Target().Drawing(), to, contexts.Source().Pixels(), from,
-                  operation == SRCCOPY ? CopyMode::PLAIN : CopyMode::INVERTED);
+    StretchPixels(contexts.GetTarget().GetDrawingTarget(), to, contexts.GetSource().GetRaster(),
+                  from, operation == SRCCOPY ? CopyMode::PLAIN : CopyMode::INVERTED);
     return TRUE;
   });
 }
@@ -34,7 +34,7 @@ BOOL Blend(HDC dc, const Box& to, HDC source, const Box& from, BLENDFUNCTION ble
     if (!contexts || to.width < 0 || to.height < 0) {
       return FALSE;
     }
-    const Raster& pixels = contexts.Source().Pixels();
+    const Raster& pixels = contexts.GetSource().GetRaster();
     if (!Contains(pixels, from)) {
       return FALSE;
     }
@@ -43,11 +43,11 @@ BOOL Blend(HDC dc, const Box& to, HDC source, const Box& from, BLENDFUNCTION ble
     if (usesAlpha && pixels.format != PixelFormat::ARGB8888) {
       return FALSE;
     }
-    if (contexts.Target().Pixels().top == pixels.top && Overlap(to, from)) {
+    if (contexts.GetTarget().GetRaster().top == pixels.top && Overlap(to, from)) {
       return FALSE;
     }
-    BlendPixels(contexts.Target().Drawing(), to, pixels, from, blend.SourceConstantAlpha,
-                usesAlpha);
+    BlendPixels(contexts.GetTarget().GetDrawingTarget(), to, pixels, from,
+                blend.SourceConstantAlpha, usesAlpha);
     return TRUE;
   });
 }

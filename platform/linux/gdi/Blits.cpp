@@ -14,14 +14,14 @@ namespace {
 /// Row of source pixels brought to the target's width. Points into the source itself when nothing has to move.
 template <typename Pixel>
 const Pixel* GatherRow(const AxisMap& columns, const Pixel* row, std::vector<Pixel>& scratch) {
-  const std::vector<SourceRange>& ranges = columns.Ranges();
-  if (columns.Step() == 1) {
+  const std::vector<SourceRange>& ranges = columns.GetRanges();
+  if (columns.GetStep() == 1) {
     return row + ranges.front().first;
   }
   const std::size_t count = ranges.size();
   scratch.resize(count);
   Pixel* out = scratch.data();
-  if (columns.Step() == -1) {
+  if (columns.GetStep() == -1) {
     const Pixel* last = row + ranges.front().first;
     for (std::size_t i = 0; i < count; ++i) {
       out[i] = *(last - i);
@@ -59,25 +59,25 @@ template <typename To, typename From>
 void StretchRows(const Raster& target, const AxisMap& columns, const AxisMap& rows,
                  const Raster& source, CopyMode mode) {
   const To flip = mode == CopyMode::INVERTED ? static_cast<To>(~To{0}) : To{0};
-  const int count = columns.Count();
+  const int count = columns.GetCount();
   const auto size = static_cast<std::size_t>(count);
   std::vector<From> gathered;
   std::vector<From> combined;
   const SourceRange* previous = nullptr;
-  for (int i = 0; i < rows.Count(); ++i) {
-    const SourceRange& range = rows.Ranges()[static_cast<std::size_t>(i)];
-    const int y = rows.Begin() + i;
-    To* to = target.Row<To>(y) + columns.Begin();
+  for (int i = 0; i < rows.GetCount(); ++i) {
+    const SourceRange& range = rows.GetRanges()[static_cast<std::size_t>(i)];
+    const int y = rows.GetBegin() + i;
+    To* to = target.GetRow<To>(y) + columns.GetBegin();
     if (previous != nullptr && previous->first == range.first && previous->last == range.last) {
-      std::memcpy(to, target.Row<To>(y - 1) + columns.Begin(), size * sizeof(To));
+      std::memcpy(to, target.GetRow<To>(y - 1) + columns.GetBegin(), size * sizeof(To));
       continue;
     }
     previous = &range;
-    const From* from = GatherRow(columns, source.Row<const From>(range.first), gathered);
+    const From* from = GatherRow(columns, source.GetRow<const From>(range.first), gathered);
     if (range.first != range.last) {
       combined.assign(from, from + size);
       for (int row = range.first + 1; row <= range.last; ++row) {
-        const From* more = GatherRow(columns, source.Row<const From>(row), gathered);
+        const From* more = GatherRow(columns, source.GetRow<const From>(row), gathered);
         for (std::size_t k = 0; k < size; ++k) {
           combined[k] &= more[k];
         }
@@ -159,17 +159,17 @@ template <typename To, typename From>
 void BlendRows(const Raster& target, const AxisMap& columns, const AxisMap& rows,
                const Raster& source, std::uint32_t constantAlpha, bool usesAlpha) {
   std::vector<From> gathered;
-  for (int i = 0; i < rows.Count(); ++i) {
-    const int row = rows.Ranges()[static_cast<std::size_t>(i)].first;
-    const From* from = GatherRow(columns, source.Row<const From>(row), gathered);
-    To* to = target.Row<To>(rows.Begin() + i) + columns.Begin();
+  for (int i = 0; i < rows.GetCount(); ++i) {
+    const int row = rows.GetRanges()[static_cast<std::size_t>(i)].first;
+    const From* from = GatherRow(columns, source.GetRow<const From>(row), gathered);
+    To* to = target.GetRow<To>(rows.GetBegin() + i) + columns.GetBegin();
     if constexpr (sizeof(From) == 4) {
       if (usesAlpha) {
-        BlendPremultiplied(to, from, columns.Count(), constantAlpha);
+        BlendPremultiplied(to, from, columns.GetCount(), constantAlpha);
         continue;
       }
     }
-    BlendConstant(to, from, columns.Count(), constantAlpha);
+    BlendConstant(to, from, columns.GetCount(), constantAlpha);
   }
 }
 
@@ -197,12 +197,12 @@ class Snapshot {
     copy.top = memory.data();
     copy.pitch = static_cast<std::ptrdiff_t>(rowBytes);
     for (int y = 0; y < source.height; ++y) {
-      std::memcpy(copy.Row<std::uint8_t>(y), source.Row<std::uint8_t>(y),
+      std::memcpy(copy.GetRow<std::uint8_t>(y), source.GetRow<std::uint8_t>(y),
                   static_cast<std::size_t>(source.width * BytesPerPixel(source.format)));
     }
   }
 
-  const Raster& View() const { return copy; }
+  const Raster& GetRaster() const { return copy; }
 
  private:
   std::vector<std::uint8_t> memory;
@@ -229,7 +229,7 @@ void StretchPixels(const Target& target, const Box& to, const Raster& source, co
                    CopyMode mode) {
   if (target.raster.top == source.top) {
     const Snapshot snapshot(source);
-    return StretchPixels(target, to, snapshot.View(), from, mode);
+    return StretchPixels(target, to, snapshot.GetRaster(), from, mode);
   }
   const Maps maps(target, to, source, from, Shrinking::KEEP_ALL, Shrinking::KEEP_ALL);
   if (maps.IsEmpty()) {
@@ -244,7 +244,7 @@ void BlendPixels(const Target& target, const Box& to, const Raster& source, cons
                  std::uint32_t constantAlpha, bool usesAlpha) {
   if (target.raster.top == source.top) {
     const Snapshot snapshot(source);
-    return BlendPixels(target, to, snapshot.View(), from, constantAlpha, usesAlpha);
+    return BlendPixels(target, to, snapshot.GetRaster(), from, constantAlpha, usesAlpha);
   }
   const Maps maps(target, to, source, from, Shrinking::KEEP_LAST, Shrinking::KEEP_FIRST);
   if (maps.IsEmpty()) {

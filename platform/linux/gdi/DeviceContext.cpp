@@ -7,10 +7,10 @@ namespace handheld::gdi {
 DeviceContext::DeviceContext(std::shared_ptr<WindowSurface> surface)
     : Object(KIND), window(std::move(surface)) {
   const ObjectTable& table = ObjectTable::Instance();
-  bitmap = table.DefaultBitmap();
-  pen = table.StockObject<Pen>(BLACK_PEN);
-  brush = table.StockObject<Brush>(WHITE_BRUSH);
-  font = table.StockObject<Font>(SYSTEM_FONT);
+  bitmap = table.GetDefaultBitmap();
+  pen = table.FindStock<Pen>(BLACK_PEN);
+  brush = table.FindStock<Brush>(WHITE_BRUSH);
+  font = table.FindStock<Font>(SYSTEM_FONT);
 }
 
 namespace {
@@ -34,9 +34,9 @@ HGDIOBJ Exchange(std::shared_ptr<Kind>& place, const std::shared_ptr<Object>& ob
 
 }  // namespace
 
-Target DeviceContext::Drawing() const {
-  const Raster& raster = Pixels();
-  Target target = {raster, raster.Bounds()};
+Target DeviceContext::GetDrawingTarget() const {
+  const Raster& raster = GetRaster();
+  Target target = {raster, raster.GetBounds()};
   if (clip) {
     target.clip = Intersect(target.clip, *clip);
   }
@@ -51,7 +51,7 @@ UsedContext::UsedContext(HDC handle, Purpose purpose)
   if (context == nullptr) {
     return;
   }
-  lock = std::unique_lock(context->Mutex());
+  lock = std::unique_lock(context->GetMutex());
   if (purpose == Purpose::DRAWING && context->window != nullptr) {
     ++context->window->version;
   }
@@ -63,11 +63,11 @@ UsedPair::UsedPair(HDC targetHandle, HDC sourceHandle)
   if (target == nullptr || source == nullptr) {
     return;
   }
-  targetLock = std::unique_lock(target->Mutex(), std::defer_lock);
-  if (&target->Mutex() == &source->Mutex()) {
+  targetLock = std::unique_lock(target->GetMutex(), std::defer_lock);
+  if (&target->GetMutex() == &source->GetMutex()) {
     targetLock.lock();
   } else {
-    sourceLock = std::unique_lock(source->Mutex(), std::defer_lock);
+    sourceLock = std::unique_lock(source->GetMutex(), std::defer_lock);
     std::lock(targetLock, sourceLock);
   }
   if (target->window != nullptr) {
@@ -108,7 +108,7 @@ bool DeleteContext(HDC handle) {
   if (context == nullptr) {
     return false;
   }
-  const std::lock_guard lock(context->Mutex());
+  const std::lock_guard lock(context->GetMutex());
   table.Delete(handle);
   for (Object* object : std::initializer_list<Object*>{context->bitmap.get(), context->pen.get(),
                                                        context->brush.get(), context->font.get()}) {

@@ -21,9 +21,9 @@ struct DeviceContext : Object {
 
   bool IsMemory() const { return window == nullptr; }
   /// Contexts of one window share the lock of its pixels.
-  std::mutex& Mutex() { return window == nullptr ? ownMutex : window->mutex; }
-  const Raster& Pixels() const { return window == nullptr ? bitmap->raster : window->raster; }
-  Target Drawing() const;
+  std::mutex& GetMutex() { return window == nullptr ? ownMutex : window->mutex; }
+  const Raster& GetRaster() const { return window == nullptr ? bitmap->raster : window->raster; }
+  Target GetDrawingTarget() const;
 
   const std::shared_ptr<WindowSurface> window;
   std::shared_ptr<Bitmap> bitmap;
@@ -64,8 +64,8 @@ class UsedPair {
   UsedPair(HDC targetHandle, HDC sourceHandle);
 
   explicit operator bool() const { return target != nullptr && source != nullptr; }
-  DeviceContext& Target() const { return *target; }
-  const DeviceContext& Source() const { return *source; }
+  DeviceContext& GetTarget() const { return *target; }
+  const DeviceContext& GetSource() const { return *source; }
 
  private:
   std::shared_ptr<DeviceContext> target;

@@ -20,11 +20,11 @@ using Purpose = UsedContext::Purpose;
 enum class Closing { OPEN, CLOSED };
 
 std::uint32_t PenPixel(const DeviceContext& context) {
-  return context.Pixels().PixelFrom(context.pen->color);
+  return context.GetRaster().PixelFrom(context.pen->color);
 }
 
 void DrawDashed(const DeviceContext& context, std::span<const POINT> points, Closing closing) {
-  const Target target = context.Drawing();
+  const Target target = context.GetDrawingTarget();
   const std::uint32_t pixel = PenPixel(context);
   const std::uint32_t gapPixel = target.raster.PixelFrom(BACKGROUND_COLOR);
   const std::uint32_t* gap = context.backgroundMode == OPAQUE ? &gapPixel : nullptr;
@@ -46,7 +46,7 @@ void DrawLines(const DeviceContext& context, std::span<const POINT> points, Clos
   if (pen.style == PS_DASH) {
     return DrawDashed(context, points, closing);
   }
-  const Target target = context.Drawing();
+  const Target target = context.GetDrawingTarget();
   const std::uint32_t pixel = PenPixel(context);
   if (pen.width > 1) {
     const WidePen wide(pen.width);
@@ -76,8 +76,9 @@ void DrawRectangle(const DeviceContext& context, RECT rect) {
   --rect.bottom;
   if (!context.brush->isNull) {
     const int border = context.pen->style != PS_NULL && context.pen->width == 1 ? 1 : 0;
-    context.Drawing().Fill({rect.left + border, rect.top + border, rect.right, rect.bottom},
-                           context.Pixels().PixelFrom(context.brush->color));
+    context.GetDrawingTarget().Fill(
+        {rect.left + border, rect.top + border, rect.right, rect.bottom},
+        context.GetRaster().PixelFrom(context.brush->color));
   }
   const std::array<POINT, 4> corners = {POINT{rect.right, rect.top}, POINT{rect.left, rect.top},
                                         POINT{rect.left, rect.bottom},
@@ -98,7 +99,8 @@ void DrawRounded(const DeviceContext& context, const RECT& rect, int cornerWidth
     return DrawRectangle(context, rect);
   }
   if (!context.brush->isNull) {
-    FillRounded(context.Drawing(), shape, context.Pixels().PixelFrom(context.brush->color));
+    FillRounded(context.GetDrawingTarget(), shape,
+                context.GetRaster().PixelFrom(context.brush->color));
   }
   DrawLines(context, OutlineOf(shape), Closing::CLOSED);
 }
@@ -128,7 +130,7 @@ int WINAPI FillRect(HDC dc, const RECT* rect, HBRUSH brush) {
   if (area.bottom < area.top) {
     area = {area.left, area.bottom + 1, area.right, area.top + 1};
   }
-  const Target target = context->Drawing();
+  const Target target = context->GetDrawingTarget();
   target.Fill(area, target.raster.PixelFrom(used->color));
   return TRUE;
 }
@@ -205,7 +207,7 @@ COLORREF WINAPI SetPixel(HDC dc, int x, int y, COLORREF color) {
   if (!context) {
     return CLR_INVALID;
   }
-  const Target target = context->Drawing();
+  const Target target = context->GetDrawingTarget();
   const std::uint32_t pixel = target.raster.PixelFrom(color);
   if (target.Contains(x, y)) {
     target.raster.Set(x, y, pixel);
@@ -220,11 +222,11 @@ COLORREF WINAPI GetPixel(HDC dc, int x, int y) {
   if (!context) {
     return CLR_INVALID;
   }
-  const Raster& raster = context->Pixels();
+  const Raster& raster = context->GetRaster();
   if (x < 0 || y < 0 || x >= raster.width || y >= raster.height) {
     return CLR_INVALID;
   }
-  return raster.ColorAt(x, y);
+  return raster.GetColor(x, y);
 }
 
 }  // extern "C"

@@ -120,11 +120,12 @@ void DrawThinLine(const Target& target, POINT from, POINT to, std::uint32_t pixe
   }
   if (target.raster.format == PixelFormat::RGB555) {
     WalkLine(target, from, to, [&](int x, int y, std::int64_t) {
-      target.raster.Row<std::uint16_t>(y)[x] = static_cast<std::uint16_t>(pixel);
+      target.raster.GetRow<std::uint16_t>(y)[x] = static_cast<std::uint16_t>(pixel);
     });
   } else {
-    WalkLine(target, from, to,
-             [&](int x, int y, std::int64_t) { target.raster.Row<std::uint32_t>(y)[x] = pixel; });
+    WalkLine(target, from, to, [&](int x, int y, std::int64_t) {
+      target.raster.GetRow<std::uint32_t>(y)[x] = pixel;
+    });
   }
 }
 

@@ -12,7 +12,7 @@
 namespace handheld {
 
 int GdiObjectsAlive() {
-  return gdi::ObjectTable::Instance().Count();
+  return gdi::ObjectTable::Instance().GetCount();
 }
 
 namespace gdi {
@@ -53,7 +53,7 @@ BITMAP DescriptionOf(const Bitmap& bitmap) {
 
 HDC WindowContext(HWND window) {
   return Guarded<HDC>(nullptr, [&]() -> HDC {
-    const std::shared_ptr<WindowSurface> surface = WindowSurfaces::Instance().Of(window);
+    const std::shared_ptr<WindowSurface> surface = WindowSurfaces::Instance().GetSurface(window);
     return surface == nullptr ? Fail<HDC>(ERROR_INVALID_WINDOW_HANDLE, nullptr)
                               : AddContext(surface);
   });
@@ -106,7 +106,7 @@ std::shared_ptr<Bitmap> MakeCompatible(const DeviceContext& context, int width, 
   const bool isMonochrome = isEmpty || (context.IsMemory() && context.bitmap->bitsPerPixel == 1);
   const std::shared_ptr<Bitmap> bitmap =
       isEmpty ? MakeBitmap(1, 1, PixelFormat::ARGB8888, true)
-              : MakeBitmap(std::abs(width), std::abs(height), context.Pixels().format, true);
+              : MakeBitmap(std::abs(width), std::abs(height), context.GetRaster().format, true);
   if (bitmap == nullptr) {
     return nullptr;
   }
@@ -202,7 +202,7 @@ int WINAPI GetObjectW(HANDLE object, int size, LPVOID data) {
 }
 
 HGDIOBJ WINAPI GetStockObject(int index) {
-  return ObjectTable::Instance().Stock(index);
+  return ObjectTable::Instance().GetStock(index);
 }
 
 HBITMAP WINAPI CreateDIBSection(HDC, const BITMAPINFO* info, UINT, LPVOID* bits, HANDLE, DWORD) {

@@ -79,7 +79,7 @@ HGDIOBJ ObjectTable::Add(std::shared_ptr<Object> object) {
   return slot.object->handle;
 }
 
-const ObjectTable::Slot* ObjectTable::SlotOf(HGDIOBJ handle) const {
+const ObjectTable::Slot* ObjectTable::FindSlot(HGDIOBJ handle) const {
   const auto value = reinterpret_cast<std::uintptr_t>(handle);
   const std::size_t index = value & INDEX_MASK;
   if (index >= slots.size()) {
@@ -92,17 +92,17 @@ const ObjectTable::Slot* ObjectTable::SlotOf(HGDIOBJ handle) const {
   return &slot;
 }
 
-ObjectTable::Slot* ObjectTable::SlotOf(HGDIOBJ handle) {
-  return const_cast<Slot*>(std::as_const(*this).SlotOf(handle));
+ObjectTable::Slot* ObjectTable::FindSlot(HGDIOBJ handle) {
+  return const_cast<Slot*>(std::as_const(*this).FindSlot(handle));
 }
 
 std::shared_ptr<Object> ObjectTable::Find(HGDIOBJ handle) const {
   const std::lock_guard lock(mutex);
-  const Slot* slot = SlotOf(handle);
+  const Slot* slot = FindSlot(handle);
   return slot == nullptr ? nullptr : slot->object;
 }
 
-HGDIOBJ ObjectTable::Stock(int index) const {
+HGDIOBJ ObjectTable::GetStock(int index) const {
   return index < 0 || index >= STOCK_COUNT ? nullptr : stock[static_cast<std::size_t>(index)];
 }
 
@@ -116,7 +116,7 @@ std::shared_ptr<Object> ObjectTable::Vacate(Slot& slot) {
 bool ObjectTable::Delete(HGDIOBJ handle) {
   std::shared_ptr<Object> doomed;
   const std::lock_guard lock(mutex);
-  Slot* slot = SlotOf(handle);
+  Slot* slot = FindSlot(handle);
   if (slot == nullptr) {
     return false;
   }
@@ -133,7 +133,7 @@ bool ObjectTable::Delete(HGDIOBJ handle) {
 
 bool ObjectTable::Select(Object& object, bool isExclusive) {
   const std::lock_guard lock(mutex);
-  const Slot* slot = SlotOf(object.handle);
+  const Slot* slot = FindSlot(object.handle);
   if (slot == nullptr || slot->object.get() != &object) {
     return false;
   }
@@ -149,11 +149,11 @@ void ObjectTable::Deselect(Object& object) {
   const std::lock_guard lock(mutex);
   --object.selections;
   if (object.isDeletePending && object.selections == 0) {
-    doomed = Vacate(*SlotOf(object.handle));
+    doomed = Vacate(*FindSlot(object.handle));
   }
 }
 
-int ObjectTable::Count() const {
+int ObjectTable::GetCount() const {
   const std::lock_guard lock(mutex);
   return count;
 }

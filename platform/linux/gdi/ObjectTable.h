@@ -29,13 +29,13 @@ class ObjectTable {
   }
 
   /// System's own object with this index (WHITE_BRUSH and so on); null when there is none.
-  HGDIOBJ Stock(int index) const;
+  HGDIOBJ GetStock(int index) const;
   template <typename Kind>
-  std::shared_ptr<Kind> StockObject(int index) const {
-    return Find<Kind>(Stock(index));
+  std::shared_ptr<Kind> FindStock(int index) const {
+    return Find<Kind>(GetStock(index));
   }
   /// Bitmap of 1 x 1 that new memory contexts hold.
-  const std::shared_ptr<Bitmap>& DefaultBitmap() const { return defaultBitmap; }
+  const std::shared_ptr<Bitmap>& GetDefaultBitmap() const { return defaultBitmap; }
 
   /// Takes the object out; one that is selected goes when it is selected no more. False when there is none.
   bool Delete(HGDIOBJ handle);
@@ -46,7 +46,7 @@ class ObjectTable {
   void Deselect(Object& object);
 
   /// Objects alive, without the system's own.
-  int Count() const;
+  int GetCount() const;
 
  private:
   struct Slot {
@@ -56,8 +56,8 @@ class ObjectTable {
 
   ObjectTable();
   HGDIOBJ AddStock(std::shared_ptr<Object> object);
-  Slot* SlotOf(HGDIOBJ handle);
-  const Slot* SlotOf(HGDIOBJ handle) const;
+  Slot* FindSlot(HGDIOBJ handle);
+  const Slot* FindSlot(HGDIOBJ handle) const;
   /// Empties the slot; what was in it is handed out to die outside the lock.
   std::shared_ptr<Object> Vacate(Slot& slot);
 

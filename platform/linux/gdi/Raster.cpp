@@ -23,7 +23,7 @@ constexpr int FEW_COLUMNS = 16;  // for which pixman is not worth the call
 
 template <typename Pixel>
 void FillColumns(const Raster& raster, const RECT& rect, Pixel pixel) {
-  auto* row = reinterpret_cast<std::uint8_t*>(raster.Row<Pixel>(rect.top));
+  auto* row = reinterpret_cast<std::uint8_t*>(raster.GetRow<Pixel>(rect.top));
   for (LONG y = rect.top; y < rect.bottom; ++y, row += raster.pitch) {
     for (LONG x = rect.left; x < rect.right; ++x) {
       reinterpret_cast<Pixel*>(row)[x] = pixel;
@@ -49,18 +49,18 @@ std::uint32_t Raster::PixelFrom(COLORREF color) const {
   return format == PixelFormat::RGB555 ? Rgb555FromArgb(argb) : argb;
 }
 
-COLORREF Raster::ColorAt(int x, int y) const {
+COLORREF Raster::GetColor(int x, int y) const {
   const std::uint32_t argb = format == PixelFormat::RGB555
-                                 ? ArgbFrom555(Row<const std::uint16_t>(y)[x])
-                                 : Row<const std::uint32_t>(y)[x];
+                                 ? ArgbFrom555(GetRow<const std::uint16_t>(y)[x])
+                                 : GetRow<const std::uint32_t>(y)[x];
   return RGB(static_cast<BYTE>(argb >> 16), static_cast<BYTE>(argb >> 8), static_cast<BYTE>(argb));
 }
 
 void Raster::Set(int x, int y, std::uint32_t pixel) const {
   if (format == PixelFormat::RGB555) {
-    Row<std::uint16_t>(y)[x] = static_cast<std::uint16_t>(pixel);
+    GetRow<std::uint16_t>(y)[x] = static_cast<std::uint16_t>(pixel);
   } else {
-    Row<std::uint32_t>(y)[x] = pixel;
+    GetRow<std::uint32_t>(y)[x] = pixel;
   }
 }
 

@@ -61,10 +61,10 @@ struct Raster {
   int height = 0;
   PixelFormat format = PixelFormat::ARGB8888;
 
-  RECT Bounds() const { return {0, 0, width, height}; }
+  RECT GetBounds() const { return {0, 0, width, height}; }
 
   template <typename Pixel>
-  Pixel* Row(int y) const {
+  Pixel* GetRow(int y) const {
     return reinterpret_cast<Pixel*>(top + y * pitch);
   }
 
@@ -72,7 +72,7 @@ struct Raster {
   std::uint32_t PixelFrom(COLORREF color) const;
 
   /// (x, y) must lie inside.
-  COLORREF ColorAt(int x, int y) const;
+  COLORREF GetColor(int x, int y) const;
   void Set(int x, int y, std::uint32_t pixel) const;
 
   /// Every pixel of the rectangle, which must lie inside, becomes `pixel`.

@@ -37,7 +37,7 @@ Registry& TheRegistry() {
 int Add(LPCWSTR fileName) {
   const Location location = Locate(fileName);
   if (!location.exists) {
-    return Fail(location.MissingError(), 0);
+    return Fail(location.GetMissingError(), 0);
   }
   Registry& registry = TheRegistry();
   const std::lock_guard lock(registry.mutex);

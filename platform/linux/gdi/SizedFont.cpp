@@ -51,7 +51,7 @@ struct LineMetrics {
     }
   }
 
-  LONG Total() const { return ascent + descent; }
+  LONG GetTotal() const { return ascent + descent; }
 };
 
 /// Outlines are measured in fractions of a pixel.
@@ -99,8 +99,8 @@ void SizedFont::SetSize(LONG height) {
   const LineMetrics metrics(face);
   LONG pixelsPerEm = std::labs(height);
   if (height > 0) {
-    pixelsPerEm = MulDiv(face->units_per_EM, height, metrics.Total());
-    if (MulDiv(pixelsPerEm, metrics.Total(), face->units_per_EM) > height) {
+    pixelsPerEm = MulDiv(face->units_per_EM, height, metrics.GetTotal());
+    if (MulDiv(pixelsPerEm, metrics.GetTotal(), face->units_per_EM) > height) {
       --pixelsPerEm;
     }
     pixelsPerEm = std::max<LONG>(pixelsPerEm, 1);
@@ -132,7 +132,7 @@ bool SizedFont::WantsSmoothGlyphs() const {
   return true;
 }
 
-const Glyph& SizedFont::GlyphOf(char32_t character) {
+const Glyph& SizedFont::GetGlyph(char32_t character) {
   const auto found = glyphs.find(character);
   return found != glyphs.end() ? found->second
                                : glyphs.emplace(character, Load(character)).first->second;
@@ -165,7 +165,7 @@ SizedFont::PixelBox SizedFont::GetUprightBox() const {
 }
 
 /// The pixels that the turned box touches.
-SizedFont::PixelBox SizedFont::Turned(const PixelBox& box) const {
+SizedFont::PixelBox SizedFont::GetTurned(const PixelBox& box) const {
   PixelBox turned = {INT_MAX, INT_MAX, INT_MIN, INT_MIN};
   for (const int x : {box.left, box.right}) {
     for (const int y : {box.bottom, box.top}) {
@@ -186,7 +186,7 @@ void SizedFont::Render(Glyph& glyph) const {
   FT_Outline& outline = face->glyph->outline;
   PixelBox box = GetUprightBox();
   if (rotation) {
-    box = Turned(box);
+    box = GetTurned(box);
     FT_Outline_Transform(&outline, &*rotation);
   }
   FT_Outline_Translate(&outline, -box.left * PIXEL, -box.bottom * PIXEL);

@@ -45,13 +45,13 @@ class SizedFont {
   SizedFont& operator=(const SizedFont&) = delete;
 
   /// Above and below the base line, together the height of a line; of the upright font.
-  int Ascent() const { return ascent; }
-  int LineHeight() const { return ascent + descent; }
+  int GetAscent() const { return ascent; }
+  int GetLineHeight() const { return ascent + descent; }
   /// Radians.
-  double Angle() const { return angle; }
+  double GetAngle() const { return angle; }
 
   /// Valid as long as the font. Without a font file all glyphs are empty.
-  const Glyph& GlyphOf(char32_t character);
+  const Glyph& GetGlyph(char32_t character);
 
  private:
   void SetSize(LONG height);
@@ -65,7 +65,7 @@ class SizedFont {
     int top;
   };
   PixelBox GetUprightBox() const;
-  PixelBox Turned(const PixelBox& box) const;
+  PixelBox GetTurned(const PixelBox& box) const;
   void Render(Glyph& glyph) const;
   static void TakeCoverage(Glyph& glyph, const FT_Bitmap& bitmap);
 

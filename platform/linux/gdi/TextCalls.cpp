@@ -63,7 +63,7 @@ std::vector<Line> SplitLines(std::u16string_view text) {
 int WidthOf(SizedFont& font, const Line& line) {
   int width = 0;
   for (const char32_t character : line) {
-    width += font.GlyphOf(character).width;
+    width += font.GetGlyph(character).width;
   }
   return width;
 }
@@ -116,10 +116,10 @@ class GlyphPainter {
  private:
   void Cover(LONG x, LONG y, int coverage) const {
     if (target.raster.format == PixelFormat::ARGB8888) {
-      std::uint32_t& place = target.raster.Row<std::uint32_t>(y)[x];
+      std::uint32_t& place = target.raster.GetRow<std::uint32_t>(y)[x];
       place = coverage == SizedFont::FULL_COVERAGE ? pixel : Blend(place, argb, coverage);
     } else {
-      std::uint16_t& place = target.raster.Row<std::uint16_t>(y)[x];
+      std::uint16_t& place = target.raster.GetRow<std::uint16_t>(y)[x];
       place = coverage == SizedFont::FULL_COVERAGE
                   ? static_cast<std::uint16_t>(pixel)
                   : Rgb555FromArgb(Blend(ArgbFrom555(place), argb, coverage));
@@ -134,16 +134,16 @@ class GlyphPainter {
 
 /// Draws a line of text whose cell's upper left corner is at (x, y), turned around that corner.
 void DrawLine(const GlyphPainter& painter, SizedFont& font, const Line& line, LONG x, LONG y) {
-  const double cosine = std::cos(font.Angle());
-  const double sine = std::sin(font.Angle());
-  const LONG originX = static_cast<LONG>(x + font.Ascent() * sine);
-  const LONG originY = static_cast<LONG>(y + font.Ascent() * cosine);
+  const double cosine = std::cos(font.GetAngle());
+  const double sine = std::sin(font.GetAngle());
+  const LONG originX = static_cast<LONG>(x + font.GetAscent() * sine);
+  const LONG originY = static_cast<LONG>(y + font.GetAscent() * cosine);
   int position = 0;
   for (const char32_t character : line) {
-    const Glyph& glyph = font.GlyphOf(character);
+    const Glyph& glyph = font.GetGlyph(character);
     painter.Paint(glyph, originX + static_cast<LONG>(position * cosine) + glyph.left,
                   originY - static_cast<LONG>(position * sine) - glyph.top);
-    position += font.Angle() == 0 ? glyph.advance : glyph.width;
+    position += font.GetAngle() == 0 ? glyph.advance : glyph.width;
   }
 }
 
@@ -152,15 +152,15 @@ int Measure(SizedFont& font, const std::vector<Line>& lines, RECT& rect) {
   for (const Line& line : lines) {
     width = std::max(width, WidthOf(font, line));
   }
-  const int height = static_cast<int>(lines.size()) * font.LineHeight();
+  const int height = static_cast<int>(lines.size()) * font.GetLineHeight();
   rect.right = rect.left + width;
   rect.bottom = rect.top + height;
-  return lines.empty() ? font.LineHeight() : height;
+  return lines.empty() ? font.GetLineHeight() : height;
 }
 
 int Draw(DeviceContext& context, SizedFont& font, const std::vector<Line>& lines, const RECT& rect,
          UINT format) {
-  Target target = context.Drawing();
+  Target target = context.GetDrawingTarget();
   if ((format & DT_NOCLIP) == 0) {
     target.clip = Intersect(target.clip, rect);
   }
@@ -169,13 +169,14 @@ int Draw(DeviceContext& context, SizedFont& font, const std::vector<Line>& lines
   LONG y = rect.top;
   for (const Line& line : lines) {
     if (context.backgroundMode == OPAQUE) {
-      target.Fill({rect.left, y, rect.left + WidthOf(font, line), y + font.LineHeight()},
+      target.Fill({rect.left, y, rect.left + WidthOf(font, line), y + font.GetLineHeight()},
                   background);
     }
     DrawLine(painter, font, line, rect.left, y);
-    y += font.LineHeight();
+    y += font.GetLineHeight();
   }
-  return lines.empty() ? font.LineHeight() : static_cast<int>(lines.size()) * font.LineHeight();
+  return lines.empty() ? font.GetLineHeight()
+                       : static_cast<int>(lines.size()) * font.GetLineHeight();
 }
 
 }  // namespace

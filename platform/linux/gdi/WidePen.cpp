@@ -18,10 +18,10 @@ LONG Nearest(double value) {
 }
 
 /// A side of a figure that runs down: the first pixel column on or right of it, row by row without a division.
-class Side {
+class Edge {
  public:
   /// Starts in row y, which the side from `upper` to `lower` crosses.
-  Side(POINT upper, POINT lower, std::int64_t y) : height(std::int64_t{lower.y} - upper.y) {
+  Edge(POINT upper, POINT lower, std::int64_t y) : height(std::int64_t{lower.y} - upper.y) {
     const std::int64_t run = std::int64_t{upper.x} - lower.x;
     // Distances to the left are rounded down, so columns are rounded up.
     const std::int64_t distance = (y - upper.y) * run;
@@ -35,7 +35,7 @@ class Side {
   std::int64_t GetX() const { return x; }
 
   /// How many rows from here on have the same column, as far as that is quick to tell; at least 1.
-  std::int64_t RowsAlike() const {
+  std::int64_t CountRowsAlike() const {
     constexpr std::int64_t MANY = 8;
     if (step != 0 || stepRest * MANY > height) {
       return 1;
@@ -67,14 +67,14 @@ class Side {
 
 /// Fills the rows from `first` up to `last` between two sides. A chart's lines have few pixels in a row but many rows, so
 /// rows that are alike are filled together.
-void FillBetween(const Target& target, Side one, Side other, LONG first, LONG last,
+void FillBetween(const Target& target, Edge one, Edge other, LONG first, LONG last,
                  std::uint32_t pixel) {
   for (std::int64_t y = first; y < last;) {
     const std::int64_t left =
         std::max<std::int64_t>(std::min(one.GetX(), other.GetX()), target.clip.left);
     const std::int64_t right =
         std::min<std::int64_t>(std::max(one.GetX(), other.GetX()), target.clip.right);
-    const std::int64_t rows = std::min({one.RowsAlike(), other.RowsAlike(), last - y});
+    const std::int64_t rows = std::min({one.CountRowsAlike(), other.CountRowsAlike(), last - y});
     if (left < right) {
       target.raster.Fill({static_cast<LONG>(left), static_cast<LONG>(y), static_cast<LONG>(right),
                           static_cast<LONG>(y + rows)},
@@ -99,7 +99,7 @@ void FillQuad(const Target& target, const std::array<POINT, 4>& corners, std::ui
     if (first >= last) {
       continue;
     }
-    std::array<std::optional<Side>, 2> sides;
+    std::array<std::optional<Edge>, 2> sides;
     std::size_t found = 0;
     for (std::size_t i = 0; i < corners.size(); ++i) {
       const auto [upper, lower] = std::minmax(corners[i], corners[(i + 1) % corners.size()],

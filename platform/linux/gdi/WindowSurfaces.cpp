@@ -22,7 +22,7 @@ void CopyCorner(const Raster& from, const Raster& to) {
   const int width = std::min(from.width, to.width);
   const int height = std::min(from.height, to.height);
   for (int y = 0; y < height; ++y) {
-    std::copy_n(from.Row<const std::uint32_t>(y), width, to.Row<std::uint32_t>(y));
+    std::copy_n(from.GetRow<const std::uint32_t>(y), width, to.GetRow<std::uint32_t>(y));
   }
 }
 
@@ -47,7 +47,7 @@ WindowSurfaces& WindowSurfaces::Instance() {
   return surfaces;
 }
 
-std::shared_ptr<WindowSurface> WindowSurfaces::Of(HWND window) {
+std::shared_ptr<WindowSurface> WindowSurfaces::GetSurface(HWND window) {
   RECT rect = {};
   if (window == nullptr) {
     const Screen screen = CurrentScreen();
@@ -78,7 +78,7 @@ std::shared_ptr<WindowSurface> WindowSurfaces::Of(HWND window) {
   return fresh;
 }
 
-std::shared_ptr<WindowSurface> WindowSurfaces::Existing(HWND window) const {
+std::shared_ptr<WindowSurface> WindowSurfaces::FindDrawn(HWND window) const {
   const std::lock_guard lock(mutex);
   const auto found = surfaces.find(window);
   return found == surfaces.end() ? nullptr : found->second;
@@ -96,7 +96,7 @@ namespace handheld {
 
 Pixels WindowPixels(HWND window) {
   const std::shared_ptr<gdi::WindowSurface> drawn =
-      gdi::WindowSurfaces::Instance().Existing(window);
+      gdi::WindowSurfaces::Instance().FindDrawn(window);
   if (drawn == nullptr) {
     return {};
   }
@@ -113,7 +113,7 @@ Pixels WindowPixels(HWND window) {
 
 std::uint64_t WindowPixelsVersion(HWND window) {
   const std::shared_ptr<gdi::WindowSurface> drawn =
-      gdi::WindowSurfaces::Instance().Existing(window);
+      gdi::WindowSurfaces::Instance().FindDrawn(window);
   if (drawn == nullptr) {
     return 0;
   }

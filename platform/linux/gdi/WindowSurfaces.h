@@ -33,10 +33,10 @@ class WindowSurfaces {
 
   /// Surface as large as the window is now; what was drawn before stays in its upper left corner. Null for the whole
   /// screen. Empty when there is no such window.
-  std::shared_ptr<WindowSurface> Of(HWND window);
+  std::shared_ptr<WindowSurface> GetSurface(HWND window);
 
   /// The same, but only if something was ever drawn.
-  std::shared_ptr<WindowSurface> Existing(HWND window) const;
+  std::shared_ptr<WindowSurface> FindDrawn(HWND window) const;
 
  private:
   void ForgetClosedWindows();

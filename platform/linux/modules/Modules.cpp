@@ -100,7 +100,7 @@ void Modules::UnregisterEntry(ModuleEntry entry) {
   entries.erase(handle);
 }
 
-std::vector<std::string> Modules::SearchFolders() const {
+std::vector<std::string> Modules::GetSearchFolders() const {
   std::vector<std::string> folders;
   {
     const std::lock_guard lock(mutex);
@@ -118,7 +118,7 @@ std::string Modules::FindFile(const std::string& name) const {
   if (fileName != name) {
     return FindInFolder(Locate(FolderOf(name)).path, fileName);
   }
-  for (const std::string& folder : SearchFolders()) {
+  for (const std::string& folder : GetSearchFolders()) {
     std::string found = FindInFolder(folder, fileName);
     if (!found.empty()) {
       return found;
@@ -270,7 +270,7 @@ FARPROC Modules::FindSymbol(HMODULE handle, const std::string& name) const {
   return reinterpret_cast<FARPROC>(symbol);
 }
 
-std::string Modules::PathOf(HMODULE handle) const {
+std::string Modules::GetPath(HMODULE handle) const {
   if (handle == nullptr) {
     return ProgramPath();
   }
@@ -327,7 +327,7 @@ BOOL WINAPI FreeLibrary(HMODULE module) {
 
 DWORD WINAPI GetModuleFileNameW(HMODULE module, LPWSTR fileName, DWORD size) {
   return Guarded<DWORD>(0, [&]() -> DWORD {
-    const std::u16string path = DevicePath(Modules::Instance().PathOf(module));
+    const std::u16string path = DevicePath(Modules::Instance().GetPath(module));
     if (path.empty()) {
       return Fail<DWORD>(ERROR_MOD_NOT_FOUND, 0);
     }

@@ -35,7 +35,7 @@ class Modules {
   FARPROC FindSymbol(HMODULE handle, const std::string& name) const;
   /// Linux path that the module seems to have; empty for an unknown one. Null means the running
   /// program.
-  std::string PathOf(HMODULE handle) const;
+  std::string GetPath(HMODULE handle) const;
 
  private:
   enum class State { ATTACHING, LOADED, DETACHING };
@@ -53,7 +53,7 @@ class Modules {
   using ModulePointer = std::shared_ptr<Module>;
 
   std::string FindFile(const std::string& name) const;
-  std::vector<std::string> SearchFolders() const;
+  std::vector<std::string> GetSearchFolders() const;
   ModulePointer FindByPath(const std::string& path) const;
   ModulePointer FindByHandle(HMODULE handle) const;
   bool Open(Module& module);

@@ -123,7 +123,7 @@ void SetPowerReleaseFailing(bool failing) {
 }
 
 std::vector<PowerRequest> PowerRequests() {
-  return ThePower().requests.All();
+  return ThePower().requests.GetAll();
 }
 
 int PowerRequirementsHeld() {

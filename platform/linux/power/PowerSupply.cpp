@@ -56,25 +56,25 @@ struct Summary {
     isLineOnline |= ReadNumber(supply, "online") == 1;
   }
 
-  BYTE Percent() const {
+  BYTE GetPercent() const {
     if (measured == 0) {
       return BATTERY_PERCENTAGE_UNKNOWN;
     }
     return static_cast<BYTE>((percentSum + measured / 2) / measured);
   }
 
-  BYTE LineStatus() const {
+  BYTE GetLineStatus() const {
     if (hasLine) {
       return isLineOnline ? AC_LINE_ONLINE : AC_LINE_OFFLINE;
     }
     return batteries == 0 || isCharging ? AC_LINE_ONLINE : AC_LINE_UNKNOWN;
   }
 
-  BYTE Flag() const {
+  BYTE GetFlag() const {
     if (batteries == 0) {
       return BATTERY_FLAG_NO_BATTERY;
     }
-    return static_cast<BYTE>(LevelFlag(Percent()) | (isCharging ? BATTERY_FLAG_CHARGING : 0));
+    return static_cast<BYTE>(LevelFlag(GetPercent()) | (isCharging ? BATTERY_FLAG_CHARGING : 0));
   }
 };
 
@@ -93,7 +93,7 @@ SYSTEM_POWER_STATUS_EX ReadPowerSupplies(const std::string& folder) {
       summary.AddLine(supply);
     }
   }
-  return PowerStatus(summary.LineStatus(), summary.Flag(), summary.Percent());
+  return PowerStatus(summary.GetLineStatus(), summary.GetFlag(), summary.GetPercent());
 }
 
 }  // namespace handheld

@@ -25,7 +25,7 @@ void Burst::Add(std::size_t count, Time now) {
   used += count;
 }
 
-Burst::Duration Burst::Pause(double rate) const {
+Burst::Duration Burst::GetPause(double rate) const {
   const bool endsLine = used > 0 && buffer[used - 1] == '\n';
   if (!endsLine || rate <= 1) {
     return FULL_PAUSE;
@@ -38,7 +38,7 @@ bool Burst::IsOverdue(Time now) const {
   return used > 0 && now - start > LONGEST_FLOW;
 }
 
-std::size_t Burst::WholeLines() const {
+std::size_t Burst::GetWholeLinesSize() const {
   const char* byte = buffer + used;
   while (byte > buffer && byte[-1] != '\n') {
     --byte;

@@ -16,25 +16,25 @@ class Burst {
   /// Gathers into the caller's buffer `target` of `capacity` bytes.
   Burst(char* target, std::size_t capacity) : buffer(target), size(capacity) {}
 
-  char* Free() const { return buffer + used; }
-  std::size_t FreeSize() const { return size - used; }
+  char* GetFreeSpace() const { return buffer + used; }
+  std::size_t GetFreeSize() const { return size - used; }
   bool IsFull() const { return used == size; }
   bool IsEmpty() const { return used == 0; }
-  std::size_t Used() const { return used; }
+  std::size_t GetUsedSize() const { return used; }
 
-  /// Notes `count` bytes that were put at Free().
+  /// Notes `count` bytes that were put at GetFreeSpace().
   void Add(std::size_t count, Time now);
 
   /// How long the line must be silent for the burst to be whole. When the device lives faster than
   /// real time (`rate` above 1) its senders do too, so the pause after a complete sentence shrinks
   /// with it.
-  Duration Pause(double rate) const;
+  Duration GetPause(double rate) const;
 
   /// True when the line has been flowing for so long that the burst should end at a line feed.
   bool IsOverdue(Time now) const;
 
   /// Number of bytes up to and including the last line feed; 0 when there is none.
-  std::size_t WholeLines() const;
+  std::size_t GetWholeLinesSize() const;
 
  private:
   char* const buffer;

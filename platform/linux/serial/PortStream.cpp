@@ -31,18 +31,18 @@ bool IsPseudoTerminal(const std::string& path) {
 Descriptor OpenDevice(const std::string& path) {
   Descriptor device(open(path.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC));
   struct stat status;
-  if (!device.IsOpen() || fstat(device.Number(), &status) != 0) {
+  if (!device.IsOpen() || fstat(device.GetNumber(), &status) != 0) {
     return {};
   }
   const bool isPort = S_ISCHR(status.st_mode) || S_ISFIFO(status.st_mode);
-  if (!isPort || !SerialLine::MakeRaw(device.Number())) {
+  if (!isPort || !SerialLine::MakeRaw(device.GetNumber())) {
     errno = ENODEV;
     return {};
   }
   // Debugging a pseudo-terminal from both sides is common and harmless; on a real line a second
   // reader steals bytes.
   if (!IsPseudoTerminal(path)) {
-    SerialLine::SetExclusive(device.Number(), true);
+    SerialLine::SetExclusive(device.GetNumber(), true);
   }
   return device;
 }
@@ -76,23 +76,23 @@ void PortStream::HandleClosed() {
     closed = true;
     // A read that still holds the device must not keep others from it.
     if (device != nullptr) {
-      SerialLine::SetExclusive(device->Number(), false);
+      SerialLine::SetExclusive(device->GetNumber(), false);
     }
     device.reset();
   }
-  eventfd_write(closeEvent.Number(), 1);
+  eventfd_write(closeEvent.GetNumber(), 1);
   SerialPorts::Instance().Release(claim);
 }
 
-PortStream::Device PortStream::CurrentDevice() const {
+PortStream::Device PortStream::GetDevice() const {
   const std::lock_guard lock(mutex);
   return device;
 }
 
 PortStream::Event PortStream::Await(const Device& from, short events,
                                     std::optional<Burst::Duration> patience) const {
-  pollfd waits[] = {{closeEvent.Number(), POLLIN, 0},
-                    {from == nullptr ? -1 : from->Number(), events, 0}};
+  pollfd waits[] = {{closeEvent.GetNumber(), POLLIN, 0},
+                    {from == nullptr ? -1 : from->GetNumber(), events, 0}};
   timespec limit = ToTimespec(patience.value_or(0ns));
   const int ready = ppoll(waits, 2, patience ? &limit : nullptr, nullptr);
   if (waits[0].revents != 0 && ready > 0) {
@@ -114,7 +114,7 @@ PortStream::Event PortStream::Receive(const Device& from, Burst& burst) {
   if (closed) {
     return Event::CLOSED;
   }
-  const ssize_t count = read(from->Number(), burst.Free(), burst.FreeSize());
+  const ssize_t count = read(from->GetNumber(), burst.GetFreeSpace(), burst.GetFreeSize());
   if (count > 0) {
     burst.Add(static_cast<std::size_t>(count), SteadyClock::now());
     return Event::DATA;
@@ -125,11 +125,11 @@ PortStream::Event PortStream::Receive(const Device& from, Burst& burst) {
 
 PortStream::Event PortStream::Gather(const Device& from, Burst& burst) {
   while (!burst.IsFull()) {
-    if (burst.IsOverdue(SteadyClock::now()) && burst.WholeLines() > 0) {
+    if (burst.IsOverdue(SteadyClock::now()) && burst.GetWholeLinesSize() > 0) {
       break;
     }
     const auto patience =
-        burst.IsEmpty() ? std::nullopt : std::optional(burst.Pause(Clock::Instance().Rate()));
+        burst.IsEmpty() ? std::nullopt : std::optional(burst.GetPause(Clock::Instance().GetRate()));
     const Event event = Await(from, POLLIN, patience);
     if (event != Event::DATA) {
       return event;
@@ -144,23 +144,23 @@ PortStream::Event PortStream::Gather(const Device& from, Burst& burst) {
 
 void PortStream::TakeLeftover(Burst& burst) {
   const std::lock_guard lock(mutex);
-  const std::size_t count = std::min(leftover.size(), burst.FreeSize());
+  const std::size_t count = std::min(leftover.size(), burst.GetFreeSize());
   if (count == 0) {
     return;
   }
-  std::memcpy(burst.Free(), leftover.data(), count);
+  std::memcpy(burst.GetFreeSpace(), leftover.data(), count);
   burst.Add(count, SteadyClock::now());
   leftover.erase(0, count);
 }
 
 DWORD PortStream::KeepLeftover(const Burst& burst) {
-  const std::size_t whole = burst.WholeLines();
+  const std::size_t whole = burst.GetWholeLinesSize();
   if (burst.IsFull() || whole == 0 || !burst.IsOverdue(SteadyClock::now())) {
-    return static_cast<DWORD>(burst.Used());
+    return static_cast<DWORD>(burst.GetUsedSize());
   }
   const std::lock_guard lock(mutex);
-  const char* start = burst.Free() - burst.Used();
-  leftover.insert(0, start + whole, burst.Used() - whole);
+  const char* start = burst.GetFreeSpace() - burst.GetUsedSize();
+  leftover.insert(0, start + whole, burst.GetUsedSize() - whole);
   return static_cast<DWORD>(whole);
 }
 
@@ -202,7 +202,7 @@ PortStream::Event PortStream::AwaitReturn() {
     return Event::LOST;
   }
   if (wantedBaud) {
-    SerialLine::SetBaud(opened.Number(), *wantedBaud);
+    SerialLine::SetBaud(opened.GetNumber(), *wantedBaud);
   }
   device = std::make_shared<const Descriptor>(std::move(opened));
   return Event::DATA;
@@ -215,7 +215,7 @@ DWORD PortStream::Read(void* buffer, DWORD size, DWORD& count) {
   Burst burst(static_cast<char*>(buffer), size);
   TakeLeftover(burst);
   while (true) {
-    const Device from = CurrentDevice();
+    const Device from = GetDevice();
     const Event event = from == nullptr ? AwaitReturn() : Gather(from, burst);
     if (event == Event::CLOSED) {
       return ERROR_OPERATION_ABORTED;
@@ -236,7 +236,7 @@ DWORD PortStream::Read(void* buffer, DWORD size, DWORD& count) {
 
 DWORD PortStream::Write(const void* data, DWORD size, DWORD& count) {
   while (count < size) {
-    const Device to = CurrentDevice();
+    const Device to = GetDevice();
     if (to == nullptr) {
       return ERROR_GEN_FAILURE;
     }
@@ -247,7 +247,8 @@ DWORD PortStream::Write(const void* data, DWORD size, DWORD& count) {
     if (event == Event::LOST) {
       return ERROR_GEN_FAILURE;
     }
-    const ssize_t sent = write(to->Number(), static_cast<const char*>(data) + count, size - count);
+    const ssize_t sent =
+        write(to->GetNumber(), static_cast<const char*>(data) + count, size - count);
     if (sent > 0) {
       count += static_cast<DWORD>(sent);
     } else if (errno != EAGAIN && errno != EINTR) {
@@ -258,22 +259,22 @@ DWORD PortStream::Write(const void* data, DWORD size, DWORD& count) {
 }
 
 DWORD PortStream::Flush() {
-  const Device to = CurrentDevice();
+  const Device to = GetDevice();
   if (to == nullptr) {
     return ERROR_GEN_FAILURE;
   }
-  SerialLine::Drain(to->Number());
+  SerialLine::Drain(to->GetNumber());
   return ERROR_SUCCESS;
 }
 
-std::optional<DWORD> PortStream::Baud() const {
-  const Device from = CurrentDevice();
-  return from == nullptr ? std::nullopt : SerialLine::Baud(from->Number());
+std::optional<DWORD> PortStream::GetBaud() const {
+  const Device from = GetDevice();
+  return from == nullptr ? std::nullopt : SerialLine::GetBaud(from->GetNumber());
 }
 
 bool PortStream::SetBaud(DWORD baud) {
   const std::lock_guard lock(mutex);
-  if (device == nullptr || !SerialLine::SetBaud(device->Number(), baud)) {
+  if (device == nullptr || !SerialLine::SetBaud(device->GetNumber(), baud)) {
     return false;
   }
   wantedBaud = baud;

@@ -33,14 +33,14 @@ class PortStream : public Stream {
   DWORD Flush() override;
 
   /// Nothing when the device is gone or has no baud rate.
-  std::optional<DWORD> Baud() const;
+  std::optional<DWORD> GetBaud() const;
   bool SetBaud(DWORD baud);
 
  private:
   using Device = std::shared_ptr<const Descriptor>;
   enum class Event { DATA, SILENCE, CLOSED, LOST };
 
-  Device CurrentDevice() const;
+  Device GetDevice() const;
   Event Await(const Device& from, short events, std::optional<Burst::Duration> patience) const;
   Event Receive(const Device& from, Burst& burst);
   Event Gather(const Device& from, Burst& burst);

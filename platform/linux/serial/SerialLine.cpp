@@ -23,7 +23,7 @@ bool MakeRaw(int descriptor) {
   return ioctl(descriptor, TCSETS2, &settings) == 0;
 }
 
-std::optional<std::uint32_t> Baud(int descriptor) {
+std::optional<std::uint32_t> GetBaud(int descriptor) {
   termios2 settings;
   if (ioctl(descriptor, TCGETS2, &settings) != 0) {
     return std::nullopt;

@@ -13,7 +13,7 @@ namespace handheld::SerialLine {
 bool MakeRaw(int descriptor);
 
 /// Baud rate; nothing when the device has none or is gone.
-std::optional<std::uint32_t> Baud(int descriptor);
+std::optional<std::uint32_t> GetBaud(int descriptor);
 bool SetBaud(int descriptor, std::uint32_t baud);
 
 /// Keeps other programs from opening the line, or lets them again.

@@ -31,7 +31,7 @@ std::string RealPath(const std::string& path) {
 }
 
 bool FillSettings(const PortStream& port, DCB& settings) {
-  const auto baud = port.Baud();
+  const auto baud = port.GetBaud();
   if (!baud) {
     return false;
   }

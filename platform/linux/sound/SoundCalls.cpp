@@ -40,7 +40,7 @@ BOOL Play(LPCWSTR sound, DWORD flags) {
 }  // namespace
 
 std::vector<Sound> SoundsStarted() {
-  return Started().All();
+  return Started().GetAll();
 }
 
 void ForgetSoundsStarted() {

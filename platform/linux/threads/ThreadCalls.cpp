@@ -49,7 +49,7 @@ class Thread : public KernelObject {
   }
 
   /// STILL_ACTIVE until the procedure has returned.
-  DWORD ExitCode() const { return exitCode.load(std::memory_order_acquire); }
+  DWORD GetExitCode() const { return exitCode.load(std::memory_order_acquire); }
 
  private:
   /// Relative to the program's own urgency. Best effort: becoming more urgent takes privileges.
@@ -167,7 +167,7 @@ BOOL WINAPI GetExitCodeThread(HANDLE thread, LPDWORD exitCode) {
     if (exitCode == nullptr) {
       return Fail(ERROR_INVALID_PARAMETER, FALSE);
     }
-    *exitCode = found->ExitCode();
+    *exitCode = found->GetExitCode();
     return TRUE;
   });
 }

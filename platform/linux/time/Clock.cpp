@@ -46,7 +46,7 @@ Clock& Clock::Instance() {
   return clock;
 }
 
-std::int64_t Clock::NowLocked() const {
+std::int64_t Clock::GetNowLocked() const {
   if (isMachineTime) {
     return Read(CLOCK_REALTIME) + Calendar::UNIX_EPOCH;
   }
@@ -54,27 +54,28 @@ std::int64_t Clock::NowLocked() const {
     return timeBase;
   }
   const auto elapsed = static_cast<double>(Read(CLOCK_MONOTONIC) - machineBase);
-  return timeBase + static_cast<std::int64_t>(elapsed * Rate());
+  return timeBase + static_cast<std::int64_t>(elapsed * GetRate());
 }
 
-std::int64_t Clock::TicksLocked() const {
+std::int64_t Clock::GetTicksLocked() const {
   const std::int64_t uptime = Read(CLOCK_MONOTONIC);
   if (machineBase == 0) {
     return uptime;
   }
-  return ticksBase + static_cast<std::int64_t>(static_cast<double>(uptime - machineBase) * Rate());
+  return ticksBase +
+         static_cast<std::int64_t>(static_cast<double>(uptime - machineBase) * GetRate());
 }
 
 void Clock::Rebase() {
-  timeBase = NowLocked();
-  ticksBase = TicksLocked();
+  timeBase = GetNowLocked();
+  ticksBase = GetTicksLocked();
   machineBase = Read(CLOCK_MONOTONIC);
   isMachineTime = false;
 }
 
-std::int64_t Clock::Now() const {
+std::int64_t Clock::GetNow() const {
   const std::lock_guard lock(mutex);
-  return NowLocked();
+  return GetNowLocked();
 }
 
 void Clock::Set(std::int64_t now) {
@@ -94,21 +95,21 @@ void Clock::SetRate(double newRate) {
     return;
   }
   const std::lock_guard lock(mutex);
-  if (newRate == Rate()) {
+  if (newRate == GetRate()) {
     return;
   }
   Rebase();
   rate.store(newRate, std::memory_order_relaxed);
 }
 
-DWORD Clock::Ticks() const {
+DWORD Clock::GetTicks() const {
   const std::lock_guard lock(mutex);
-  return static_cast<DWORD>(TicksLocked() / UNITS_PER_MILLISECOND);
+  return static_cast<DWORD>(GetTicksLocked() / UNITS_PER_MILLISECOND);
 }
 
 void Clock::Sleep(DWORD milliseconds) const {
   if (milliseconds != INFINITE) {
-    return SleepNanoseconds(milliseconds * 1e6 / Rate());
+    return SleepNanoseconds(milliseconds * 1e6 / GetRate());
   }
   while (true) {
     SleepNanoseconds(1e18);
@@ -132,7 +133,7 @@ void SetTimeRate(double rate) {
 extern "C" {
 
 DWORD WINAPI GetTickCount() {
-  return Clock::Instance().Ticks();
+  return Clock::Instance().GetTicks();
 }
 
 void WINAPI Sleep(DWORD milliseconds) {
@@ -143,8 +144,8 @@ void WINAPI GetLocalTime(SYSTEMTIME* local) {
   if (local == nullptr) {
     return;
   }
-  const std::int64_t now = Clock::Instance().Now();
-  const std::int64_t bias = TimeZones::Instance().OffsetAt(now) * UNITS_PER_SECOND;
+  const std::int64_t now = Clock::Instance().GetNow();
+  const std::int64_t bias = TimeZones::Instance().GetOffsetAt(now) * UNITS_PER_SECOND;
   if (const auto fields = Calendar::ToFields(now + bias)) {
     *local = *fields;
   }

@@ -14,23 +14,23 @@ class Clock {
  public:
   static Clock& Instance();
 
-  std::int64_t Now() const;
+  std::int64_t GetNow() const;
   void Set(std::int64_t now);
   void SetStopped(bool stopped);
 
   /// Ignores rates that are not above 0.
   void SetRate(double rate);
-  double Rate() const { return rate.load(std::memory_order_relaxed); }
+  double GetRate() const { return rate.load(std::memory_order_relaxed); }
 
   /// Milliseconds since the device was switched on. A stopped clock does not hold them up.
-  DWORD Ticks() const;
+  DWORD GetTicks() const;
 
   /// Sleeps for this time of the device.
   void Sleep(DWORD milliseconds) const;
 
  private:
-  std::int64_t NowLocked() const;
-  std::int64_t TicksLocked() const;
+  std::int64_t GetNowLocked() const;
+  std::int64_t GetTicksLocked() const;
   void Rebase();
 
   mutable std::mutex mutex;

@@ -176,7 +176,7 @@ std::int64_t PosixZone::Change::In(int year) const {
   return DaysBefore(date) * SECONDS_PER_DAY + second;
 }
 
-std::int64_t PosixZone::OffsetAt(std::int64_t moment) const {
+std::int64_t PosixZone::GetOffsetAt(std::int64_t moment) const {
   if (!hasSummer) {
     return standard;
   }
@@ -318,9 +318,9 @@ TimeZone TimeZone::OfProcess() {
   return FromName(name == nullptr ? MACHINE_ZONE : name);
 }
 
-std::int64_t TimeZone::OffsetAt(std::int64_t moment) const {
+std::int64_t TimeZone::GetOffsetAt(std::int64_t moment) const {
   if (hasRule && (changes.empty() || moment >= changes.back().moment)) {
-    return rule.OffsetAt(moment);
+    return rule.GetOffsetAt(moment);
   }
   const auto later = std::upper_bound(
       changes.begin(), changes.end(), moment,
@@ -341,13 +341,13 @@ void TimeZones::Set(const std::string& name) {
   zone = std::move(newZone);
 }
 
-std::int64_t TimeZones::OffsetAt(std::int64_t fileTime) const {
+std::int64_t TimeZones::GetOffsetAt(std::int64_t fileTime) const {
   std::shared_ptr<const TimeZone> current;
   {
     const std::lock_guard lock(mutex);
     current = zone;
   }
-  return current->OffsetAt((fileTime - Calendar::UNIX_EPOCH) / UNITS_PER_SECOND);
+  return current->GetOffsetAt((fileTime - Calendar::UNIX_EPOCH) / UNITS_PER_SECOND);
 }
 
 void SetTimeZone(const char* zone) {

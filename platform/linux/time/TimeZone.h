@@ -20,7 +20,7 @@ class PosixZone {
   static std::optional<PosixZone> Parse(const std::string& text);
 
   /// Seconds east of UTC at a moment given in seconds since 1970 (UTC).
-  std::int64_t OffsetAt(std::int64_t moment) const;
+  std::int64_t GetOffsetAt(std::int64_t moment) const;
 
  private:
   /// A day of the year and the second of that day (local time before the change) at which the
@@ -62,7 +62,7 @@ class TimeZone {
   static TimeZone OfProcess();
 
   /// Seconds east of UTC at a moment given in seconds since 1970 (UTC).
-  std::int64_t OffsetAt(std::int64_t moment) const;
+  std::int64_t GetOffsetAt(std::int64_t moment) const;
 
  private:
   struct Change {
@@ -87,7 +87,7 @@ class TimeZones {
   void Set(const std::string& name);
 
   /// Seconds east of UTC at a moment in file time.
-  std::int64_t OffsetAt(std::int64_t fileTime) const;
+  std::int64_t GetOffsetAt(std::int64_t fileTime) const;
 
  private:
   TimeZones();

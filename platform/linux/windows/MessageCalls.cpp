@@ -66,7 +66,7 @@ MessageQueue::Deadline DeadlineAfter(DWORD milliseconds) {
 }  // namespace
 
 std::vector<MSG> MessagesPosted() {
-  return Posted().All();
+  return Posted().GetAll();
 }
 
 void ForgetMessagesPosted() {
@@ -91,7 +91,7 @@ BOOL WINAPI PostMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam
     posted.message = message;
     posted.wParam = wParam;
     posted.lParam = lParam;
-    posted.time = Clock::Instance().Ticks();
+    posted.time = Clock::Instance().GetTicks();
     return Post(posted) ? TRUE : Fail(ERROR_INVALID_WINDOW_HANDLE, FALSE);
   });
 }

@@ -85,7 +85,7 @@ std::optional<MSG> MessageQueue::TakeLocked(const Filter& filter, bool remove) {
   MSG quit = {};
   quit.message = WM_QUIT;
   quit.wParam = static_cast<WPARAM>(*quitCode);
-  quit.time = Clock::Instance().Ticks();
+  quit.time = Clock::Instance().GetTicks();
   if (remove) {
     quitCode.reset();
   }

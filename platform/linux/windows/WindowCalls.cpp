@@ -77,7 +77,7 @@ HWND Create(LPCWSTR className, LPCWSTR title, DWORD style, const RECT& rect, HWN
 void Destroy(const Window& window) {
   WindowTable& table = WindowTable::Instance();
   Tell(window, WM_DESTROY, 0, 0);
-  for (const HWND child : table.ChildrenOf(window.handle)) {
+  for (const HWND child : table.GetChildren(window.handle)) {
     if (const auto found = table.Find(child)) {
       Destroy(*found);
     }

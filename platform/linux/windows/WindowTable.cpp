@@ -42,7 +42,7 @@ std::optional<Window> WindowTable::Find(HWND handle) const {
   return found == windows.end() ? std::nullopt : std::optional(found->second);
 }
 
-std::vector<HWND> WindowTable::ChildrenOf(HWND parent) const {
+std::vector<HWND> WindowTable::GetChildren(HWND parent) const {
   const std::lock_guard lock(mutex);
   std::vector<HWND> children;
   for (const auto& [handle, window] : windows) {
@@ -53,7 +53,7 @@ std::vector<HWND> WindowTable::ChildrenOf(HWND parent) const {
   return children;
 }
 
-std::vector<HWND> WindowTable::All() const {
+std::vector<HWND> WindowTable::GetAll() const {
   const std::lock_guard lock(mutex);
   std::vector<HWND> handles;
   for (const auto& [handle, window] : windows) {

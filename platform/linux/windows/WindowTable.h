@@ -47,9 +47,9 @@ class WindowTable {
 
   /// Nothing when there is no such window.
   std::optional<Window> Find(HWND handle) const;
-  std::vector<HWND> ChildrenOf(HWND parent) const;
+  std::vector<HWND> GetChildren(HWND parent) const;
   /// Handles of all windows, the oldest first.
-  std::vector<HWND> All() const;
+  std::vector<HWND> GetAll() const;
 
   /// Puts a message into the queue of the window's thread. False when there is no such window.
   bool Post(const MSG& message);
