@@ -47,8 +47,9 @@ void SetClockStopped(bool stopped);
 void SetTimeRate(double rate);
 
 /// POSIX time zone such as "UTC0" or "MSK-3", or a name such as "Europe/Moscow"; UTC if it is
-/// neither. The process's zone at start. As on the device, FileTimeToLocalFileTime and its inverse
-/// use the offset that holds at the moment the device's clock shows, not at the moment converted.
+/// neither. The process's zone at start. Sets TZ for the whole process: hosts call it before other
+/// threads read the environment. As on the device, FileTimeToLocalFileTime and its inverse use the
+/// offset that holds at the moment the device's clock shows, not at the moment converted.
 void SetTimeZone(const char* zone);
 
 // Power.

@@ -19,7 +19,7 @@ constexpr int LAST_YEAR = 30827;
 /// As on the device, the offset that holds now is used, daylight saving included, whatever season
 /// the converted moment lies in. So the two conversions are exact inverses of each other.
 std::int64_t CurrentBias() {
-  return TimeZones::Instance().GetOffsetAt(Clock::Instance().GetNow()) * Calendar::UNITS_PER_SECOND;
+  return TimeZone::Instance().GetOffsetAt(Clock::Instance().GetNow()) * Calendar::UNITS_PER_SECOND;
 }
 
 BOOL Shift(const FILETIME* from, FILETIME* to, std::int64_t bias) {

@@ -145,7 +145,7 @@ void WINAPI GetLocalTime(SYSTEMTIME* local) {
     return;
   }
   const std::int64_t now = Clock::Instance().GetNow();
-  const std::int64_t bias = TimeZones::Instance().GetOffsetAt(now) * UNITS_PER_SECOND;
+  const std::int64_t bias = TimeZone::Instance().GetOffsetAt(now) * UNITS_PER_SECOND;
   if (const auto fields = Calendar::ToFields(now + bias)) {
     *local = *fields;
   }
