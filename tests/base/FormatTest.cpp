@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <clocale>
+#include <cstdio>
+#include <string>
 
 #include "base/Format.h"
+#include "support/CommaLocale.h"
 
 namespace ferolin {
 namespace {
@@ -90,17 +92,12 @@ TEST(FormatTest, LongTextsAreCutTo255Characters) {
 }
 
 TEST(FormatTest, CommaLocaleOfTheProcessChangesNothing) {
-  const char* const names[] = {"ru_RU.UTF-8", "de_DE.UTF-8", "fr_FR.UTF-8", "ru_RU.utf8"};
-  const char* chosen = nullptr;
-  for (const char* name : names) {
-    chosen = chosen != nullptr ? chosen : std::setlocale(LC_ALL, name);
-  }
-  if (chosen == nullptr) {
-    GTEST_SKIP() << "no locale with a decimal comma is installed";
-  }
-  const std::string text = Format("%.1f", 54.3);
-  std::setlocale(LC_ALL, "C");
-  EXPECT_EQ(text, "54.3");
+  const testing_support::CommaLocale locale;
+  ASSERT_TRUE(locale.IsSet());
+  char comma[8];
+  std::snprintf(comma, sizeof comma, "%.1f", 54.3);
+  ASSERT_STREQ(comma, "54,3");
+  EXPECT_EQ(Format("%.1f", 54.3), "54.3");
 }
 
 }  // namespace

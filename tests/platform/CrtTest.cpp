@@ -2,12 +2,13 @@
 #include <gtest/gtest.h>
 
 #include <cfloat>
-#include <clocale>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
+
+#include "support/CommaLocale.h"
 
 namespace {
 
@@ -104,10 +105,8 @@ TEST(Crt, ParsesIntegers) {
 }
 
 TEST(Crt, KeepsDecimalPointsInACommaLocale) {
-  const char* locale = std::setlocale(LC_ALL, "ru_RU.UTF-8");
-  if (locale == nullptr) {
-    GTEST_SKIP() << "no locale ru_RU.UTF-8 on this machine";
-  }
+  const testing_support::CommaLocale locale;
+  ASSERT_TRUE(locale.IsSet());
   char comma[8];
   std::snprintf(comma, sizeof(comma), "%.1f", 1.5);
   EXPECT_STREQ("1,5", comma);
@@ -119,7 +118,6 @@ TEST(Crt, KeepsDecimalPointsInACommaLocale) {
   EXPECT_EQ(HUGE_VAL, CrtParseDouble("1.5e999"));
   std::snprintf(comma, sizeof(comma), "%.1f", 1.5);
   EXPECT_STREQ("1,5", comma);
-  std::setlocale(LC_ALL, "C");
 }
 
 TEST(Crt, KnowsTheSizeOfABlock) {
