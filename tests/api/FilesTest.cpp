@@ -1,35 +1,16 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include <algorithm>
-#include <cstring>
-#include <filesystem>
 #include <string>
 
-namespace {
+#include "support/TempFolder.h"
 
-using WideString = std::basic_string<WCHAR>;
+namespace {
 
 /// In a folder of its own. Names are relative to it.
 class Files : public testing::Test {
  protected:
-  Files() {
-    namespace fs = std::filesystem;
-    static int number = 0;
-    do {
-      folder = fs::temp_directory_path() / ("ferolin-api-" + std::to_string(++number));
-    } while (!fs::create_directory(folder));
-  }
-  ~Files() override {
-    std::error_code ignored;
-    std::filesystem::remove_all(folder, ignored);
-  }
-
-  WideString Path(const std::string& name) const {
-    std::string path = folder.string() + "\\" + name;
-    std::ranges::replace(path, '/', '\\');
-    return {path.begin(), path.end()};
-  }
+  std::basic_string<WCHAR> Path(const std::string& name) const { return folder.DevicePath(name); }
 
   HANDLE Open(const std::string& name, DWORD access, DWORD share, DWORD disposition) const {
     return CreateFileW(Path(name).c_str(), access, share, nullptr, disposition,
@@ -63,7 +44,7 @@ class Files : public testing::Test {
     return {buffer, count};
   }
 
-  std::filesystem::path folder;
+  const testing_support::TempFolder folder;
 };
 
 TEST_F(Files, MissingFilesAndFoldersAreToldApart) {

@@ -4,9 +4,12 @@
 #include <filesystem>
 #include <string>
 
-#include "TemporaryFolder.h"
+#include "handheld.h"
+#include "support/TempFolder.h"
 
 namespace {
+
+using testing_support::TempFolder;
 
 class Files : public testing::Test {
  protected:
@@ -42,7 +45,7 @@ class Files : public testing::Test {
     return FindFirstFileW(folder.DevicePath(pattern).c_str(), &found);
   }
 
-  TemporaryFolder folder;
+  TempFolder folder;
   WIN32_FIND_DATAW found = {};
 };
 

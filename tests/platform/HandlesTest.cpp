@@ -5,10 +5,13 @@
 #include <thread>
 #include <vector>
 
-#include "TemporaryFolder.h"
 #include "core/Handles.h"
+#include "handheld.h"
+#include "support/TempFolder.h"
 
 namespace {
+
+using testing_support::TempFolder;
 
 class Probe : public handheld::KernelObject {
  public:
@@ -55,7 +58,7 @@ TEST(Handles, NullAndInvalidAreRefused) {
 }
 
 TEST(Handles, CloseOnlyThroughTheCallOfTheirKind) {
-  const TemporaryFolder folder;
+  const TempFolder folder;
   folder.Write("a.txt", "");
   WIN32_FIND_DATAW found;
   const HANDLE search = FindFirstFileW(folder.DevicePath("a.txt").c_str(), &found);

@@ -8,11 +8,14 @@
 #include <thread>
 #include <vector>
 
-#include "TemporaryFolder.h"
+#include "handheld.h"
 #include "modules/Modules.h"
 #include "modules/Probe.h"
+#include "support/TempFolder.h"
 
 namespace {
+
+using testing_support::TempFolder;
 
 std::vector<bool> detachments;
 
@@ -56,7 +59,7 @@ TEST_F(ModulesTest, AreFoundByPath) {
 }
 
 TEST_F(ModulesTest, AreFoundInTheModuleDirectoryWhateverTheirCase) {
-  const TemporaryFolder folder;
+  const TempFolder folder;
   std::filesystem::copy_file(std::string(TEST_MODULES) + "/libplain.so",
                              folder.Path("libPlain2.so"));
   EXPECT_EQ(nullptr, LoadLibraryW(u"plain2.dll"));
@@ -76,7 +79,7 @@ TEST_F(ModulesTest, ThatDoNotExistAreNotLoaded) {
 }
 
 TEST_F(ModulesTest, ThatAreNoLibrariesAreNotLoaded) {
-  const TemporaryFolder folder;
+  const TempFolder folder;
   folder.Write("libbroken.so", "not a library");
   EXPECT_EQ(nullptr, LoadLibraryW(folder.DevicePath("Broken.dll").c_str()));
   EXPECT_EQ(ERROR_MOD_NOT_FOUND, GetLastError());

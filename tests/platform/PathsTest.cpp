@@ -1,9 +1,12 @@
 #include <gtest/gtest.h>
 
-#include "TemporaryFolder.h"
 #include "files/Paths.h"
+#include "handheld.h"
+#include "support/TempFolder.h"
 
 namespace {
+
+using testing_support::TempFolder;
 
 TEST(Paths, DeviceSpellingHasBackslashes) {
   EXPECT_EQ(u"\\media\\Pics", handheld::DevicePath("/media/Pics"));
@@ -12,7 +15,7 @@ TEST(Paths, DeviceSpellingHasBackslashes) {
 }
 
 TEST(Paths, AreFoundWithoutRegardToCase) {
-  const TemporaryFolder folder;
+  const TempFolder folder;
   folder.Write("Pics/GPS-0.png", "");
   const auto location = handheld::Locate(folder.Path("PICS/gps-0.PNG"));
   EXPECT_TRUE(location.exists);
@@ -20,13 +23,13 @@ TEST(Paths, AreFoundWithoutRegardToCase) {
 }
 
 TEST(Paths, IgnoreTheCaseOfCyrillicToo) {
-  const TemporaryFolder folder;
+  const TempFolder folder;
   folder.Write("Звук.wav", "");
   EXPECT_EQ(folder.Path("Звук.wav"), handheld::Locate(folder.Path("зВУК.WAV")).path);
 }
 
 TEST(Paths, PreferTheExactSpelling) {
-  const TemporaryFolder folder;
+  const TempFolder folder;
   folder.Write("A.txt", "");
   folder.Write("a.txt", "");
   EXPECT_EQ(folder.Path("a.txt"), handheld::Locate(folder.Path("a.txt")).path);
@@ -34,7 +37,7 @@ TEST(Paths, PreferTheExactSpelling) {
 }
 
 TEST(Paths, KeepTheSpellingOfWhatIsMissing) {
-  const TemporaryFolder folder;
+  const TempFolder folder;
   folder.Write("Tracks/x", "");
   const auto location = handheld::Locate(folder.Path("tracks/New.KML"));
   EXPECT_FALSE(location.exists);
@@ -43,13 +46,13 @@ TEST(Paths, KeepTheSpellingOfWhatIsMissing) {
 }
 
 TEST(Paths, TellAMissingFileFromAMissingFolder) {
-  const TemporaryFolder folder;
+  const TempFolder folder;
   EXPECT_EQ(ERROR_FILE_NOT_FOUND, handheld::Locate(folder.Path("none")).GetMissingError());
   EXPECT_EQ(ERROR_PATH_NOT_FOUND, handheld::Locate(folder.Path("none/none")).GetMissingError());
 }
 
 TEST(Paths, AFileIsNoFolder) {
-  const TemporaryFolder folder;
+  const TempFolder folder;
   folder.Write("file", "");
   const auto location = handheld::Locate(folder.Path("file/below"));
   EXPECT_FALSE(location.exists);
@@ -57,7 +60,7 @@ TEST(Paths, AFileIsNoFolder) {
 }
 
 TEST(Paths, TrailingSlashesDoNotMatter) {
-  const TemporaryFolder folder;
+  const TempFolder folder;
   EXPECT_TRUE(handheld::Locate(folder.Path() + "//").exists);
   EXPECT_TRUE(handheld::Locate("/").exists);
 }

@@ -9,10 +9,13 @@
 #include <thread>
 
 #include "PseudoTerminal.h"
-#include "TemporaryFolder.h"
+#include "handheld.h"
 #include "serial/PortStream.h"
+#include "support/TempFolder.h"
 
 namespace {
+
+using testing_support::TempFolder;
 
 constexpr DWORD BUFFER_SIZE = 2048;
 
@@ -79,7 +82,7 @@ TEST_F(Serial, PortsWithoutTheirDeviceAreNotFound) {
 }
 
 TEST_F(Serial, PlainFilesAreNoPorts) {
-  const TemporaryFolder folder;
+  const TempFolder folder;
   folder.Write("recording", "$GPRMC\r\n");
   handheld::MapSerialPort("COM2:", folder.Path("recording"));
   EXPECT_EQ(INVALID_HANDLE_VALUE, OpenPort(u"COM2:"));
@@ -315,7 +318,7 @@ TEST_F(Serial, UnsupportedSettingsAreRefused) {
 }
 
 TEST_F(Serial, OnlyPortsHaveSettings) {
-  const TemporaryFolder folder;
+  const TempFolder folder;
   folder.Write("a.txt", "");
   const HANDLE file = CreateFileW(folder.DevicePath("a.txt").c_str(), GENERIC_READ, 0, nullptr,
                                   OPEN_EXISTING, 0, nullptr);
@@ -357,7 +360,7 @@ TEST_F(Serial, ClosingEndsTheWaitForALostReceiver) {
 }
 
 TEST_F(Serial, AReceiverThatComesBackIsReadAgainAtItsBaudRate) {
-  const TemporaryFolder folder;
+  const TempFolder folder;
   std::filesystem::create_symlink(receiver.DevicePath(), folder.Path("gps"));
   handheld::MapSerialPort("COM1:", folder.Path("gps"));
   port = OpenPort();

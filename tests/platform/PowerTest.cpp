@@ -1,11 +1,13 @@
 #include <gtest/gtest.h>
 #include <pm.h>
 
-#include "TemporaryFolder.h"
 #include "handheld.h"
 #include "power/PowerSupply.h"
+#include "support/TempFolder.h"
 
 namespace {
+
+using testing_support::TempFolder;
 
 HANDLE HoldBacklight() {
   char16_t name[] = u"BKL1:";
@@ -43,7 +45,7 @@ class PowerSupplies : public testing::Test {
   }
   SYSTEM_POWER_STATUS_EX Read() const { return handheld::ReadPowerSupplies(folder.Path()); }
 
-  const TemporaryFolder folder;
+  const TempFolder folder;
 };
 
 TEST_F(PowerSupplies, WithoutABatteryNothingIsKnown) {

@@ -1,19 +1,22 @@
 #include <gtest/gtest.h>
 
-#include "TemporaryFolder.h"
 #include "gdi/RegisteredFonts.h"
+#include "handheld.h"
+#include "support/TempFolder.h"
 
 namespace {
 
+using testing_support::TempFolder;
+
 TEST(Fonts, MustExist) {
-  const TemporaryFolder folder;
+  const TempFolder folder;
   EXPECT_EQ(0, AddFontResourceW(folder.DevicePath("none.ttf").c_str()));
   EXPECT_FALSE(RemoveFontResourceW(folder.DevicePath("none.ttf").c_str()));
   EXPECT_EQ(0, AddFontResourceW(nullptr));
 }
 
 TEST(Fonts, GoWhenRemovedAsOftenAsAdded) {
-  const TemporaryFolder folder;
+  const TempFolder folder;
   folder.Write("lcd-u.ttf", "");
   const std::u16string path = folder.DevicePath("LCD-U.ttf");
   EXPECT_EQ(1, AddFontResourceW(path.c_str()));

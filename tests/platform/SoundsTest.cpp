@@ -7,10 +7,12 @@
 #include <string>
 #include <thread>
 
-#include "TemporaryFolder.h"
 #include "handheld.h"
+#include "support/TempFolder.h"
 
 namespace {
+
+using testing_support::TempFolder;
 
 constexpr DWORD USUAL_FLAGS = SND_FILENAME | SND_ASYNC | SND_NOWAIT;
 
@@ -43,7 +45,7 @@ class Sounds : public testing::Test {
     return PlaySoundW(folder.DevicePath(name).c_str(), nullptr, flags);
   }
 
-  const TemporaryFolder folder;
+  const TempFolder folder;
 };
 
 TEST_F(Sounds, AreStartedAndRemembered) {
@@ -100,7 +102,7 @@ void Await(Predicate predicate) {
   }
 }
 
-[[noreturn]] void PlayInto(const TemporaryFolder& folder, const char* driver) {
+[[noreturn]] void PlayInto(const TempFolder& folder, const char* driver) {
   setenv("SDL_AUDIODRIVER", driver, 1);
   setenv("SDL_DISKAUDIOFILE", folder.Path("played.raw").c_str(), 1);
   PlaySoundW(folder.DevicePath("Wav/Limit.wav").c_str(), nullptr, USUAL_FLAGS);
@@ -115,14 +117,14 @@ void Await(Predicate predicate) {
 
 TEST(SoundsDeathTest, ReachTheAudioDevice) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
-  const TemporaryFolder folder;
+  const TempFolder folder;
   folder.Write("Wav/Limit.wav", Wave(std::string(4410, '\xC0')));
   EXPECT_EXIT(PlayInto(folder, "disk"), testing::ExitedWithCode(7), "");
 }
 
 TEST(SoundsDeathTest, WithoutAnAudioDeviceNothingHappens) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
-  const TemporaryFolder folder;
+  const TempFolder folder;
   folder.Write("Wav/Limit.wav", Wave("xxxx"));
   EXPECT_EXIT(PlayInto(folder, "none such"), testing::ExitedWithCode(7), "");
 }

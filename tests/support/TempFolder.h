@@ -1,24 +1,27 @@
 // A folder of a test's own.
 #pragma once
 
-#include <stdlib.h>
+#include <windows.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <string>
 #include <string_view>
 
-#include "handheld.h"
-
 namespace testing_support {
 
-/// An empty folder that is gone, with all that it holds, at the end of its scope.
+/// An empty folder, deleted with its content at the end of the scope. Names are relative to it.
 class TempFolder {
  public:
   TempFolder() {
-    std::string pattern = std::filesystem::temp_directory_path() / "ferolin-XXXXXX";
-    path = mkdtemp(pattern.data());
+    namespace fs = std::filesystem;
+    std::random_device random;
+    do {
+      path = (fs::temp_directory_path() / ("ferolin-" + std::to_string(random()))).string();
+    } while (!fs::create_directory(path));
   }
   ~TempFolder() {
     std::error_code ignored;
@@ -31,10 +34,8 @@ class TempFolder {
   std::string Path(std::string_view name) const { return path + '/' + std::string(name); }
 
   /// The path in the device's spelling.
-  std::u16string DevicePath() const { return handheld::DevicePath(path); }
-  std::u16string DevicePath(std::string_view name) const {
-    return handheld::DevicePath(Path(name));
-  }
+  std::basic_string<WCHAR> DevicePath() const { return Wide(path); }
+  std::basic_string<WCHAR> DevicePath(std::string_view name) const { return Wide(Path(name)); }
 
   bool Has(std::string_view name) const { return std::filesystem::exists(Path(name)); }
 
@@ -44,7 +45,9 @@ class TempFolder {
     return {std::istreambuf_iterator<char>(file), {}};
   }
 
+  /// Makes the folders on the way, too.
   void Write(std::string_view name, std::string_view content) const {
+    std::filesystem::create_directories(std::filesystem::path(Path(name)).parent_path());
     std::ofstream file(Path(name), std::ios::binary | std::ios::trunc);
     file.write(content.data(), static_cast<std::streamsize>(content.size()));
   }
@@ -56,6 +59,12 @@ class TempFolder {
   }
 
  private:
+  static std::basic_string<WCHAR> Wide(const std::string& narrow) {
+    auto wide = std::filesystem::path(narrow).string<WCHAR>();
+    std::replace(wide.begin(), wide.end(), WCHAR('/'), WCHAR('\\'));
+    return wide;
+  }
+
   std::string path;
 };
 

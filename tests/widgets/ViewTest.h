@@ -10,6 +10,7 @@
 #include <string>
 
 #include "engine/Engine.h"
+#include "handheld.h"
 #include "support/TempFolder.h"
 #include "widgets/Widget.h"
 
