@@ -32,7 +32,7 @@ const char* ReasonOf(Outcome outcome) {
 }  // namespace
 
 void FailureLog::Write(const Result& result) noexcept {
-  const unsigned bit = 1u << static_cast<unsigned>(result.outcome);
+  const unsigned bit = 1U << static_cast<unsigned>(result.outcome);
   if (result.outcome == Outcome::SENT || (told.fetch_or(bit) & bit)) {
     return;
   }

@@ -68,6 +68,9 @@ TEST_F(Files, AFolderIsMadeOnceAndOnlyInAnother) {
   EXPECT_FALSE(CreateDirectoryW(Path("no\\folder").c_str(), nullptr));
   EXPECT_EQ(ERROR_PATH_NOT_FOUND, GetLastError());
   EXPECT_TRUE(CreateDirectoryW(Path("other\\").c_str(), nullptr));
+  Make("file", "");
+  EXPECT_FALSE(CreateDirectoryW(Path("file").c_str(), nullptr));
+  EXPECT_EQ(ERROR_ALREADY_EXISTS, GetLastError());
 }
 
 TEST_F(Files, NamesAreFoundInAnyLetterCaseAndSpelling) {
@@ -78,13 +81,34 @@ TEST_F(Files, NamesAreFoundInAnyLetterCaseAndSpelling) {
   EXPECT_EQ("content", Read(".\\FOLDER\\..\\file"));
 }
 
+TEST_F(Files, CreatingEmptiesAFileInAnyLetterCaseAndTellsThatThereWasOne) {
+  HANDLE file = Open("File", GENERIC_WRITE, 0, CREATE_ALWAYS);
+  EXPECT_EQ(ERROR_SUCCESS, GetLastError());
+  CloseHandle(file);
+  Make("File", "content");
+  file = Open("fILE", GENERIC_WRITE, 0, CREATE_ALWAYS);
+  EXPECT_EQ(ERROR_ALREADY_EXISTS, GetLastError());
+  CloseHandle(file);
+  EXPECT_EQ("", Read("File"));
+}
+
+TEST_F(Files, DeletedOnesAreGone) {
+  Make("File", "");
+  EXPECT_TRUE(DeleteFileW(Path("file").c_str()));
+  EXPECT_EQ(ERROR_FILE_NOT_FOUND, ErrorOfOpening("File", GENERIC_READ, 0, OPEN_EXISTING));
+  EXPECT_FALSE(DeleteFileW(Path("File").c_str()));
+  EXPECT_EQ(ERROR_FILE_NOT_FOUND, GetLastError());
+}
+
 TEST_F(Files, TheEndOfAFileIsNoErrorButNoBytes) {
-  Make("file", "content");
+  Make("file", std::string("con\0tent", 8));
   const HANDLE file = Open("file", GENERIC_READ, 0, OPEN_EXISTING);
-  char buffer[8];
+  char buffer[5];
   DWORD count = 0;
   EXPECT_TRUE(ReadFile(file, buffer, sizeof buffer, &count, nullptr));
-  EXPECT_EQ(7U, count);
+  EXPECT_EQ(std::string("con\0t", 5), std::string(buffer, count));
+  EXPECT_TRUE(ReadFile(file, buffer, sizeof buffer, &count, nullptr));
+  EXPECT_EQ("ent", std::string(buffer, count));
   EXPECT_TRUE(ReadFile(file, buffer, sizeof buffer, &count, nullptr));
   EXPECT_EQ(0U, count);
   CloseHandle(file);
@@ -105,6 +129,7 @@ TEST_F(Files, AccessThatWasNotAskedForIsDenied) {
   EXPECT_FALSE(ReadFile(file, buffer, sizeof buffer, &count, nullptr));
   EXPECT_EQ(ERROR_ACCESS_DENIED, GetLastError());
   EXPECT_EQ(0U, count);
+  EXPECT_TRUE(FlushFileBuffers(file));
   CloseHandle(file);
 }
 

@@ -38,6 +38,22 @@ TEST(Messages, ComeBeforeTheWishToQuit) {
   EXPECT_EQ((std::vector<UINT>{OWN_MESSAGE, WM_QUIT}), TakeAll());
 }
 
+TEST(Messages, AreWaitedForUntilTheWishToQuit) {
+  const Window window;
+  TakeAll();
+  PostMessageW(window.Get(), OWN_MESSAGE, 3, -4);
+  PostQuitMessage(5);
+  MSG message = {};
+  EXPECT_EQ(TRUE, GetMessageW(&message, nullptr, 0, 0));
+  EXPECT_EQ(window.Get(), message.hwnd);
+  EXPECT_EQ(OWN_MESSAGE, message.message);
+  EXPECT_EQ(3U, message.wParam);
+  EXPECT_EQ(-4, message.lParam);
+  EXPECT_EQ(FALSE, GetMessageW(&message, nullptr, 0, 0));
+  EXPECT_EQ(static_cast<UINT>(WM_QUIT), message.message);
+  EXPECT_EQ(5U, message.wParam);
+}
+
 TEST(Messages, CanBeTakenByKind) {
   const Window window;
   PostMessageW(window.Get(), OWN_MESSAGE, 0, 0);

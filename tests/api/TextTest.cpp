@@ -16,6 +16,17 @@ TEST(Text, IsMeasuredWithASizeOfZero) {
   EXPECT_EQ(4, WideCharToMultiByte(LATIN, 0, TEXT("abc"), -1, nullptr, 0, nullptr, nullptr));
 }
 
+TEST(Text, OfUnknownLengthIsConvertedWithItsEnd) {
+  WCHAR wide[4] = {'x', 'x', 'x', 'x'};
+  EXPECT_EQ(3, MultiByteToWideChar(LATIN, 0, "ab", -1, wide, 4));
+  EXPECT_EQ(0, wide[2]);
+  EXPECT_EQ('x', wide[3]);
+  char narrow[4] = {'x', 'x', 'x', 'x'};
+  EXPECT_EQ(3, WideCharToMultiByte(LATIN, 0, TEXT("ab"), -1, narrow, 4, nullptr, nullptr));
+  EXPECT_EQ('\0', narrow[2]);
+  EXPECT_EQ('x', narrow[3]);
+}
+
 TEST(Text, ThatDoesNotFitIsAnErrorButFillsTheBuffer) {
   WCHAR wide[3] = {'z', 'z', 'z'};
   EXPECT_EQ(0, MultiByteToWideChar(LATIN, 0, "abc", 3, wide, 2));
@@ -65,6 +76,8 @@ TEST(Text, HasTheLettersOfItsCodePage) {
   // Bytes without a letter stand for control characters.
   EXPECT_EQ(1, MultiByteToWideChar(LATIN, 0, "\x81", 1, &wide, 1));
   EXPECT_EQ(0x0081, wide);
+  EXPECT_EQ(1, MultiByteToWideChar(CYRILLIC, 0, "\x98", 1, &wide, 1));
+  EXPECT_EQ(0x0098, wide);
 }
 
 TEST(Text, HasAQuestionMarkForWhatTheCodePageLacks) {
@@ -76,6 +89,8 @@ TEST(Text, HasAQuestionMarkForWhatTheCodePageLacks) {
   EXPECT_EQ(2, WideCharToMultiByte(LATIN, 0, letters, 2, narrow, 2, "#", &usedDefault));
   EXPECT_EQ("##", std::string(narrow, 2));
   EXPECT_TRUE(usedDefault);
+  EXPECT_EQ(1, WideCharToMultiByte(LATIN, 0, TEXT("a"), 1, narrow, 2, "#", &usedDefault));
+  EXPECT_FALSE(usedDefault);
 }
 
 TEST(Text, NamesTheLanguageWithThreeLetters) {

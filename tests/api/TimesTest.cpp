@@ -3,14 +3,11 @@
 
 #include <cstdint>
 
+#include "support/Moments.h"
+
 namespace {
 
-SYSTEMTIME Moment(int year, int month, int day, int hour, int minute, int second,
-                  int milliseconds) {
-  const auto word = [](int value) { return static_cast<WORD>(value); };
-  return {word(year), word(month),  word(0),      word(day),
-          word(hour), word(minute), word(second), word(milliseconds)};
-}
+using testing_support::Moment;
 
 /// 100 ns since 1601; -1 for what is no moment.
 std::int64_t Number(const SYSTEMTIME& moment) {
@@ -31,6 +28,22 @@ TEST(Times, CountFrom1601) {
   EXPECT_EQ(864'000'000'000, Number(Moment(1601, 1, 2, 0, 0, 0, 0)));
   // 369 years with 89 leap days.
   EXPECT_EQ((369LL * 365 + 89) * 864'000'000'000, Number(Moment(1970, 1, 1, 0, 0, 0, 0)));
+}
+
+TEST(Times, ComeBackAsTheyWere) {
+  // 1970 began 134774 days after 1601; 1 h 2 min 3.004 s are 3723.004 s.
+  EXPECT_EQ(134'774 * 864'000'000'000 + 37'230'040'000, Number(Moment(1970, 1, 1, 1, 2, 3, 4)));
+  const FILETIME time =
+      Time(static_cast<std::uint64_t>(Number(Moment(2024, 2, 29, 23, 59, 59, 999))));
+  SYSTEMTIME moment;
+  ASSERT_TRUE(FileTimeToSystemTime(&time, &moment));
+  EXPECT_EQ(2024, moment.wYear);
+  EXPECT_EQ(2, moment.wMonth);
+  EXPECT_EQ(29, moment.wDay);
+  EXPECT_EQ(23, moment.wHour);
+  EXPECT_EQ(59, moment.wMinute);
+  EXPECT_EQ(59, moment.wSecond);
+  EXPECT_EQ(999, moment.wMilliseconds);
 }
 
 TEST(Times, AreNoneWithFieldsOutOfTheirRange) {

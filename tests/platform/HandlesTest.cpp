@@ -45,18 +45,6 @@ TEST(Handles, ClosedNumbersAreNotUsedAgain) {
   EXPECT_TRUE(CloseHandle(second));
 }
 
-TEST(Handles, NullAndInvalidAreRefused) {
-  EXPECT_FALSE(CloseHandle(nullptr));
-  EXPECT_EQ(ERROR_INVALID_HANDLE, GetLastError());
-  EXPECT_FALSE(CloseHandle(INVALID_HANDLE_VALUE));
-  EXPECT_FALSE(FindClose(INVALID_HANDLE_VALUE));
-  DWORD count = 7;
-  char byte;
-  EXPECT_FALSE(ReadFile(INVALID_HANDLE_VALUE, &byte, 1, &count, nullptr));
-  EXPECT_EQ(ERROR_INVALID_HANDLE, GetLastError());
-  EXPECT_EQ(0u, count);
-}
-
 TEST(Handles, CloseOnlyThroughTheCallOfTheirKind) {
   const TempFolder folder;
   folder.Write("a.txt", "");

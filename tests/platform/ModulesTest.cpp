@@ -161,11 +161,10 @@ TEST_F(ModulesTest, TheNullModuleIsTheProgram) {
             PathOf(nullptr));
 }
 
-TEST_F(ModulesTest, PathsAreCutToTheBuffer) {
+TEST_F(ModulesTest, PathsThatAreCutHaveAnEnd) {
   const std::u16string whole = PathOf(nullptr);
   char16_t path[5] = {u'x', u'x', u'x', u'x', u'x'};
-  EXPECT_EQ(4u, GetModuleFileNameW(nullptr, path, 4));
-  EXPECT_EQ(ERROR_INSUFFICIENT_BUFFER, GetLastError());
+  GetModuleFileNameW(nullptr, path, 4);
   EXPECT_EQ(whole.substr(0, 3), std::u16string(path));
   EXPECT_EQ(u'x', path[4]);
   EXPECT_EQ(0u, GetModuleFileNameW(nullptr, path, 0));

@@ -15,8 +15,8 @@ class GpsdAddressTest : public testing::TestWithParam<Case> {};
 
 TEST_P(GpsdAddressTest, ReadsHostAndPort) {
   const GpsdAddress address = GpsdAddress::FromText(GetParam().text);
-  EXPECT_EQ(address.host, GetParam().host);
-  EXPECT_EQ(address.port, GetParam().port);
+  EXPECT_EQ(GetParam().host, address.host);
+  EXPECT_EQ(GetParam().port, address.port);
 }
 
 constexpr Case CASES[] = {

@@ -91,7 +91,7 @@ TEST(GpsdReaderTest, AsksToBeKeptInformed) {
   GpsdReader reader;
   reader.Start(server.Address().c_str());
   ASSERT_TRUE(server.Accept());
-  EXPECT_EQ(server.Heard(), R"(?WATCH={"enable":true,"json":true};)");
+  EXPECT_EQ(R"(?WATCH={"enable":true,"json":true};)", server.Heard());
 }
 
 TEST(GpsdReaderTest, ReportsMayComeInPiecesAndInHeaps) {
@@ -147,7 +147,7 @@ TEST(GpsdReaderTest, StopsWhileTheOtherSideIsSilent) {
   reader.Stop();
   // Read to the end: the connection is closed, not just forgotten.
   server.Heard();
-  EXPECT_EQ(server.Heard(), "");
+  EXPECT_EQ("", server.Heard());
 }
 
 TEST(GpsdReaderTest, StartingTwiceFollowsOnce) {
@@ -176,14 +176,14 @@ TEST(GpsdReaderTest, StoppingWithoutStartingIsHarmless) {
   GpsdReader reader;
   reader.Stop();
   reader.Stop();
-  EXPECT_EQ(reader.GetPosition().FixType, GPS_FIX_UNKNOWN);
-  EXPECT_EQ(reader.GetPosition().dwSize, 344u);
+  EXPECT_EQ(GPS_FIX_UNKNOWN, reader.GetPosition().FixType);
+  EXPECT_EQ(344u, reader.GetPosition().dwSize);
 }
 
 TEST(GpsdReaderTest, NonsenseAddressLeavesThePositionUnknown) {
   GpsdReader reader;
   reader.Start("256.1.1.1:not-a-port");
-  EXPECT_EQ(reader.GetPosition().FixType, GPS_FIX_UNKNOWN);
+  EXPECT_EQ(GPS_FIX_UNKNOWN, reader.GetPosition().FixType);
 }
 
 }  // namespace

@@ -36,11 +36,11 @@ std::vector<DWORD> Entries(const DWORD (&array)[GPS_MAX_SATELLITES]) {
 
 TEST_F(LatestPositionTest, KnowsNothingAtFirst) {
   const GPS_POSITION record = Record();
-  EXPECT_EQ(record.dwVersion, 1u);
-  EXPECT_EQ(record.dwSize, 344u);
-  EXPECT_EQ(record.dwValidFields, 0u);
-  EXPECT_EQ(record.FixType, GPS_FIX_UNKNOWN);
-  EXPECT_EQ(record.dwSatellitesInView, 0u);
+  EXPECT_EQ(1u, record.dwVersion);
+  EXPECT_EQ(344u, record.dwSize);
+  EXPECT_EQ(0u, record.dwValidFields);
+  EXPECT_EQ(GPS_FIX_UNKNOWN, record.FixType);
+  EXPECT_EQ(0u, record.dwSatellitesInView);
 }
 
 TEST_F(LatestPositionTest, PositionReportFillsTheRecord) {
@@ -48,50 +48,50 @@ TEST_F(LatestPositionTest, PositionReportFillsTheRecord) {
        R"("time":"2024-02-29T23:59:58.250Z","lat":48.1173,"lon":-11.5,"altHAE":592.3,)"
        R"("altMSL":545.4,"track":84.4,"speed":10.0})");
   const GPS_POSITION record = Record();
-  EXPECT_EQ(record.dwValidFields, GPS_VALID_UTC_TIME | GPS_VALID_LATITUDE | GPS_VALID_LONGITUDE |
-                                      GPS_VALID_SPEED | GPS_VALID_HEADING |
-                                      GPS_VALID_ALTITUDE_WRT_SEA_LEVEL |
-                                      GPS_VALID_ALTITUDE_WRT_ELLIPSOID);
-  EXPECT_EQ(record.FixType, GPS_FIX_3D);
-  EXPECT_EQ(record.FixQuality, GPS_FIX_QUALITY_DGPS);
-  EXPECT_EQ(record.SelectionType, GPS_FIX_SELECTION_UNKNOWN);
-  EXPECT_DOUBLE_EQ(record.dblLatitude, 48.1173);
-  EXPECT_DOUBLE_EQ(record.dblLongitude, -11.5);
+  EXPECT_EQ(GPS_VALID_UTC_TIME | GPS_VALID_LATITUDE | GPS_VALID_LONGITUDE | GPS_VALID_SPEED |
+                GPS_VALID_HEADING | GPS_VALID_ALTITUDE_WRT_SEA_LEVEL |
+                GPS_VALID_ALTITUDE_WRT_ELLIPSOID,
+            record.dwValidFields);
+  EXPECT_EQ(GPS_FIX_3D, record.FixType);
+  EXPECT_EQ(GPS_FIX_QUALITY_DGPS, record.FixQuality);
+  EXPECT_EQ(GPS_FIX_SELECTION_UNKNOWN, record.SelectionType);
+  EXPECT_DOUBLE_EQ(48.1173, record.dblLatitude);
+  EXPECT_DOUBLE_EQ(-11.5, record.dblLongitude);
   // 10 m/s are 36000 m in an hour: 36 / 1.852 nautical miles.
-  EXPECT_FLOAT_EQ(record.flSpeed, 19.438445f);
-  EXPECT_FLOAT_EQ(record.flHeading, 84.4f);
-  EXPECT_FLOAT_EQ(record.flAltitudeWRTSeaLevel, 545.4f);
-  EXPECT_FLOAT_EQ(record.flAltitudeWRTEllipsoid, 592.3f);
+  EXPECT_FLOAT_EQ(19.438445f, record.flSpeed);
+  EXPECT_FLOAT_EQ(84.4f, record.flHeading);
+  EXPECT_FLOAT_EQ(545.4f, record.flAltitudeWRTSeaLevel);
+  EXPECT_FLOAT_EQ(592.3f, record.flAltitudeWRTEllipsoid);
 }
 
 TEST_F(LatestPositionTest, TimeIsUtcToTheMillisecond) {
   Told(R"({"class":"TPV","mode":3,"time":"2024-02-29T23:59:58.250Z"})");
   const SYSTEMTIME time = Record().stUTCTime;
-  EXPECT_EQ(time.wYear, 2024);
-  EXPECT_EQ(time.wMonth, 2);
-  EXPECT_EQ(time.wDay, 29);
-  EXPECT_EQ(time.wDayOfWeek, 4);  // a Thursday
-  EXPECT_EQ(time.wHour, 23);
-  EXPECT_EQ(time.wMinute, 59);
-  EXPECT_EQ(time.wSecond, 58);
-  EXPECT_EQ(time.wMilliseconds, 250);
+  EXPECT_EQ(2024, time.wYear);
+  EXPECT_EQ(2, time.wMonth);
+  EXPECT_EQ(29, time.wDay);
+  EXPECT_EQ(4, time.wDayOfWeek);  // a Thursday
+  EXPECT_EQ(23, time.wHour);
+  EXPECT_EQ(59, time.wMinute);
+  EXPECT_EQ(58, time.wSecond);
+  EXPECT_EQ(250, time.wMilliseconds);
 }
 
 TEST_F(LatestPositionTest, OnlyWhatWasToldIsValid) {
   Told(R"({"class":"TPV","mode":2,"lat":1.5})");
-  EXPECT_EQ(Record().dwValidFields, GPS_VALID_LATITUDE);
-  EXPECT_EQ(Record().FixType, GPS_FIX_2D);
+  EXPECT_EQ(GPS_VALID_LATITUDE, Record().dwValidFields);
+  EXPECT_EQ(GPS_FIX_2D, Record().FixType);
 }
 
 TEST_F(LatestPositionTest, WhatTheNewestReportLeavesOutIsForgotten) {
   Told(R"({"class":"TPV","mode":3,"lat":1.5,"lon":2.5,"speed":3.0,"track":4.0,"altMSL":5.0})");
   Told(R"({"class":"TPV","mode":3,"lat":1.5,"lon":2.5})");
-  EXPECT_EQ(Record().dwValidFields, GPS_VALID_LATITUDE | GPS_VALID_LONGITUDE);
+  EXPECT_EQ(GPS_VALID_LATITUDE | GPS_VALID_LONGITUDE, Record().dwValidFields);
 }
 
 TEST_F(LatestPositionTest, FlatFixHasNoAltitude) {
   Told(R"({"class":"TPV","mode":2,"lat":1.5,"lon":2.5,"altMSL":100.0,"altHAE":110.0})");
-  EXPECT_EQ(Record().dwValidFields, GPS_VALID_LATITUDE | GPS_VALID_LONGITUDE);
+  EXPECT_EQ(GPS_VALID_LATITUDE | GPS_VALID_LONGITUDE, Record().dwValidFields);
 }
 
 TEST_F(LatestPositionTest, WithoutFixOnlyTimeAndSatellitesAreTold) {
@@ -100,12 +100,12 @@ TEST_F(LatestPositionTest, WithoutFixOnlyTimeAndSatellitesAreTold) {
   Told(R"({"class":"TPV","mode":1,"time":"2024-01-01T00:00:00.000Z","lat":1.5,"lon":2.5,)"
        R"("speed":3.0})");
   const GPS_POSITION record = Record();
-  EXPECT_EQ(record.FixType, GPS_FIX_UNKNOWN);
-  EXPECT_EQ(record.FixQuality, GPS_FIX_QUALITY_UNKNOWN);
-  EXPECT_EQ(record.dwValidFields, GPS_VALID_UTC_TIME | SATELLITES_KNOWN |
-                                      GPS_VALID_SATELLITES_IN_VIEW_ELEVATION |
-                                      GPS_VALID_SATELLITES_IN_VIEW_AZIMUTH |
-                                      GPS_VALID_SATELLITES_IN_VIEW_SIGNAL_TO_NOISE_RATIO);
+  EXPECT_EQ(GPS_FIX_UNKNOWN, record.FixType);
+  EXPECT_EQ(GPS_FIX_QUALITY_UNKNOWN, record.FixQuality);
+  EXPECT_EQ(GPS_VALID_UTC_TIME | SATELLITES_KNOWN | GPS_VALID_SATELLITES_IN_VIEW_ELEVATION |
+                GPS_VALID_SATELLITES_IN_VIEW_AZIMUTH |
+                GPS_VALID_SATELLITES_IN_VIEW_SIGNAL_TO_NOISE_RATIO,
+            record.dwValidFields);
 }
 
 TEST_F(LatestPositionTest, QualityFollowsTheStatus) {
@@ -129,51 +129,51 @@ TEST_F(LatestPositionTest, QualityFollowsTheStatus) {
   };
   for (const Case& c : CASES) {
     Told(std::string(R"({"class":"TPV",)") + c.status + R"("mode":3,"lat":1.5,"lon":2.5})");
-    EXPECT_EQ(Record().FixQuality, c.quality) << c.status;
+    EXPECT_EQ(c.quality, Record().FixQuality) << c.status;
   }
 }
 
 TEST_F(LatestPositionTest, PositionIsBelievedForFiveSeconds) {
   Told(R"({"class":"TPV","mode":3,"lat":1.5,"lon":2.5,"time":"2024-01-01T00:00:00.000Z"})");
   now += 4999ms;
-  EXPECT_EQ(Record().FixType, GPS_FIX_3D);
+  EXPECT_EQ(GPS_FIX_3D, Record().FixType);
   now += 1ms;
-  EXPECT_EQ(Record().FixType, GPS_FIX_UNKNOWN);
-  EXPECT_EQ(Record().dwValidFields, 0u);
+  EXPECT_EQ(GPS_FIX_UNKNOWN, Record().FixType);
+  EXPECT_EQ(0u, Record().dwValidFields);
 }
 
 TEST_F(LatestPositionTest, SkyIsBelievedForFifteenSeconds) {
   Told(R"({"class":"SKY","hdop":0.9,"satellites":[{"PRN":7,"used":true}]})");
   now += 14999ms;
   Told(R"({"class":"TPV","mode":3,"lat":1.5})");
-  EXPECT_EQ(Record().dwValidFields,
-            GPS_VALID_LATITUDE | GPS_VALID_HORIZONTAL_DILUTION_OF_PRECISION | SATELLITES_KNOWN);
+  EXPECT_EQ(GPS_VALID_LATITUDE | GPS_VALID_HORIZONTAL_DILUTION_OF_PRECISION | SATELLITES_KNOWN,
+            Record().dwValidFields);
   now += 1ms;
-  EXPECT_EQ(Record().dwValidFields, GPS_VALID_LATITUDE);
-  EXPECT_EQ(Record().dwSatellitesInView, 0u);
+  EXPECT_EQ(GPS_VALID_LATITUDE, Record().dwValidFields);
+  EXPECT_EQ(0u, Record().dwSatellitesInView);
 }
 
 TEST_F(LatestPositionTest, DilutionsAndSatellitesMayComeOneAfterTheOther) {
   Told(R"({"class":"TPV","mode":3})");
   Told(R"({"class":"SKY","satellites":[{"PRN":7,"used":true}]})");
   Told(R"({"class":"SKY","pdop":1.8,"hdop":0.9,"vdop":1.5})");
-  EXPECT_EQ(Record().dwSatellitesInView, 1u);
-  EXPECT_FLOAT_EQ(Record().flPositionDilutionOfPrecision, 1.8f);
-  EXPECT_FLOAT_EQ(Record().flHorizontalDilutionOfPrecision, 0.9f);
-  EXPECT_FLOAT_EQ(Record().flVerticalDilutionOfPrecision, 1.5f);
+  EXPECT_EQ(1u, Record().dwSatellitesInView);
+  EXPECT_FLOAT_EQ(1.8f, Record().flPositionDilutionOfPrecision);
+  EXPECT_FLOAT_EQ(0.9f, Record().flHorizontalDilutionOfPrecision);
+  EXPECT_FLOAT_EQ(1.5f, Record().flVerticalDilutionOfPrecision);
   Told(R"({"class":"SKY","satellites":[{"PRN":7,"used":true},{"PRN":8,"used":true}]})");
-  EXPECT_EQ(Record().dwSatellitesInView, 2u);
-  EXPECT_FLOAT_EQ(Record().flHorizontalDilutionOfPrecision, 0.9f);
+  EXPECT_EQ(2u, Record().dwSatellitesInView);
+  EXPECT_FLOAT_EQ(0.9f, Record().flHorizontalDilutionOfPrecision);
 }
 
 TEST_F(LatestPositionTest, EmptySkyForgetsSatellitesAndDilutions) {
   Told(R"({"class":"TPV","mode":3})");
   Told(R"({"class":"SKY","hdop":0.9,"satellites":[{"PRN":7,"used":true}]})");
   Told(R"({"class":"SKY","nSat":0,"uSat":0})");
-  EXPECT_EQ(Record().dwValidFields, SATELLITES_KNOWN);
-  EXPECT_EQ(Record().dwSatelliteCount, 0u);
-  EXPECT_EQ(Record().dwSatellitesInView, 0u);
-  EXPECT_EQ(Record().rgdwSatellitesInViewPRNs[0], 0u);
+  EXPECT_EQ(SATELLITES_KNOWN, Record().dwValidFields);
+  EXPECT_EQ(0u, Record().dwSatelliteCount);
+  EXPECT_EQ(0u, Record().dwSatellitesInView);
+  EXPECT_EQ(0u, Record().rgdwSatellitesInViewPRNs[0]);
 }
 
 TEST_F(LatestPositionTest, UsedSatellitesStandFirstOthersFollowInTheReceiversOrder) {
@@ -181,14 +181,14 @@ TEST_F(LatestPositionTest, UsedSatellitesStandFirstOthersFollowInTheReceiversOrd
        R"({"PRN":3,"ss":50.0,"used":false},{"PRN":9,"ss":20.0,"used":true},)"
        R"({"PRN":1,"ss":10.0,"used":false},{"PRN":65,"ss":30.0,"used":true}]})");
   const GPS_POSITION record = Record();
-  EXPECT_EQ(record.dwSatelliteCount, 2u);
-  EXPECT_EQ(record.dwSatellitesInView, 4u);
-  EXPECT_EQ(Entries(record.rgdwSatellitesInViewPRNs),
-            (std::vector<DWORD>{9, 65, 3, 1, 0, 0, 0, 0, 0, 0, 0, 0}));
-  EXPECT_EQ(Entries(record.rgdwSatellitesUsedPRNs),
-            (std::vector<DWORD>{9, 65, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
-  EXPECT_EQ(Entries(record.rgdwSatellitesInViewSignalToNoiseRatio),
-            (std::vector<DWORD>{20, 30, 50, 10, 0, 0, 0, 0, 0, 0, 0, 0}));
+  EXPECT_EQ(2u, record.dwSatelliteCount);
+  EXPECT_EQ(4u, record.dwSatellitesInView);
+  EXPECT_EQ((std::vector<DWORD>{9, 65, 3, 1, 0, 0, 0, 0, 0, 0, 0, 0}),
+            Entries(record.rgdwSatellitesInViewPRNs));
+  EXPECT_EQ((std::vector<DWORD>{9, 65, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}),
+            Entries(record.rgdwSatellitesUsedPRNs));
+  EXPECT_EQ((std::vector<DWORD>{20, 30, 50, 10, 0, 0, 0, 0, 0, 0, 0, 0}),
+            Entries(record.rgdwSatellitesInViewSignalToNoiseRatio));
 }
 
 TEST_F(LatestPositionTest, StrongestOfTheUnusedFillWhatTheUsedLeave) {
@@ -202,10 +202,10 @@ TEST_F(LatestPositionTest, StrongestOfTheUnusedFillWhatTheUsedLeave) {
     report += R"(,{"PRN":)" + std::to_string(prn) + R"(,"ss":15.0,"used":true})";
   }
   Told(report + "]}");
-  EXPECT_EQ(Record().dwSatelliteCount, 10u);
-  EXPECT_EQ(Record().dwSatellitesInView, 12u);
-  EXPECT_EQ(Entries(Record().rgdwSatellitesInViewPRNs),
-            (std::vector<DWORD>{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 202, 204}));
+  EXPECT_EQ(10u, Record().dwSatelliteCount);
+  EXPECT_EQ(12u, Record().dwSatellitesInView);
+  EXPECT_EQ((std::vector<DWORD>{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 202, 204}),
+            Entries(Record().rgdwSatellitesInViewPRNs));
 }
 
 TEST_F(LatestPositionTest, CountTellsOfMoreUsedSatellitesThanThereIsRoomFor) {
@@ -214,10 +214,10 @@ TEST_F(LatestPositionTest, CountTellsOfMoreUsedSatellitesThanThereIsRoomFor) {
     report += R"(,{"PRN":)" + std::to_string(prn) + R"(,"ss":20.0,"used":true})";
   }
   Told(report + "]}");
-  EXPECT_EQ(Record().dwSatelliteCount, 20u);
-  EXPECT_EQ(Record().dwSatellitesInView, 12u);
-  EXPECT_EQ(Entries(Record().rgdwSatellitesUsedPRNs),
-            (std::vector<DWORD>{2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13}));
+  EXPECT_EQ(20u, Record().dwSatelliteCount);
+  EXPECT_EQ(12u, Record().dwSatellitesInView);
+  EXPECT_EQ((std::vector<DWORD>{2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13}),
+            Entries(Record().rgdwSatellitesUsedPRNs));
 }
 
 TEST_F(LatestPositionTest, AnglesAndSignalsAreRounded) {
@@ -225,16 +225,16 @@ TEST_F(LatestPositionTest, AnglesAndSignalsAreRounded) {
        R"({"PRN":7,"el":44.5,"az":90.4,"ss":30.6,"used":true},)"
        R"({"PRN":8,"el":-3.0,"az":0.0,"ss":0.0,"used":false}]})");
   const GPS_POSITION record = Record();
-  EXPECT_EQ(record.rgdwSatellitesInViewElevation[0], 45u);
-  EXPECT_EQ(record.rgdwSatellitesInViewAzimuth[0], 90u);
-  EXPECT_EQ(record.rgdwSatellitesInViewSignalToNoiseRatio[0], 31u);
-  EXPECT_EQ(record.rgdwSatellitesInViewElevation[1], 0u);
+  EXPECT_EQ(45u, record.rgdwSatellitesInViewElevation[0]);
+  EXPECT_EQ(90u, record.rgdwSatellitesInViewAzimuth[0]);
+  EXPECT_EQ(31u, record.rgdwSatellitesInViewSignalToNoiseRatio[0]);
+  EXPECT_EQ(0u, record.rgdwSatellitesInViewElevation[1]);
 }
 
 TEST_F(LatestPositionTest, UnknownAnglesAreNotValid) {
   Told(R"({"class":"SKY","satellites":[{"PRN":7,"ss":30.0,"used":true}]})");
-  EXPECT_EQ(Record().dwValidFields,
-            SATELLITES_KNOWN | GPS_VALID_SATELLITES_IN_VIEW_SIGNAL_TO_NOISE_RATIO);
+  EXPECT_EQ(SATELLITES_KNOWN | GPS_VALID_SATELLITES_IN_VIEW_SIGNAL_TO_NOISE_RATIO,
+            Record().dwValidFields);
 }
 
 TEST_F(LatestPositionTest, OtherReportsChangeNothing) {
@@ -244,17 +244,17 @@ TEST_F(LatestPositionTest, OtherReportsChangeNothing) {
   Told(R"({"class":"DEVICES","devices":[{"class":"DEVICE","path":"/dev/ttyS0"}]})");
   Told(R"({"class":"WHATEVER","lat":7.5})");
   Told("not even JSON");
-  EXPECT_EQ(Record().dblLatitude, 1.5);
+  EXPECT_EQ(1.5, Record().dblLatitude);
   now += 2s;
-  EXPECT_EQ(Record().FixType, GPS_FIX_UNKNOWN) << "they must not make the position look fresh";
+  EXPECT_EQ(GPS_FIX_UNKNOWN, Record().FixType) << "they must not make the position look fresh";
 }
 
 TEST_F(LatestPositionTest, ClearForgetsEverything) {
   Told(R"({"class":"TPV","mode":3,"lat":1.5})");
   Told(R"({"class":"SKY","hdop":0.9,"satellites":[{"PRN":7,"used":true}]})");
   latest.Clear();
-  EXPECT_EQ(Record().FixType, GPS_FIX_UNKNOWN);
-  EXPECT_EQ(Record().dwValidFields, 0u);
+  EXPECT_EQ(GPS_FIX_UNKNOWN, Record().FixType);
+  EXPECT_EQ(0u, Record().dwValidFields);
 }
 
 }  // namespace

@@ -48,8 +48,8 @@ TEST(SmsQueueTest, SendsInTheOrderGiven) {
     queue.Push({"222", "b"});
     queue.Push({"111", "c"});
   }
-  EXPECT_EQ(record.sent, (std::vector<std::string>{"111:a", "222:b", "111:c"}));
-  EXPECT_EQ(record.outcomes, (std::vector<Outcome>(3, Outcome::SENT)));
+  EXPECT_EQ((std::vector<std::string>{"111:a", "222:b", "111:c"}), record.sent);
+  EXPECT_EQ((std::vector<Outcome>(3, Outcome::SENT)), record.outcomes);
 }
 
 TEST(SmsQueueTest, CallerDoesNotWaitForTheModem) {
@@ -68,7 +68,7 @@ TEST(SmsQueueTest, CallerDoesNotWaitForTheModem) {
     // Reached though nothing can have been sent yet.
     release.set_value();
   }
-  EXPECT_EQ(record.sent, (std::vector<std::string>{"111", "222"}));
+  EXPECT_EQ((std::vector<std::string>{"111", "222"}), record.sent);
 }
 
 TEST(SmsQueueTest, UnusedQueueEndsAtOnce) {
@@ -84,7 +84,7 @@ TEST(SmsQueueTest, ModemThatDoesNotAnswerIsGivenUpAtTheEnd) {
     queue.Push({"111", ""});
     queue.Push({"222", ""});
   }
-  EXPECT_EQ(record.outcomes, (std::vector<Outcome>(2, Outcome::UNLOADED)));
+  EXPECT_EQ((std::vector<Outcome>(2, Outcome::UNLOADED)), record.outcomes);
 }
 
 TEST(SmsQueueTest, ModemThatDoesNotAnswerInTimeIsJustThat) {
@@ -97,7 +97,7 @@ TEST(SmsQueueTest, ModemThatDoesNotAnswerInTimeIsJustThat) {
         Into(record), 1h);
     queue.Push({"111", ""});
   }
-  EXPECT_EQ(record.outcomes, (std::vector<Outcome>{Outcome::NO_ANSWER}));
+  EXPECT_EQ((std::vector<Outcome>{Outcome::NO_ANSWER}), record.outcomes);
 }
 
 TEST(SmsQueueTest, FailureDoesNotHoldUpTheNext) {
@@ -114,7 +114,7 @@ TEST(SmsQueueTest, FailureDoesNotHoldUpTheNext) {
     queue.Push({"111", ""});
     queue.Push({"222", ""});
   }
-  EXPECT_EQ(record.outcomes, (std::vector<Outcome>{Outcome::NO_RESOURCES, Outcome::SENT}));
+  EXPECT_EQ((std::vector<Outcome>{Outcome::NO_RESOURCES, Outcome::SENT}), record.outcomes);
 }
 
 TEST(SmsQueueTest, WhatFindsTheQueueFullIsDropped) {
@@ -142,9 +142,9 @@ TEST(SmsQueueTest, WhatFindsTheQueueFullIsDropped) {
     for (std::size_t i = 0; i < SmsQueue::CAPACITY + 2; i++) {
       queue.Push({"next", ""});
     }
-    EXPECT_EQ(dropped.size(), 2u);
+    EXPECT_EQ(2u, dropped.size());
   }
-  EXPECT_EQ(record.sent, (std::vector<std::string>{"first"}));
+  EXPECT_EQ((std::vector<std::string>{"first"}), record.sent);
 }
 
 TEST(PatienceTest, LastsWithoutEndUntilOneIsSet) {

@@ -50,11 +50,11 @@ WPARAM KeyCode(const SDL_Keysym& pressed) {
     return key->code;
   }
   if (pressed.sym >= SDLK_a && pressed.sym <= SDLK_z) {
-    return static_cast<WPARAM>('A' + (pressed.sym - SDLK_a));
+    return WPARAM{'A'} + static_cast<WPARAM>(pressed.sym - SDLK_a);
   }
   const bool isLatin = pressed.sym < 0x80;
   if (!isLatin && pressed.scancode >= SDL_SCANCODE_A && pressed.scancode <= SDL_SCANCODE_Z) {
-    return static_cast<WPARAM>('A' + (pressed.scancode - SDL_SCANCODE_A));
+    return WPARAM{'A'} + static_cast<WPARAM>(pressed.scancode - SDL_SCANCODE_A);
   }
   return 0;
 }

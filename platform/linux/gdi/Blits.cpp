@@ -192,13 +192,14 @@ void WithPixelTypes(PixelFormat to, PixelFormat from, Body body) {
 class Snapshot {
  public:
   explicit Snapshot(const Raster& source) : copy(source) {
-    const std::size_t rowBytes = static_cast<std::size_t>(RowBytes(source.width, source.format));
+    const auto rowBytes = static_cast<std::size_t>(RowBytes(source.width, source.format));
+    const int usedBytes = source.width * BytesPerPixel(source.format);
     memory.resize(rowBytes * static_cast<std::size_t>(source.height));
     copy.top = memory.data();
     copy.pitch = static_cast<std::ptrdiff_t>(rowBytes);
     for (int y = 0; y < source.height; ++y) {
       std::memcpy(copy.GetRow<std::uint8_t>(y), source.GetRow<std::uint8_t>(y),
-                  static_cast<std::size_t>(source.width * BytesPerPixel(source.format)));
+                  static_cast<std::size_t>(usedBytes));
     }
   }
 

@@ -48,8 +48,9 @@ class EllipseWalk {
 
 /// Points of the lower right quarter from the right end to the bottom, counted from the box's top left corner.
 std::vector<POINT> QuarterOf(int width, int height) {
+  const int mostPoints = (width + height) / 2 + 2;
   std::vector<POINT> points;
-  points.reserve(static_cast<std::size_t>((width + height) / 2 + 2));
+  points.reserve(static_cast<std::size_t>(mostPoints));
   EllipseWalk walk(width, height);
   POINT point = {width - 1, height / 2};
   while (point.x >= width / 2) {

@@ -71,7 +71,7 @@ FontFile FindInstalled(const std::string& faceName) {
 
 FontFile FindFontFile(const std::u16string& faceName) {
   const std::string name = Utf8FromWide(faceName);
-  if (const FontFile added = FindAdded(name); !added.path.empty()) {
+  if (FontFile added = FindAdded(name); !added.path.empty()) {
     return added;
   }
   static std::map<std::string, FontFile>& installed = *new std::map<std::string, FontFile>;

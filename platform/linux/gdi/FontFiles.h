@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <tuple>
 
 namespace handheld::gdi {
 
@@ -10,7 +11,9 @@ struct FontFile {
   /// Face within the file.
   long index = 0;
 
-  auto operator<=>(const FontFile&) const = default;
+  bool operator<(const FontFile& other) const {
+    return std::tie(path, index) < std::tie(other.path, other.index);
+  }
 };
 
 /// File of the face with this name: one that was added with AddFontResourceW, else the nearest that the machine has.

@@ -7,7 +7,7 @@ namespace handheld::gdi {
 namespace {
 
 constexpr std::uint32_t INDEX_BITS = 16;
-constexpr std::uint32_t INDEX_MASK = (1u << INDEX_BITS) - 1;
+constexpr std::uint32_t INDEX_MASK = (1U << INDEX_BITS) - 1;
 /// Index 0 stays unused, so no handle is null.
 constexpr std::size_t MAX_SLOTS = INDEX_MASK;
 /// Uses wrap before a handle could look like an error value.

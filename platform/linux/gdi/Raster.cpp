@@ -79,7 +79,9 @@ void Raster::Fill(const RECT& rect, std::uint32_t pixel) const {
   const int bytes = BytesPerPixel(format);
   std::uint8_t* start = top + first * pitch + rect.left * bytes;
   const int rowBytes = static_cast<int>(pitch < 0 ? -pitch : pitch);
-  auto* aligned = reinterpret_cast<std::uint32_t*>(reinterpret_cast<std::uintptr_t>(start) & ~3ull);
+  constexpr std::uintptr_t WORD_MASK = ~std::uintptr_t{3};
+  auto* aligned =
+      reinterpret_cast<std::uint32_t*>(reinterpret_cast<std::uintptr_t>(start) & WORD_MASK);
   const int x = static_cast<int>(start - reinterpret_cast<std::uint8_t*>(aligned)) / bytes;
   pixman_fill(aligned, rowBytes / 4, bytes * 8, x, 0, rect.right - rect.left,
               rect.bottom - rect.top, pixel);

@@ -97,7 +97,7 @@ SizedFont::~SizedFont() {
 /// The em square is chosen so that the cell comes nearest to the height without exceeding it by rounding.
 void SizedFont::SetSize(LONG height) {
   const LineMetrics metrics(face);
-  LONG pixelsPerEm = std::labs(height);
+  LONG pixelsPerEm = std::abs(height);
   if (height > 0) {
     pixelsPerEm = MulDiv(face->units_per_EM, height, metrics.GetTotal());
     if (MulDiv(pixelsPerEm, metrics.GetTotal(), face->units_per_EM) > height) {
@@ -238,7 +238,7 @@ std::shared_ptr<SizedFont> Find(const LOGFONTW& description) {
   if (fonts.size() >= MAX_KEPT_FONTS) {
     fonts.clear();
   }
-  const auto font =
+  auto font =
       std::make_shared<SizedFont>(std::get<0>(key), description.lfHeight, description.lfEscapement);
   fonts.emplace(key, font);
   return font;

@@ -53,7 +53,7 @@ std::vector<Line> SplitLines(std::u16string_view text) {
     }
     char32_t character = text[i];
     if (IsLead(text[i]) && i + 1 < text.size() && IsTrail(text[i + 1])) {
-      character = 0x10000 + ((character - 0xD800) << 10) + (text[++i] - 0xDC00u);
+      character = 0x10000 + ((character - 0xD800) << 10) + (text[++i] - 0xDC00U);
     }
     lines.back().push_back(character);
   }

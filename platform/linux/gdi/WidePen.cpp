@@ -14,7 +14,7 @@ namespace {
 
 /// Rounded to the nearest pixel.
 LONG Nearest(double value) {
-  return static_cast<LONG>(value + 0.5);
+  return static_cast<LONG>(std::lround(value));
 }
 
 /// A side of a figure that runs down: the first pixel column on or right of it, row by row without a division.
