@@ -1,5 +1,5 @@
-// C run-time calls that homes spell or do differently. All of them are independent of the process's locale:
-// a host that has set a comma locale still gets decimal points.
+// C run-time calls whose names or results differ between homes. They do not depend on the process's
+// locale: numbers have decimal points even when the host has set a comma locale.
 #pragma once
 
 #include <windef.h>
@@ -8,9 +8,9 @@
 #include <cstdint>
 
 extern "C" {
-/// Prints one value through a single printf conversion such as "%.1f" or "%g" into `out`, cut to `size` - 1
-/// characters and always terminated (`size` > 0). Returns the number of characters now in `out`.
-/// One call for each kind of argument, since homes pass variadic doubles differently.
+/// Prints one value through a single printf conversion such as "%.1f" or "%g" into `out`, cut to
+/// `size` - 1 characters and always terminated (`size` > 0). Returns the number of characters now
+/// in `out`. One call for each kind of argument, since homes pass variadic doubles differently.
 int CrtPrintDouble(char* out, std::size_t size, const char* conversion, double value);
 int CrtPrintInt(char* out, std::size_t size, const char* conversion, int value);
 

@@ -29,7 +29,7 @@ constexpr DWORD GPS_VALID_SATELLITES_IN_VIEW_ELEVATION = 0x00008000;
 constexpr DWORD GPS_VALID_SATELLITES_IN_VIEW_AZIMUTH = 0x00010000;
 constexpr DWORD GPS_VALID_SATELLITES_IN_VIEW_SIGNAL_TO_NOISE_RATIO = 0x00020000;
 
-// The width of these is fixed: some handheld compilers would make a byte of a small enumeration.
+// The underlying types are fixed: some handheld compilers store small enumerations in a byte.
 
 enum GPS_FIX_QUALITY : int {
   GPS_FIX_QUALITY_UNKNOWN = 0,
@@ -88,7 +88,7 @@ struct GPS_POSITION {
   DWORD rgdwSatellitesInViewSignalToNoiseRatio[GPS_MAX_SATELLITES];
 };
 
-// The record crosses library boundaries as so many bytes: its layout is the same in every home.
+// The record crosses library boundaries as bytes: its layout is the same in every home.
 static_assert(sizeof(GPS_POSITION) == 344);
 static_assert(offsetof(GPS_POSITION, dwValidFields) == 8);
 static_assert(offsetof(GPS_POSITION, stUTCTime) == 16);

@@ -1,5 +1,6 @@
-// Imaging library of the device: decodes picture files. Interfaces are declared up to the last method that is
-// called; the slots before it keep the order in which the device's own objects have them.
+// Imaging library of the device: decodes picture files. Interfaces are declared up to the last
+// method that is called; the slots before it keep the order in which the device's own objects have
+// them.
 #pragma once
 
 #include <objbase.h>
@@ -10,7 +11,7 @@ constexpr PixelFormatID PixelFormat32bppARGB = 0x0026200A;
 
 enum InterpolationHint { InterpolationHintDefault = 0 };
 
-/// For IBitmapImage::LockBits; together: decode into the caller's own memory.
+/// Flags of IBitmapImage::LockBits; both together decode into the caller's own memory.
 enum ImageLockMode { ImageLockModeRead = 1, ImageLockModeUserInputBuf = 4 };
 
 struct ImageInfo {
@@ -32,7 +33,7 @@ struct BitmapData {
   INT Stride;
   PixelFormatID PixelFormat;
   LPVOID Scan0;
-  UINT_PTR Reserved;
+  UINT_PTR Reserved;  // Unused.
 };
 
 struct IImage : IUnknown {

@@ -1,4 +1,4 @@
-// Component Object Model: start-up of the library on a thread, making of objects.
+// Component Object Model: start-up of the library on a thread, creation of objects.
 #pragma once
 
 #include <windef.h>
@@ -32,7 +32,7 @@ constexpr bool FAILED(HRESULT result) {
   return result < 0;
 }
 
-/// Base of all interfaces: reference counting. Objects free themselves with their last `Release`.
+/// Base of all interfaces: reference counting. The last Release frees the object.
 struct IUnknown {
   virtual HRESULT WINAPI QueryInterface(REFIID iid, LPVOID* object) = 0;
   virtual ULONG WINAPI AddRef() = 0;
@@ -46,7 +46,8 @@ constexpr DWORD COINIT_MULTITHREADED = 0;
 constexpr DWORD CLSCTX_INPROC_SERVER = 1;
 
 extern "C" {
-HRESULT WINAPI CoInitializeEx(LPVOID reserved, DWORD options);
+/// `unused` must be null.
+HRESULT WINAPI CoInitializeEx(LPVOID unused, DWORD options);
 void WINAPI CoUninitialize();
 HRESULT WINAPI CoCreateInstance(REFCLSID clsid, IUnknown* outer, DWORD context, REFIID iid,
                                 LPVOID* object);

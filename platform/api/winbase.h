@@ -80,13 +80,13 @@ BOOL WINAPI FindClose(HANDLE search);
 
 // Serial ports.
 
-/// Settings of a serial port. 28 bytes; the flag bits between BaudRate and XonLim are one word here, as
-/// nobody in this system sets them one by one.
+/// Settings of a serial port. 28 bytes; the flag bits are one word here, as this system does not
+/// set them one by one.
 struct DCB {
   DWORD DCBlength;
   DWORD BaudRate;
   DWORD flags;
-  WORD wReserved;
+  WORD wReserved;  // Unused.
   WORD XonLim;
   WORD XoffLim;
   BYTE ByteSize;
@@ -97,7 +97,7 @@ struct DCB {
   char ErrorChar;
   char EofChar;
   char EvtChar;
-  WORD wReserved1;
+  WORD wReserved1;  // Unused.
 };
 static_assert(sizeof(DCB) == 28);
 
@@ -161,13 +161,13 @@ struct SYSTEM_POWER_STATUS_EX {
   BYTE ACLineStatus;
   BYTE BatteryFlag;
   BYTE BatteryLifePercent;
-  BYTE Reserved1;
+  BYTE Reserved1;  // Unused.
   DWORD BatteryLifeTime;
   DWORD BatteryFullLifeTime;
-  BYTE Reserved2;
+  BYTE Reserved2;  // Unused.
   BYTE BackupBatteryFlag;
   BYTE BackupBatteryLifePercent;
-  BYTE Reserved3;
+  BYTE Reserved3;  // Unused.
   DWORD BackupBatteryLifeTime;
   DWORD BackupBatteryFullLifeTime;
 };

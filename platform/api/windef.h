@@ -36,7 +36,8 @@ using ATOM = WORD;
 using HRESULT = LONG;
 using COLORREF = DWORD;
 
-/// Objects of the system. `INVALID_HANDLE_VALUE` means "none" for files and threads, null for all others.
+/// Objects of the system. "None" is INVALID_HANDLE_VALUE for files and threads, null for all
+/// others.
 using HANDLE = void*;
 using HWND = struct HWND__*;
 using HINSTANCE = struct HINSTANCE__*;
@@ -60,7 +61,7 @@ struct SIZE {
   LONG cy;
 };
 
-/// `right` and `bottom` lie just outside.
+/// `right` and `bottom` are exclusive.
 struct RECT {
   LONG left;
   LONG top;

@@ -1,4 +1,4 @@
-// The device's API: names, types, constants and signatures of just what this system uses.
+// The device's API: the names, types, constants and signatures that this system uses.
 #pragma once
 
 #include <winbase.h>

@@ -11,7 +11,7 @@ using HBRUSH = struct HBRUSH__*;
 using HFONT = struct HFONT__*;
 using HRGN = struct HRGN__*;
 
-/// `SelectObject` answers this instead of an object when it was handed something unusable.
+/// Result of SelectObject for an unusable object.
 #define HGDI_ERROR (reinterpret_cast<HGDIOBJ>(static_cast<LONG_PTR>(-1)))
 constexpr COLORREF CLR_INVALID = 0xFFFFFFFF;
 
@@ -37,12 +37,12 @@ constexpr int LOGPIXELSX = 88;
 constexpr int LOGPIXELSY = 90;
 
 extern "C" {
-/// Context over the client area of a window; null asks for the whole screen. Given back with ReleaseDC.
+/// Context over the client area of a window; null means the whole screen. Release with ReleaseDC.
 HDC WINAPI GetDC(HWND window);
-/// The same over the whole window, frame included.
+/// Context over the whole window, frame included. Release with ReleaseDC.
 HDC WINAPI GetWindowDC(HWND window);
 int WINAPI ReleaseDC(HWND window, HDC dc);
-/// Memory context; null asks for one that fits the screen. Given back with DeleteDC.
+/// Memory context compatible with `dc`; null means the screen. Delete with DeleteDC.
 HDC WINAPI CreateCompatibleDC(HDC dc);
 BOOL WINAPI DeleteDC(HDC dc);
 int WINAPI GetDeviceCaps(HDC dc, int index);
@@ -97,7 +97,7 @@ struct RGBQUAD {
   BYTE rgbBlue;
   BYTE rgbGreen;
   BYTE rgbRed;
-  BYTE rgbReserved;
+  BYTE rgbReserved;  // Unused.
 };
 
 struct BITMAPINFO {
@@ -149,7 +149,7 @@ HPEN WINAPI CreatePen(int style, int width, COLORREF color);
 HBRUSH WINAPI CreateSolidBrush(COLORREF color);
 int WINAPI FillRect(HDC dc, const RECT* rect, HBRUSH brush);
 BOOL WINAPI MoveToEx(HDC dc, int x, int y, POINT* previous);
-/// The end point itself is not drawn by pens of width 1.
+/// Pens of width 1 do not draw the end point.
 BOOL WINAPI LineTo(HDC dc, int x, int y);
 BOOL WINAPI Polyline(HDC dc, const POINT* points, int count);
 BOOL WINAPI Ellipse(HDC dc, int left, int top, int right, int bottom);
@@ -162,7 +162,7 @@ COLORREF WINAPI GetPixel(HDC dc, int x, int y);
 
 // Regions.
 
-/// Kinds of region, as answered by SelectClipRgn.
+/// Kinds of region; results of SelectClipRgn.
 constexpr int RGN_ERROR = 0;
 constexpr int NULLREGION = 1;
 constexpr int SIMPLEREGION = 2;
@@ -170,7 +170,7 @@ constexpr int COMPLEXREGION = 3;
 
 extern "C" {
 HRGN WINAPI CreateRectRgn(int left, int top, int right, int bottom);
-/// Copies the region into the context; null takes clipping away.
+/// Copies the region into the context; null ends clipping.
 int WINAPI SelectClipRgn(HDC dc, HRGN region);
 }
 
@@ -211,6 +211,6 @@ BOOL WINAPI RemoveFontResourceW(LPCWSTR fileName);
 HFONT WINAPI CreateFontIndirectW(const LOGFONTW* description);
 COLORREF WINAPI SetTextColor(HDC dc, COLORREF color);
 int WINAPI SetBkMode(HDC dc, int mode);
-/// Answers the height of the text; with DT_CALCRECT only measures it into `rect`.
+/// Returns the height of the text; with DT_CALCRECT only measures it into `rect`.
 int WINAPI DrawTextW(HDC dc, LPCWSTR text, int length, RECT* rect, UINT format);
 }

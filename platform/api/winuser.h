@@ -71,7 +71,7 @@ void WINAPI PostQuitMessage(int exitCode);
 BOOL WINAPI PeekMessageW(MSG* message, HWND window, UINT first, UINT last, UINT remove);
 BOOL WINAPI GetMessageW(MSG* message, HWND window, UINT first, UINT last);
 LRESULT WINAPI DispatchMessageW(const MSG* message);
-/// Only ever used with no handles: waits for a message of the calling thread or the time-out.
+/// Waits for a message of the calling thread or the time-out; always called without handles.
 DWORD WINAPI MsgWaitForMultipleObjectsEx(DWORD count, const HANDLE* handles, DWORD milliseconds,
                                          DWORD wakeMask, DWORD flags);
 }

@@ -1,4 +1,5 @@
-// The C run-time calls of crt.h on the device, whose run-time knows no locales. Printing is in Edge.cpp.
+// The C run-time calls of crt.h on the device, whose run-time knows no locales. Printing is in
+// Edge.cpp.
 
 #include <crt.h>
 

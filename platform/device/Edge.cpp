@@ -1,20 +1,21 @@
-// Where the device's calling convention meets ours: everything that enters or leaves the library with other rules
-// than the compiler's is here.
+// Border between the device's calling convention and the compiler's: all entries and calls of the
+// library whose rules differ.
 //
-// Both conventions pass the first four 32-bit words in r0 to r3 and the rest on the stack, return a word in r0 and
-// keep r4 to r11. They differ in two things:
+// Both conventions pass the first four 32-bit words in r0 to r3 and the rest on the stack, return a
+// word in r0 and keep r4 to r11. They differ in two things:
 //
-//   - The stack is a multiple of 4 on the device and must be one of 8 for our compiler. So every way into the library
-//     goes through an entry below that aligns it: the 59 exports, the entry point and the procedures of threads. From
-//     then on it stays aligned, and the device's functions do not mind.
-//   - The device packs arguments; our compiler starts a 64-bit one in an even register or at a multiple of 8. That
-//     matters for a double or 64-bit integer behind an odd number of words. No export and no function that is taken
-//     from the device by name has one, except the run-time's variadic printing, whose double is handed over below as
-//     two words.
+// - The stack is a multiple of 4 on the device and must be one of 8 for our compiler. So every way
+//   into the library goes through an entry below that aligns it: the 59 exports, the entry point
+//   and the procedures of threads. From then on it stays aligned, and the device's functions do not
+//   mind.
+// - The device packs arguments; our compiler starts a 64-bit one in an even register or at a
+//   multiple of 8. That matters for a double or 64-bit integer behind an odd number of words. No
+//   export and no function that is taken from the device by name has one, except the run-time's
+//   variadic printing, whose double is handed over below as two words.
 //
-// The same on both sides, therefore called directly: doubles that come first (sin, pow), doubles and 64-bit integers
-// that are returned (atof, _atoi64), structures of up to 4 bytes by value (BLENDFUNCTION), methods of the imaging
-// interfaces.
+// The same on both sides, therefore called directly: doubles that come first (sin, pow), doubles
+// and 64-bit integers that are returned (atof, _atoi64), structures of up to 4 bytes by value
+// (BLENDFUNCTION), methods of the imaging interfaces.
 
 #include <crt.h>
 #include <ferolin.h>
@@ -42,8 +43,9 @@ consteval bool IsEntryPossible(Result (*)(Arguments...)) {
 
 }  // namespace
 
-// ENTRY makes function `entry`, which calls `target` with the stack aligned. It always copies a fifth word: what is
-// there for functions with fewer arguments belongs to the caller's frame and is not looked at.
+// ENTRY makes function `entry`, which calls `target` with the stack aligned. It always copies a
+// fifth word: what is there for functions with fewer arguments belongs to the caller's frame and is
+// not looked at.
 asm(R"(
   .macro ENTRY entry, target
   .pushsection .text.entry.\entry, "ax", %progbits
@@ -82,7 +84,8 @@ BOOL StartUp(HINSTANCE module, DWORD reason, LPVOID reserved);
 asm("ENTRY DeviceEntry, StartUp");
 static_assert(IsEntryPossible(StartUp));
 
-// Threads: CreateThread as the engine knows it hands the device an entry, which finds the procedure in its argument.
+// Threads: CreateThread as the engine knows it hands the device an entry, which finds the procedure
+// in its argument.
 
 struct ThreadStart {
   LPTHREAD_START_ROUTINE procedure;
@@ -126,8 +129,8 @@ extern int (*__imp__snprintf)(char* out, std::size_t size, const char* format, s
 
 namespace {
 
-/// Prints one argument of up to two words. The device neither terminates text that fills the buffer nor tells how long
-/// it would have been.
+/// Prints one argument of up to two words. The device neither terminates text that fills the buffer
+/// nor tells how long it would have been.
 int Print(char* out, std::size_t size, const char* conversion, std::uint32_t first,
           std::uint32_t second) {
   const int length = __imp__snprintf(out, size, conversion, first, second);

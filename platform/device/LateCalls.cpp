@@ -1,17 +1,18 @@
-// Functions that only later devices have. Importing them by name would keep the library from loading on earlier ones.
+// Functions of later devices only. A library that imports them by name does not load on earlier
+// ones.
 
 #include <windows.h>
 
 namespace {
 
-/// COREDLL is part of every process and never leaves it.
+/// COREDLL is loaded in every process at all times.
 FARPROC FindLate(LPCWSTR name) {
   const HMODULE coredll = LoadLibraryW(TEXT("coredll.dll"));
   return coredll != nullptr ? GetProcAddressW(coredll, name) : nullptr;
 }
 
 using AlphaBlendCall = decltype(&AlphaBlend);
-/// Looked up at start-up, so that no two threads do it at once. Null on devices without it.
+/// Looked up at start-up, by one thread. Null on devices without it.
 const auto ALPHA_BLEND =
     reinterpret_cast<AlphaBlendCall>(reinterpret_cast<void (*)()>(FindLate(TEXT("AlphaBlend"))));
 
@@ -19,7 +20,7 @@ const auto ALPHA_BLEND =
 
 extern "C" {
 
-/// Since Windows CE 5.0, and left out by some makers even then: nothing is drawn without it.
+/// Exists since Windows CE 5.0, though not on every device. Without it nothing is drawn.
 BOOL WINAPI AlphaBlend(HDC dc, int x, int y, int width, int height, HDC source, int sourceX,
                        int sourceY, int sourceWidth, int sourceHeight, BLENDFUNCTION blend) {
   return ALPHA_BLEND != nullptr ? ALPHA_BLEND(dc, x, y, width, height, source, sourceX, sourceY,

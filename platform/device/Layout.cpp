@@ -1,5 +1,5 @@
-// Structures that the device fills or reads must have the device's layout to the byte. Sizes as the device's own
-// compiler makes them: no packing, doubles at multiples of 8.
+// Sizes of structures that the device fills or reads, as its own compiler lays them out: no
+// packing, doubles at multiples of 8.
 
 #include <gpsapi.h>
 #include <imaging.h>
@@ -37,6 +37,6 @@ static_assert(offsetof(ImageInfo, Xdpi) == 40);
 static_assert(sizeof(BitmapData) == 24);
 static_assert(sizeof(GPS_POSITION) == 344);
 
-// Enumerations are whole words (-fno-short-enums).
+// Enumerations are 32-bit words (-fno-short-enums).
 static_assert(sizeof(CEDEVICE_POWER_STATE) == 4);
 static_assert(sizeof(InterpolationHint) == 4);

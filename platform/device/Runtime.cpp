@@ -1,4 +1,4 @@
-// What compiled code expects of its surroundings: memory, and an end when something is beyond repair.
+// Run-time functions that compiled code calls: memory, and the end of the process on a fatal fault.
 
 #include <windows.h>
 
@@ -9,7 +9,7 @@ extern "C" {
 
 void WINAPI RaiseException(DWORD code, DWORD flags, DWORD count, const ULONG_PTR* arguments);
 
-/// Ends the process through the device's own report of a fault.
+/// Ends the process with the device's own fault report.
 [[noreturn]] void abort() {
   constexpr DWORD STATUS_NONCONTINUABLE_EXCEPTION = 0xC0000025;
   constexpr DWORD EXCEPTION_NONCONTINUABLE = 1;

@@ -1,4 +1,4 @@
-// Start-up code: what the device's loader calls when the library comes and goes.
+// Start-up code: called by the device's loader when the library is loaded and unloaded.
 
 #include <windows.h>
 
@@ -13,16 +13,16 @@ using Initializer = void (*)();
 extern const Initializer initializersBegin[];
 extern const Initializer initializersEnd[];
 
-BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID reserved);
+BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID processEnd);
 
-/// Names the library in registrations of destructors; there is only this one.
+/// Identifies the library in registrations of destructors.
 void* __dso_handle = &__dso_handle;
 
 }  // extern "C"
 
 namespace {
 
-/// A destructor to be run when the library goes.
+/// A destructor to be run when the library is unloaded.
 struct Cleanup {
   void (*destroy)(void*);
   void* object;
@@ -51,8 +51,8 @@ void Destruct() {
 
 extern "C" {
 
-/// Called by the compiler's code behind each constructor of a static object. Without memory the object is never
-/// destroyed.
+/// Called by the compiler's code behind each constructor of a static object. Without memory the
+/// object is never destroyed.
 int __aeabi_atexit(void* object, void (*destroy)(void*), void*) {
   auto* cleanup = static_cast<Cleanup*>(std::malloc(sizeof(Cleanup)));
   if (cleanup == nullptr) {
@@ -64,11 +64,11 @@ int __aeabi_atexit(void* object, void (*destroy)(void*), void*) {
 }
 
 /// The device enters through DeviceEntry, see Edge.cpp.
-BOOL StartUp(HINSTANCE module, DWORD reason, LPVOID reserved) {
+BOOL StartUp(HINSTANCE module, DWORD reason, LPVOID processEnd) {
   if (reason == DLL_PROCESS_ATTACH) {
     Construct();
   }
-  const BOOL isWilling = DllMain(module, reason, reserved);
+  const BOOL isWilling = DllMain(module, reason, processEnd);
   if (reason == DLL_PROCESS_DETACH || (reason == DLL_PROCESS_ATTACH && !isWilling)) {
     Destruct();
   }

@@ -1,6 +1,6 @@
-// What the handheld that the Linux home pretends to be is like: set by hosts before they load the
-// engine, and by tests, which also read here what was asked of the device. Every function may be
-// called from any thread.
+// Properties of the handheld that the Linux home simulates. Hosts set them before they load the
+// engine; tests also read here which calls the device has received. Every function may be called
+// from any thread.
 #pragma once
 
 #include <pm.h>
@@ -54,8 +54,8 @@ void SetTimeZone(const char* zone);
 
 // Power.
 
-/// Answers of GetSystemPowerStatusEx from now on, instead of the machine's own battery (which is
-/// asked every two seconds at most). Without a battery the flag is 128 and the percentage 255.
+/// Makes GetSystemPowerStatusEx return these values from now on. Until then it reads the machine's
+/// own battery, at most every two seconds; without one the flag is 128 and the percentage 255.
 void SetBattery(BYTE flag, BYTE percent);
 void SetBatteryFailing(bool failing);
 /// Makes SetPowerRequirement fail (true) or succeed (false).
@@ -66,11 +66,11 @@ struct PowerRequest {
   std::u16string device;
   CEDEVICE_POWER_STATE state;
 };
-/// Devices and states that SetPowerRequirement was asked for so far, also in vain, in order: the
-/// latest 65536 of them.
+/// Devices and states of all calls of SetPowerRequirement so far, failed ones included, in order:
+/// the latest 65536.
 std::vector<PowerRequest> PowerRequests();
-/// Number of power requirements now held, and ever taken. While one is held, logind (when there is
-/// one) is asked to keep the machine from idling.
+/// Number of power requirements held now, and of all taken so far. While one is held, logind, where
+/// present, is asked to keep the machine from idling.
 int PowerRequirementsHeld();
 int PowerRequirementsTaken();
 /// Calls of SystemIdleTimerReset so far.
@@ -86,8 +86,8 @@ void MapSerialPort(const std::string& port, const std::string& devicePath);
 
 // Modules.
 
-/// Folder that loaded libraries seem to lie in (a Linux path): the answer of GetModuleFileNameW
-/// becomes this folder and the library's file name. Empty at start: the library's real folder.
+/// Pretended folder of loaded libraries (a Linux path): GetModuleFileNameW returns this folder and
+/// the library's file name. Empty at start, which means the library's real folder.
 void SetModuleDirectory(const std::string& path);
 /// Further folder in which LoadLibraryW looks for libraries named without a path (a Linux path).
 /// The folder of the running program and the module directory are always searched.
@@ -104,22 +104,21 @@ std::string LinuxPath(const std::u16string& devicePath);
 /// CW_USEDEFAULT fill it. 240 x 320 at 96 dpi at start.
 void SetScreen(int width, int height, int dpi);
 
-/// What a window shows: `height` rows of `width` pixels from the top, each 0x00RRGGBB.
+/// Pixels of a window: `height` rows of `width` pixels from the top, each 0x00RRGGBB.
 struct Pixels {
   int width = 0;
   int height = 0;
   std::vector<std::uint32_t> rows;
 };
-/// Copy of what was drawn into the window so far; empty when nothing ever was, or the window is
-/// gone.
+/// Copy of the window's pixels; empty when nothing was drawn yet or the window is gone.
 Pixels WindowPixels(HWND window);
-/// Changes whenever something is drawn into the window; 0 when nothing ever was.
+/// Changes whenever something is drawn into the window; 0 before the first drawing.
 std::uint64_t WindowPixelsVersion(HWND window);
 
 // Messages.
 
-/// Messages posted through PostMessageW so far that found their window, in order, across all
-/// threads: the latest 65536 of them.
+/// Messages that PostMessageW has delivered to a window so far, in order, across all threads: the
+/// latest 65536.
 std::vector<MSG> MessagesPosted();
 void ForgetMessagesPosted();
 
@@ -129,16 +128,17 @@ struct Sound {
   std::u16string path;
   DWORD flags;
 };
-/// Sounds that PlaySoundW was asked for and whose file exists, in order: the latest 65536 of them.
+/// Sounds that PlaySoundW has accepted so far, in order: the latest 65536. Missing files are
+/// refused.
 std::vector<Sound> SoundsStarted();
 void ForgetSoundsStarted();
 
 // Resources.
 
-/// Handles now open (files, ports, searches, threads, power requirements).
+/// Number of open handles (files, ports, searches, threads, power requirements).
 int HandlesAlive();
 
-/// Drawing objects now alive (device contexts, bitmaps, pens, brushes, fonts, regions), without the
+/// Number of drawing objects (device contexts, bitmaps, pens, brushes, fonts, regions), without the
 /// system's own.
 int GdiObjectsAlive();
 

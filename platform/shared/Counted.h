@@ -6,7 +6,7 @@
 
 namespace handheld {
 
-/// Reference counting of an object that is born with one reference, and has no other interface.
+/// Reference counting of an object with one interface. It starts with one reference.
 template <class Interface>
 class Counted : public Interface {
  public:

@@ -14,8 +14,8 @@ inline bool IsDigit(char letter) {
   return letter >= '0' && letter <= '9';
 }
 
-/// The decimal number that a text begins with, 0 without any. Always with a decimal point, whatever
-/// the process's locale, which is quick to do here; `convert` is asked for what no double can hold.
+/// The decimal number at the start of a text, 0 without one. Reads decimal points in every locale.
+/// `convert` handles numbers out of the range of double.
 template <class Convert>
 double ParseDecimal(const char* text, Convert convert) {
   while (IsBlank(*text)) {
@@ -23,7 +23,7 @@ double ParseDecimal(const char* text, Convert convert) {
   }
   const bool isNegative = *text == '-';
   const char* digits = *text == '-' || *text == '+' ? text + 1 : text;
-  // Only decimal numbers: words such as "nan" are no numbers to the device.
+  // Decimal numbers only: the device reads no words such as "nan".
   if (!IsDigit(digits[0]) && !(digits[0] == '.' && IsDigit(digits[1]))) {
     return 0;
   }

@@ -26,7 +26,7 @@ _locale_t PlainLocale() {
 
 extern "C" {
 
-// The conversion is the caller's; each of them passes the one kind of argument that it is for.
+// The conversion comes from the caller, who passes the one kind of argument that it prints.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
 

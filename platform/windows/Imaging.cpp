@@ -7,7 +7,7 @@
 
 #include "../shared/Counted.h"
 
-// Here the system's own call is meant.
+// This file calls the system's own.
 #undef CoCreateInstance
 
 namespace {
@@ -35,7 +35,7 @@ class Reference {
   Interface* pointer = nullptr;
 };
 
-/// The pixels of a picture, decoded when they are asked for.
+/// Pixels of a picture, decoded by LockBits.
 class BitmapImage final : public handheld::Counted<IBitmapImage> {
  public:
   explicit BitmapImage(IWICBitmapSource* wanted) : source(wanted) { source->AddRef(); }
@@ -54,7 +54,7 @@ class BitmapImage final : public handheld::Counted<IBitmapImage> {
     return S_OK;
   }
 
-  /// Only into the caller's own memory.
+  /// Copies into the caller's own memory only.
   HRESULT WINAPI LockBits(const RECT* rect, UINT flags, PixelFormatID format,
                           BitmapData* data) override {
     if (flags != (ImageLockModeRead | ImageLockModeUserInputBuf) ||
@@ -124,7 +124,7 @@ class ImagingFactory final : public handheld::Counted<IImagingFactory> {
     return NotHere(bitmap);
   }
 
-  /// Only in the picture's own size. `image` must be one of CreateImageFromFile.
+  /// Supports the picture's own size only. `image` must come from CreateImageFromFile.
   HRESULT WINAPI CreateBitmapFromImage(IImage* image, UINT width, UINT height, PixelFormatID format,
                                        InterpolationHint, IBitmapImage** bitmap) override {
     *bitmap = nullptr;

@@ -12,7 +12,7 @@ BOOL WINAPI GetSystemPowerStatusEx(SYSTEM_POWER_STATUS_EX* status, BOOL) {
   if (!GetSystemPowerStatus(&desktop)) {
     return FALSE;
   }
-  // The two structures part ways behind the percentage.
+  // The two structures differ behind the percentage.
   *status = {};
   status->ACLineStatus = desktop.ACLineStatus;
   status->BatteryFlag = desktop.BatteryFlag;
@@ -28,8 +28,8 @@ void WINAPI SystemIdleTimerReset() {
   SetThreadExecutionState(ES_SYSTEM_REQUIRED);
 }
 
-/// Any device held at any state keeps the display on: nothing else is ever held, and the desktop does
-/// not let single devices be.
+/// Keeps the display on for every device and state: the engine holds the backlight only, and the
+/// desktop cannot hold single devices.
 HANDLE WINAPI SetPowerRequirement(LPVOID, CEDEVICE_POWER_STATE, ULONG, LPVOID, ULONG) {
   REASON_CONTEXT reason = {};
   reason.Version = POWER_REQUEST_CONTEXT_VERSION;
@@ -44,7 +44,7 @@ HANDLE WINAPI SetPowerRequirement(LPVOID, CEDEVICE_POWER_STATE, ULONG, LPVOID, U
   return request;
 }
 
-/// Closing the request takes it back.
+/// Closing the request ends it.
 DWORD WINAPI ReleasePowerRequirement(HANDLE requirement) {
   return CloseHandle(requirement) ? ERROR_SUCCESS : GetLastError();
 }

@@ -1,5 +1,5 @@
-// Serial ports as the handheld reads them. The desktop's own reads wait until the buffer is full, and do not end when the
-// port is closed.
+// Serial ports with the handheld's reads. The desktop's own reads wait until the buffer is full and
+// do not end when the port is closed.
 
 #include <windows.h>
 
@@ -7,21 +7,21 @@
 #include <cwchar>
 #include <string>
 
-// Here the system's own calls are meant.
+// This file calls the system's own.
 #undef CloseHandle
 #undef CreateFileW
 #undef ReadFile
 
 namespace {
 
-/// How long the line must be silent for a burst to be whole: about 20 characters at 9600 baud. A read looks up as often
-/// to see whether its port has been closed.
+/// Silence that completes a burst; about 20 characters at 9600 baud. Reads check as often whether
+/// the port is closed.
 constexpr DWORD PAUSE_MS = 20;
-/// A line that never pauses is cut after a line feed.
+/// Longest burst of a line that never pauses; it is then cut after a line feed.
 constexpr DWORD LONGEST_FLOW_MS = 250;
 constexpr int MAX_PORTS = 8;
 
-/// A port that is open. Free while its handle is null.
+/// An open port. The entry is free while its handle is null.
 struct Port {
   std::atomic<HANDLE> handle = nullptr;
   std::atomic<bool> isClosing = false;
@@ -44,7 +44,7 @@ bool IsPortName(LPCWSTR name) {
   return length > 1 && name[length - 1] == L':' && std::wcschr(name, L'\\') == nullptr;
 }
 
-/// A read of the system's returns what has come, or nothing after the pause.
+/// Makes the system's reads return the bytes received, or none after the pause.
 bool SetTimeouts(HANDLE port) {
   COMMTIMEOUTS timeouts = {};
   timeouts.ReadIntervalTimeout = MAXDWORD;
@@ -119,14 +119,14 @@ BOOL WINAPI HandheldReadFile(HANDLE file, LPVOID buffer, DWORD toRead, LPDWORD r
   }
   ++port->readers;
   *read = 0;
-  // Closed in the meantime, its handle may mean another object by now.
+  // The port may have been closed meanwhile and its handle reused.
   const BOOL result =
       port->handle == file && ReadBurst(*port, file, static_cast<char*>(buffer), toRead, *read);
   --port->readers;
   return result;
 }
 
-/// Waits until a pending read has seen that the port closes: its handle may mean another object right afterwards.
+/// Waits until pending reads have ended: the handle may be reused right after.
 BOOL WINAPI HandheldCloseHandle(HANDLE object) {
   Port* const port = FindPort(object);
   if (port == nullptr) {

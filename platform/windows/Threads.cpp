@@ -1,13 +1,13 @@
-// Threads of the engine. It waits for their end while the system unloads it, but the system lets no thread begin or end
-// just then: it tells all libraries of that, one at a time. So the engine's threads are lent: two of the system's run from
-// the first one's start until this library goes, and carry out one procedure after another.
+// Threads of the engine. It waits for their end while it is unloaded, but the system holds its
+// loader lock then, so that no thread can begin or end. Therefore two worker threads run from the
+// first use until this library is unloaded, and carry out one procedure after another.
 
 #include <windows.h>
 
 #include <atomic>
 #include <iterator>
 
-// Here the system's own calls are meant.
+// This file calls the system's own.
 #undef CloseHandle
 #undef CreateThread
 #undef GetExitCodeThread
@@ -15,7 +15,7 @@
 
 namespace {
 
-/// The reader's and one for a frame.
+/// One for the reader, one for the redraw.
 constexpr int WORKER_COUNT = 2;
 
 /// The desktop's number for each of the handheld's eight priorities.
@@ -26,7 +26,7 @@ constexpr int PRIORITIES[] = {THREAD_PRIORITY_TIME_CRITICAL, THREAD_PRIORITY_HIG
 
 class Worker {
  public:
-  /// Waits until the thread runs, so that it can be lent at any time from then on.
+  /// Starts the thread and waits until it runs; it can be lent at any time from then on.
   bool Start() {
     const HANDLE started = CreateEventW(nullptr, TRUE, FALSE, nullptr);
     wakeUp = CreateEventW(nullptr, FALSE, FALSE, nullptr);
@@ -38,7 +38,7 @@ class Worker {
     return runs;
   }
 
-  /// It is parked or about to be, in no lock and with no work, and must be gone before its code is.
+  /// Ends the thread before its code is unloaded. It is idle and holds no lock.
   void End() {
     if (thread != nullptr) {
       TerminateThread(thread, 0);
@@ -51,7 +51,7 @@ class Worker {
 
   bool IsStarted() const { return thread != nullptr; }
 
-  /// The event that is set when the procedure has returned; null when the worker is lent already.
+  /// Event that is set when the procedure has returned; null when the worker is lent already.
   HANDLE Lend(LPTHREAD_START_ROUTINE wanted, LPVOID itsArgument) {
     if (!Take()) {
       return nullptr;
@@ -73,7 +73,7 @@ class Worker {
   }
 
   bool IsLentAs(HANDLE handle) const { return isLent && lentAs == handle; }
-  /// Threads of a process that ends are gone before its libraries are told.
+  /// When a process ends, its threads end before its libraries are told.
   bool IsGone() const { return WaitForSingleObject(thread, 0) == WAIT_OBJECT_0; }
   BOOL SetPriority(int priority) { return SetThreadPriority(thread, priority); }
 
@@ -88,15 +88,15 @@ class Worker {
     return 0;
   }
 
-  /// Once the event is set the library may go, and this thread with it: what it does from there on takes no lock, not even
-  /// one of the system's. So the event is closed by others.
+  /// After the event is set the library, and this thread with it, may be unloaded: from there on it
+  /// takes no lock, not even one of the system. So another thread closes the event.
   void Return() {
     lentAs = nullptr;
     SetEvent(done);
     isLent = false;
   }
 
-  /// A worker that is about to return is waited for.
+  /// Waits for a worker that is about to return.
   bool Take() {
     bool isFree = false;
     while (!isLent.compare_exchange_strong(isFree, true)) {
@@ -172,7 +172,7 @@ HANDLE WINAPI HandheldCreateThread(SECURITY_ATTRIBUTES*, SIZE_T, LPTHREAD_START_
   return theWorkers.Lend(procedure, argument);
 }
 
-/// A procedure that has returned has done so with 0: the engine's all do.
+/// Reports 0 for a procedure that has returned, as all of the engine do.
 BOOL WINAPI HandheldGetExitCodeThread(HANDLE thread, LPDWORD exitCode) {
   const DWORD state = WaitForSingleObject(thread, 0);
   if (state == WAIT_FAILED) {

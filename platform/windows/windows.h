@@ -1,13 +1,14 @@
-// The device's API on desktop Windows: the system's own header, and what only the handheld has.
+// The device's API on desktop Windows: the system's own header and the handheld's additions.
 #pragma once
 
 #pragma GCC system_header
 #include_next <windows.h>
 
-// The device's API has the wide calls by their own names alone, so these words are free there.
+// The device's API has only the wide calls, under their full names; these macros would hide other
+// names.
 #undef DrawText
 
-/// The desktop knows no mask for alpha; a section of 32 bits a pixel keeps its fourth byte all the same.
+/// The desktop has no alpha mask; sections of 32 bits a pixel keep their fourth byte without one.
 #ifndef BI_ALPHABITFIELDS
 #define BI_ALPHABITFIELDS BI_BITFIELDS
 #endif
@@ -16,41 +17,41 @@ struct SYSTEM_POWER_STATUS_EX {
   BYTE ACLineStatus;
   BYTE BatteryFlag;
   BYTE BatteryLifePercent;
-  BYTE Reserved1;
+  BYTE Reserved1;  // Unused.
   DWORD BatteryLifeTime;
   DWORD BatteryFullLifeTime;
-  BYTE Reserved2;
+  BYTE Reserved2;  // Unused.
   BYTE BackupBatteryFlag;
   BYTE BackupBatteryLifePercent;
-  BYTE Reserved3;
+  BYTE Reserved3;  // Unused.
   DWORD BackupBatteryLifeTime;
   DWORD BackupBatteryFullLifeTime;
 };
 
 extern "C" {
-/// The desktop's functions are named in 8-bit characters only. A name that cannot be is not found.
+/// The desktop's function names have 8-bit characters only; other names are not found.
 FARPROC WINAPI GetProcAddressW(HMODULE module, LPCWSTR name);
 
-/// There is no backup battery on a desktop: its members are 0, its flag says "none".
+/// The desktop has no backup battery: its members are 0, its flag says "none".
 BOOL WINAPI GetSystemPowerStatusEx(SYSTEM_POWER_STATUS_EX* status, BOOL update);
 
-/// Puts off the machine's sleep.
+/// Delays the machine's sleep.
 void WINAPI SystemIdleTimerReset();
 
-// Calls that do more here than the system's own, which stay behind them.
+// Calls that extend the system's own of that name.
 
-/// SerialPorts.cpp: ports are read as on the handheld. A name that ends in a colon is a port's.
+/// SerialPorts.cpp: opens serial ports, whose names end in a colon, and files.
 HANDLE WINAPI HandheldCreateFile(LPCWSTR fileName, DWORD access, DWORD shareMode,
                                  SECURITY_ATTRIBUTES* security, DWORD disposition, DWORD attributes,
                                  HANDLE templateFile);
-/// From a port: waits for data and returns the whole burst. Ends with ERROR_OPERATION_ABORTED when another thread closes
-/// the port.
+/// A read from a port waits for data and returns the complete burst. It fails with
+/// ERROR_OPERATION_ABORTED when another thread closes the port.
 BOOL WINAPI HandheldReadFile(HANDLE file, LPVOID buffer, DWORD toRead, LPDWORD read,
                              OVERLAPPED* overlapped);
 BOOL WINAPI HandheldCloseHandle(HANDLE object);
 
-/// Threads.cpp: threads that can begin and end while a library is being unloaded. Up to two at a time; the stack's size,
-/// the flags and the identifier are left to the system, which shows no such thread.
+/// Threads.cpp: threads that can begin and end while a library is being unloaded, at most two at a
+/// time. Ignores stack size, flags and identifier.
 HANDLE WINAPI HandheldCreateThread(SECURITY_ATTRIBUTES* security, SIZE_T stackSize,
                                    LPTHREAD_START_ROUTINE procedure, LPVOID argument, DWORD flags,
                                    LPDWORD threadId);

@@ -21,7 +21,7 @@ WakeEvent::~WakeEvent() {
 
 void WakeEvent::Raise() {
   raised = true;
-  // Can only fail when the counter is full, and then the event is readable anyway.
+  // Fails only when the counter is full; the event is readable then, too.
   eventfd_write(descriptor, 1);
 }
 

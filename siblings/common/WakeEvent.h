@@ -21,7 +21,7 @@ class WakeEvent {
   /// Readable while raised; for poll().
   int GetDescriptor() const { return descriptor; }
 
-  /// Waits at most this long; true when the event is raised.
+  /// Waits at most this long. True when the event is raised.
   bool WaitFor(int timeoutMs) const;
 
  private:

@@ -9,21 +9,20 @@ namespace {
 
 dastrel::GpsdReader reader;
 
-// Handed to the caller: it stays as it is until the caller asks again, whatever gpsd says
-// meanwhile.
+// Record returned by GetGPSPos; changes only with its next call.
 GPS_POSITION handedOut;
 
 }  // namespace
 
 extern "C" {
 
-/// Begins to follow gpsd at FEROLIN_GPSD ("HOST:PORT", "localhost:2947" when unset). Returns at
-/// once.
+/// Connects to gpsd at FEROLIN_GPSD ("HOST:PORT", "localhost:2947" when unset) in the background.
+/// Returns at once.
 void WINAPI StartGPSAPI() {
   reader.Start(std::getenv("FEROLIN_GPSD"));
 }
 
-/// Ends that; the position is unknown afterwards.
+/// Closes the connection; the position is unknown afterwards.
 void WINAPI StopGPSAPI() {
   reader.Stop();
 }

@@ -24,7 +24,7 @@ GpsdAddress GpsdAddress::FromText(std::string_view text) {
   }
   const auto colon = text.find(':');
   if (colon == std::string_view::npos || colon != text.rfind(':')) {
-    // No colon, or an IPv6 address full of them.
+    // No colon, or a bare IPv6 address.
     SetUnlessEmpty(address.host, text);
     return address;
   }

@@ -17,7 +17,7 @@ namespace {
 
 constexpr int CONNECT_TIMEOUT_MS = 5000;
 constexpr int WAIT_FOREVER = -1;
-/// gpsd's longest reports have about 10 KB; what never ends a line is not gpsd.
+/// The longest reports of gpsd have about 10 KB; longer lines come from another service.
 constexpr std::size_t LONGEST_LINE = 256 * 1024;
 constexpr std::string_view WATCH_REQUEST = "?WATCH={\"enable\":true,\"json\":true};\n";
 
@@ -34,8 +34,8 @@ AddressList LookUp(const char* host, const char* port, int flags) {
   return {found, &freeaddrinfo};
 }
 
-/// Only a real name goes to the system's resolver, which may take its time. Without a host both
-/// loopback addresses are meant: gpsd may listen on either.
+/// Asks the system's resolver, which may take long, for real names only. "localhost" gives both
+/// loopback addresses: gpsd may listen on either.
 AddressList Candidates(const GpsdAddress& address) {
   const char* host = address.host == "localhost" ? nullptr : address.host.c_str();
   AddressList numeric = LookUp(host, address.port.c_str(), AI_NUMERICHOST);
@@ -46,8 +46,7 @@ void SetOption(int descriptor, int level, int option, int value) {
   setsockopt(descriptor, level, option, &value, sizeof value);
 }
 
-/// A receiver's computer that was switched off says no good-bye: without this the silence would
-/// last for ever.
+/// Detects a computer that was switched off and has not closed its connection.
 void KeepAlive(int descriptor) {
   SetOption(descriptor, SOL_SOCKET, SO_KEEPALIVE, 1);
   SetOption(descriptor, IPPROTO_TCP, TCP_KEEPIDLE, 10);
@@ -120,7 +119,7 @@ bool GpsdConnection::ConnectTo(const addrinfo& candidate) {
   return false;
 }
 
-/// True when the socket is ready (or broken, which the call that follows finds out).
+/// True when the socket is ready, or broken; the next call on it then fails.
 bool GpsdConnection::Await(short events, int timeoutMs) const {
   std::array<pollfd, 2> wanted = {
       {{descriptor, events, 0}, {stop.GetDescriptor(), POLLIN, 0}},
@@ -133,7 +132,7 @@ bool GpsdConnection::Await(short events, int timeoutMs) const {
 }
 
 bool GpsdConnection::Watch() {
-  // A fresh connection's buffer takes so few bytes as a whole.
+  // So few bytes fit into the buffer of a fresh connection.
   const ssize_t sent = send(descriptor, WATCH_REQUEST.data(), WATCH_REQUEST.size(), MSG_NOSIGNAL);
   return sent == static_cast<ssize_t>(WATCH_REQUEST.size());
 }

@@ -9,8 +9,8 @@ struct addrinfo;
 
 namespace dastrel {
 
-/// A watched connection to gpsd that gives its reports line by line. Used by one thread; every wait
-/// ends at once when the stop event is raised, the look-up of a host name alone excepted.
+/// A connection to gpsd that reads its reports line by line. Used by one thread. Every wait ends at
+/// once when the stop event is raised, except the look-up of a host name.
 class GpsdConnection {
  public:
   explicit GpsdConnection(const siblings::WakeEvent& stopEvent) : stop(stopEvent) {}
@@ -18,11 +18,11 @@ class GpsdConnection {
   GpsdConnection(const GpsdConnection&) = delete;
   GpsdConnection& operator=(const GpsdConnection&) = delete;
 
-  /// Connects and asks for reports. False when gpsd cannot be reached or a stop was asked for.
+  /// Connects and asks for reports. False when gpsd cannot be reached or the stop event is raised.
   bool Open(const GpsdAddress& address);
 
   /// Waits for the next line and stores it with its line feed. False when the connection has ended
-  /// or a stop was asked for; nothing more comes then.
+  /// or the stop event is raised; no further line follows.
   bool ReadLine(std::string& line);
 
  private:

@@ -17,12 +17,12 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr int RECONNECT_PAUSE_MS = 1000;
-/// Longest wait for the thread. It ends within milliseconds unless the resolver holds it up.
+/// Longest wait for the thread. It ends within milliseconds unless the resolver blocks it.
 constexpr std::chrono::seconds STOP_PATIENCE{2};
 
 }  // namespace
 
-/// What one run of the thread shares with the callers.
+/// State that one run of the thread shares with the callers.
 class GpsdReader::Session {
  public:
   explicit Session(GpsdAddress gpsd) : address(std::move(gpsd)) {}
@@ -31,7 +31,7 @@ class GpsdReader::Session {
 
   void AskToStop() { stop.Raise(); }
 
-  /// True when the thread is through with its work within this time.
+  /// Waits for the end of the thread's work. False when `patience` runs out first.
   bool AwaitEnd(std::chrono::seconds patience) {
     std::unique_lock lock(mutex);
     return ending.wait_for(lock, patience, [this] { return ended; });
@@ -64,8 +64,7 @@ void GpsdReader::Session::Run() noexcept {
   SetEnded();
 }
 
-/// Running out of memory ends the connection like any other mishap; the next one is tried in its
-/// turn.
+/// A lack of memory ends the connection like any other failure; the next attempt follows.
 void GpsdReader::Session::Follow() {
   try {
     FollowOneConnection();
@@ -78,7 +77,7 @@ void GpsdReader::Session::FollowOneConnection() {
   if (!connection.Open(address)) {
     return;
   }
-  // Far too large for a thread's stack.
+  // On the heap: too large for a thread's stack.
   const auto data = std::make_unique<gps_data_t>();
   std::string line;
   while (connection.ReadLine(line)) {
@@ -133,8 +132,8 @@ void GpsdReader::Stop() noexcept {
   if (stopping->AwaitEnd(STOP_PATIENCE)) {
     ending.join();
   } else {
-    // It still waits for an answer about the host's name, which cannot be called off. It touches
-    // nothing but its own session, and this library is never unloaded under it.
+    // The thread still waits for the resolver, which cannot be interrupted. It uses only its own
+    // session, and this library stays loaded (nodelete).
     ending.detach();
   }
 }

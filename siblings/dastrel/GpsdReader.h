@@ -8,9 +8,9 @@
 
 namespace dastrel {
 
-/// Follows gpsd on a thread of its own and keeps the newest position. The thread connects again,
-/// about once a second, for as long as gpsd is away. Every function may be called from any thread
-/// and throws nothing.
+/// Follows gpsd on a thread of its own and keeps the newest position. While gpsd is missing the
+/// thread tries to connect about once a second. Every function may be called from any thread and
+/// throws nothing.
 class GpsdReader {
  public:
   GpsdReader() = default;
@@ -18,8 +18,8 @@ class GpsdReader {
   GpsdReader(const GpsdReader&) = delete;
   GpsdReader& operator=(const GpsdReader&) = delete;
 
-  /// Starts the thread and returns at once; does nothing while it runs, or when there is no memory
-  /// or thread left. `address` as GpsdAddress reads it, null for the default.
+  /// Starts the thread and returns at once. Does nothing while it runs, or without memory or
+  /// threads left. `address` is a text for GpsdAddress::FromText, null for the default.
   void Start(const char* address) noexcept;
 
   /// Ends the thread and waits for it. Afterwards the position is unknown.

@@ -9,7 +9,7 @@ namespace {
 
 constexpr double KNOTS_PER_METRE_PER_SECOND = 3600.0 / 1852.0;
 
-// gpsd's status of a fix; its own names for these differ between releases.
+// Status of a fix in gpsd; the names in its header differ between releases.
 constexpr int STATUS_DIFFERENTIAL = 2;
 constexpr int STATUS_RTK_FIXED = 3;
 constexpr int STATUS_RTK_FLOAT = 4;
@@ -28,7 +28,7 @@ GPS_FIX_TYPE FixTypeOf(int mode) {
   }
 }
 
-/// gpsd leaves the status out for a plain fix.
+/// gpsd omits the status of a plain fix.
 GPS_FIX_QUALITY QualityOf(int status) {
   switch (status) {
     case STATUS_DIFFERENTIAL:
@@ -62,7 +62,7 @@ SYSTEMTIME SystemTimeOf(const timespec& time) {
   };
 }
 
-/// Stores a known value and its bit; an unknown one (not finite) leaves the record alone.
+/// Stores a known value and sets its bit; an unknown value (not finite) changes nothing.
 template <typename T>
 void Store(double value, T& member, DWORD bit, GPS_POSITION& record) {
   if (std::isfinite(value)) {
@@ -71,8 +71,8 @@ void Store(double value, T& member, DWORD bit, GPS_POSITION& record) {
   }
 }
 
-/// The same for one satellite's entry of an array of whole numbers; what is below 0 (a satellite
-/// under the horizon, a signal that is not received) reads 0.
+/// A value of one satellite as a whole number; values below 0 (a satellite under the horizon, a
+/// signal not received) become 0.
 void StoreWhole(double value, DWORD& entry, DWORD bit, GPS_POSITION& record) {
   if (std::isfinite(value)) {
     entry = static_cast<DWORD>(std::lround(std::max(value, 0.0)));
@@ -95,8 +95,8 @@ void LatestPosition::Update(const gps_data_t& data, TimePoint now) {
   if (!(data.set & SATELLITE_SET)) {
     return;
   }
-  // gpsd sends the dilutions and the list of satellites together or one after the other; only a
-  // view with neither says that nothing is received.
+  // gpsd sends dilutions and satellites together or one after the other; only a sky view with
+  // neither means that nothing is received.
   const bool hasDilutions =
       std::isfinite(data.dop.hdop) || std::isfinite(data.dop.pdop) || std::isfinite(data.dop.vdop);
   const bool hasSatellites = data.satellites_visible > 0;
@@ -124,9 +124,9 @@ GPS_POSITION LatestPosition::At(TimePoint now) const {
   return record;
 }
 
-/// The record has room for 12, a receiver of several constellations sees 40: the used ones come
-/// first, the strongest of the rest follow. Within each kind the receiver's order is kept, so that
-/// entries do not change places with every change of a signal.
+/// Selects up to 12 satellites for the record, as receivers of several constellations see 40: first
+/// the used ones, then the strongest of the rest. Both groups keep the receiver's order, so that
+/// entries do not change places with every signal.
 LatestPosition::Sky LatestPosition::SkyOf(const gps_data_t& data) {
   const satellite_t* const seen = data.skyview;
   std::vector<int> best;
@@ -189,7 +189,7 @@ void LatestPosition::WriteSky(const Sky& sky, GPS_POSITION& record) {
     const auto prn = static_cast<DWORD>(satellite.PRN);
     record.rgdwSatellitesInViewPRNs[i] = prn;
     if (satellite.used) {
-      // The used ones stand first: these have no gaps either.
+      // The used satellites come first, so their list has no gaps.
       record.rgdwSatellitesUsedPRNs[i] = prn;
     }
     StoreWhole(satellite.elevation, record.rgdwSatellitesInViewElevation[i],

@@ -9,24 +9,24 @@
 
 namespace dastrel {
 
-/// The newest of what gpsd told, given out as the device's position record. Not synchronised.
+/// The newest data of gpsd as the device's position record. Not synchronised.
 class LatestPosition {
  public:
   using TimePoint = std::chrono::steady_clock::time_point;
 
-  /// A position is believed this long after its report, satellites and dilutions of precision
-  /// somewhat longer: many receivers tell those only every fifth second.
+  /// Lifetime of a position after its report; satellites and dilutions of precision live longer, as
+  /// many receivers report them only every five seconds.
   static constexpr std::chrono::seconds FIX_LIFETIME{5};
   static constexpr std::chrono::seconds SKY_LIFETIME{15};
 
-  /// Takes in the report just unpacked into `data`, whose `set` was 0 before: a position (TPV), a
-  /// sky view (SKY) or anything else, which is ignored.
+  /// Takes over a report just unpacked into `data`, whose `set` was 0 before: a position (TPV) or a
+  /// sky view (SKY). Ignores other reports.
   void Update(const gps_data_t& data, TimePoint now);
 
-  /// Forgets everything, as when gpsd is gone.
+  /// Forgets everything; for a lost connection.
   void Clear() { *this = {}; }
 
-  /// The record as of `now`. Only what is known has its bit in dwValidFields.
+  /// The record as of `now`. Only known values have their bit in dwValidFields.
   GPS_POSITION At(TimePoint now) const;
 
  private:

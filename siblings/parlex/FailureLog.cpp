@@ -37,7 +37,7 @@ void FailureLog::Write(const Result& result) noexcept {
     return;
   }
   const bool hasDetail = !result.detail.empty();
-  // In one piece, between whatever other threads write, and without asking for memory.
+  // One call, so that output of other threads does not split the line; allocates no memory.
   std::fprintf(stderr, "SMS not sent: %s%s%s%s\n", ReasonOf(result.outcome), hasDetail ? " (" : "",
                result.detail.c_str(), hasDetail ? ")" : "");
 }

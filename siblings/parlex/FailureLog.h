@@ -6,15 +6,15 @@
 
 namespace parlex {
 
-/// Tells on standard error why a message was not sent, once for each kind of failure in the life of
-/// the library: a journey without a modem would otherwise say the same a hundred times. From any
-/// thread; throws nothing.
+/// Writes to standard error why a message was not sent, once for each kind of failure while the
+/// library is loaded: a drive without a modem would repeat it a hundred times. May be called from
+/// any thread; throws nothing.
 class FailureLog {
  public:
   void Write(const Result& result) noexcept;
 
  private:
-  /// Bit n: the outcome numbered n was told.
+  /// Bit n is set when outcome n was written.
   std::atomic<unsigned> told = 0;
 };
 

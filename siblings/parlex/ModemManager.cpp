@@ -18,19 +18,18 @@ constexpr const char* MODEM = "org.freedesktop.ModemManager1.Modem";
 constexpr const char* MESSAGING = "org.freedesktop.ModemManager1.Modem.Messaging";
 constexpr const char* SMS = "org.freedesktop.ModemManager1.Sms";
 
-/// The network may take its time over a message; all else is answered by the service itself.
+/// Sending waits for the network; all other calls are answered by the service itself.
 constexpr std::chrono::seconds SEND_TIMEOUT{60};
 constexpr std::chrono::seconds ORDINARY_TIMEOUT{20};
 
-/// Errors by which the bus says that nobody is there to take the call.
+/// Errors of the bus for a service that is not running.
 constexpr std::array<std::string_view, 3> NOBODY_THERE = {
     "org.freedesktop.DBus.Error.ServiceUnknown",
     "org.freedesktop.DBus.Error.NameHasNoOwner",
     "org.freedesktop.DBus.Error.Spawn.",
 };
 
-/// One modem's place on the bus and how far it is on its way to a network (ModemManager's modem
-/// state: the higher, the readier).
+/// Bus path and state of a modem; higher states of ModemManager are closer to a network connection.
 struct Modem {
   std::string path;
   std::int32_t state = INT_MIN;
@@ -41,7 +40,7 @@ Result Success() {
   return {Outcome::SENT, {}};
 }
 
-/// What a missing answer or an answer that is an error means.
+/// Result for a missing reply or an error reply.
 Result FailureOf(const Message& reply) {
   if (!reply) {
     return {Outcome::NO_ANSWER, {}};
@@ -60,8 +59,8 @@ bool IsAnswered(const Message& reply) {
   return reply && !sd_bus_message_is_method_error(reply.get(), nullptr);
 }
 
-/// Calls `action` for each entry of the map at the reader's place, with the entry's key; it has to
-/// read the value.
+/// Calls `action` with the key of each entry of the map at the read position. `action` must read
+/// the value.
 template <typename Action>
 void ForEachEntry(sd_bus_message* reply, char keyType, const char* entryType, Action action) {
   if (sd_bus_message_enter_container(reply, 'a', ("{" + std::string(entryType) + "}").c_str()) <=
@@ -99,7 +98,7 @@ void ReadInterfaces(sd_bus_message* reply, Modem& modem) {
   });
 }
 
-/// Path of the readiest modem that can send messages; empty without one.
+/// Path of the modem with the highest state that can send messages; empty without one.
 std::string BestModemOf(sd_bus_message* reply) {
   Modem best;
   ForEachEntry(reply, 'o', "oa{sa{sv}}", [&](const char* path) {
@@ -130,8 +129,7 @@ Message CallSend(SystemBus& bus, const char* smsPath) {
   return bus.Call(bus.NewCall(smsPath, SMS, "Send"), SEND_TIMEOUT);
 }
 
-/// ModemManager keeps every message it was given: a journey's worth of reports would pile up. It is
-/// no matter if this fails.
+/// Deletes a message, as ModemManager keeps every message it was given. Failure is ignored.
 void CallDelete(SystemBus& bus, const std::string& modem, const char* smsPath) {
   const Message call = bus.NewCall(modem.c_str(), MESSAGING, "Delete");
   if (call && sd_bus_message_append(call.get(), "o", smsPath) >= 0) {

@@ -11,12 +11,13 @@ namespace {
 
 using namespace parlex;
 
-/// A modem on a network needs two to six seconds for a message.
+/// Time for waiting messages when the library is unloaded; a modem needs two to six seconds for
+/// one.
 constexpr std::chrono::seconds DRAIN_TIME{10};
 
 FailureLog failures;
 
-/// Made with the first message, so that merely loading the library takes nothing and cannot fail.
+/// Made with the first message: loading the library takes no resources and cannot fail.
 SmsQueue& Queue() {
   static SmsQueue queue(
       SendThroughModemManager, [](const Result& result) { failures.Write(result); }, DRAIN_TIME);
@@ -26,15 +27,15 @@ SmsQueue& Queue() {
 }  // namespace
 
 /// Sends `message` (in the device's ANSI code page) to the phone number `recipient`. Queues it and
-/// returns at once; messages go out in the order of the calls. A failure is told on standard error,
-/// once for each kind. Unloading the library gives what still waits ten seconds.
+/// returns at once; messages go out in the order of the calls. Failures are written to standard
+/// error, once for each kind. Unloading the library leaves waiting messages ten seconds.
 extern "C" void WINAPI SendParlex(LPCWSTR recipient, LPCSTR message) {
   if (!recipient || !message) {
     return;
   }
   try {
-    // Converted here and not on the sending thread: the converter may load a library, which would
-    // wait for ever for an unloading that waits for the thread.
+    // Converted here, not on the sending thread: the converter may load a library, which would
+    // deadlock with an unloading that waits for the thread.
     Queue().Push({handheld::Utf8FromWide(recipient), handheld::Utf8FromAnsi(message)});
   } catch (const std::exception&) {
     failures.Write({Outcome::NO_RESOURCES, {}});

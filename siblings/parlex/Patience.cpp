@@ -10,7 +10,7 @@ namespace parlex {
 
 void Patience::AwaitDescriptor(int descriptor, short events, Clock::time_point deadline) {
   using std::chrono::milliseconds;
-  // Rounded up, lest the last millisecond be spent spinning.
+  // Rounded up: a time-out of 0 would spin during the last millisecond.
   const auto left = std::chrono::ceil<milliseconds>(std::min(deadline, GetEnd()) - Clock::now());
   const auto timeout = std::clamp<milliseconds::rep>(left.count(), 0, INT_MAX);
   std::array<pollfd, 2> wanted = {

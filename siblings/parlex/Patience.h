@@ -7,13 +7,12 @@
 
 namespace parlex {
 
-/// How long a worker may go on waiting: without end, until another thread sets an end to it.
+/// Limit of a worker's waiting: none, until another thread sets an end.
 class Patience {
  public:
   using Clock = std::chrono::steady_clock;
 
-  /// From any thread: everything has to be over within this time. Wakes the worker, so that it
-  /// looks anew.
+  /// Sets the end, from any thread, and wakes the worker.
   void EndIn(std::chrono::milliseconds time) {
     end = Clock::now() + time;
     changed.Raise();
@@ -23,8 +22,8 @@ class Patience {
 
   bool IsOver() const { return Clock::now() >= GetEnd(); }
 
-  /// By the worker: waits for one of `events` on the descriptor, until `deadline` or until the end
-  /// is changed.
+  /// Called by the worker: waits for one of `events` on the descriptor, until `deadline` or a
+  /// change of the end.
   void AwaitDescriptor(int descriptor, short events, Clock::time_point deadline);
 
  private:

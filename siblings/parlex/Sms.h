@@ -25,7 +25,7 @@ enum class Outcome {
 
 struct Result {
   Outcome outcome;
-  /// The modem's own words, where there are any.
+  /// The modem's own text; empty without one.
   std::string detail;
 };
 

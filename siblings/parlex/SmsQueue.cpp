@@ -42,7 +42,7 @@ void SmsQueue::Run() noexcept {
   }
 }
 
-/// False when nothing waits and nothing more will come.
+/// Waits for the next message. False when the queue is empty and closing.
 bool SmsQueue::AwaitNext(Sms& sms) {
   std::unique_lock lock(mutex);
   changed.wait(lock, [this] { return closing || !waiting.empty(); });
@@ -64,7 +64,7 @@ Result SmsQueue::Deliver(const Sms& sms) {
   } catch (const std::exception&) {
     return {Outcome::NO_RESOURCES, {}};
   }
-  // Nobody kept it waiting then: it was cut short.
+  // The unloading has cut the wait short.
   if (result.outcome == Outcome::NO_ANSWER && patience.IsOver()) {
     result.outcome = Outcome::UNLOADED;
   }

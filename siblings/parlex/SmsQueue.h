@@ -12,27 +12,27 @@
 
 namespace parlex {
 
-/// Sends messages one after the other, in the order given, on a thread of its own that begins with
-/// the first message.
+/// Sends messages in order, one after the other, on a thread of its own that starts with the first
+/// message.
 class SmsQueue {
  public:
-  /// Sends one message and waits for its fate, not longer than `patience` lasts.
+  /// Sends one message and waits for the result, not longer than `patience` lasts.
   using Send = std::function<Result(const Sms& sms, Patience& patience)>;
-  /// Told the result of each message: on the sending thread, or on the caller's for one that finds
-  /// the queue full.
+  /// Receives the result of each message: on the sending thread, or on the caller's when the queue
+  /// is full.
   using Report = std::function<void(const Result& result)>;
 
   /// Messages that may wait; further ones are dropped.
   static constexpr std::size_t CAPACITY = 64;
 
-  /// What waits when the queue is destroyed still gets `timeToDrain`.
+  /// The destructor leaves waiting messages `timeToDrain`.
   SmsQueue(Send sendOne, Report reportOne, std::chrono::milliseconds timeToDrain);
   ~SmsQueue();
   SmsQueue(const SmsQueue&) = delete;
   SmsQueue& operator=(const SmsQueue&) = delete;
 
-  /// Queues a message and returns at once. From any thread. May throw for want of memory or
-  /// threads.
+  /// Queues a message and returns at once. May be called from any thread. Throws without memory or
+  /// threads left.
   void Push(Sms sms);
 
  private:

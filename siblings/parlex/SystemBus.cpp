@@ -30,8 +30,8 @@ Message SystemBus::Call(const Message& call, std::chrono::seconds timeout) {
   const auto deadline = Patience::Clock::now() + timeout;
   Message reply;
   sd_bus_slot* slot = nullptr;
-  // The deadline is kept here: sd-bus does not count the time in which the bus has not yet let us
-  // in.
+  // The deadline is kept here: the time-out of sd-bus starts only after the connection is
+  // authenticated.
   if (sd_bus_call_async(bus.get(), &slot, call.get(), KeepReply, &reply, UINT64_MAX) < 0) {
     return nullptr;
   }

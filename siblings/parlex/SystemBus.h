@@ -14,19 +14,20 @@ struct MessageDeleter {
 };
 using Message = std::unique_ptr<sd_bus_message, MessageDeleter>;
 
-/// A connection to the system bus for one thread, with calls that can be hurried from outside.
+/// A connection to the system bus for one thread; other threads can shorten its waits through
+/// Patience.
 class SystemBus {
  public:
   explicit SystemBus(Patience& hurry);
 
-  /// False when there is no bus to connect to.
+  /// False without a bus.
   bool IsOpen() const { return bus != nullptr; }
 
-  /// A call of ModemManager to be filled with arguments; null when there is no memory.
+  /// A call of ModemManager, to be filled with arguments; null without memory.
   Message NewCall(const char* path, const char* interface, const char* method) const;
 
-  /// Makes the call and waits for its answer, which may be an error message. Null when none came in
-  /// time or the bus went away.
+  /// Makes the call and waits for its reply, which may be an error message. Null when no reply came
+  /// in time or the bus was closed.
   Message Call(const Message& call, std::chrono::seconds timeout);
 
  private:

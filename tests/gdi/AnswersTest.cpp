@@ -1,4 +1,4 @@
-// What drawing calls answer and leave behind, also when they are misused.
+// Results and effects of drawing calls, misuse included.
 
 #include <gtest/gtest.h>
 
@@ -22,7 +22,7 @@ BITMAP Describe(HGDIOBJ bitmap) {
   return description;
 }
 
-/// Deletes at the end what it holds.
+/// Deletes the object at the end of the scope.
 class Owned {
  public:
   explicit Owned(HGDIOBJ owned) : object(owned) {}
@@ -43,7 +43,7 @@ TEST(DeletedObjects, GoWithTheLastContextThatHasThemSelected) {
   SelectObject(second, brush);
   EXPECT_TRUE(DeleteObject(brush));
   EXPECT_EQ(brush, SelectObject(first, old));
-  // Still there for the second one.
+  // Still selected into the second context.
   EXPECT_EQ(brush, SelectObject(second, brush));
   EXPECT_TRUE(DeleteDC(second));
   EXPECT_EQ(nullptr, SelectObject(first, brush));
@@ -128,7 +128,7 @@ TEST(Bitmaps, AreDescribedInWholeOrNotAtAll) {
   EXPECT_EQ(SIZE, GetObjectW(section.bitmap, SIZE + 8, &description));
   EXPECT_EQ(3, description.bmWidth);
   EXPECT_EQ(5, description.bmHeight);
-  // Three times two bytes, and two to a multiple of four.
+  // Three pixels of two bytes, filled up to a multiple of four.
   EXPECT_EQ(8, description.bmWidthBytes);
   EXPECT_EQ(1, description.bmPlanes);
   EXPECT_EQ(16, description.bmBitsPixel);
@@ -203,7 +203,7 @@ TEST(Regions, AreAnsweredByTheirKind) {
   EXPECT_EQ(SIMPLEREGION, SelectClipRgn(section.dc, nullptr));
   EXPECT_EQ(RGN_ERROR, SelectClipRgn(nullptr, static_cast<HRGN>(some.Get())));
   EXPECT_EQ(RGN_ERROR, SelectClipRgn(section.dc, static_cast<HRGN>(NoSuchObject())));
-  // Selected like other objects, they answer the same.
+  // SelectObject gives the same results.
   EXPECT_EQ(SIMPLEREGION, reinterpret_cast<LONG_PTR>(SelectObject(section.dc, some.Get())));
   EXPECT_EQ(NULLREGION, reinterpret_cast<LONG_PTR>(SelectObject(section.dc, none.Get())));
 }

@@ -1,4 +1,5 @@
-// Ellipses so narrow that their curve does not reach the ends. What Windows does there changes from run to run.
+// Ellipses so narrow that their curve does not reach the ends. What Windows does there changes from
+// run to run.
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,8 @@
 
 #include <cstdint>
 
-/// Of a DIB section without colour masks. Height as in BITMAPINFOHEADER: positive runs from the bottom up.
+/// Of a DIB section without colour masks. Height as in BITMAPINFOHEADER: positive runs from the
+/// bottom up.
 inline BITMAPINFO SectionInfo(LONG width, LONG height, WORD bitsPerPixel) {
   BITMAPINFO info = {};
   info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);

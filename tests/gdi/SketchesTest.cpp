@@ -11,7 +11,8 @@ namespace {
 constexpr COLORREF RED = RGB(255, 0, 0);
 constexpr COLORREF BLUE = RGB(0, 0, 255);
 
-/// A canvas that prints itself: R for the red pen, B for the blue brush, a dot where nothing was drawn.
+/// A canvas that prints itself: R for the red pen, B for the blue brush, a dot where nothing was
+/// drawn.
 class Sketch {
  public:
   Sketch(int sketchWidth, int sketchHeight, int penStyle = PS_SOLID, int penWidth = 1)
@@ -210,7 +211,8 @@ TEST(Sketches, ShrinkingToOnePixelLeavesOutTheLastUnlessMirrored) {
   EXPECT_EQ(0x00FF00U, target.Longs()[1] & 0xFFFFFF);
 }
 
-/// Premultiplied 0x402010 at alpha 0x80 over white: 255 - 128 of each channel is left of it, and the source added.
+/// Premultiplied 0x402010 at alpha 0x80 over white: 255 - 128 of each channel is left of it, and
+/// the source added.
 TEST(Blending, AddsTheSourceToWhatItsAlphaLeaves) {
   const Section source(1, -1);
   source.Longs()[0] = 0x80402010;
@@ -220,8 +222,8 @@ TEST(Blending, AddsTheSourceToWhatItsAlphaLeaves) {
   EXPECT_EQ(0x80BF9F8FU, target.Longs()[0]);
 }
 
-/// Not premultiplied: 0xFF and 0x80 / 0xFF of the white below make 0x17F. The excess bit is set in the byte above; adding
-/// it there would make 0x80 of 0x7F.
+/// Not premultiplied: 0xFF and 0x80 / 0xFF of the white below make 0x17F. The excess bit is set in
+/// the byte above; adding it there would make 0x80 of 0x7F.
 TEST(Blending, ExcessOfAByteIsSetInTheOneAbove) {
   const Section source(2, -1);
   source.Longs()[0] = 0x7FFFFFFF;

@@ -1,4 +1,4 @@
-// Text: room taken, lines, place, angles, and which font file stands for a name.
+// Text: size, lines, position, angles, and the font file of a face name.
 
 #include <gtest/gtest.h>
 #include <handheld.h>
@@ -134,8 +134,8 @@ TEST(Text, TurnsAroundItsCorner) {
   EXPECT_EQ(43, touched.bottom);
 }
 
-/// Where a stroke covers c sixteenths of a pixel, white on black has the brightness of c, and black on white that of
-/// what is left of the sixteen.
+/// Where a stroke covers c sixteenths of a pixel, white on black has the brightness of c, and black
+/// on white that of what is left of the sixteen.
 TEST(Text, BlackOnWhiteIsAsBrightAsWhiteOnBlackWithAsMuchUncovered) {
   const Page light(u"Liberation Serif", 36);
   light.Draw(TEXT("S"), 0, 0);
@@ -165,7 +165,8 @@ TEST(Text, BlackOnWhiteIsAsBrightAsWhiteOnBlackWithAsMuchUncovered) {
   EXPECT_GT(partlyCovered, 5);
 }
 
-/// Blue of 128 is 16 of 31 there and looks like 132; of that 0xF8 / 0xFF are 128 and 16 again. 124 of 128 would be 15.
+/// Blue of 128 is 16 of 31 there and looks like 132; of that 0xF8 / 0xFF are 128 and 16 again. 124
+/// of 128 would be 15.
 TEST(Text, EdgesIn16BitsFadeFromTheColourAsItIsShown) {
   const Page white(u"Liberation Serif", 36);
   white.Draw(TEXT("S"), 0, 0);
@@ -194,8 +195,8 @@ TEST(Text, StaysInItsLine) {
   }
 }
 
-/// The base line lies 14 below the corner, turned by 168 degrees 13.69 above it. From 14 and from 13 that comes to 0.31
-/// and -0.69, both cut to 0.
+/// The base line lies 14 below the corner, turned by 168 degrees 13.69 above it. From 14 and from
+/// 13 that comes to 0.31 and -0.69, both cut to 0.
 TEST(Text, TurnedOutOfThePictureIsPlacedByCuttingToo) {
   const Page page(u"Liberation Serif", 18, 1680);
   const RECT inside = page.Draw(TEXT("123.45"), 150, 14);

@@ -1,4 +1,4 @@
-// What a window shows, as hosts and tests see it.
+// Pixels of a window, as hosts and tests read them.
 
 #include <gtest/gtest.h>
 #include <handheld.h>

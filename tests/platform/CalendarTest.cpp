@@ -26,7 +26,7 @@ TEST(Calendar, KnowsTheLengthOfMonthsAndItsLastYear) {
   }
 }
 
-/// 257 would be 1 in a byte.
+/// 257 cut to a byte is 1.
 TEST(Calendar, CutsNoFieldToAByte) {
   const SYSTEMTIME impossible[] = {{2024, 257, 0, 1, 0, 0, 0, 0}, {2024, 1, 0, 257, 0, 0, 0, 0}};
   for (const SYSTEMTIME& moment : impossible) {

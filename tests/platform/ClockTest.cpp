@@ -30,7 +30,7 @@ class ClockTest : public testing::Test {
   }
 };
 
-/// Needs a process whose clock nobody has touched.
+/// Needs a process whose clock was not changed yet.
 [[noreturn]] void ExitWithClockDifference() {
   const auto machine = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
   const std::chrono::seconds clock(

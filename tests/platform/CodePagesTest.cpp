@@ -7,7 +7,7 @@
 
 namespace {
 
-/// The device's own code page; what both homes do alike is in tests/api.
+/// The device's own code page. tests/api tests the conversions on both homes.
 class CodePages : public testing::Test {
  protected:
   CodePages() { handheld::SetCodePage(1251); }

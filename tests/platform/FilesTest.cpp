@@ -11,7 +11,7 @@ namespace {
 
 using testing_support::TempFolder;
 
-/// What tests/api does not tell of files on both homes.
+/// Facts about files that tests/api does not test on both homes.
 class Files : public testing::Test {
  protected:
   HANDLE Open(const std::string& name, DWORD access = GENERIC_READ,

@@ -87,7 +87,7 @@ class Logind {
   Logind& operator=(const Logind&) = delete;
 
   bool IsReady() const { return isReady; }
-  /// What is inhibited, once somebody has asked.
+  /// Waits for a request and returns what it inhibits.
   std::string AwaitInhibit() {
     while (what.empty()) {
       while (sd_bus_process(bus, nullptr) > 0) {
@@ -97,12 +97,12 @@ class Logind {
       }
     }
     sd_bus_flush(bus);
-    // Only the copy that was sent keeps the pipe open now.
+    // From here on only the copy that was sent keeps the pipe open.
     close(inhibitor[1]);
     inhibitor[1] = -1;
     return what;
   }
-  /// Returns when nobody holds the inhibitor any more.
+  /// Waits until the inhibitor is released.
   void AwaitRelease() const {
     char byte;
     EXPECT_EQ(0, read(inhibitor[0], &byte, 1));
@@ -152,7 +152,7 @@ TEST(IdleInhibitorTest, IsGivenBackWhenTheAnswerComesTooLate) {
   Logind logind(bus.Address());
   ASSERT_TRUE(logind.IsReady());
 
-  // Released before logind has even looked at the question.
+  // Released before logind has read the request.
   ReleasePowerRequirement(HoldBacklight());
   logind.AwaitInhibit();
   logind.AwaitRelease();

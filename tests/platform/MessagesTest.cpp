@@ -24,7 +24,7 @@ HWND CreateTestWindow() {
   return CreateWindowExW(0, u"Messages", u"", 0, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
 }
 
-/// What tests/api does not tell of messages on both homes.
+/// Facts about messages that tests/api does not test on both homes.
 class Messages : public testing::Test {
  protected:
   Messages() : window(CreateTestWindow()) { handheld::ForgetMessagesPosted(); }

@@ -105,7 +105,7 @@ TEST_F(ModulesTest, AttachAgainWhenLoadedAgain) {
   for (int i = 0; i < 3; ++i) {
     const HMODULE module = LoadLibraryW(u"Probe.dll");
     ASSERT_NE(nullptr, module);
-    // Static data starts afresh: the library was really gone in between.
+    // Fresh static data: the library was unloaded in between.
     EXPECT_EQ(1, Symbol<int()>(module, u"ProbeAttachments")());
     FreeLibrary(module);
   }
@@ -181,7 +181,7 @@ TEST_F(ModulesTest, AreLoadedAndFreedByManyThreads) {
         if (module == nullptr) {
           continue;
         }
-        // However the threads meet, nobody sees it before or after its entry ran.
+        // No thread sees the library before attachment or after detachment.
         if (Symbol<int()>(module, u"ProbeAttachments")() == 1) {
           ++loaded;
         }
@@ -195,7 +195,7 @@ TEST_F(ModulesTest, AreLoadedAndFreedByManyThreads) {
   EXPECT_EQ(80, loaded);
 }
 
-/// Loads the library, lets the probe report its detachment, and ends the process in the ordinary way.
+/// Loads the library, lets the probe report its detachment and exits the process.
 [[noreturn]] void ExitWithLibraryLoaded(LPCWSTR name) {
   LoadLibraryW(name);
   const HMODULE module = LoadLibraryW(u"Probe.dll");
@@ -212,7 +212,7 @@ TEST(ModulesDeathTest, AreDetachedWhenTheProcessEnds) {
               "detached, ending 1, statics alive 1");
 }
 
-/// It may still need it.
+/// The outer library may still use the inner one.
 TEST(ModulesDeathTest, AreDetachedBeforeThoseThatTheyHaveLoadedThemselves) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   handheld::AddLibraryDirectory(TEST_MODULES);

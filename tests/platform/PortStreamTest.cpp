@@ -179,7 +179,7 @@ TEST_F(Serial, ALineThatNeverPausesIsCutAfterALineFeed) {
     }
     receiver.Send("end");
   });
-  // Far more room than the sender can fill.
+  // Far larger than what the sender can send.
   std::string bytes = ReadOnce(port, 1'000'000).bytes;
   isEnough = true;
   sender.join();
@@ -187,7 +187,7 @@ TEST_F(Serial, ALineThatNeverPausesIsCutAfterALineFeed) {
   if (!bytes.ends_with("end")) {
     EXPECT_EQ('\n', bytes.back());
   }
-  // Nothing is lost at the cut.
+  // No byte is lost at the cut.
   while (!bytes.ends_with("end")) {
     bytes += ReadOnce(port).bytes;
   }
@@ -219,7 +219,7 @@ TEST_F(Serial, ReadingsEndWhenTheHandleIsClosedByAnotherThread) {
     EXPECT_TRUE(CloseHandle(port));
     const Reading ended = reading.get();
     EXPECT_FALSE(ended.result);
-    // The second when the read had not even started.
+    // ERROR_INVALID_HANDLE: closed before the read started.
     EXPECT_TRUE(ended.error == ERROR_OPERATION_ABORTED || ended.error == ERROR_INVALID_HANDLE);
   }
   port = INVALID_HANDLE_VALUE;

@@ -35,7 +35,7 @@ class PseudoTerminal {
     return bytes;
   }
 
-  /// As unplugging the receiver does.
+  /// Acts as if the receiver were unplugged.
   void Close() {
     if (master >= 0) {
       close(master);

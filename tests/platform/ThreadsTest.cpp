@@ -127,7 +127,7 @@ TEST(Threads, TheLowestPriorityYieldsToOthers) {
   const int own = getpriority(PRIO_PROCESS, 0);
   const HANDLE thread = CreateThread(nullptr, 0, procedure, &state, 0, nullptr);
   EXPECT_TRUE(SetThreadPriority(thread, 5));
-  // Applied by the thread itself if it had not started yet, so before its procedure in any case.
+  // A thread that has not started yet applies it itself, before its procedure.
   state.isSet.set_value();
   AwaitEnd(thread);
   EXPECT_GT(state.nice, own);

@@ -29,7 +29,7 @@ TEST(Text, MalformedUtf8IsReplaced) {
   EXPECT_EQ(replacement + u"a", WideFromUtf8("\xC3"
                                              "a"));
   EXPECT_EQ(replacement, WideFromUtf8("\xC3"));
-  // Longer than needed, a surrogate, beyond the last character.
+  // An overlong form, a surrogate, a code beyond the last character.
   EXPECT_EQ(replacement + replacement, WideFromUtf8("\xC0\x80"));
   EXPECT_EQ(3u, WideFromUtf8("\xED\xA0\x80").size());
   EXPECT_EQ(4u, WideFromUtf8("\xF4\x90\x80\x80").size());

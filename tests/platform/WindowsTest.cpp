@@ -23,7 +23,7 @@ WNDCLASSW ClassNamed(const char16_t* name, WNDPROC procedure = Hear) {
   return windowClass;
 }
 
-/// What tests/api does not tell of windows on both homes.
+/// Facts about windows that tests/api does not test on both homes.
 class Windows : public testing::Test {
  protected:
   Windows() {

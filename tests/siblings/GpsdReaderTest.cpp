@@ -14,7 +14,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// A port of our own on which the test plays gpsd.
+/// A listening port on which the test plays gpsd.
 class Server {
  public:
   Server() : listener(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
@@ -72,8 +72,7 @@ class Server {
   int client = -1;
 };
 
-/// Waits until the position's latitude is this; 0 stands for "no fix". False when that does not
-/// happen.
+/// Waits until the position has this latitude; 0 means "no fix". False when it does not come.
 bool Arrives(const GpsdReader& reader, double latitude, std::chrono::seconds patience = 10s) {
   const auto end = std::chrono::steady_clock::now() + patience;
   while (std::chrono::steady_clock::now() < end) {
@@ -145,7 +144,7 @@ TEST(GpsdReaderTest, StopsWhileTheOtherSideIsSilent) {
   reader.Start(server.Address().c_str());
   ASSERT_TRUE(server.Accept());
   reader.Stop();
-  // Read to the end: the connection is closed, not just forgotten.
+  // End of the stream: the connection is closed.
   server.Heard();
   EXPECT_EQ("", server.Heard());
 }

@@ -16,7 +16,7 @@ constexpr DWORD SATELLITES_KNOWN = GPS_VALID_SATELLITE_COUNT | GPS_VALID_SATELLI
 
 class LatestPositionTest : public testing::Test {
  protected:
-  /// Takes in a report as gpsd writes it.
+  /// Passes on a report in the form in which gpsd writes it.
   void Told(std::string report) {
     data->set = 0;
     gps_unpack(report.data(), data.get());

@@ -1,13 +1,11 @@
 // Loads a sibling library the way the engine does and calls it as told, line by line, on standard
 // input. Answers each line with one line. Ends with its input.
 //
-//   load NAME              "loaded", or "missing" when the library or one of its entry points is
-//   unload                 "done MILLISECONDS"
-//   start, stop            "done MILLISECONDS" that the call took
-//   position               the record's bytes in hexadecimal
-//   codepage NUMBER        "done 0"
-//   send NUMBER TEXT       "done MILLISECONDS"; the number as UTF-8 and the text as ANSI bytes, both
-//                          in hexadecimal
+// load NAME              "loaded", or "missing" when the library or one of its entry points is
+// unload                 "done MILLISECONDS" start, stop            "done MILLISECONDS" that the
+// call took position               the record's bytes in hexadecimal codepage NUMBER        "done
+// 0" send NUMBER TEXT       "done MILLISECONDS"; the number as UTF-8 and the text as ANSI bytes,
+// both in hexadecimal
 #include <gpsapi.h>
 #include <handheld.h>
 

@@ -14,7 +14,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Keeps what the queue did. Read it only when the queue is gone.
+/// Record of what the queue did. Read it after the queue is destroyed.
 struct Record {
   std::vector<std::string> sent;
   std::vector<Outcome> outcomes;
@@ -24,7 +24,7 @@ SmsQueue::Report Into(Record& record) {
   return [&record](const Result& result) { record.outcomes.push_back(result.outcome); };
 }
 
-/// A modem that takes everything.
+/// A modem that accepts every message.
 SmsQueue::Send Willing(Record& record) {
   return [&record](const Sms& sms, Patience&) {
     record.sent.push_back(sms.number + ":" + sms.text);
@@ -32,7 +32,7 @@ SmsQueue::Send Willing(Record& record) {
   };
 }
 
-/// A modem that does not answer for as long as it may.
+/// A modem that never answers; waits until the patience ends.
 Result NeverAnswers(const Sms&, Patience& patience) {
   while (!patience.IsOver()) {
     patience.AwaitDescriptor(-1, 0, Patience::Clock::time_point::max());
@@ -65,7 +65,7 @@ TEST(SmsQueueTest, CallerDoesNotWaitForTheModem) {
         Into(record), 1h);
     queue.Push({"111", ""});
     queue.Push({"222", ""});
-    // Reached though nothing can have been sent yet.
+    // Push has returned although no message can have been sent yet.
     release.set_value();
   }
   EXPECT_EQ((std::vector<std::string>{"111", "222"}), record.sent);
@@ -138,7 +138,7 @@ TEST(SmsQueueTest, WhatFindsTheQueueFullIsDropped) {
         0ms);
     queue.Push({"first", ""});
     begun.get_future().wait();
-    // The first is on its way and no longer waits.
+    // The first message is being sent and does not wait.
     for (std::size_t i = 0; i < SmsQueue::CAPACITY + 2; i++) {
       queue.Push({"next", ""});
     }

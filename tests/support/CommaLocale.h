@@ -9,8 +9,8 @@
 
 namespace testing_support {
 
-/// The process's locale while it lives; the plain one afterwards. Compiled for the test, which takes
-/// a second: a machine need not have such a locale installed.
+/// Sets the process's locale while it lives, and the plain locale afterwards. Compiles the locale,
+/// which takes a second, so that machines need not have one installed.
 class CommaLocale {
  public:
   CommaLocale() {

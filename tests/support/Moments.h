@@ -8,7 +8,7 @@
 
 namespace testing_support {
 
-/// The day of the week is left 0: nothing that is told apart here depends on it.
+/// The day of the week is 0; no test depends on it.
 inline SYSTEMTIME Moment(int year, int month, int day, int hour, int minute, int second,
                          int milliseconds = 0) {
   const auto word = [](int value) { return static_cast<WORD>(value); };
@@ -16,7 +16,7 @@ inline SYSTEMTIME Moment(int year, int month, int day, int hour, int minute, int
           word(hour), word(minute), word(second), word(milliseconds)};
 }
 
-/// All of a time but the day of the week, to be compared and printed.
+/// All fields but the day of the week, for comparison and printing.
 inline std::tuple<int, int, int, int, int, int, int> Fields(const SYSTEMTIME& time) {
   return {time.wYear,   time.wMonth,  time.wDay,         time.wHour,
           time.wMinute, time.wSecond, time.wMilliseconds};

@@ -1,4 +1,4 @@
-// A folder of a test's own.
+// A temporary folder for one test.
 #pragma once
 
 #include <windows.h>
@@ -45,7 +45,7 @@ class TempFolder {
     return {std::istreambuf_iterator<char>(file), {}};
   }
 
-  /// Makes the folders on the way, too.
+  /// Also makes missing parent folders.
   void Write(std::string_view name, std::string_view content) const {
     std::filesystem::create_directories(std::filesystem::path(Path(name)).parent_path());
     std::ofstream file(Path(name), std::ios::binary | std::ios::trunc);

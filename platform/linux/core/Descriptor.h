@@ -22,7 +22,7 @@ class Descriptor {
     }
   }
 
-  /// -1 when there is none.
+  /// -1 without a descriptor.
   int GetNumber() const { return number; }
   bool IsOpen() const { return number >= 0; }
 

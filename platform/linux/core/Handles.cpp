@@ -31,7 +31,7 @@ bool HandleTable::Remove(HANDLE handle) {
   {
     const std::lock_guard lock(mutex);
     const auto found = objects.find(reinterpret_cast<std::uintptr_t>(handle));
-    // Another thread may have been quicker.
+    // Another thread may have closed the handle first.
     if (found == objects.end()) {
       return false;
     }

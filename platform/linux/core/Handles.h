@@ -21,21 +21,20 @@ class Object {
   virtual void HandleClosed() {}
 };
 
-/// Objects that CloseHandle takes; the others have a call of their own that ends them.
+/// Objects that CloseHandle closes; each of the others has a closing call of its own.
 class KernelObject : public Object {};
 
-/// Something to read from and write to. All calls may come from several threads at once.
+/// Bytes to read and write. All calls may come from several threads at once.
 class Stream : public KernelObject {
  public:
-  /// Both return an error code, ERROR_SUCCESS when all went well, and set `count` to the bytes
+  /// Read and Write return an error code (ERROR_SUCCESS is none) and set `count` to the bytes
   /// moved.
   virtual DWORD Read(void* buffer, DWORD size, DWORD& count) = 0;
   virtual DWORD Write(const void* data, DWORD size, DWORD& count) = 0;
   virtual DWORD Flush() = 0;
 };
 
-/// The one table of open handles. Numbers are never used twice, so that a stale handle stays
-/// invalid.
+/// The one table of open handles. No number is used twice, so a stale handle stays invalid.
 class HandleTable {
  public:
   static HandleTable& Instance();

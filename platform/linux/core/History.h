@@ -8,7 +8,7 @@
 
 namespace handheld {
 
-/// Remembers the latest entries only: a host may run for months without anybody asking.
+/// Keeps the latest entries only: a host may run for months and never read them.
 template <typename Entry>
 class History {
  public:
@@ -18,8 +18,8 @@ class History {
     AddIf(entry, [] { return true; });
   }
 
-  /// Carries out `action` and notes the entry when that returns true, in one step: whoever learns
-  /// of the action finds the entry. Returns what the action did.
+  /// Runs `action` and, when it returns true, adds the entry under the same lock: whoever sees the
+  /// effect of the action finds the entry. Returns the result of the action.
   template <typename Action>
   bool AddIf(const Entry& entry, Action action) {
     const std::lock_guard lock(mutex);

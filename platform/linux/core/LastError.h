@@ -1,4 +1,4 @@
-// Last error of the calling thread, the codes that only this home hands out, and the wall that
+// Last error of the calling thread, error codes that only this home reports, and the guard that
 // keeps C++ exceptions inside the API calls.
 #pragma once
 
@@ -19,17 +19,17 @@ constexpr DWORD ERROR_CLASS_ALREADY_EXISTS = 1410;
 /// Sets what GetLastError answers on this thread.
 void SetError(DWORD code);
 
-/// Device's code for a Linux error number; ERROR_GEN_FAILURE for those without a counterpart.
+/// The device's code for a Linux error number; ERROR_GEN_FAILURE for numbers without a counterpart.
 DWORD ErrorFromErrno(int error);
 
-/// Sets the last error and hands `result` through.
+/// Sets the last error and returns `result`.
 template <typename Result>
 Result Fail(DWORD code, Result result) {
   SetError(code);
   return result;
 }
 
-/// Runs `body`. An exception (only a lack of memory is ever expected) becomes `onException`.
+/// Returns what `body` returns, or `onException` when it throws; only std::bad_alloc is expected.
 template <typename Result, typename Body>
 Result Guarded(Result onException, Body body) noexcept {
   try {

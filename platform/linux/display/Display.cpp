@@ -20,7 +20,7 @@ bool IsSet(const char* variable) {
   return value != nullptr && value[0] != 0;
 }
 
-/// /dev/tty1 and the like; terminals of a desktop and of remote users lie elsewhere.
+/// True for /dev/tty1 and the like; desktop and remote terminals have other paths.
 bool IsOnConsole() {
   constexpr std::string_view CONSOLES = "/dev/tty";
   std::array<char, 64> name = {};
@@ -42,7 +42,8 @@ constexpr std::array KEYS = {
     Key{SDLK_RIGHT, KEY_RIGHT},   Key{SDLK_DELETE, KEY_DELETE},
 };
 
-/// 0 for keys that the device does not have. Where letters are not Latin the key's place counts.
+/// Key code of the device; 0 for keys it does not have. On a keyboard without Latin letters the
+/// position of the key decides.
 WPARAM KeyCode(const SDL_Keysym& pressed) {
   const auto* key = std::find_if(
       KEYS.begin(), KEYS.end(), [&pressed](const Key& each) { return each.symbol == pressed.sym; });
@@ -63,8 +64,8 @@ LPARAM PackPoint(int x, int y) {
   return static_cast<LPARAM>(static_cast<DWORD>(y & 0xFFFF) << 16 | static_cast<DWORD>(x & 0xFFFF));
 }
 
-/// Where no window manager runs, as on a box that shows nothing else, nobody but us gives a frame
-/// that fills the screen its place and size.
+/// Bounds of the display. Without a window manager a full-screen frame has to be placed by the
+/// program.
 SDL_Rect ScreenOf(int displayIndex) {
   SDL_Rect screen = {};
   SDL_GetDisplayBounds(displayIndex, &screen);
@@ -85,10 +86,10 @@ std::unique_ptr<Display> Display::Open(HWND window, bool isFullscreen, std::stri
     error = "there is no window to show";
     return nullptr;
   }
-  // Ctrl-C stays the program's own, the backlight the device's.
+  // SDL must handle neither Ctrl-C nor the screen saver.
   SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
   SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
-  // The desktop goes on as it was when the window fills the screen, and for the windows below it.
+  // A full-screen window must not change the desktop, neither its compositor nor other windows.
   SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
   SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
   if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
@@ -166,7 +167,7 @@ void Display::ToggleFullscreen() {
   isStale = true;
 }
 
-/// Fingers come as the left button.
+/// SDL reports fingers as the left button.
 void Display::Take(const SDL_Event& event) {
   switch (event.type) {
     case SDL_MOUSEBUTTONDOWN:
@@ -188,7 +189,7 @@ void Display::Take(const SDL_Event& event) {
       }
       break;
     case SDL_KEYDOWN: {
-      // Keys held together with Ctrl or Alt are the desktop's, and repeated ones would flicker.
+      // Ctrl and Alt combinations belong to the desktop; repeated keys would make the view flicker.
       const bool isPlain = (event.key.keysym.mod & (KMOD_CTRL | KMOD_ALT | KMOD_GUI)) == 0;
       const WPARAM code = KeyCode(event.key.keysym);
       if (isPlain && event.key.repeat == 0 && code != 0) {
@@ -216,7 +217,8 @@ void Display::PostMouse(UINT message, int x, int y) const {
   PostMessageW(window, message, 0, PackPoint(x, y));
 }
 
-/// Pixels grown to whole squares stay sharp; at any other size thin strokes would come and go.
+/// Whole-number scaling keeps pixels sharp; at other sizes thin strokes would vanish in places, so
+/// these are smoothed.
 void Display::ChooseScaling() {
   float across = 1;
   float down = 1;
@@ -226,7 +228,7 @@ void Display::ChooseScaling() {
 }
 
 void Display::Draw() {
-  // Asked for first: what is drawn in between is shown now and once more the next time.
+  // Read before the pixels: drawing in between is then shown again by the next update.
   const std::uint64_t version = WindowPixelsVersion(window);
   if (version != versionShown) {
     const Pixels pixels = WindowPixels(window);

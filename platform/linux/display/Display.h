@@ -14,34 +14,33 @@ union SDL_Event;
 
 namespace handheld {
 
-// Keys of WM_KEYDOWN beyond the letters, which have the codes of their capitals.
+// Key codes of WM_KEYDOWN. Letters have the codes of their capitals.
 constexpr WPARAM KEY_ESCAPE = 0x1B;
 constexpr WPARAM KEY_HOME = 0x24;
 constexpr WPARAM KEY_LEFT = 0x25;
 constexpr WPARAM KEY_RIGHT = 0x27;
 constexpr WPARAM KEY_DELETE = 0x2E;
 
-/// Shows what is drawn into one window of the device, by X11, Wayland or straight on the screen,
-/// and posts to it what mouse, finger and keyboard do there. The picture keeps its proportions when
-/// the frame around it is given another size; its pixels stay sharp. Everything is done on the
-/// thread that makes it, whenever Update is called.
+/// Shows one window of the device through X11, Wayland or KMS and posts mouse, touch and keyboard
+/// messages to it. The picture keeps its proportions and stays sharp when the frame is resized.
+/// Belongs to the thread that made it; works only inside Update.
 class Display {
  public:
-  /// False when there is surely no display to open: no X11 or Wayland server is named, and standard
-  /// input is no console of this machine (whose screen must not be taken from afar).
+  /// False when there is certainly no display: no X11 or Wayland server is named and standard input
+  /// is no console of this machine (a remote user must not take over its screen).
   static bool IsPresent();
 
-  /// Null when the display cannot be opened; `error` tells why then. `window` must outlive the
-  /// display.
+  /// Null when the display cannot be opened; `error` then holds the reason. `window` must outlive
+  /// the display.
   static std::unique_ptr<Display> Open(HWND window, bool isFullscreen, std::string& error);
 
   Display(const Display&) = delete;
   Display& operator=(const Display&) = delete;
   ~Display();
 
-  /// Posts what the user did since the last call: WM_LBUTTONDOWN, WM_LBUTTONDBLCLK, WM_MOUSEMOVE
+  /// Posts the user's input since the last call: WM_LBUTTONDOWN, WM_LBUTTONDBLCLK, WM_MOUSEMOVE
   /// (while pressed) and WM_LBUTTONUP in pixels of the window, WM_KEYDOWN, and WM_CLOSE, which
-  /// leaves the display open. Shows what was drawn meanwhile.
+  /// leaves the display open. Shows what has been drawn since.
   void Update();
 
   /// UTF-8.

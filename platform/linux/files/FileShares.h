@@ -1,4 +1,4 @@
-// Which files this process has open, and what each opening lets others do with them meanwhile.
+// Files that this process has open, with access and share mode of each opening.
 #pragma once
 
 #include <sys/stat.h>
@@ -10,7 +10,7 @@
 
 namespace handheld {
 
-/// Linux lets anybody open anything; the device does not.
+/// Enforces share modes, which Linux does not know.
 class FileShares {
  public:
   static FileShares& Instance();
@@ -18,7 +18,7 @@ class FileShares {
   using FileId = std::pair<dev_t, ino_t>;
   static FileId IdOf(const struct stat& status) { return {status.st_dev, status.st_ino}; }
 
-  /// Notes an opening; false when it clashes with one that stands.
+  /// Records an opening. False when it conflicts with an earlier one that is still open.
   bool Claim(FileId file, DWORD access, DWORD shareMode);
   void Release(FileId file, DWORD access, DWORD shareMode);
   bool IsOpen(FileId file) const;

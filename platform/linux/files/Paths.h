@@ -7,9 +7,9 @@
 
 namespace handheld {
 
-/// Where a device path leads.
+/// What a device path refers to.
 struct Location {
-  /// Linux path; components that exist are spelled as on disk, the others as given.
+  /// Linux path; existing components are spelled as on disk, the others as given.
   std::string path;
   bool exists = false;
   /// Whether the folder that would hold the last component exists.
@@ -21,18 +21,21 @@ struct Location {
   }
 };
 
-/// Looks every component up without regard to case, the exact spelling first.
+/// Looks up every component without regard to case and prefers the exact spelling.
 Location Locate(const std::string& linuxPath);
 Location Locate(LPCWSTR devicePath);
 
-/// Linux path without its last component ("" when it has one only, "/" for the root), and that
-/// component.
+/// Linux path without its last component ("" for a single component, "/" for the root), and the
+/// last component alone.
 std::string FolderOf(const std::string& path);
 std::string FileNameOf(const std::string& path);
 std::string Join(const std::string& folder, const std::string& name);
 
-/// File name in `folder` (an empty one is the current folder) that equals `name` but for case;
-/// empty if none.
+/// Absolute Linux path without symbolic links; the path itself when nothing is there.
+std::string RealPath(const std::string& path);
+
+/// Name of an entry of `folder` ("" is the current folder) that equals `name` apart from case;
+/// empty without one.
 std::string FindEntry(const std::string& folder, const std::string& name);
 
 }  // namespace handheld

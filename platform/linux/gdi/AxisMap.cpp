@@ -8,8 +8,8 @@ namespace handheld::gdi {
 
 namespace {
 
-/// Both sides are walked from their starts. The pixel in the middle of which the middle of pixel `index` of the side
-/// with `from` pixels falls, on a side with `to` pixels; on a border the one before it.
+/// Pixel of a side of `to` pixels under the centre of pixel `index` of a side of `from` pixels,
+/// both counted from their starts. On a border between two pixels the lower one.
 int Counterpart(std::int64_t index, std::int64_t from, std::int64_t to) {
   return static_cast<int>(((2 * index + 1) * to - 1) / (2 * from));
 }
@@ -18,7 +18,7 @@ int Place(const Side& side, int index) {
   return side.length > 0 ? side.start + index : side.start - index;
 }
 
-/// Indices on the side whose places lie in low .. high - 1, as first and one behind the last.
+/// Range of indices whose places lie in low .. high - 1; `last` is one behind the last.
 SourceRange IndicesInside(const Side& side, int low, int high) {
   const int count = std::abs(side.length);
   const std::int64_t first =
@@ -67,7 +67,7 @@ void AxisMap::Shrink(Side target, Side source, int low, int high, int sourceSize
   SourceRange indices = IndicesInside(source, 0, sourceSize);
   const int targetCount = std::abs(target.length);
   const int sourceCount = std::abs(source.length);
-  // Onto a single pixel, and nothing mirrored, the device leaves out the last source pixel.
+  // An unmirrored copy onto a single pixel leaves out the last source pixel, as on the device.
   if (shrinking == Shrinking::KEEP_ALL && target.length == 1 && source.length > 1) {
     indices.last = std::min(indices.last, sourceCount - 1);
   }

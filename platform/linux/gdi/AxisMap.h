@@ -1,11 +1,11 @@
-// Which source pixels go into which target pixels, along one axis of a scaled copy.
+// Source pixels of each target pixel, along one axis of a scaled copy.
 #pragma once
 
 #include <vector>
 
 namespace handheld::gdi {
 
-/// How pixels are treated that share a target pixel when a picture shrinks.
+/// Treatment of source pixels that share a target pixel.
 enum class Shrinking { KEEP_ALL, KEEP_FIRST, KEEP_LAST };
 
 /// Source pixels first .. last (with first <= last) of one target pixel.
@@ -14,16 +14,17 @@ struct SourceRange {
   int last;
 };
 
-/// Start and signed length of a picture's side. A negative length runs backwards from the start, which is included.
+/// Start and signed length of a picture's side. A negative length runs backwards from the start,
+/// which is included.
 struct Side {
   int start;
   int length;
 };
 
-/// The visible target pixels begin .. begin + ranges.size() - 1 of one axis, each with its source pixels.
+/// Source pixels of the visible target pixels begin .. begin + ranges.size() - 1 of one axis.
 class AxisMap {
  public:
-  /// Only targets within low .. high - 1 and sources within 0 .. sourceSize - 1 take part.
+  /// Maps targets within low .. high - 1 from sources within 0 .. sourceSize - 1.
   AxisMap(Side target, Side source, int low, int high, int sourceSize, Shrinking shrinking);
 
   bool IsEmpty() const { return ranges.empty(); }
@@ -31,9 +32,10 @@ class AxisMap {
   int GetCount() const { return static_cast<int>(ranges.size()); }
   const std::vector<SourceRange>& GetRanges() const { return ranges; }
 
-  /// Every target pixel has the source pixel after its left neighbour's (step 1) or before it (step -1); 0: neither.
+  /// 1 when each target pixel has the source pixel after that of its left neighbour, -1 when before
+  /// it, otherwise 0.
   int GetStep() const { return step; }
-  /// No target pixel has more than one source pixel.
+  /// True when no target pixel has more than one source pixel.
   bool IsSingle() const { return isSingle; }
 
  private:

@@ -11,7 +11,8 @@ namespace handheld::gdi {
 
 namespace {
 
-/// Row of source pixels brought to the target's width. Points into the source itself when nothing has to move.
+/// Row of source pixels at the target's width. Points into the source itself where a plain copy
+/// suffices.
 template <typename Pixel>
 const Pixel* GatherRow(const AxisMap& columns, const Pixel* row, std::vector<Pixel>& scratch) {
   const std::vector<SourceRange>& ranges = columns.GetRanges();
@@ -92,7 +93,7 @@ void StretchRows(const Raster& target, const AxisMap& columns, const AxisMap& ro
   }
 }
 
-/// Two of a pixel's four bytes, each with room for sums and products up to 255 * 255.
+/// Mask for two of a pixel's four bytes, each with room for products up to 255 * 255.
 constexpr std::uint32_t LANES = 0x00FF00FF;
 
 /// Both lanes divided by 255 and rounded to the nearest.
@@ -106,14 +107,14 @@ constexpr std::uint32_t Scale(std::uint32_t argb, std::uint32_t factor) {
   return Divide255((argb & LANES) * factor) | Divide255(((argb >> 8) & LANES) * factor) << 8;
 }
 
-/// A byte each of both, weighted so that the sum is rounded only once.
+/// Weighted sum of two pixels, byte by byte, rounded once.
 constexpr std::uint32_t Mix(std::uint32_t over, std::uint32_t under, std::uint32_t alpha) {
   const std::uint32_t rest = 255 - alpha;
   return Divide255((over & LANES) * alpha + (under & LANES) * rest) |
          Divide255(((over >> 8) & LANES) * alpha + ((under >> 8) & LANES) * rest) << 8;
 }
 
-/// Adds the bytes. Colours that are not premultiplied may sum up to more than a byte holds; like the device, the
+/// Adds byte by byte. Colours that are not premultiplied can exceed a byte; as on the device the
 /// excess bit is then set in the byte above, not added to it.
 constexpr std::uint32_t AddBytes(std::uint32_t a, std::uint32_t b) {
   return ((a & LANES) + (b & LANES)) | (((a >> 8) & LANES) + ((b >> 8) & LANES)) << 8;
@@ -173,7 +174,7 @@ void BlendRows(const Raster& target, const AxisMap& columns, const AxisMap& rows
   }
 }
 
-/// Calls body<To, From>() with the pixel types of both surfaces.
+/// Calls body<To, From>() with the pixel types of both formats.
 template <typename Body>
 void WithPixelTypes(PixelFormat to, PixelFormat from, Body body) {
   using Small = std::uint16_t;
@@ -188,7 +189,7 @@ void WithPixelTypes(PixelFormat to, PixelFormat from, Body body) {
   }
 }
 
-/// A copy of the source to read from while the original is drawn over.
+/// Copy of a source that is also the target.
 class Snapshot {
  public:
   explicit Snapshot(const Raster& source) : copy(source) {

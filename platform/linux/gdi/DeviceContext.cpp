@@ -15,7 +15,7 @@ DeviceContext::DeviceContext(std::shared_ptr<WindowSurface> surface)
 
 namespace {
 
-/// Puts the object into the context's place for its kind and hands out what was there.
+/// Replaces the selected object of this kind and returns the handle of the former one.
 template <typename Kind>
 HGDIOBJ Exchange(std::shared_ptr<Kind>& place, const std::shared_ptr<Object>& object) {
   ObjectTable& table = ObjectTable::Instance();
@@ -23,7 +23,7 @@ HGDIOBJ Exchange(std::shared_ptr<Kind>& place, const std::shared_ptr<Object>& ob
   if (place == object) {
     return previous;
   }
-  // A bitmap can be drawn into through one context only.
+  // A bitmap can be selected into one context only.
   if (!table.Select(*object, Kind::KIND == ObjectKind::BITMAP)) {
     return nullptr;
   }

@@ -1,4 +1,4 @@
-// Device contexts: where drawing goes, and with what.
+// Device contexts: target, tools and state of drawing.
 #pragma once
 
 #include <windows.h>
@@ -12,11 +12,11 @@
 
 namespace handheld::gdi {
 
-/// What a context draws with and where. Everything here belongs to the lock of the context.
+/// Guarded by the lock of the context.
 struct DeviceContext : Object {
   static constexpr ObjectKind KIND = ObjectKind::DEVICE_CONTEXT;
 
-  /// With a window surface the context draws into that, without one into the bitmap selected into it.
+  /// Draws into the window surface, or without one into the selected bitmap.
   explicit DeviceContext(std::shared_ptr<WindowSurface> surface);
 
   bool IsMemory() const { return window == nullptr; }
@@ -39,7 +39,7 @@ struct DeviceContext : Object {
   std::mutex ownMutex;
 };
 
-/// Background of text and gaps of dashed lines where they are not transparent.
+/// Colour behind text and in the gaps of dashed lines in background mode OPAQUE.
 constexpr COLORREF BACKGROUND_COLOR = RGB(255, 255, 255);
 
 /// A device context in use: found by its handle and locked. Empty when the handle names no context.
@@ -74,14 +74,16 @@ class UsedPair {
   std::unique_lock<std::mutex> sourceLock;
 };
 
-/// Takes hold of the system's pen, brush, font and bitmap and adds the context to the table. Null when that is full.
+/// Makes a context with the system's pen, brush, font and bitmap and adds it to the table. Null
+/// when the table is full.
 HDC AddContext(std::shared_ptr<WindowSurface> surface);
 
-/// Selects the object and returns the handle of the one it replaces; a region is copied, and the answer is its kind.
-/// Null when this object cannot be selected into this context. The context must be in use.
+/// Selects the object and returns the handle of the former one. A region is copied, and its kind is
+/// returned. Null when this object cannot be selected into this context. The caller holds the lock
+/// of the context.
 HGDIOBJ SelectInto(DeviceContext& context, const std::shared_ptr<Object>& object);
 
-/// Takes the context out and lets go of all that was selected into it. False when there is none.
+/// Removes the context from the table and deselects its objects. False for an unknown context.
 bool DeleteContext(HDC handle);
 
 }  // namespace handheld::gdi

@@ -37,7 +37,7 @@ void DrawDashed(const DeviceContext& context, std::span<const POINT> points, Clo
   }
 }
 
-/// Lines through at least two points with the context's pen.
+/// Draws lines through at least two points with the context's pen.
 void DrawLines(const DeviceContext& context, std::span<const POINT> points, Closing closing) {
   const Pen& pen = *context.pen;
   if (pen.style == PS_NULL) {
@@ -71,7 +71,7 @@ RECT Ordered(int left, int top, int right, int bottom) {
 }
 
 void DrawRectangle(const DeviceContext& context, RECT rect) {
-  // The outline runs on the last column and row inside.
+  // The outline lies on the last column and row inside.
   --rect.right;
   --rect.bottom;
   if (!context.brush->isNull) {
@@ -114,7 +114,7 @@ int WINAPI FillRect(HDC dc, const RECT* rect, HBRUSH brush) {
   if (!context || rect == nullptr) {
     return TRUE;
   }
-  // Like the device, fills with the selected brush when the given one is none.
+  // As on the device, the selected brush replaces a handle that is no brush.
   std::shared_ptr<Brush> used = ObjectTable::Instance().Find<Brush>(brush);
   if (used == nullptr) {
     used = context->brush;
@@ -122,7 +122,7 @@ int WINAPI FillRect(HDC dc, const RECT* rect, HBRUSH brush) {
   if (used->isNull) {
     return TRUE;
   }
-  // A side given the wrong way round runs backwards from its start, which is included.
+  // A reversed side runs backwards from its start and includes it.
   RECT area = *rect;
   if (area.right < area.left) {
     area = {area.right + 1, area.top, area.left + 1, area.bottom};

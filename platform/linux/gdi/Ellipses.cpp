@@ -6,8 +6,8 @@ namespace handheld::gdi {
 
 namespace {
 
-/// Zingl's walk along an ellipse that just fits into a box, from its widest place upwards. Extents that are even put
-/// the centre between two pixels, so everything is scaled up until it is whole.
+/// Zingl's walk along the ellipse inscribed in a box, from its widest place upwards. Even extents
+/// put the centre between two pixels, so all terms are scaled up to whole numbers.
 class EllipseWalk {
  public:
   EllipseWalk(int width, int height) {
@@ -25,7 +25,7 @@ class EllipseWalk {
     bool upward;
   };
 
-  /// Where the next point of the curve lies from the present one.
+  /// Step from the present point of the curve to the next.
   Move Next() {
     const std::int64_t doubled = 2 * error;
     const Move move = {doubled >= xSlope, doubled <= ySlope};
@@ -46,7 +46,8 @@ class EllipseWalk {
   std::int64_t error;
 };
 
-/// Points of the lower right quarter from the right end to the bottom, counted from the box's top left corner.
+/// Points of the lower right quarter from the right end to the bottom, counted from the box's top
+/// left corner.
 std::vector<POINT> QuarterOf(int width, int height) {
   const int mostPoints = (width + height) / 2 + 2;
   std::vector<POINT> points;
@@ -66,7 +67,8 @@ std::vector<POINT> QuarterOf(int width, int height) {
   return points;
 }
 
-/// Appends the mirror image of all points in reverse order; `sharesMiddle`: the last point is its own image.
+/// Appends the mirror image of all points in reverse order. With `sharesMiddle` the last point is
+/// its own image.
 template <typename Mirror>
 void AppendMirrored(std::vector<POINT>& points, bool sharesMiddle, Mirror mirror) {
   const std::size_t count = points.size() - (sharesMiddle ? 1 : 0);
@@ -91,11 +93,11 @@ std::vector<int> EllipseInsets(int width, int height) {
       insets[static_cast<std::size_t>(row)] = inset;
     }
   }
-  // Where an ellipse is very narrow, its curve closes before it gets to the end; nothing lies in the rows behind.
+  // The curve of a very narrow ellipse closes before its end; the remaining rows are empty.
   for (++row; row < height; ++row) {
     insets[static_cast<std::size_t>(row)] = (width + 1) / 2;
   }
-  // The walk covered the lower half.
+  // The walk covers the lower half.
   for (int i = 0; i < height / 2; ++i) {
     insets[static_cast<std::size_t>(i)] = insets[static_cast<std::size_t>(height - 1 - i)];
   }

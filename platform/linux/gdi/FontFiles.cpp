@@ -19,7 +19,7 @@ struct DestroyPattern {
 };
 using Pattern = std::unique_ptr<FcPattern, DestroyPattern>;
 
-/// Empty when the file is no font.
+/// Family name of a font file; empty when the file is no font.
 std::string FamilyOf(const std::string& path) {
   int faces = 0;
   const Pattern pattern(
@@ -46,7 +46,7 @@ FontFile FindAdded(const std::string& faceName) {
   return {};
 }
 
-/// Fontconfig knows which fonts have the proportions of the well-known ones.
+/// Fontconfig substitutes fonts of the same proportions for well-known faces.
 FontFile FindInstalled(const std::string& faceName) {
   const Pattern wanted(FcPatternCreate());
   if (!faceName.empty()) {

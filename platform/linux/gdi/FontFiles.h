@@ -1,4 +1,4 @@
-// Which font file stands for a face name.
+// Font file of a face name.
 #pragma once
 
 #include <string>
@@ -16,8 +16,8 @@ struct FontFile {
   }
 };
 
-/// File of the face with this name: one that was added with AddFontResourceW, else the nearest that the machine has.
-/// Empty path when there is no font at all. To be called under the lock of the fonts.
+/// File of the face with this name: one added with AddFontResourceW, else the closest one
+/// installed. Empty path without any font. The caller holds FontLock.
 FontFile FindFontFile(const std::u16string& faceName);
 
 }  // namespace handheld::gdi

@@ -10,9 +10,9 @@ namespace {
 constexpr std::uint32_t DASH_LENGTH = 18;
 constexpr std::uint32_t DASH_PERIOD = 24;
 
-/// A line seen along the axis in which it is longer. Step k (0 .. length - 1) lies at major position k and, sideways,
-/// at the exact place rounded to the nearest pixel. The exact half goes back toward the start, except in the four
-/// octants where Windows rounds it on.
+/// A line along its longer axis. Step k (0 .. length - 1) lies at major position k and, sideways,
+/// at the exact place rounded to the nearest pixel. An exact half is rounded toward the start,
+/// except in the four octants where Windows rounds it away.
 struct Walk {
   std::int64_t length;
   std::int64_t sideways;

@@ -7,16 +7,17 @@
 
 namespace handheld::gdi {
 
-/// Pixels on the way from `from` to `to`, the end point not drawn.
+/// Draws from `from` to `to` without the end point.
 void DrawThinLine(const Target& target, POINT from, POINT to, std::uint32_t pixel);
 
-/// The dashes of a dashed pen, carried from one segment of a line to the next.
+/// Position in the dash pattern, carried from one segment of a line to the next.
 struct DashPosition {
   /// Pixels since the start of the pattern.
   std::uint32_t offset = 0;
 };
 
-/// As above in dashes of 18 pixels with gaps of 6. Gaps are painted too when `gap` is given.
+/// Draws from `from` to `to` without the end point, in dashes of 18 pixels and gaps of 6. Gaps are
+/// painted when `gap` is not null.
 void DrawDashedLine(const Target& target, POINT from, POINT to, std::uint32_t pixel,
                     const std::uint32_t* gap, DashPosition& dashes);
 

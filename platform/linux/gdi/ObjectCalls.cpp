@@ -7,7 +7,7 @@
 #include "gdi/DeviceContext.h"
 #include "gdi/ObjectTable.h"
 #include "handheld.h"
-#include "windows/WindowTable.h"
+#include "windows/DeviceScreen.h"
 
 namespace handheld {
 
@@ -59,7 +59,7 @@ HDC WindowContext(HWND window) {
   });
 }
 
-/// The masks that follow the header must name the format that the bit count stands for anyway.
+/// True when the masks behind the header name the format that the bit count implies.
 bool HasKnownMasks(const BITMAPINFO& info) {
   const BITMAPINFOHEADER& header = info.bmiHeader;
   if (header.biCompression == BI_RGB) {
@@ -100,7 +100,7 @@ std::shared_ptr<Bitmap> MakeSection(const BITMAPINFO* info) {
   return bitmap;
 }
 
-/// A bitmap like the one that the context draws into; for windows that is 32 bits a pixel.
+/// A bitmap in the format of the context's target; 32 bits a pixel for windows.
 std::shared_ptr<Bitmap> MakeCompatible(const DeviceContext& context, int width, int height) {
   const bool isEmpty = width == 0 || height == 0;
   const bool isMonochrome = isEmpty || (context.IsMemory() && context.bitmap->bitsPerPixel == 1);
@@ -238,7 +238,7 @@ HPEN WINAPI CreatePen(int style, int width, COLORREF color) {
     return static_cast<HPEN>(GetStockObject(NULL_PEN));
   }
   const int pixels = std::max(std::abs(width), 1);
-  // Only thin pens come in dashes; what is not known is solid.
+  // Only thin pens are dashed; unknown styles are solid.
   const int known = style == PS_DASH && pixels == 1 ? PS_DASH : PS_SOLID;
   return Make<HPEN, Pen>(known, pixels, color);
 }

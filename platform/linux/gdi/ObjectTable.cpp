@@ -10,7 +10,7 @@ constexpr std::uint32_t INDEX_BITS = 16;
 constexpr std::uint32_t INDEX_MASK = (1U << INDEX_BITS) - 1;
 /// Index 0 stays unused, so no handle is null.
 constexpr std::size_t MAX_SLOTS = INDEX_MASK;
-/// Uses wrap before a handle could look like an error value.
+/// Wraps the count before a handle could equal an error value.
 constexpr std::uint32_t USES_MASK = 0x3FFF;
 constexpr int STOCK_COUNT = 20;
 

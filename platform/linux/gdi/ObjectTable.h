@@ -1,4 +1,4 @@
-// All drawing objects of the process by handle, and the rules of their lives.
+// All drawing objects of the process by handle, and their lifetimes.
 #pragma once
 
 #include <memory>
@@ -9,7 +9,7 @@
 
 namespace handheld::gdi {
 
-/// Handles are an index and a count of how often the index was used, so that a handle of the past names nothing.
+/// A handle is an index and the number of uses of that index, so a stale handle stays invalid.
 class ObjectTable {
  public:
   static ObjectTable& Instance();
@@ -17,7 +17,7 @@ class ObjectTable {
   /// Null when the table is full.
   HGDIOBJ Add(std::shared_ptr<Object> object);
 
-  /// Null when the handle names nothing, or something of another kind.
+  /// Null for an unknown handle or another kind of object.
   std::shared_ptr<Object> Find(HGDIOBJ handle) const;
   template <typename Kind>
   std::shared_ptr<Kind> Find(HGDIOBJ handle) const {
@@ -28,24 +28,25 @@ class ObjectTable {
     return std::static_pointer_cast<Kind>(std::move(object));
   }
 
-  /// System's own object with this index (WHITE_BRUSH and so on); null when there is none.
+  /// The system's object with this index (WHITE_BRUSH and so on); null for an unknown index.
   HGDIOBJ GetStock(int index) const;
   template <typename Kind>
   std::shared_ptr<Kind> FindStock(int index) const {
     return Find<Kind>(GetStock(index));
   }
-  /// Bitmap of 1 x 1 that new memory contexts hold.
+  /// 1 x 1 bitmap of new memory contexts.
   const std::shared_ptr<Bitmap>& GetDefaultBitmap() const { return defaultBitmap; }
 
-  /// Takes the object out; one that is selected goes when it is selected no more. False when there is none.
+  /// Removes the object; a selected one is removed after its last deselection. False for an unknown
+  /// object.
   bool Delete(HGDIOBJ handle);
 
-  /// Counts one more device context that has it selected. False when it is no more, or `isExclusive` and it is
-  /// selected already.
+  /// Adds one selection. False when the object is removed already, or selected already and
+  /// `isExclusive`.
   bool Select(Object& object, bool isExclusive);
   void Deselect(Object& object);
 
-  /// Objects alive, without the system's own.
+  /// Number of objects without the system's own.
   int GetCount() const;
 
  private:
@@ -58,7 +59,7 @@ class ObjectTable {
   HGDIOBJ AddStock(std::shared_ptr<Object> object);
   Slot* FindSlot(HGDIOBJ handle);
   const Slot* FindSlot(HGDIOBJ handle) const;
-  /// Empties the slot; what was in it is handed out to die outside the lock.
+  /// Empties the slot and returns its object, to be destroyed outside the lock.
   std::shared_ptr<Object> Vacate(Slot& slot);
 
   mutable std::mutex mutex;

@@ -15,8 +15,9 @@ class SizedFont;
 
 enum class ObjectKind { BITMAP, PEN, BRUSH, FONT, REGION, DEVICE_CONTEXT };
 
-/// What all objects have. `selections` and `isDeletePending` belong to the object table and its lock; the rest of an
-/// object never changes after it was made (device contexts and what fonts are drawn by apart).
+/// Base of all objects. `selections` and `isDeletePending` are guarded by the lock of the object
+/// table. The rest does not change once made, apart from device contexts and the cached SizedFont
+/// of a font.
 struct Object {
   explicit Object(ObjectKind objectKind) : kind(objectKind) {}
   virtual ~Object() = default;
@@ -25,9 +26,9 @@ struct Object {
 
   const ObjectKind kind;
   HGDIOBJ handle = nullptr;
-  /// In how many device contexts it is selected.
+  /// Number of device contexts that have it selected.
   int selections = 0;
-  /// Deleted while selected: goes when it is selected nowhere any more.
+  /// Deleted while selected; removed with the last deselection.
   bool isDeletePending = false;
   /// Belongs to the system and is never deleted.
   bool isStock = false;
@@ -43,7 +44,7 @@ struct Bitmap : Object {
   std::unique_ptr<std::uint8_t[], Free> memory;
   Raster raster;
   int bitsPerPixel = 32;
-  /// Whether the program may write into the memory itself.
+  /// True when the program may write into the memory itself.
   bool isSection = false;
 };
 
@@ -73,7 +74,7 @@ struct Font : Object {
 
   const LOGFONTW description;
 
-  /// What draws it, found when it was used first and with these registered fonts. Belongs to FontLock.
+  /// Cache of SizedFontOf, found for this version of the registered fonts. Guarded by FontLock.
   mutable std::shared_ptr<SizedFont> sized;
   mutable std::uint64_t fontsVersion = 0;
 };

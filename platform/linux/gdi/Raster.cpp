@@ -9,17 +9,17 @@ namespace handheld::gdi {
 
 namespace {
 
-/// Colours that every device has, as 0x00RRGGBB.
+/// The 20 standard colours, as 0x00RRGGBB.
 constexpr std::array<std::uint32_t, 20> STANDARD_PALETTE = {
     0x000000, 0x800000, 0x008000, 0x808000, 0x000080, 0x800080, 0x008080,
     0xC0C0C0, 0xC0DCC0, 0xA6CAF0, 0xFFFBF0, 0xA0A0A4, 0x808080, 0xFF0000,
     0x00FF00, 0xFFFF00, 0x0000FF, 0xFF00FF, 0x00FFFF, 0xFFFFFF};
 
 constexpr COLORREF PALETTE_INDEX = 0x01000000;
-/// An entry of the bitmap's own colour table, which no bitmap here has.
+/// Refers to the colour table of a bitmap; no bitmap here has one.
 constexpr COLORREF TABLE_INDEX = 0x10FF0000;
 
-constexpr int FEW_COLUMNS = 16;  // for which pixman is not worth the call
+constexpr int FEW_COLUMNS = 16;  // Below this pixman is not worth the call.
 
 template <typename Pixel>
 void FillColumns(const Raster& raster, const RECT& rect, Pixel pixel) {
@@ -73,8 +73,8 @@ void Raster::Fill(const RECT& rect, std::uint32_t pixel) const {
     }
     return;
   }
-  // pixman wants a start and rows that go up in memory. The order of rows does not matter to a fill, so a
-  // bottom-up raster is filled from the row that comes first in memory.
+  // pixman wants rows that ascend in memory. A fill may take rows in any order, so a bottom-up
+  // raster is filled from the row that comes first in memory.
   const int first = pitch < 0 ? rect.bottom - 1 : rect.top;
   const int bytes = BytesPerPixel(format);
   std::uint8_t* start = top + first * pitch + rect.left * bytes;

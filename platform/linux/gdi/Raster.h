@@ -1,4 +1,4 @@
-// Pixel memory that is drawn into, and its two formats.
+// Pixel memory and its two formats.
 #pragma once
 
 #include <windows.h>
@@ -25,7 +25,7 @@ constexpr int RowBytes(int width, PixelFormat format) {
   return (width * BytesPerPixel(format) + 3) & ~3;
 }
 
-/// 5 bits stretched to 8 so that 0 and 31 become 0 and 255.
+/// 5 bits stretched to 8: 0 and 31 become 0 and 255.
 constexpr std::uint32_t Widen5(std::uint32_t value) {
   return (value << 3) | (value >> 2);
 }
@@ -39,8 +39,8 @@ constexpr std::uint16_t Rgb555FromArgb(std::uint32_t argb) {
                                     ((argb >> 3) & 0x001F));
 }
 
-/// The red, green and blue that a program means by a colour. A high byte with its lowest bit set names an entry of the
-/// standard palette in its low word; black when there is no such entry.
+/// 0x00RRGGBB of a program's colour. A high byte with its lowest bit set means that the low word is
+/// an index into the standard palette; unknown indices are black.
 std::uint32_t ArgbFromColor(COLORREF color);
 
 constexpr RECT Intersect(const RECT& a, const RECT& b) {
@@ -68,18 +68,18 @@ struct Raster {
     return reinterpret_cast<Pixel*>(top + y * pitch);
   }
 
-  /// The pixel value that a colour becomes; what a format cannot hold is cut off.
+  /// Pixel value of a colour; bits that the format lacks are cut off.
   std::uint32_t PixelFrom(COLORREF color) const;
 
   /// (x, y) must lie inside.
   COLORREF GetColor(int x, int y) const;
   void Set(int x, int y, std::uint32_t pixel) const;
 
-  /// Every pixel of the rectangle, which must lie inside, becomes `pixel`.
+  /// Fills the rectangle, which must lie inside.
   void Fill(const RECT& rect, std::uint32_t pixel) const;
 };
 
-/// Where drawing lands: a raster, and the part of it that may be touched (always inside the raster).
+/// A raster and its clip, which always lies inside the raster.
 struct Target {
   Raster raster;
   RECT clip = {};

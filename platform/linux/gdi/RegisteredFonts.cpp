@@ -12,7 +12,7 @@ namespace handheld {
 
 namespace {
 
-/// Registrations count: a font goes when it was removed as often as it was added.
+/// A font file and its number of registrations; removed with the last of them.
 struct Registration {
   std::string path;
   int count;

@@ -1,4 +1,4 @@
-// Font files that were added to the device's own fonts.
+// Font files added with AddFontResourceW.
 #pragma once
 
 #include <cstdint>
@@ -7,10 +7,10 @@
 
 namespace handheld {
 
-/// Linux paths of the files now registered, each once, in the order of their first registration.
+/// Linux paths of the registered files, each once, in the order of their first registration.
 std::vector<std::string> RegisteredFonts();
 
-/// Another number whenever the registered files are others than before.
+/// Changes whenever the list of registered files does.
 std::uint64_t RegisteredFontsVersion();
 
 }  // namespace handheld

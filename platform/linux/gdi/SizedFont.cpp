@@ -19,9 +19,9 @@ namespace handheld::gdi {
 
 namespace {
 
-/// Cell height of fonts that ask for none.
+/// Cell height for a requested height of 0.
 constexpr LONG DEFAULT_HEIGHT = 16;
-/// Kept fonts; a view uses about a dozen.
+/// Fonts kept; a view uses about a dozen.
 constexpr std::size_t MAX_KEPT_FONTS = 128;
 
 FT_Library Library() {
@@ -38,7 +38,8 @@ LONG MulDiv(LONG a, LONG b, LONG c) {
   return static_cast<LONG>((2 * static_cast<std::int64_t>(a) * b + c) / (2 * c));
 }
 
-/// Heights that lines are set by: those of Windows, or the general ones where a font has no such.
+/// Ascent and descent of lines in font units: the Windows values of the font, or the general ones
+/// where it has none.
 struct LineMetrics {
   LONG ascent;
   LONG descent;
@@ -54,7 +55,7 @@ struct LineMetrics {
   LONG GetTotal() const { return ascent + descent; }
 };
 
-/// Outlines are measured in fractions of a pixel.
+/// Units of an outline in a pixel.
 constexpr FT_Pos PIXEL = 64;
 
 int RoundedPixels(FT_Pos position) {
@@ -94,7 +95,7 @@ SizedFont::~SizedFont() {
   FT_Done_Face(face);
 }
 
-/// The em square is chosen so that the cell comes nearest to the height without exceeding it by rounding.
+/// Chooses the largest em square whose cell does not exceed the height.
 void SizedFont::SetSize(LONG height) {
   const LineMetrics metrics(face);
   LONG pixelsPerEm = std::abs(height);
@@ -110,7 +111,7 @@ void SizedFont::SetSize(LONG height) {
   descent = MulDiv(metrics.descent, pixelsPerEm, face->units_per_EM);
 }
 
-/// Fonts say in their "gasp" table below which size their hinted outlines look best without smoothing.
+/// The "gasp" table of a font names the sizes whose hinted outlines look best without smoothing.
 bool SizedFont::WantsSmoothGlyphs() const {
   constexpr FT_ULong GASP = FT_MAKE_TAG('g', 'a', 's', 'p');
   constexpr unsigned SMOOTH = 2;
@@ -156,7 +157,7 @@ Glyph SizedFont::Load(char32_t character) {
   return glyph;
 }
 
-/// The pixels that the outline touches. What reaches out of the line above or below is cut off.
+/// Pixels that the outline touches, cut off at the top and bottom of the line.
 SizedFont::PixelBox SizedFont::GetUprightBox() const {
   FT_BBox box;
   FT_Outline_Get_CBox(&face->glyph->outline, &box);
@@ -164,7 +165,7 @@ SizedFont::PixelBox SizedFont::GetUprightBox() const {
           RoundedUpPixels(box.xMax), std::min(RoundedUpPixels(box.yMax), ascent)};
 }
 
-/// The pixels that the turned box touches.
+/// Pixels that the turned box touches.
 SizedFont::PixelBox SizedFont::GetTurned(const PixelBox& box) const {
   PixelBox turned = {INT_MAX, INT_MAX, INT_MIN, INT_MIN};
   for (const int x : {box.left, box.right}) {
@@ -180,8 +181,8 @@ SizedFont::PixelBox SizedFont::GetTurned(const PixelBox& box) const {
   return turned;
 }
 
-/// FreeType's own choice of pixels would leave out, without smoothing, some that only thin strokes touch. The upright
-/// outline has been fitted to the pixels; turned by the face itself, it would not be fitted at all.
+/// The box is computed here: without smoothing FreeType's own box leaves out pixels that only thin
+/// strokes touch. The outline is turned here: turned by the face it would not be hinted.
 void SizedFont::Render(Glyph& glyph) const {
   FT_Outline& outline = face->glyph->outline;
   PixelBox box = GetUprightBox();
@@ -223,7 +224,7 @@ void SizedFont::TakeCoverage(Glyph& glyph, const FT_Bitmap& bitmap) {
 
 namespace {
 
-/// The same for equal descriptions.
+/// One SizedFont serves all equal descriptions.
 std::shared_ptr<SizedFont> Find(const LOGFONTW& description) {
   using Key = std::tuple<FontFile, LONG, LONG>;
   static std::map<Key, std::shared_ptr<SizedFont>>& fonts =

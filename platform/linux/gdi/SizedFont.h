@@ -18,13 +18,13 @@
 
 namespace handheld::gdi {
 
-/// A glyph as it is put onto the screen.
+/// Pixels and measures of a glyph.
 struct Glyph {
-  /// Pixels that it takes up when text is measured.
+  /// Pixels to the next glyph in measured text.
   int width = 0;
-  /// Pixels to the next glyph when text is drawn; without smoothing that can be another number.
+  /// Pixels to the next glyph in drawn text; can differ from `width` without smoothing.
   int advance = 0;
-  /// From the origin on the base line to the upper left pixel, y upwards.
+  /// Offset from the origin on the base line to the upper left pixel, y upwards.
   int left = 0;
   int top = 0;
   int columns = 0;
@@ -37,27 +37,27 @@ class SizedFont {
  public:
   static constexpr int FULL_COVERAGE = 16;
 
-  /// Heights above 0 are those of the cell, below 0 those of the em square; 0 is a default. The angle is in tenths of a
-  /// degree, counter-clockwise.
+  /// Heights above 0 are those of the cell, below 0 those of the em square; 0 is a default. The
+  /// angle is in tenths of a degree, counter-clockwise.
   SizedFont(const FontFile& file, LONG height, LONG tenthsOfDegrees);
   ~SizedFont();
   SizedFont(const SizedFont&) = delete;
   SizedFont& operator=(const SizedFont&) = delete;
 
-  /// Above and below the base line, together the height of a line; of the upright font.
+  /// Pixels above the base line, and height of a line; both of the upright font.
   int GetAscent() const { return ascent; }
   int GetLineHeight() const { return ascent + descent; }
-  /// Radians.
+  /// Counter-clockwise, in radians.
   double GetAngle() const { return angle; }
 
-  /// Valid as long as the font. Without a font file all glyphs are empty.
+  /// The reference lives as long as the font. Without a font file all glyphs are empty.
   const Glyph& GetGlyph(char32_t character);
 
  private:
   void SetSize(LONG height);
   bool WantsSmoothGlyphs() const;
   Glyph Load(char32_t character);
-  /// Counted from the origin on the base line, y upwards.
+  /// Pixels from the origin on the base line, y upwards.
   struct PixelBox {
     int left;
     int bottom;
@@ -71,7 +71,7 @@ class SizedFont {
 
   FT_Face face = nullptr;
   double angle;
-  /// Of fonts that are not upright.
+  /// Set for fonts that are not upright.
   std::optional<FT_Matrix> rotation;
   int ascent = 0;
   int descent = 0;
@@ -81,10 +81,11 @@ class SizedFont {
 
 struct Font;
 
-/// What draws a font. Kept for the next use; all of this belongs to FontLock, and the answer is good while that is held.
+/// Glyphs of a font, cached for the next use. The caller holds FontLock; the reference is valid
+/// while it does.
 SizedFont& SizedFontOf(const Font& font);
 
-/// Taken around every use of a font: the fonts of a process share their library.
+/// Held around every use of fonts: they share one FreeType library.
 std::mutex& FontLock();
 
 }  // namespace handheld::gdi

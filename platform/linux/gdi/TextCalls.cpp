@@ -16,12 +16,12 @@ namespace {
 
 using Line = std::u32string;
 
-/// How bright each coverage makes white text on black: thin strokes would vanish if it were proportional. Black text on
-/// white is as bright as white text where as much is left uncovered.
+/// Brightness of white text on black by coverage; proportional values would make thin strokes
+/// vanish. Black text on white has the brightness of white text with as much uncovered.
 constexpr std::array<std::uint32_t, SizedFont::FULL_COVERAGE + 1> BRIGHTNESS = {
     0x00, 0x4D, 0x68, 0x7C, 0x8C, 0x9A, 0xA7, 0xB2, 0xBD,
     0xC7, 0xD0, 0xD9, 0xE1, 0xE9, 0xF0, 0xF8, 0xFF};
-/// Less coverage than this leaves the background alone.
+/// Smaller coverage leaves the background unchanged.
 constexpr int LEAST_COVERAGE = 2;
 
 bool IsLead(char16_t unit) {
@@ -32,7 +32,7 @@ bool IsTrail(char16_t unit) {
   return unit >= 0xDC00 && unit < 0xE000;
 }
 
-/// Lines end at CR, LF or both; a "&" marks a shortcut and is not shown, "&&" shows one.
+/// Splits at CR, LF or both. "&" marks a shortcut and is not shown; "&&" shows "&".
 std::vector<Line> SplitLines(std::u16string_view text) {
   std::vector<Line> lines;
   bool isLineOpen = false;
@@ -68,8 +68,8 @@ int WidthOf(SizedFont& font, const Line& line) {
   return width;
 }
 
-/// Moves `below` towards `text` so far as the coverage says, between the brightness that light text would have and the
-/// darkness that dark text would.
+/// Moves `below` towards `text` by the coverage, on the brightness curve of light text or of dark
+/// text.
 std::uint32_t BlendChannel(std::uint32_t below, std::uint32_t text, int coverage) {
   if (below > text) {
     const auto uncovered = static_cast<std::size_t>(SizedFont::FULL_COVERAGE - coverage);
@@ -91,7 +91,7 @@ std::uint32_t Blend(std::uint32_t below, std::uint32_t text, int coverage) {
   return result;
 }
 
-/// Text in one colour on one target.
+/// Paints glyphs in one colour on one target.
 class GlyphPainter {
  public:
   GlyphPainter(const Target& paintTarget, COLORREF color)
@@ -128,7 +128,7 @@ class GlyphPainter {
 
   const Target& target;
   const std::uint32_t pixel;
-  /// What the pixel looks like: the colour as exact as the target can show it.
+  /// Colour of the pixel as the target shows it.
   const std::uint32_t argb;
 };
 
@@ -183,7 +183,7 @@ int Draw(DeviceContext& context, SizedFont& font, const std::vector<Line>& lines
 
 extern "C" {
 
-/// Behind turned text that is not transparent the cells of level text are filled: nothing here draws such text.
+/// The background of turned opaque text is that of level text; the engine draws no such text.
 int WINAPI DrawTextW(HDC dc, LPCWSTR text, int length, RECT* rect, UINT format) {
   return Guarded<int>(0, [&] {
     const bool isDrawing = (format & DT_CALCRECT) == 0;

@@ -17,10 +17,11 @@ LONG Nearest(double value) {
   return static_cast<LONG>(std::lround(value));
 }
 
-/// A side of a figure that runs down: the first pixel column on or right of it, row by row without a division.
+/// A side of a figure, walked down row by row without a division: first pixel column on or right of
+/// it.
 class Edge {
  public:
-  /// Starts in row y, which the side from `upper` to `lower` crosses.
+  /// `y` is the first row; the side from `upper` to `lower` crosses it.
   Edge(POINT upper, POINT lower, std::int64_t y) : height(std::int64_t{lower.y} - upper.y) {
     const std::int64_t run = std::int64_t{upper.x} - lower.x;
     // Distances to the left are rounded down, so columns are rounded up.
@@ -34,7 +35,7 @@ class Edge {
 
   std::int64_t GetX() const { return x; }
 
-  /// How many rows from here on have the same column, as far as that is quick to tell; at least 1.
+  /// Number of rows from here on with the same column; 1 where counting would not pay.
   std::int64_t CountRowsAlike() const {
     constexpr std::int64_t MANY = 8;
     if (step != 0 || stepRest * MANY > height) {
@@ -43,7 +44,7 @@ class Edge {
     return stepRest == 0 ? height : (height - rest + stepRest - 1) / stepRest;
   }
 
-  /// 1 row, or up to all that are alike.
+  /// `rows` is 1, or at most CountRowsAlike().
   void GoDown(std::int64_t rows) {
     x -= step * rows;
     rest += stepRest * rows;
@@ -65,8 +66,8 @@ class Edge {
   std::int64_t stepRest;
 };
 
-/// Fills the rows from `first` up to `last` between two sides. A chart's lines have few pixels in a row but many rows, so
-/// rows that are alike are filled together.
+/// Fills the rows from `first` up to `last` between two sides. A chart's lines have few pixels in a
+/// row but many rows, so rows that are alike are filled together.
 void FillBetween(const Target& target, Edge one, Edge other, LONG first, LONG last,
                  std::uint32_t pixel) {
   for (std::int64_t y = first; y < last;) {
@@ -86,8 +87,8 @@ void FillBetween(const Target& target, Edge one, Edge other, LONG first, LONG la
   }
 }
 
-/// Fills a convex four-sided figure: pixels whose upper left corner lies inside; left and top sides belong to it, right
-/// and bottom sides do not.
+/// Fills a convex four-sided figure: pixels whose upper left corner lies inside; left and top sides
+/// belong to it, right and bottom sides do not.
 void FillQuad(const Target& target, const std::array<POINT, 4>& corners, std::uint32_t pixel) {
   std::array<LONG, 4> levels;
   std::ranges::transform(corners, levels.begin(), &POINT::y);
@@ -151,8 +152,8 @@ void WidePen::DrawSegment(const Target& target, POINT from, POINT to, std::uint3
     target.Fill({left, std::min(from.y, to.y), left + width, std::max(from.y, to.y)}, pixel);
     return;
   }
-  // The pen's width laid across the line, as extents in x and y. An odd pixel goes to the side that lies to the right
-  // of a line running down, which keeps the line's two sides a whole width apart.
+  // The pen's width laid across the line, as extents in x and y. An odd pixel goes to the side that
+  // lies to the right of a line running down, which keeps the line's two sides a whole width apart.
   const double length = std::hypot(dx, dy);
   const double across = width * std::abs(dy) / length;
   const double along = width * std::abs(dx) / length;

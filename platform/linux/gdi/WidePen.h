@@ -9,7 +9,7 @@
 
 namespace handheld::gdi {
 
-/// Draws lines as Windows does with wide pens: every segment a filled polygon, every corner and both ends a disc.
+/// Draws as Windows does: each segment a filled polygon, each corner and end a disc.
 class WidePen {
  public:
   /// Width in pixels, above 1.
@@ -17,7 +17,7 @@ class WidePen {
 
   /// At least two points.
   void Draw(const Target& target, std::span<const POINT> points, std::uint32_t pixel) const;
-  /// The same and back to the first point.
+  /// Draws the lines and closes them to the first point.
   void DrawClosed(const Target& target, std::span<const POINT> points, std::uint32_t pixel) const;
 
  private:
@@ -25,7 +25,7 @@ class WidePen {
   void DrawDisc(const Target& target, POINT center, std::uint32_t pixel) const;
 
   int width;
-  /// How far each row of the disc is inset.
+  /// Inset of each row of the disc in pixels.
   std::vector<int> disc;
 };
 

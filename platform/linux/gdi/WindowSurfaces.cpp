@@ -4,6 +4,7 @@
 #include <atomic>
 
 #include "handheld.h"
+#include "windows/DeviceScreen.h"
 #include "windows/WindowTable.h"
 
 namespace handheld::gdi {
@@ -12,7 +13,7 @@ namespace {
 
 constexpr std::uint64_t FIRST_OF_NEXT_SURFACE = std::uint64_t{1} << 32;
 
-/// Versions are never used twice, also not by the next surface of a window that was resized.
+/// No version is used twice, not even by the next surface of a resized window.
 std::uint64_t NextVersion() {
   static std::atomic<std::uint64_t> last = 0;
   return last.fetch_add(FIRST_OF_NEXT_SURFACE);

@@ -13,17 +13,18 @@
 
 namespace handheld::gdi {
 
-/// Pixels of one window (or of the bare screen). Held by the contexts that draw into it.
+/// Pixels of one window or of the whole screen. Owned by the contexts that draw into it and by
+/// WindowSurfaces.
 struct WindowSurface {
   WindowSurface(int width, int height);
 
   bool WasDrawnInto() const;
 
-  /// Taken for every access to the pixels.
+  /// Held for every access to the pixels.
   std::mutex mutex;
   std::vector<std::uint32_t> pixels;
   Raster raster;
-  /// Grows whenever something was drawn.
+  /// Grows with every drawing.
   std::uint64_t version;
 };
 
@@ -31,11 +32,11 @@ class WindowSurfaces {
  public:
   static WindowSurfaces& Instance();
 
-  /// Surface as large as the window is now; what was drawn before stays in its upper left corner. Null for the whole
-  /// screen. Empty when there is no such window.
+  /// Surface in the window's present size; earlier drawing stays in the upper left corner. Null
+  /// `window` means the whole screen. Null for an unknown window.
   std::shared_ptr<WindowSurface> GetSurface(HWND window);
 
-  /// The same, but only if something was ever drawn.
+  /// Surface of the window; null when nothing was drawn yet.
   std::shared_ptr<WindowSurface> FindDrawn(HWND window) const;
 
  private:

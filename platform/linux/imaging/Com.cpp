@@ -9,7 +9,7 @@ constexpr HRESULT S_FALSE = 1;
 constexpr HRESULT E_INVALIDARG = static_cast<HRESULT>(0x80070057);
 constexpr HRESULT RPC_E_CHANGED_MODE = static_cast<HRESULT>(0x80010106);
 
-/// How often the library was started on this thread, and with which threading model.
+/// Starts of the library on this thread that are not undone, and their threading model.
 thread_local int starts = 0;
 thread_local DWORD startOptions = 0;
 
@@ -17,8 +17,8 @@ thread_local DWORD startOptions = 0;
 
 extern "C" {
 
-HRESULT WINAPI CoInitializeEx(LPVOID reserved, DWORD options) {
-  if (reserved != nullptr) {
+HRESULT WINAPI CoInitializeEx(LPVOID unused, DWORD options) {
+  if (unused != nullptr) {
     return E_INVALIDARG;
   }
   if (starts > 0 && startOptions != options) {

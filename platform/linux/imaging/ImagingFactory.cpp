@@ -16,7 +16,7 @@ namespace {
 
 constexpr int BYTES_PER_PIXEL = 4;
 
-/// A picture whose file was found good so far; decoded when a bitmap is made of it.
+/// A picture with a valid file head. Decoded when a bitmap is made from it.
 class Image final : public Counted<IImage> {
  public:
   explicit Image(PngFile pngFile) : file(std::move(pngFile)) {}
@@ -59,7 +59,7 @@ class BitmapImage final : public Counted<IBitmapImage> {
     return S_OK;
   }
 
-  /// Only into the caller's own memory, and only the whole picture.
+  /// Copies the whole picture into the caller's memory; refuses everything else.
   HRESULT WINAPI LockBits(const RECT* rect, UINT flags, PixelFormatID format,
                           BitmapData* data) override {
     const UINT intoOwnMemory = ImageLockModeRead | ImageLockModeUserInputBuf;
@@ -116,7 +116,7 @@ class ImagingFactory final : public Counted<IImagingFactory> {
     return NotHere(bitmap);
   }
 
-  /// Only in the picture's own size. `image` must be one of CreateImageFromFile.
+  /// Supports the picture's own size only. `image` must come from CreateImageFromFile.
   HRESULT WINAPI CreateBitmapFromImage(IImage* image, UINT width, UINT height, PixelFormatID format,
                                        InterpolationHint, IBitmapImage** bitmap) override {
     return Guarded<HRESULT>(E_OUTOFMEMORY, [&]() -> HRESULT {

@@ -1,10 +1,9 @@
-// Linked into each module that has an entry function. The entry stays hidden inside the module,
-// whose exports are its own affair; this hands it to LoadLibraryW, which calls it once everything
-// else in the module is set up.
+// Linked into each module that has an entry function. Registers the entry with LoadLibraryW, which
+// calls it after the module's static objects are constructed. The entry itself is not exported.
 #include "modules/ModuleEntry.h"
 
 extern "C" [[gnu::visibility("hidden")]] BOOL WINAPI DllMain(HINSTANCE module, DWORD reason,
-                                                             LPVOID reserved);
+                                                             LPVOID processEnd);
 
 namespace {
 

@@ -1,14 +1,14 @@
-// How a module tells the loader about its entry function.
+// Registration of a module's entry function with the loader.
 #pragma once
 
 #include <windows.h>
 
 namespace handheld {
 
-using ModuleEntry = BOOL(WINAPI*)(HINSTANCE module, DWORD reason, LPVOID reserved);
+/// `processEnd` is not null when a library is detached because the process ends.
+using ModuleEntry = BOOL(WINAPI*)(HINSTANCE module, DWORD reason, LPVOID processEnd);
 
-/// Called by a module's own start-up code (ModuleEntry.cpp) while Linux loads it, and when Linux
-/// unloads it.
+/// Called by the start-up code of a module (ModuleEntry.cpp) while Linux loads or unloads it.
 void RegisterModuleEntry(ModuleEntry entry);
 void UnregisterModuleEntry(ModuleEntry entry);
 

@@ -42,13 +42,7 @@ std::string ProgramPath() {
   return length < 0 ? std::string() : std::string(path, static_cast<std::size_t>(length));
 }
 
-std::string RealPath(const std::string& path) {
-  char resolved[PATH_MAX];
-  return realpath(path.c_str(), resolved) == nullptr ? path : resolved;
-}
-
-/// What a device library's file is called here: "Parlex.DLL" is in "libparlex.so" or a spelling
-/// like it.
+/// Linux file name of a device library: "Parlex.DLL" becomes "libParlex.so".
 std::string LinuxLibraryName(const std::string& fileName) {
   const std::size_t dot = fileName.rfind('.');
   const bool hasExtension =
@@ -57,9 +51,10 @@ std::string LinuxLibraryName(const std::string& fileName) {
          std::string(LINUX_EXTENSION);
 }
 
-/// Path of the library in this folder; empty when it is not there.
+/// Path of the library in this folder; empty when it is missing.
 std::string FindInFolder(const std::string& folder, const std::string& fileName) {
-  // The name as it stands counts only for Linux's own libraries: a handheld's may lie beside them.
+  // An unchanged name is accepted only for Linux libraries: the handheld's may lie in the same
+  // folder.
   if (SameName(fileName.substr(std::min(fileName.size(), fileName.rfind('.'))),
                std::string(LINUX_EXTENSION))) {
     const std::string exact = FindEntry(folder, fileName);
@@ -191,8 +186,8 @@ HMODULE Modules::Attach(const ModulePointer& module) {
     return Fail<HMODULE>(isOpen ? ERROR_DLL_INIT_FAILED : ERROR_MOD_NOT_FOUND, nullptr);
   }
   const std::lock_guard lock(mutex);
-  // Registered after the module's static objects were made, so it runs before they are destroyed.
-  // Libraries that the module has loaded itself meanwhile are older.
+  // Registered after the construction of the module's static objects, so it runs before their
+  // destruction. Libraries that the module has loaded meanwhile count as older.
   std::atexit(DetachNewest);
   module->order = ++loads;
   module->state = State::LOADED;
@@ -202,8 +197,8 @@ HMODULE Modules::Attach(const ModulePointer& module) {
 }
 
 void Modules::Detach(const ModulePointer& module, bool isProcessEnding) {
-  // The entry hears in its last argument whether the whole process ends, in which case there is
-  // nothing to unload.
+  // A last argument that is not null tells the entry that the process ends; then nothing is
+  // unloaded.
   if (module->entry != nullptr) {
     module->entry(module->handle, DLL_PROCESS_DETACH, isProcessEnding ? this : nullptr);
   }
@@ -263,7 +258,7 @@ FARPROC Modules::FindSymbol(HMODULE handle, const std::string& name) const {
     library = module->library;
   }
   void* symbol = dlsym(library, name.c_str());
-  // Linux also looks into the libraries that the module itself uses.
+  // dlsym also searches the libraries that the module depends on.
   if (symbol == nullptr || ModuleAt(symbol) != handle) {
     return Fail<FARPROC>(ERROR_PROC_NOT_FOUND, nullptr);
   }
@@ -281,69 +276,5 @@ std::string Modules::GetPath(HMODULE handle) const {
   }
   return directory.empty() ? module->path : Join(directory, FileNameOf(module->path));
 }
-
-void RegisterModuleEntry(ModuleEntry entry) {
-  Modules::Instance().RegisterEntry(entry);
-}
-
-void UnregisterModuleEntry(ModuleEntry entry) {
-  Modules::Instance().UnregisterEntry(entry);
-}
-
-void SetModuleDirectory(const std::string& path) {
-  Modules::Instance().SetDirectory(path);
-}
-
-void AddLibraryDirectory(const std::string& path) {
-  Modules::Instance().AddSearchFolder(path);
-}
-
-extern "C" {
-
-HMODULE WINAPI LoadLibraryW(LPCWSTR fileName) {
-  return Guarded<HMODULE>(nullptr, [&] {
-    if (WideLength(fileName) == 0) {
-      return Fail<HMODULE>(ERROR_MOD_NOT_FOUND, nullptr);
-    }
-    return Modules::Instance().Load(LinuxPath(WideText(fileName)));
-  });
-}
-
-FARPROC WINAPI GetProcAddressW(HMODULE module, LPCWSTR name) {
-  return Guarded<FARPROC>(nullptr, [&] {
-    // Small numbers in place of a name are ordinals, which Linux libraries have not.
-    if (reinterpret_cast<ULONG_PTR>(name) <= 0xFFFF) {
-      return Fail<FARPROC>(ERROR_PROC_NOT_FOUND, nullptr);
-    }
-    return Modules::Instance().FindSymbol(module, Utf8FromWide(name));
-  });
-}
-
-BOOL WINAPI FreeLibrary(HMODULE module) {
-  return Guarded<BOOL>(FALSE, [&] {
-    return Modules::Instance().Free(module) ? TRUE : Fail(ERROR_INVALID_HANDLE, FALSE);
-  });
-}
-
-DWORD WINAPI GetModuleFileNameW(HMODULE module, LPWSTR fileName, DWORD size) {
-  return Guarded<DWORD>(0, [&]() -> DWORD {
-    const std::u16string path = DevicePath(Modules::Instance().GetPath(module));
-    if (path.empty()) {
-      return Fail<DWORD>(ERROR_MOD_NOT_FOUND, 0);
-    }
-    if (fileName == nullptr || size == 0) {
-      return Fail<DWORD>(ERROR_INSUFFICIENT_BUFFER, 0);
-    }
-    const std::size_t length = path.copy(fileName, size - 1);
-    fileName[length] = 0;
-    // A path that does not fit is cut, and the answer is then the whole buffer's size.
-    if (length < path.size()) {
-      return Fail(ERROR_INSUFFICIENT_BUFFER, size);
-    }
-    return static_cast<DWORD>(length);
-  });
-}
-
-}  // extern "C"
 
 }  // namespace handheld

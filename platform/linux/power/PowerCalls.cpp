@@ -159,8 +159,7 @@ BOOL WINAPI GetSystemPowerStatusEx(SYSTEM_POWER_STATUS_EX* status, BOOL) {
 }
 
 void WINAPI SystemIdleTimerReset() {
-  // The requirement that goes with it holds the idle inhibitor; an idle timer to reset there is
-  // none.
+  // Linux has no idle timer to reset; the idle inhibitor is held by the power requirement.
   const std::lock_guard lock(ThePower().mutex);
   ++ThePower().idleResets;
 }

@@ -30,7 +30,7 @@ std::optional<int> ReadNumber(const std::string& supply, const std::string& name
   return result.ec == std::errc() ? std::optional(value) : std::nullopt;
 }
 
-/// All supplies seen so far, taken together.
+/// Totals over the power supplies.
 struct Summary {
   int batteries = 0;
   int measured = 0;

@@ -8,11 +8,11 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// About 20 characters at 9600 baud: longer than any gap that a driver's own buffering leaves
-/// between bytes.
+/// About 20 characters at 9600 baud; longer than any gap that a driver's buffering leaves between
+/// bytes.
 constexpr Burst::Duration FULL_PAUSE = 20ms;
-/// Bytes written to a pseudo-terminal at once may still arrive in two or three portions; this
-/// bridges them.
+/// Longer than the gaps between the two or three portions in which one write to a pseudo-terminal
+/// may arrive.
 constexpr Burst::Duration SHORTEST_PAUSE = 200us;
 constexpr Burst::Duration LONGEST_FLOW = 250ms;
 

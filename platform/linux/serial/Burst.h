@@ -6,8 +6,8 @@
 
 namespace handheld {
 
-/// Decides when a burst is whole. A receiver sends the sentences of an epoch back to back and then
-/// pauses, so a burst ends with a pause; a line that never pauses is cut after a line feed.
+/// Decides when a burst is complete. A receiver sends the sentences of an epoch back to back and
+/// then pauses, so a burst ends with a pause; a line that never pauses is cut after a line feed.
 class Burst {
  public:
   using Time = std::chrono::steady_clock::time_point;
@@ -22,15 +22,14 @@ class Burst {
   bool IsEmpty() const { return used == 0; }
   std::size_t GetUsedSize() const { return used; }
 
-  /// Notes `count` bytes that were put at GetFreeSpace().
+  /// Takes over `count` bytes that the caller has put at GetFreeSpace().
   void Add(std::size_t count, Time now);
 
-  /// How long the line must be silent for the burst to be whole. When the device lives faster than
-  /// real time (`rate` above 1) its senders do too, so the pause after a complete sentence shrinks
-  /// with it.
+  /// Silence that completes the burst. At a time `rate` above 1 senders are faster, too, so the
+  /// pause after a complete sentence is divided by it.
   Duration GetPause(double rate) const;
 
-  /// True when the line has been flowing for so long that the burst should end at a line feed.
+  /// True when the line has flowed without a pause for so long that the burst is to be cut.
   bool IsOverdue(Time now) const;
 
   /// Number of bytes up to and including the last line feed; 0 when there is none.

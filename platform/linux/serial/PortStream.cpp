@@ -74,7 +74,7 @@ void PortStream::HandleClosed() {
   {
     const std::lock_guard lock(mutex);
     closed = true;
-    // A read that still holds the device must not keep others from it.
+    // A read in progress still holds the device; others may open it at once.
     if (device != nullptr) {
       SerialLine::SetExclusive(device->GetNumber(), false);
     }
@@ -98,7 +98,7 @@ PortStream::Event PortStream::Await(const Device& from, short events,
   if (waits[0].revents != 0 && ready > 0) {
     return Event::CLOSED;
   }
-  // Interrupted by a signal: as good as data, the non-blocking transfer then finds out.
+  // Interrupted by a signal. The non-blocking transfer that follows reports what is there.
   if (ready < 0) {
     return Event::DATA;
   }

@@ -14,14 +14,13 @@
 
 namespace handheld {
 
-/// Reads wait for data and hand over a burst whole. A device that disappears (an unplugged adapter,
-/// a pseudo-terminal whose other side closed) is looked for again about once a second, as long as
-/// the handle is open and somebody reads.
+/// Reads wait for data and return a complete burst. A device that disappears (an unplugged adapter,
+/// a pseudo-terminal whose other side closed) is looked for about once a second while the handle is
+/// open and a read waits.
 class PortStream : public Stream {
  public:
-  /// Opens the device at `devicePath`, raw, at the baud rate it has. Null with `error` set when
-  /// that fails. `claimName` is the name under which SerialPorts keeps the port for this one
-  /// opening.
+  /// Opens the device at `devicePath` in raw mode and keeps its baud rate. Null with `error` set on
+  /// failure. `claimName` is the name under which SerialPorts holds the claim of this opening.
   static std::shared_ptr<PortStream> Open(const std::string& devicePath, std::string claimName,
                                           DWORD& error);
 
@@ -32,7 +31,7 @@ class PortStream : public Stream {
   DWORD Write(const void* data, DWORD size, DWORD& count) override;
   DWORD Flush() override;
 
-  /// Nothing when the device is gone or has no baud rate.
+  /// No value when the device is gone or has no baud rate.
   std::optional<DWORD> GetBaud() const;
   bool SetBaud(DWORD baud);
 
@@ -48,19 +47,20 @@ class PortStream : public Stream {
   /// Number of bytes to hand over; the rest is kept for the next read.
   DWORD KeepLeftover(const Burst& burst);
   void Drop(const Device& lost);
-  /// Waits for the next time to look for a lost device and looks. False when it is still away.
+  /// Waits until a lost device is due to be looked for and tries to open it. LOST when it is still
+  /// missing.
   Event AwaitReturn();
 
   const std::string path;
   const std::string claim;
-  /// Readable once the handle is closed: wakes everybody who waits for the device.
+  /// Readable once the handle is closed; wakes all waiting calls.
   const Descriptor closeEvent;
 
   mutable std::mutex mutex;
   bool closed = false;
   Device device;
   std::string leftover;
-  /// Rate that was asked for, to be applied again to a device that comes back.
+  /// Last rate set; applied again to a device that returns.
   std::optional<DWORD> wantedBaud;
   std::chrono::steady_clock::time_point lastLook;
 };

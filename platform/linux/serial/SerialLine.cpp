@@ -17,7 +17,7 @@ bool MakeRaw(int descriptor) {
   settings.c_lflag = 0;
   settings.c_cflag &= ~static_cast<tcflag_t>(CSIZE | PARENB | CSTOPB | CRTSCTS);
   settings.c_cflag |= CS8 | CREAD | CLOCAL;
-  // With 0 an empty line would look like one that has hung up.
+  // With VMIN 0 an idle line could not be told from a hang-up.
   settings.c_cc[VMIN] = 1;
   settings.c_cc[VTIME] = 0;
   return ioctl(descriptor, TCSETS2, &settings) == 0;

@@ -1,10 +1,8 @@
 #include "serial/SerialPorts.h"
 
-#include <climits>
-#include <cstdlib>
-
 #include "core/Handles.h"
 #include "core/LastError.h"
+#include "files/Paths.h"
 #include "handheld.h"
 #include "serial/PortStream.h"
 #include "text/WideText.h"
@@ -15,19 +13,13 @@ namespace {
 
 constexpr std::size_t LETTERS = 3;
 
-/// Ports are known by folded names with their colon.
+/// Key of a port: its name in small letters with the colon.
 std::string PortKey(const std::u16string& name) {
   std::string key = Utf8FromWide(FoldCase(name));
   if (!key.empty() && key.back() != ':') {
     key += ':';
   }
   return key;
-}
-
-/// The device behind symbolic links.
-std::string RealPath(const std::string& path) {
-  char resolved[PATH_MAX];
-  return realpath(path.c_str(), resolved) == nullptr ? path : resolved;
 }
 
 bool FillSettings(const PortStream& port, DCB& settings) {
@@ -38,7 +30,7 @@ bool FillSettings(const PortStream& port, DCB& settings) {
   settings = {};
   settings.DCBlength = sizeof(DCB);
   settings.BaudRate = *baud;
-  settings.flags = 1;  // Binary transfer, the only kind there is.
+  settings.flags = 1;  // Binary transfer; there is no other.
   settings.ByteSize = 8;
   return true;
 }

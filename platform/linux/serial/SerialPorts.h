@@ -10,8 +10,8 @@
 
 namespace handheld {
 
-/// Which Linux device each port is, and which of them are open. A device is open once at a time,
-/// under whatever name.
+/// Linux device of each port, and the devices that are open. Each device can be opened once at a
+/// time, under any of its names.
 class SerialPorts {
  public:
   static SerialPorts& Instance();
@@ -19,11 +19,11 @@ class SerialPorts {
   /// True for names of the form "COM1:": three letters, a number, a colon.
   static bool IsPortName(const std::u16string& name);
 
-  /// An empty path removes the port. Openings that stand are not affected.
+  /// An empty path removes the port. Open ports are not affected.
   void Map(const std::string& port, const std::string& devicePath);
 
-  /// INVALID_HANDLE_VALUE with the last error set when there is no such port, it is open already or
-  /// does not open.
+  /// INVALID_HANDLE_VALUE with the last error set when the port is unknown, already open or does
+  /// not open.
   HANDLE Open(const std::u16string& name);
 
   /// Lets the device be opened again.

@@ -23,7 +23,7 @@ bool IsPlainFile(const std::string& path) {
 }
 
 BOOL Play(LPCWSTR sound, DWORD flags) {
-  // Only files are played, and only beside what the caller goes on with.
+  // Supports files played in the background only.
   constexpr DWORD REQUIRED = SND_FILENAME | SND_ASYNC;
   if ((flags & REQUIRED) != REQUIRED) {
     return Fail(ERROR_INVALID_PARAMETER, FALSE);

@@ -17,21 +17,21 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// How often the player looks whether the sound has ended.
+/// Interval of checks whether the sound has ended.
 constexpr auto CHECK_INTERVAL = 100ms;
-/// Sound systems take a while for the last buffer; then the device is closed so that it can sleep.
+/// Leaves sound systems time for the last buffer; then the device is closed so that it can sleep.
 constexpr int IDLE_CHECKS_BEFORE_CLOSE = 20;
-/// How long the end of the process may wait for the device to be closed.
+/// Longest wait for the closing of the device at the end of the process.
 constexpr auto LONGEST_FAREWELL = 500ms;
 
-/// After a failure the device is not tried again for this long: looking for one takes time.
+/// Pause before the next attempt after a failure: probing for a device takes time.
 constexpr auto RETRY_INTERVAL = 30s;
 
 constexpr int SAMPLE_RATE = 44100;
 constexpr SDL_AudioFormat SAMPLE_FORMAT = AUDIO_S16SYS;
 constexpr Uint8 CHANNELS = 2;
 
-/// Samples of a WAV file in the device's format; empty when it is none.
+/// Samples of a WAV file in the device's format; empty when it is no WAV file.
 std::vector<Uint8> ReadSamples(const std::string& path) {
   SDL_AudioSpec spec = {};
   Uint8* data = nullptr;
@@ -57,8 +57,8 @@ std::vector<Uint8> ReadSamples(const std::string& path) {
 
 void IgnoreMessage(const char*, int, const char*, int, const char*, ...) {}
 
-/// On a machine without a sound card ALSA, which SDL may bring along, writes a dozen lines to the
-/// terminal for every attempt.
+/// Silences ALSA, which SDL may load: without a sound card it writes a dozen lines to the terminal
+/// for every attempt.
 void SilenceAlsa() {
   using Handler = void (*)(const char*, int, const char*, int, const char*, ...);
   using SetHandler = int (*)(Handler);
@@ -109,8 +109,7 @@ class AudioDevice {
       return false;
     }
     SilenceAlsa();
-    // Not through SDL_Init, whose bookkeeping is no matter for two threads: the window may be
-    // starting just now.
+    // SDL_Init is not thread-safe, and the window may be starting at the same time.
     if (SDL_AudioInit(std::getenv("SDL_AUDIODRIVER")) == 0) {
       SDL_AudioSpec wanted = {};
       wanted.freq = SAMPLE_RATE;
@@ -197,7 +196,7 @@ void SoundPlayer::Run() {
       }
     }
   }
-  // SDL keeps its last error for each thread and frees it by itself only for threads of its own.
+  // SDL keeps a last error for each thread and frees it only for threads that it has made.
   SDL_TLSCleanup();
   const std::lock_guard lock(mutex);
   isRunning = false;

@@ -8,9 +8,9 @@
 
 namespace handheld {
 
-/// Plays one sound at a time; a new one cuts the one before it off. Files are read and the audio
-/// device is opened on a thread of its own, made for the first sound, so that callers never wait.
-/// Without a working audio device sounds are dropped.
+/// Plays one sound at a time; a new sound ends the one before. Callers never wait: a thread,
+/// started with the first sound, reads files and opens the audio device. Without a working audio
+/// device sounds are dropped.
 class SoundPlayer {
  public:
   static SoundPlayer& Instance();
@@ -21,8 +21,8 @@ class SoundPlayer {
  private:
   void Request(const std::string& path);
   void Run();
-  /// Next path asked for; empty means silence. Nothing when there is no wish within `patience` (no
-  /// limit when nothing plays) or the process ends.
+  /// Next path requested; an empty one means silence. No value when the process ends, or with an
+  /// open device when the check interval passes without a request.
   std::optional<std::string> NextRequest(bool isDeviceOpen);
   static void ProcessEnds();
 

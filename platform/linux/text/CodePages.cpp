@@ -17,10 +17,10 @@ namespace {
 constexpr UINT CYRILLIC = 1251;
 constexpr UINT WESTERN = 1252;
 
-/// 0 until it is set: then the language decides.
+/// 0 until set: the language decides.
 std::atomic<UINT> chosenCodePage{0};
 
-/// Size a text is taken to have: -1 means up to and including its end.
+/// Length of a text; -1 means up to and including its terminator.
 template <typename Unit>
 int TextLength(const Unit* text, int length) {
   return length >= 0 ? length : static_cast<int>(std::char_traits<Unit>::length(text)) + 1;
@@ -31,8 +31,8 @@ bool IsCallValid(const void* from, int length, const void* to, int size) {
          (size == 0 || (to != nullptr && to != from));
 }
 
-/// The answer of both conversions: the length, which is all that a size of 0 asks for, or 0 when it
-/// did not fit.
+/// Result of both conversions: the length, also for a size of 0, which only asks for it; 0 with the
+/// last error set when the text did not fit.
 int Converted(int length, int size) {
   if (size == 0 || length <= size) {
     return length;
@@ -109,7 +109,7 @@ std::string AnsiFromUtf8(const std::string& utf8) {
   const CodePage& page = *CodePage::Find(CP_ACP);
   std::string ansi;
   for (const WCHAR unit : WideFromUtf8(utf8)) {
-    // A pair of surrogates is one character and becomes one question mark.
+    // The second half of a surrogate pair: the pair becomes one question mark.
     if (unit >= 0xDC00 && unit <= 0xDFFF) {
       continue;
     }

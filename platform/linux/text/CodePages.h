@@ -10,11 +10,11 @@
 
 namespace handheld {
 
-/// One 8-bit code page. Bytes that it does not assign stand for the control character of the same
-/// number, as they do on the device.
+/// One 8-bit code page. Unassigned bytes stand for the control character of the same number, as on
+/// the device.
 class CodePage {
  public:
-  /// 1251, 1252, or CP_ACP for the device's own. Null for any other.
+  /// `number` is 1251, 1252 or CP_ACP (the device's own); null for any other.
   static const CodePage* Find(UINT number);
 
   explicit CodePage(const char* iconvName);

@@ -21,7 +21,7 @@ locale_t PlainLocale() {
   return plain;
 }
 
-/// Decimal points on this thread, whatever the process's locale. Costs two stores.
+/// Gives this thread the plain locale, with decimal points, while it lives. Costs two stores.
 class PlainLocaleScope {
  public:
   PlainLocaleScope() : before(uselocale(PlainLocale())) {}
@@ -33,13 +33,13 @@ class PlainLocaleScope {
   const locale_t before;
 };
 
-/// What a conversion such as "%.1f" asks for.
+/// Format and precision of a conversion such as "%.1f".
 struct Conversion {
   std::chars_format format;
   int precision;
 };
 
-/// Understands those without width and flags, which are nearly all; nothing for the others.
+/// Reads conversions without width and flags, which are nearly all; no value for others.
 std::optional<Conversion> ReadConversion(const char* text) {
   constexpr int DEFAULT_PRECISION = 6;
   if (*text++ != '%') {
@@ -63,8 +63,8 @@ std::optional<Conversion> ReadConversion(const char* text) {
   return std::nullopt;
 }
 
-/// The same digits in half of printf's time: read-outs are printed for every update. Nothing for
-/// what it leaves to printf, such as a text that does not fit.
+/// Prints the digits of printf in half its time, as read-outs are printed for every update. No
+/// value where printf has to do it, such as for a text that does not fit.
 std::optional<int> PrintQuickly(char* out, std::size_t size, const char* conversion, double value) {
   const auto wanted = ReadConversion(conversion);
   if (!wanted || !std::isfinite(value)) {
@@ -86,7 +86,7 @@ int PrintedLength(int wanted, std::size_t size) {
 
 extern "C" {
 
-// The conversion is the caller's; each of them passes the one kind of argument that it is for.
+// The conversion comes from the caller, who passes the one kind of argument that it prints.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
 

@@ -15,7 +15,7 @@ namespace {
 constexpr char RUSSIAN[] = "RUS";
 constexpr char ENGLISH[] = "ENU";
 
-/// The first of the variables that says anything counts, as for every Linux program.
+/// The first variable that is set and not empty decides, as for every Linux program.
 const char* LanguageOfProcess() {
   for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
     const char* value = std::getenv(name);

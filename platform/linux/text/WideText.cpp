@@ -46,8 +46,8 @@ void AppendWide(std::u16string& wide, char32_t code) {
   }
 }
 
-/// What a lead byte announces: how many bytes follow, its own payload, and the smallest code that
-/// needs them.
+/// Content of a lead byte: number of following bytes, its payload, and the smallest code that needs
+/// that many.
 struct Lead {
   int following;
   char32_t bits;
@@ -92,7 +92,7 @@ char32_t NextCharacter(const std::string& utf8, std::size_t& position) {
   return code;
 }
 
-/// The plain "C" locale knows ASCII letters only; its UTF-8 sister knows all of them.
+/// Unlike the plain "C" locale, "C.UTF-8" knows the letters of all alphabets.
 locale_t LetterLocale() {
   static const locale_t letters = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
   return letters;

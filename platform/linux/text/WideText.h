@@ -8,16 +8,16 @@
 
 namespace handheld {
 
-/// Small letters for all that have them, whatever the process's locale.
+/// The text in small letters, in any alphabet and independent of the process's locale.
 std::u16string FoldCase(std::u16string_view text);
 
-/// Length of the text without its end; 0 for null.
+/// Length without the terminator; 0 for null.
 std::size_t WideLength(LPCWSTR text);
 
-/// Copy of a text that may be null (then empty).
+/// Copy of the text; empty for null.
 std::u16string WideText(LPCWSTR text);
 
-/// True when both UTF-8 names differ in letter case at most.
+/// True when two UTF-8 names are equal apart from letter case.
 bool SameName(const std::string& left, const std::string& right);
 
 }  // namespace handheld

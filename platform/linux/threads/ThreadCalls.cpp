@@ -21,8 +21,8 @@ constexpr int NORMAL_PRIORITY = 3;
 /// Nice value for each priority of the device, 0 (most urgent) to 7 (only when idle).
 constexpr std::array<int, 8> NICE_VALUES = {-15, -10, -5, 0, 5, 10, 15, 19};
 
-/// A thread of the device. The running thread holds a reference of its own, so closing the handle
-/// lets it run on.
+/// A thread of the device. The running thread holds a reference, so it survives the closing of its
+/// handle.
 class Thread : public KernelObject {
  public:
   Thread(LPTHREAD_START_ROUTINE start, LPVOID startArgument)
@@ -52,7 +52,8 @@ class Thread : public KernelObject {
   DWORD GetExitCode() const { return exitCode.load(std::memory_order_acquire); }
 
  private:
-  /// Relative to the program's own urgency. Best effort: becoming more urgent takes privileges.
+  /// Sets the nice value relative to the program's own. Best effort: a lower value takes
+  /// privileges.
   void ApplyPriority() const {
     if (linuxId == 0 || priority == NORMAL_PRIORITY) {
       return;
@@ -83,7 +84,7 @@ class ThreadAttributes {
   explicit ThreadAttributes(DWORD stackSize) {
     pthread_attr_init(&attributes);
     pthread_attr_setdetachstate(&attributes, PTHREAD_CREATE_DETACHED);
-    // Sizes that Linux finds too small are left at the default.
+    // Fails for sizes too small for Linux, which leaves the default.
     if (stackSize != 0) {
       pthread_attr_setstacksize(&attributes, stackSize);
     }
@@ -110,15 +111,9 @@ bool Start(const std::shared_ptr<Thread>& thread, DWORD stackSize) {
   if (pthread_create(&started, attributes.Get(), RunThread, own.get()) != 0) {
     return false;
   }
-  // The running thread deletes it.
+  // RunThread deletes it.
   static_cast<void>(own.release());
   return true;
-}
-
-pthread_mutex_t* MutexOf(CRITICAL_SECTION* section) {
-  static_assert(sizeof(pthread_mutex_t) <= sizeof(CRITICAL_SECTION));
-  static_assert(alignof(pthread_mutex_t) <= alignof(CRITICAL_SECTION));
-  return reinterpret_cast<pthread_mutex_t*>(section->opaque);
 }
 
 }  // namespace
@@ -170,26 +165,6 @@ BOOL WINAPI GetExitCodeThread(HANDLE thread, LPDWORD exitCode) {
     *exitCode = found->GetExitCode();
     return TRUE;
   });
-}
-
-void WINAPI InitializeCriticalSection(CRITICAL_SECTION* section) {
-  pthread_mutexattr_t attributes;
-  pthread_mutexattr_init(&attributes);
-  pthread_mutexattr_settype(&attributes, PTHREAD_MUTEX_RECURSIVE);
-  pthread_mutex_init(MutexOf(section), &attributes);
-  pthread_mutexattr_destroy(&attributes);
-}
-
-void WINAPI EnterCriticalSection(CRITICAL_SECTION* section) {
-  pthread_mutex_lock(MutexOf(section));
-}
-
-void WINAPI LeaveCriticalSection(CRITICAL_SECTION* section) {
-  pthread_mutex_unlock(MutexOf(section));
-}
-
-void WINAPI DeleteCriticalSection(CRITICAL_SECTION* section) {
-  pthread_mutex_destroy(MutexOf(section));
 }
 
 }  // extern "C"

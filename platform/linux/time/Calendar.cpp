@@ -16,8 +16,8 @@ constexpr std::chrono::sys_days FILE_EPOCH{std::chrono::year(1601) / 1 / 1};
 constexpr int FIRST_YEAR = 1601;
 constexpr int LAST_YEAR = 30827;
 
-/// As on the device, the offset that holds now is used, daylight saving included, whatever season
-/// the converted moment lies in. So the two conversions are exact inverses of each other.
+/// Offset at the moment that the device's clock shows, daylight saving included. As on the device
+/// it serves every moment converted, so the two conversions are exact inverses.
 std::int64_t CurrentBias() {
   return TimeZone::Instance().GetOffsetAt(Clock::Instance().GetNow()) * Calendar::UNITS_PER_SECOND;
 }
@@ -48,7 +48,7 @@ FILETIME Calendar::Split(std::int64_t moment) {
 }
 
 std::optional<std::int64_t> Calendar::FromFields(const SYSTEMTIME& fields) {
-  // The calendar's own types hold a byte each, so numbers beyond that must not get there.
+  // std::chrono's month and day hold a byte: larger numbers would be cut.
   if (fields.wYear < FIRST_YEAR || fields.wYear > LAST_YEAR || fields.wMonth > 12 ||
       fields.wDay > 31) {
     return std::nullopt;

@@ -13,14 +13,14 @@ namespace handheld::Calendar {
 constexpr std::int64_t UNIX_EPOCH = 116'444'736'000'000'000;
 constexpr std::int64_t UNITS_PER_SECOND = 10'000'000;
 
-/// Between a moment and the two halves that the API carries it in.
+/// Conversion between a moment and the two halves in which the API passes it.
 std::int64_t Join(const FILETIME& file);
 FILETIME Split(std::int64_t moment);
 
-/// Nothing for fields that name no moment from 1601 on; the day of the week is not looked at.
+/// No value for fields that name no moment from 1601 on. Ignores the day of the week.
 std::optional<std::int64_t> FromFields(const SYSTEMTIME& fields);
 
-/// Nothing for negative moments.
+/// No value for negative moments.
 std::optional<SYSTEMTIME> ToFields(std::int64_t moment);
 
 }  // namespace handheld::Calendar

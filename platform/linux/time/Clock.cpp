@@ -19,7 +19,7 @@ namespace {
 using Calendar::UNITS_PER_SECOND;
 constexpr std::int64_t UNITS_PER_MILLISECOND = 10'000;
 constexpr DWORD INFINITE = 0xFFFFFFFF;
-/// Below this a system call costs more than the sleep itself.
+/// Shorter sleeps only yield: a system call would take longer.
 constexpr double SHORTEST_SLEEP_NS = 1000;
 
 std::int64_t Read(clockid_t clock) {

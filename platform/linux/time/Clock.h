@@ -22,10 +22,10 @@ class Clock {
   void SetRate(double rate);
   double GetRate() const { return rate.load(std::memory_order_relaxed); }
 
-  /// Milliseconds since the device was switched on. A stopped clock does not hold them up.
+  /// Milliseconds since the device was switched on; goes on while the clock is stopped.
   DWORD GetTicks() const;
 
-  /// Sleeps for this time of the device.
+  /// Sleeps for this span of the device's time.
   void Sleep(DWORD milliseconds) const;
 
  private:
@@ -35,7 +35,7 @@ class Clock {
 
   mutable std::mutex mutex;
   std::atomic<double> rate{1};
-  /// While nobody has touched the clock it simply shows the machine's time.
+  /// True until the clock is first changed: it shows the machine's time.
   bool isMachineTime = true;
   bool isStopped = false;
   /// The device's time and ticks (100 ns) at `machineBase`.

@@ -7,8 +7,8 @@
 
 namespace handheld {
 
-/// The C library's zone, which the whole process shares: setting it sets TZ. Until then it is the
-/// one that the environment, else the machine, is set to.
+/// The time zone of the C library, which the whole process shares: Set changes TZ. At start the
+/// zone of the environment, else of the machine.
 class TimeZone {
  public:
   static TimeZone& Instance();
@@ -20,7 +20,7 @@ class TimeZone {
   std::int64_t GetOffsetAt(std::int64_t fileTime) const;
 
  private:
-  /// Held while the zone is set or asked: the C library rereads TZ when it is first asked.
+  /// Held by Set and GetOffsetAt: the first conversion reads TZ.
   mutable std::mutex mutex;
 };
 

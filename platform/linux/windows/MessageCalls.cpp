@@ -22,7 +22,7 @@ History<MSG>& Posted() {
   return posted;
 }
 
-/// Numbers of messages that programs agree upon by name.
+/// Message numbers registered by name.
 struct RegisteredMessages {
   std::mutex mutex;
   std::map<std::u16string, UINT> numbers;
@@ -52,7 +52,8 @@ bool Post(const MSG& message) {
     MessageQueue::OfThisThread()->Post(message);
     return true;
   }
-  // In one step: the window's thread may act on the message before this call has returned.
+  // Delivered and recorded in one step: the window's thread may act on the message before this call
+  // returns.
   return Posted().AddIf(message, [&] { return WindowTable::Instance().Post(message); });
 }
 

@@ -9,11 +9,11 @@ namespace handheld {
 
 namespace {
 
-/// Whether the thread is past the end of its own objects, as the main thread is while the process's
-/// static objects are destroyed.
+/// True once the thread's own objects are destroyed. The main thread then still destroys the static
+/// objects of the process.
 thread_local bool hasThreadEnded = false;
 
-/// Windows do not outlive their thread.
+/// Queue of one thread. Removes the windows of the thread when it ends.
 struct ThreadQueue {
   std::shared_ptr<MessageQueue> queue = std::make_shared<MessageQueue>();
   ~ThreadQueue() {
@@ -22,7 +22,7 @@ struct ThreadQueue {
   }
 };
 
-/// For calls that come too late.
+/// Queue for calls of threads whose own queue is destroyed.
 const std::shared_ptr<MessageQueue>& LastQueue() {
   static const auto& queue = *new std::shared_ptr<MessageQueue>(std::make_shared<MessageQueue>());
   return queue;

@@ -13,40 +13,40 @@
 
 namespace handheld {
 
-/// One for each thread that has windows or asks for messages. Anybody posts, only its thread takes.
+/// Exists for each thread that has windows or reads messages. Any thread posts, only its own thread
+/// takes.
 class MessageQueue {
  public:
   using Deadline = std::optional<std::chrono::steady_clock::time_point>;
 
-  /// Which messages a caller wants to see.
+  /// Messages that a caller wants.
   struct Filter {
-    /// Null: of all windows, and those that belong to none.
+    /// Null admits messages of all windows and of none.
     HWND window = nullptr;
-    /// Both 0: of all kinds.
+    /// Range of message numbers; both 0 admit all.
     UINT first = 0;
     UINT last = 0;
 
     bool Admits(const MSG& message) const;
   };
 
-  /// The calling thread's queue, made when it is first asked for.
+  /// The calling thread's queue, made on first use.
   static const std::shared_ptr<MessageQueue>& OfThisThread();
 
   void Post(const MSG& message);
   void PostQuit(int exitCode);
 
-  /// Forgets the messages of a window that is gone.
+  /// Drops the messages of a destroyed window.
   void DropWindow(HWND window);
 
-  /// First message that the filter admits; WM_QUIT, whatever the filter, once nothing else is left
-  /// for it.
+  /// First message that the filter admits. WM_QUIT passes every filter, after all other messages.
   std::optional<MSG> Take(const Filter& filter, bool remove);
 
   /// Waits for such a message and removes it.
   MSG AwaitAndTake(const Filter& filter);
 
-  /// Waits until there is a message: any, or with `onlyUnseen` one posted since the thread last
-  /// looked. False when the deadline came first.
+  /// Waits for a message; with `onlyUnseen` for one posted since the thread last looked. False when
+  /// the deadline passes.
   bool Await(bool onlyUnseen, Deadline deadline);
 
  private:

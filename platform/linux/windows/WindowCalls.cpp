@@ -3,6 +3,7 @@
 #include "core/LastError.h"
 #include "handheld.h"
 #include "text/WideText.h"
+#include "windows/DeviceScreen.h"
 #include "windows/WindowClasses.h"
 #include "windows/WindowTable.h"
 
@@ -17,8 +18,7 @@ LPARAM PackSize(const RECT& rect) {
                              static_cast<DWORD>(width & 0xFFFF));
 }
 
-/// Where a new window lies: what was asked for, except that one that leaves it to the system fills
-/// the screen.
+/// Rectangle of a new window. CW_USEDEFAULT fills the screen.
 RECT Place(int x, int y, int width, int height) {
   const Screen screen = CurrentScreen();
   const bool isPlaced = x != CW_USEDEFAULT;
@@ -32,8 +32,7 @@ RECT Place(int x, int y, int width, int height) {
   return rect;
 }
 
-/// Calls run by the window's own thread: windows hear about themselves at once, not through the
-/// queue.
+/// Calls the window procedure directly when the window belongs to this thread.
 void Tell(const Window& window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (window.queue == MessageQueue::OfThisThread()) {
     window.procedure(window.handle, message, wParam, lParam);
@@ -73,7 +72,7 @@ HWND Create(LPCWSTR className, LPCWSTR title, DWORD style, const RECT& rect, HWN
   return window.handle;
 }
 
-/// First the window hears of its end, then those that depend on it, while it still exists.
+/// Sends WM_DESTROY to the window first and then destroys its children, while it still exists.
 void Destroy(const Window& window) {
   WindowTable& table = WindowTable::Instance();
   Tell(window, WM_DESTROY, 0, 0);

@@ -1,4 +1,4 @@
-// Classes that windows are made from.
+// Window classes.
 #pragma once
 
 #include <windows.h>
@@ -9,15 +9,15 @@
 
 namespace handheld {
 
-/// Names are taken without regard to case. Classes stay for the life of the process.
+/// Compares names without regard to case. Classes live as long as the process.
 class WindowClasses {
  public:
   static WindowClasses& Instance();
 
-  /// The class's atom; 0 when the name is taken.
+  /// Atom of the new class; 0 when the name is taken.
   ATOM Register(const std::u16string& name, WNDPROC procedure);
 
-  /// `name` is a text or an atom in its place. Null when there is no such class.
+  /// `name` is a text or an atom. Null for an unknown class.
   WNDPROC Find(LPCWSTR name) const;
 
  private:

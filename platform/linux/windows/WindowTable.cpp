@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "handheld.h"
-
 namespace handheld {
 
 WindowTable& WindowTable::Instance() {
@@ -63,7 +61,7 @@ std::vector<HWND> WindowTable::GetAll() const {
 }
 
 bool WindowTable::Post(const MSG& message) {
-  // Under the lock, so that no message slips in behind a window that is being removed.
+  // Posted under the lock: no message may reach the queue after its window was removed.
   const std::lock_guard lock(mutex);
   const auto found = windows.find(message.hwnd);
   if (found == windows.end()) {
@@ -92,34 +90,6 @@ bool WindowTable::SetRect(HWND handle, const RECT& rect) {
   }
   found->second.rect = rect;
   return true;
-}
-
-namespace {
-
-constexpr Screen USUAL_SCREEN = {240, 320, 96};
-
-struct SharedScreen {
-  std::mutex mutex;
-  Screen screen = USUAL_SCREEN;
-};
-
-SharedScreen& TheScreen() {
-  static SharedScreen& shared = *new SharedScreen;
-  return shared;
-}
-
-}  // namespace
-
-Screen CurrentScreen() {
-  SharedScreen& shared = TheScreen();
-  const std::lock_guard lock(shared.mutex);
-  return shared.screen;
-}
-
-void SetScreen(int width, int height, int dpi) {
-  SharedScreen& shared = TheScreen();
-  const std::lock_guard lock(shared.mutex);
-  shared.screen = {width, height, dpi};
 }
 
 }  // namespace handheld

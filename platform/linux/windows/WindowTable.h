@@ -18,16 +18,16 @@ namespace handheld {
 struct Window {
   HWND handle = nullptr;
   WNDPROC procedure = nullptr;
-  /// Queue of the thread that made it, which alone runs its procedure and may destroy it.
+  /// Queue of the creating thread. Only that thread runs the procedure and may destroy the window.
   std::shared_ptr<MessageQueue> queue;
   std::u16string title;
   DWORD style = 0;
   /// On the screen, in pixels.
   RECT rect = {};
   bool isVisible = false;
-  /// Whether it was ever shown: the first time it learns its size.
+  /// True after the first time shown, when it receives WM_SIZE.
   bool wasShown = false;
-  /// Parent or owner: the window goes when that one does. Null when there is none.
+  /// Parent or owner, which takes this window along when destroyed. Null without one.
   HWND parent = nullptr;
 };
 
@@ -36,26 +36,25 @@ class WindowTable {
  public:
   static WindowTable& Instance();
 
-  /// Takes all of `window` but its handle, and returns that.
+  /// Adds a copy of `window` with a new handle and returns the handle.
   HWND Add(Window window);
 
-  /// Takes the window out, and its messages. False when it is not there.
+  /// Removes the window and its messages. False for an unknown window.
   bool Remove(HWND handle);
 
-  /// Takes out what a thread leaves behind at its end; no procedure is called any more.
+  /// Removes the windows of a thread that has ended, without calling their procedures.
   void RemoveOfQueue(const MessageQueue& queue);
 
-  /// Nothing when there is no such window.
+  /// No value for an unknown window.
   std::optional<Window> Find(HWND handle) const;
   std::vector<HWND> GetChildren(HWND parent) const;
   /// Handles of all windows, the oldest first.
   std::vector<HWND> GetAll() const;
 
-  /// Puts a message into the queue of the window's thread. False when there is no such window.
+  /// Puts a message into the queue of the window's thread. False for an unknown window.
   bool Post(const MSG& message);
 
-  /// Both false when there is no such window. The caller tells the window about it (WM_SIZE) where
-  /// that is due.
+  /// False for an unknown window. The caller sends WM_SIZE where it is due.
   bool SetVisible(HWND handle, bool isVisible);
   bool SetRect(HWND handle, const RECT& rect);
 
@@ -64,14 +63,5 @@ class WindowTable {
   std::map<HWND, Window> windows;
   ULONG_PTR lastNumber = 0x10000;
 };
-
-/// The screen that windows lie on.
-struct Screen {
-  int width;
-  int height;
-  int dpi;
-};
-
-Screen CurrentScreen();
 
 }  // namespace handheld

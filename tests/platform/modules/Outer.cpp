@@ -1,4 +1,4 @@
-// Library that loads another one when it is loaded itself, and never frees it.
+// Library that loads another one when it is loaded, and never frees it.
 #include <cstdio>
 
 #include "handheld.h"

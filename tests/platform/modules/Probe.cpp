@@ -1,4 +1,4 @@
-// Library that tests load: counts what its entry function hears.
+// Library that tests load; counts the calls of its entry function.
 #include "Probe.h"
 
 #include "handheld.h"
@@ -21,7 +21,7 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID reserved) 
   if (reason == DLL_PROCESS_ATTACH) {
     ++attachments;
     ownModule = module;
-    // Allowed in an entry, and the answer must be there already.
+    // Allowed in an entry function; the path is known already.
     char16_t name[260];
     if (GetModuleFileNameW(module, name, 260) == 0)
       return FALSE;

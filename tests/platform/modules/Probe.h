@@ -1,10 +1,10 @@
-// What the library that tests load exports.
+// Exports of the library that tests load.
 #pragma once
 
 #include <windows.h>
 
-/// Told when the library is detached: whether the process ends, and whether the library's static
-/// objects still live.
+/// Called when the library is detached, with whether the process ends and whether the library's
+/// static objects still live.
 using ProbeObserver = void (*)(bool isProcessEnding, bool areStaticsAlive);
 
 extern "C" {
