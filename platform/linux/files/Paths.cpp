@@ -4,8 +4,6 @@
 #include <sys/stat.h>
 
 #include <algorithm>
-#include <climits>
-#include <cstdlib>
 #include <memory>
 
 #include "handheld.h"
@@ -51,11 +49,6 @@ std::string FolderOf(const std::string& path) {
 
 std::string FileNameOf(const std::string& path) {
   return path.substr(path.rfind('/') + 1);
-}
-
-std::string RealPath(const std::string& path) {
-  char resolved[PATH_MAX];
-  return realpath(path.c_str(), resolved) == nullptr ? path : resolved;
 }
 
 std::string FindEntry(const std::string& folder, const std::string& name) {

@@ -31,9 +31,6 @@ std::string FolderOf(const std::string& path);
 std::string FileNameOf(const std::string& path);
 std::string Join(const std::string& folder, const std::string& name);
 
-/// Absolute Linux path without symbolic links; the path itself when nothing is there.
-std::string RealPath(const std::string& path);
-
 /// Name of an entry of `folder` ("" is the current folder) that equals `name` apart from case;
 /// empty without one.
 std::string FindEntry(const std::string& folder, const std::string& name);

@@ -42,6 +42,11 @@ std::string ProgramPath() {
   return length < 0 ? std::string() : std::string(path, static_cast<std::size_t>(length));
 }
 
+std::string RealPath(const std::string& path) {
+  char resolved[PATH_MAX];
+  return realpath(path.c_str(), resolved) == nullptr ? path : resolved;
+}
+
 /// Linux file name of a device library: "Parlex.DLL" becomes "libParlex.so".
 std::string LinuxLibraryName(const std::string& fileName) {
   const std::size_t dot = fileName.rfind('.');

@@ -1,8 +1,10 @@
 #include "serial/SerialPorts.h"
 
+#include <climits>
+#include <cstdlib>
+
 #include "core/Handles.h"
 #include "core/LastError.h"
-#include "files/Paths.h"
 #include "handheld.h"
 #include "serial/PortStream.h"
 #include "text/WideText.h"
@@ -20,6 +22,12 @@ std::string PortKey(const std::u16string& name) {
     key += ':';
   }
   return key;
+}
+
+/// The device behind symbolic links.
+std::string RealPath(const std::string& path) {
+  char resolved[PATH_MAX];
+  return realpath(path.c_str(), resolved) == nullptr ? path : resolved;
 }
 
 bool FillSettings(const PortStream& port, DCB& settings) {
