@@ -94,7 +94,7 @@ bool WaitForFrame(const EngineLibrary& engine, HWND window, std::uint64_t before
     }
     std::this_thread::sleep_for(1ms);
   }
-  engine.SensorValue(e2e::SPEED);
+  engine.SensorValue(FEROLIN_SENSOR_SPEED);
   return true;
 }
 

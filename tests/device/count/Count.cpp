@@ -97,7 +97,7 @@ class Bench {
            handheld::WindowPixelsVersion(host.Get()) == before) {
       std::this_thread::sleep_for(1ms);
     }
-    engine.SensorValue(e2e::SPEED);
+    engine.SensorValue(FEROLIN_SENSOR_SPEED);
     std::this_thread::sleep_for(20ms);
   }
 
