@@ -38,8 +38,8 @@ bool Contains(const std::array<Range, N>& ranges, char32_t character) {
   });
 }
 
-/// Multibyte characters with these lead bytes. The limits of the second byte exclude overlong forms,
-/// surrogates, and code points beyond U+10FFFF.
+/// Multibyte characters with these lead bytes. The limits of the second byte exclude overlong
+/// forms, surrogates, and code points beyond U+10FFFF.
 struct Form {
   unsigned char firstLead;
   unsigned char lastLead;

@@ -18,8 +18,8 @@ std::string CutToColumns(std::string_view text, std::size_t columns);
 std::string PadRight(std::string_view text, std::size_t columns);
 std::string PadLeft(std::string_view text, std::size_t columns);
 
-/// Bytes of the UTF-8 character at the start of `text`, which is not empty; 0 when the text does not
-/// start with valid UTF-8.
+/// Bytes of the UTF-8 character at the start of `text`, which is not empty; 0 when the text does
+/// not start with valid UTF-8.
 std::size_t Utf8Length(std::string_view text);
 
 }  // namespace host

@@ -11,7 +11,8 @@
 namespace host {
 
 /// Takes pictures of every view, portrait (240 x 320) and landscape (320 x 240), each with and
-/// without its buttons, one at each update, and writes them as one picture with a row for each view.
+/// without its buttons, one at each update, and writes them as one picture with a row for each
+/// view.
 class ContactSheet : public Pictures {
  public:
   /// The engine outlives it. `updatesBefore` updates pass until the first picture.

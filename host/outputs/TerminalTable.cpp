@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::size_t GAP = 4;
 constexpr std::size_t WIDEST_CELL = 44;
+constexpr std::size_t SHORTEST_BAR = 12;
 constexpr std::size_t LONGEST_BAR = 60;
 /// Stands for an empty line between two groups.
 constexpr int SPACE = -1;
@@ -53,6 +54,18 @@ constexpr std::array<int, LINES> RIGHT = {
     FEROLIN_SENSOR_FASTEST_10000,
 };
 
+bool HasTwoColumns(std::size_t columns) {
+  return columns >= TerminalTable::TWO_COLUMNS_FROM;
+}
+
+std::size_t WidthOfCell(std::size_t columns) {
+  return std::min(HasTwoColumns(columns) ? (columns - GAP) / 2 : columns, WIDEST_CELL);
+}
+
+std::size_t WidthOfReadouts(std::size_t columns) {
+  return HasTwoColumns(columns) ? 2 * WidthOfCell(columns) + GAP : WidthOfCell(columns);
+}
+
 std::string Cell(const Readouts& readouts, int sensor, std::size_t columns) {
   if (sensor == SPACE || static_cast<std::size_t>(sensor) >= readouts.size()) {
     return PadRight("", columns);
@@ -68,7 +81,7 @@ std::vector<std::string> OneColumn(const Readouts& readouts, std::size_t columns
   for (const auto& side : {LEFT, RIGHT}) {
     for (const int sensor : side) {
       if (sensor != SPACE) {
-        lines.push_back(Cell(readouts, sensor, std::min(columns, WIDEST_CELL)));
+        lines.push_back(Cell(readouts, sensor, WidthOfCell(columns)));
       }
     }
   }
@@ -76,7 +89,7 @@ std::vector<std::string> OneColumn(const Readouts& readouts, std::size_t columns
 }
 
 std::vector<std::string> TwoColumns(const Readouts& readouts, std::size_t columns) {
-  const std::size_t cell = std::min((columns - GAP) / 2, WIDEST_CELL);
+  const std::size_t cell = WidthOfCell(columns);
   std::vector<std::string> lines;
   for (std::size_t i = 0; i < LINES; ++i) {
     lines.push_back(Cell(readouts, LEFT[i], cell) + std::string(GAP, ' ') +
@@ -98,7 +111,7 @@ std::string Ends(const std::string& left, const std::string& right, std::size_t 
 
 std::vector<std::string> TerminalTable::LayOutReadouts(const Readouts& readouts,
                                                        std::size_t columns) {
-  return columns < TWO_COLUMNS_FROM ? OneColumn(readouts, columns) : TwoColumns(readouts, columns);
+  return HasTwoColumns(columns) ? TwoColumns(readouts, columns) : OneColumn(readouts, columns);
 }
 
 std::string TerminalTable::Bar(double share, std::size_t columns) {
@@ -116,21 +129,12 @@ std::string TerminalTable::Bar(double share, std::size_t columns) {
 
 std::vector<std::string> TerminalTable::LayOut(const Update& update, std::size_t columns,
                                                std::size_t rows) const {
-  std::vector<std::string> body = LayOutReadouts(update.readouts, columns);
-  const std::size_t widest = columns < TWO_COLUMNS_FROM
-                                 ? std::min(columns, WIDEST_CELL)
-                                 : 2 * std::min((columns - GAP) / 2, WIDEST_CELL) + GAP;
-  std::vector<std::string> lines = {
-      Ends("Ferolin  " + sourceName, "update " + std::to_string(update.number), widest), ""};
-  lines.insert(lines.end(), body.begin(), body.end());
+  const std::size_t width = WidthOfReadouts(columns);
+  std::vector<std::string> lines = LayOutReadouts(update.readouts, columns);
+  const std::string number = "update " + std::to_string(update.number);
+  lines.insert(lines.begin(), {Ends("Ferolin  " + sourceName, number, width), ""});
   lines.emplace_back();
-  const std::string hint = "Ctrl-C ends";
-  if (update.progress && columns > hint.size() + GAP + 12) {
-    const std::size_t bar = std::min(columns - hint.size() - GAP, LONGEST_BAR);
-    lines.push_back(Ends(Bar(*update.progress, bar), hint, widest));
-  } else {
-    lines.push_back(CutToColumns(hint, columns));
-  }
+  lines.push_back(LastLine(update, columns, width));
   if (lines.size() > rows) {
     lines.erase(lines.begin() + 1);
   }
@@ -138,6 +142,16 @@ std::vector<std::string> TerminalTable::LayOut(const Update& update, std::size_t
     lines.resize(rows);
   }
   return lines;
+}
+
+/// The progress, if it is known and there is room, and how to end the program.
+std::string TerminalTable::LastLine(const Update& update, std::size_t columns, std::size_t width) {
+  const std::string hint = "Ctrl-C ends";
+  if (!update.progress || columns <= hint.size() + GAP + SHORTEST_BAR) {
+    return CutToColumns(hint, columns);
+  }
+  const std::size_t length = std::min(columns - hint.size() - GAP, LONGEST_BAR);
+  return Ends(Bar(*update.progress, length), hint, width);
 }
 
 }  // namespace host

@@ -31,6 +31,8 @@ class TerminalTable {
   static std::string Bar(double share, std::size_t columns);
 
  private:
+  static std::string LastLine(const Update& update, std::size_t columns, std::size_t width);
+
   std::string sourceName;
 };
 

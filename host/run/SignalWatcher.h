@@ -9,9 +9,9 @@
 
 namespace host {
 
-/// Receives, on a thread of its own, the signals that ask the program to stop or tell a new terminal
-/// size. Make it before any other thread: threads inherit that these signals are blocked. A second
-/// request to stop ends the program at once.
+/// Receives, on a thread of its own, the signals that ask the program to stop or tell a new
+/// terminal size. Make it before any other thread: threads inherit that these signals are blocked.
+/// A second request to stop ends the program at once.
 class SignalWatcher {
  public:
   SignalWatcher();

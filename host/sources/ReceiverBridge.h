@@ -11,17 +11,17 @@
 
 namespace host {
 
-/// The engine understands old forms of $GPRMC, $GPGGA, $GPGSA, $GPGSV, $GPGLL and $GPVTG. The bridge
-/// rewrites newer forms, with a new checksum:
+/// The engine understands old forms of $GPRMC, $GPGGA, $GPGSA, $GPGSV, $GPGLL and $GPVTG. The
+/// bridge rewrites newer forms, with a new checksum:
 ///   talkers     "GN", "GL", "GA", "GB", ... of these six types become "GP".
 ///   satellites  Satellites of other systems get numbers that differ from those of GPS: GLONASS 65
-///               to 96, QZSS from 193, Galileo from 301, BeiDou from 401, NavIC from 501. The engine
-///               always reads four satellites from a GSV: a signal number behind the last satellite
-///               is removed, and a GSV with fewer than four is completed with empty ones.
+///               to 96, QZSS from 193, Galileo from 301, BeiDou from 401, NavIC from 501. The
+///               engine always reads four satellites from a GSV: a signal number behind the last
+///               satellite is removed, and a GSV with fewer than four is completed with empty ones.
 ///   time        RMC times lose their fraction (hhmmss.ss becomes hhmmss); with a fraction the
 ///               engine would use its own clock.
-///   speed       The engine reads knots from the third field of a VTG, as in the form without units.
-///               A VTG with units ("course,T,course,M,knots,N,km/h,K") is converted to that form. A
+///   speed       The engine reads knots from the third field of a VTG, as in the form without
+///               units. A VTG with units ("course,T,course,M,knots,N,km/h,K") is converted to that form. A
 ///               VTG without a speed is dropped, because it would erase the speed of the RMC.
 ///
 /// All other sentences pass unchanged. So does one with a wrong checksum: a new checksum would hide

@@ -5,7 +5,7 @@
 namespace host {
 namespace {
 
-/// The value as it stands in an update.
+/// The value in the JSON of an update.
 std::string Written(const std::string& value) {
   const std::string before = R"({"update":1,"sensors":{"Name":)";
   const std::string after = "}}\n";

@@ -91,7 +91,7 @@ class HostTest(ProgramTestCase):
         return path
 
     def replay(self, text, *arguments, **environment):
-        """Plays a recording; returns its updates, the end line and what was said."""
+        """Plays a recording. Returns its updates, the registry of the end and the messages."""
         return self.play("--nmea", self.write(text), *arguments, **environment)
 
     def play(self, *arguments, **environment):
@@ -146,7 +146,7 @@ class Recording(HostTest):
     def test_makes_one_line_of_every_rmc(self):
         updates, registry, _ = self.replay(recording([10.0] * 3000))
         self.assertEqual(len(updates), 3000)
-        # 10 knots are 18.52 km/h; 2999 s of them 15.428 km.
+        # 10 knots are 18.52 km/h, which make 15.428 km in 2999 s.
         self.assertEqual(updates[0]["Speed"], "18.5 km/h")
         self.assertEqual(updates[0]["Current time"], "6:00:00")
         self.assertEqual(updates[0]["Latitude"], "55°45'0'' NL")
@@ -160,7 +160,7 @@ class Recording(HostTest):
         started = time.monotonic()
         updates, _, _ = self.replay(recording([10.0] * 6), "--rate", "5")
         self.assertEqual(len(updates), 6)
-        # Five steps of a second, five times as fast: it cannot take less.
+        # Five steps of a second at five times the speed take at least a second.
         self.assertGreaterEqual(time.monotonic() - started, 1.0)
 
     def test_takes_line_feeds_alone_for_line_ends(self):
@@ -276,7 +276,7 @@ class TripTest(HostTest):
         self.assertEqual(registry["Elapsed"], "20")
 
     def test_that_went_nowhere_is_told_without_a_distance(self):
-        # One fast moment: there is a greatest speed, but no way driven.
+        # A single position has a speed but no distance.
         self.replay(recording([36 / 1.852]))
         self.assertIn("continuing the trip of the last run (--new-trip",
                       self.replay(recording([0.0]))[2])
@@ -345,7 +345,7 @@ class Extras(HostTest):
                 pass
         speeds = [kmh / 1.852 for kmh in (55, 61, 65, 72, 58, 0, 0)]
         _, _, said = self.replay(recording(speeds), "--limit", "60", "--beep-on-zero")
-        # At 61 and 65 within the band of 10; nothing at 72; the fall to 58; the stop.
+        # 61 and 65 are within the band of 10, 72 is above it; then the fall to 58 and the stop.
         self.assertIn("sounds played: Limit.wav: 2, LimitDown.wav: 1, Zero.wav: 1", said)
         _, _, said = self.replay(recording(speeds))
         self.assertIn("Limit.wav: 2", said)
@@ -536,7 +536,7 @@ class Receiver(HostTest):
         self.device = os.ttyname(self.slave)
 
     def baud_rate(self):
-        # struct termios2 ends in the two speeds as plain numbers.
+        # struct termios2 ends with the two speeds as numbers.
         settings = fcntl.ioctl(self.slave, TCGETS2, bytes(44))
         return struct.unpack("=4I20B2I", settings)[-1]
 
@@ -547,7 +547,7 @@ class Receiver(HostTest):
             text = "%s\r\n%s\r\n" % (gga(21600 + second, talker),
                                      rmc(21600 + second, 10.0 + second, talker))
             deadline = time.monotonic() + PATIENCE
-            # What is sent before the port is open is lost on a real one as well.
+            # Sends again: bytes sent before the port is open are lost, as on a real port.
             while len(updates) <= second and time.monotonic() < deadline:
                 os.write(self.master, text.encode())
                 if select.select([process.stdout], [], [], 2)[0]:

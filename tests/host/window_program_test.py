@@ -116,7 +116,7 @@ class Pictures(WindowTest):
         views, rest = divmod(len(rows) - 12, 332)
         self.assertEqual(rest, 0)
         self.assertGreaterEqual(views, 2)
-        # Each way with buttons and without.
+        # Portrait and landscape, each with buttons and without.
         places = (((12, 264), 240, 320), ((516, 848), 320, 240))
         for view in range(views):
             top = 12 + view * 332
@@ -125,7 +125,7 @@ class Pictures(WindowTest):
                 for left in lefts:
                     part = [row[left:left + across] for row in rows[top:top + down]]
                     self.assertGreater(count_lit(part), 1000, (view, left))
-                    # The edge of a button at the side where the arrows are.
+                    # The edge of a button on the side of the arrows.
                     edge = [row[:54] for row in part[-52:]] if across < down \
                         else [row[-52:] for row in part[60:170]]
                     bars.append([pixel for row in edge for pixel in row])
