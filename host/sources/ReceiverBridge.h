@@ -21,8 +21,9 @@ namespace host {
 ///   time        RMC times lose their fraction (hhmmss.ss becomes hhmmss); with a fraction the
 ///               engine would use its own clock.
 ///   speed       The engine reads knots from the third field of a VTG, as in the form without
-///               units. A VTG with units ("course,T,course,M,knots,N,km/h,K") is converted to that form. A
-///               VTG without a speed is dropped, because it would erase the speed of the RMC.
+///               units. A VTG with units ("course,T,course,M,knots,N,km/h,K") is converted to that
+///               form. A VTG without a speed is dropped, because it would erase the speed of the
+///               RMC.
 ///
 /// All other sentences pass unchanged. So does one with a wrong checksum: a new checksum would hide
 /// the damage.
