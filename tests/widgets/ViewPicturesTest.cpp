@@ -1,4 +1,5 @@
-// Whole views, compared with pictures that were looked at.
+// Whole views, compared with pictures that were looked at. In Russian just the ones with the longest
+// words.
 
 #include <algorithm>
 
@@ -18,7 +19,7 @@ class ViewPictures : public ViewTest {
  protected:
   ViewPictures() : ViewTest(LANGUAGE) {}
 
-  /// A drive as one looks at it on a Sunday afternoon.
+  /// An ordinary trip, with values for all read-outs.
   void TakeATrip(double kmh = 87) {
     Drive("143027", kmh, 40);
     SetSatellites(8);
@@ -40,14 +41,15 @@ class ViewPictures : public ViewTest {
   void Expect(int view, const std::string& name, bool withBars = false) {
     ShowBars(view, withBars);
     Draw(view);
-    ExpectGolden(Kept(view, name), Shown());
-  }
-
-  /// Name of a picture in this language. The speed in large figures has no words.
-  static std::string Kept(int view, const std::string& name) {
-    return (IS_RUSSIAN && view == FEROLIN_VIEW_SPEEDOMETER ? "russian-" : "") + name;
+    ExpectGolden((IS_RUSSIAN ? "russian-" : "") + name, Shown());
   }
 };
+
+/// The speed in large figures has no words.
+std::vector<int> Views() {
+  return IS_RUSSIAN ? std::vector<int>{FEROLIN_VIEW_SPEEDOMETER}
+                    : std::vector<int>{FEROLIN_VIEW_SPEEDOMETER, FEROLIN_VIEW_FULL_SCREEN_SPEED};
+}
 
 const char* NameOf(int view) {
   return view == FEROLIN_VIEW_SPEEDOMETER ? "speedometer" : "speed";
@@ -67,8 +69,11 @@ TEST_P(ViewPicturesOfSize, Match) {
 }
 
 std::vector<SizeCase> AllSizes() {
+  if (IS_RUSSIAN) {
+    return {{FEROLIN_VIEW_SPEEDOMETER, 240, 320}};
+  }
   std::vector<SizeCase> cases;
-  for (const int view : {FEROLIN_VIEW_SPEEDOMETER, FEROLIN_VIEW_FULL_SCREEN_SPEED}) {
+  for (const int view : Views()) {
     for (const auto& [width, height] :
          {std::pair(240, 320), std::pair(320, 240), std::pair(480, 640), std::pair(640, 480),
           std::pair(480, 800), std::pair(800, 480)}) {
@@ -80,7 +85,8 @@ std::vector<SizeCase> AllSizes() {
 
 INSTANTIATE_TEST_SUITE_P(Sizes, ViewPicturesOfSize, testing::ValuesIn(AllSizes()));
 
-/// Bits: vertical, horizontal, colour, orientation. They know no language.
+/// Bits: vertical, horizontal, colour, orientation. The buttons stay as they are. Frames under all
+/// other flags are compared below, without buttons.
 class ViewPicturesWithFlags : public ViewPictures, public testing::WithParamInterface<int> {};
 
 TEST_P(ViewPicturesWithFlags, Match) {
@@ -95,9 +101,11 @@ TEST_P(ViewPicturesWithFlags, Match) {
 }
 
 GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(ViewPicturesWithFlags);
-INSTANTIATE_TEST_SUITE_P(All, ViewPicturesWithFlags, testing::Range(0, IS_RUSSIAN ? 0 : 16));
+INSTANTIATE_TEST_SUITE_P(EachFlagOnce, ViewPicturesWithFlags,
+                         testing::ValuesIn(IS_RUSSIAN ? std::vector<int>()
+                                                      : std::vector<int>{6, 9}));
 
-/// The picture turned by a quarter clockwise.
+/// The picture turned clockwise by 90 degrees.
 handheld::Pixels Turned(const handheld::Pixels& picture) {
   handheld::Pixels turned = {picture.height, picture.width, picture.rows};
   for (int y = 0; y < picture.height; ++y) {
@@ -115,12 +123,12 @@ void MirrorRows(handheld::Pixels& picture) {
   }
 }
 
-/// What a picture looks like under the flags that are set now.
+/// The picture presented under the flags that are set now.
 handheld::Pixels Oriented(handheld::Pixels picture) {
   if (theInvertFlags.orient != 0) {
     picture = Turned(picture);
   }
-  // Reversing all pixels turns by half a turn: both mirrorings at once.
+  // Reversing the order of all pixels makes both mirrorings at once.
   if (theInvertFlags.vert != 0) {
     std::ranges::reverse(picture.rows);
   }
@@ -152,13 +160,12 @@ TEST_P(ViewPicturesOriented, AreTheUprightOnesTurnedMirroredAndInverted) {
   ShowBars(view, false);
   Draw(view);
   const bool isTurned = theInvertFlags.orient != 0;
-  const handheld::Pixels upright =
-      LoadGolden(Kept(view, Format("%s-%ix%i", NameOf(view), isTurned ? height : width,
-                                   isTurned ? width : height)));
+  const handheld::Pixels upright = LoadGolden(
+      Format("%s-%ix%i", NameOf(view), isTurned ? height : width, isTurned ? width : height));
   const handheld::Pixels expected = Oriented(upright);
   const handheld::Pixels shown = Shown();
   EXPECT_EQ(width, expected.width);
-  // Too long to print.
+  // A comparison of vectors would print all pixels.
   EXPECT_TRUE(std::ranges::equal(expected.rows, shown.rows, [](std::uint32_t a, std::uint32_t b) {
     return ((a ^ b) & 0x00FFFFFF) == 0;
   }));
@@ -171,9 +178,10 @@ std::vector<OrientedCase> AllOrientations() {
       cases.push_back({size.view, size.width, size.height, flags});
     }
   }
-  return cases;
+  return IS_RUSSIAN ? std::vector<OrientedCase>() : cases;
 }
 
+GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(ViewPicturesOriented);
 INSTANTIATE_TEST_SUITE_P(All, ViewPicturesOriented, testing::ValuesIn(AllOrientations()));
 
 struct SpeedCase {
@@ -193,24 +201,32 @@ TEST_P(ViewPicturesAtSpeed, Match) {
   Set(FEROLIN_SENSOR_FASTEST_100, "100;999999");
   Set(FEROLIN_SENSOR_FASTEST_402, "402;9999999");
   Set(FEROLIN_SENSOR_FASTEST_1000, "1000;99999999");
-  for (const int view : {FEROLIN_VIEW_SPEEDOMETER, FEROLIN_VIEW_FULL_SCREEN_SPEED}) {
+  for (const int view : Views()) {
     Expect(view, Format("%s-%gkmh-%ix%i", NameOf(view), kmh, width, height));
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Extremes, ViewPicturesAtSpeed,
-                         testing::Values(SpeedCase{0, 240, 320}, SpeedCase{220, 240, 320},
-                                         SpeedCase{221, 320, 240}, SpeedCase{999, 240, 320},
-                                         SpeedCase{999, 320, 240}));
+std::vector<SpeedCase> AllSpeeds() {
+  if (IS_RUSSIAN) {
+    return {{999, 240, 320}, {999, 320, 240}};
+  }
+  return {{0, 240, 320}, {220, 240, 320}, {221, 320, 240}, {999, 240, 320}, {999, 320, 240}};
+}
+
+INSTANTIATE_TEST_SUITE_P(Extremes, ViewPicturesAtSpeed, testing::ValuesIn(AllSpeeds()));
 
 TEST_F(ViewPictures, MatchBeforeAFix) {
   Open(240, 320);
   engine->OnUpdate("$GPRMC,000000,V,,,,,,,230324,,*00");
-  Expect(FEROLIN_VIEW_SPEEDOMETER, "speedometer-no-fix");
-  Expect(FEROLIN_VIEW_FULL_SCREEN_SPEED, "speed-no-fix");
+  for (const int view : Views()) {
+    Expect(view, Format("%s-no-fix", NameOf(view)));
+  }
 }
 
 TEST_F(ViewPictures, MatchWithoutPictures) {
+  if (IS_RUSSIAN) {
+    GTEST_SKIP() << "the words are in the other pictures";
+  }
   for (const auto& entry : std::filesystem::directory_iterator(folder.Path("Pics"))) {
     if (entry.path().filename() != "speedometer.png") {
       std::filesystem::remove(entry.path());
@@ -223,6 +239,9 @@ TEST_F(ViewPictures, MatchWithoutPictures) {
 }
 
 TEST_F(ViewPictures, MatchWithBars) {
+  if (IS_RUSSIAN) {
+    GTEST_SKIP() << "the words are in the other pictures";
+  }
   Open(240, 320);
   TakeATrip();
   Expect(FEROLIN_VIEW_SPEEDOMETER, "speedometer-bars", true);
@@ -230,6 +249,9 @@ TEST_F(ViewPictures, MatchWithBars) {
 }
 
 TEST_F(ViewPictures, MatchOnAFineScreen) {
+  if (IS_RUSSIAN) {
+    GTEST_SKIP() << "the words are in the other pictures";
+  }
   Open(480, 800, 192);
   TakeATrip();
   Expect(FEROLIN_VIEW_SPEEDOMETER, "speedometer-480x800-192dpi", true);

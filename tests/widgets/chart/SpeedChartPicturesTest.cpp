@@ -13,7 +13,7 @@ namespace {
 
 constexpr bool IS_RUSSIAN = std::string_view(LANGUAGE) == "RUS";
 
-/// A speed that is reached evenly in that many seconds.
+/// A speed reached at an even rate in that many seconds.
 struct Leg {
   int seconds;
   float kmh;
@@ -28,7 +28,7 @@ class SpeedChartPictures : public ViewTest {
  protected:
   SpeedChartPictures() : ViewTest(LANGUAGE) {}
 
-  /// Seconds of town and country, from 14:30 on; speeds are multiplied.
+  /// A drive through town and country from 14:30 on. Speeds are multiplied by the factor.
   void DriveFor(int seconds, float factor = 1) {
     float kmh = 0;
     for (int second = 0;;) {
@@ -55,7 +55,7 @@ class SpeedChartPictures : public ViewTest {
         {100, 3737, 5545, static_cast<float>(second % 360), kmh, time});
   }
 
-  /// By the button, in landscape.
+  /// Taps the button, in landscape.
   void ZoomOutTo(int zoom) {
     engine->GetRedraw().SetCurRenderWidget(FEROLIN_VIEW_NONE);
     {
@@ -93,7 +93,7 @@ TEST_P(SpeedChartPicturesOfSize, Match) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Sizes, SpeedChartPicturesOfSize,
-                         testing::ValuesIn(IS_RUSSIAN ? std::vector<Size>{{240, 320}, {320, 240}}
+                         testing::ValuesIn(IS_RUSSIAN ? std::vector<Size>{{240, 320}}
                                                       : std::vector<Size>{{240, 320},
                                                                           {320, 240},
                                                                           {480, 640},
@@ -116,7 +116,7 @@ INSTANTIATE_TEST_SUITE_P(All, SpeedChartPicturesOfZoom,
                          testing::ValuesIn(IS_RUSSIAN ? std::vector<int>()
                                                       : std::vector<int>{2, 4, 128}));
 
-/// What a view that is hardly used shows, and the scales that the drive does not reach.
+/// No point, one point, and the scales that the drive does not reach.
 TEST_F(SpeedChartPictures, MatchAtTheExtremes) {
   if (IS_RUSSIAN) {
     GTEST_SKIP() << "the words are in the other pictures";

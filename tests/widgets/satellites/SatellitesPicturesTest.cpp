@@ -15,8 +15,8 @@ class SatellitesPictures : public ViewTest {
  protected:
   SatellitesPictures() : ViewTest(LANGUAGE) {}
 
-  /// Twelve, with signals on both sides of every limit, one that is not received, and figures as
-  /// long as they get.
+  /// Twelve satellites: signals on both sides of every limit, one that is not received, and the
+  /// longest figures.
   void SeeTheSky() {
     Receive(Satellites{{
         {2, 78, 300, 50},
@@ -62,12 +62,14 @@ TEST_P(SatellitesPicturesOfSize, Match) {
   Expect(Format("satellites-%ix%i", width, height));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Sizes, SatellitesPicturesOfSize,
-    testing::ValuesIn(
-        IS_RUSSIAN ? std::vector<Size>{{240, 320}, {320, 240}, {800, 480}}
-                   : std::vector<Size>{
-                         {240, 320}, {320, 240}, {480, 640}, {640, 480}, {480, 800}, {800, 480}}));
+INSTANTIATE_TEST_SUITE_P(Sizes, SatellitesPicturesOfSize,
+                         testing::ValuesIn(IS_RUSSIAN ? std::vector<Size>{{240, 320}}
+                                                      : std::vector<Size>{{240, 320},
+                                                                          {320, 240},
+                                                                          {480, 640},
+                                                                          {640, 480},
+                                                                          {480, 800},
+                                                                          {800, 480}}));
 
 TEST_F(SatellitesPictures, MatchWithoutSatellites) {
   Open(320, 240);
