@@ -9,13 +9,13 @@
 
 namespace drawing {
 
-/// Keeps what the scenes came to: of each picture a line in "scenes.txt" with its name, what the
-/// calls that drew it answered, and a checksum of its pixels. Of those that are asked for also the
-/// pixels, as "<name>.raw": a line with width, height and bits a pixel, then the rows from the top.
+/// Writes the results of the scenes. Each picture has a line in "scenes.txt": its name, the results
+/// of the calls that drew it, and a checksum of its pixels. Pictures asked for are also written as
+/// "<name>.raw": a line with width, height and bits a pixel, then the rows from the top.
 class Album {
  public:
-  /// `wanted`: pictures whose pixels are written. `spoilt`: a picture of which one pixel is
-  /// changed; none when empty.
+  /// `wanted`: pictures whose pixels are written. `spoilt`: a picture with one pixel changed, to
+  /// test the comparison; empty for none.
   Album(std::string folder, std::set<std::string> wanted, std::string spoilt);
   ~Album();
   Album(const Album&) = delete;

@@ -29,7 +29,7 @@ DWORD OperationOf(const Scene& scene) {
   return scene.index % 5 == 0 ? NOTSRCCOPY : SRCCOPY;
 }
 
-/// Partly outside the target, smaller and larger than the source.
+/// A target partly outside of the picture, smaller or larger than the source.
 Box PlaceIn(Random& random, int mostExtent) {
   const int x = random.In(-60, WIDTH);
   const int y = random.In(-60, HEIGHT);
@@ -90,7 +90,7 @@ void DrawCopy(Scene& scene) {
   scene.Keep(target);
 }
 
-/// A whole picture to any size, as pictures and frames are drawn.
+/// A whole picture scaled to any size, as pictures and frames are drawn.
 void DrawWhole(Scene& scene) {
   const int width = scene.random.In(1, 40);
   const int height = scene.random.In(1, 40);
@@ -116,7 +116,7 @@ void DrawPart(Scene& scene) {
   MirrorByChance(to, scene.random);
   const int x = scene.random.In(0, 20);
   const int y = scene.random.In(0, 20);
-  // One less than there is: a mirrored part includes the pixel that it starts from.
+  // One less than the length: a mirrored part includes the pixel at its start.
   const int width = scene.random.In(1, SIZE - 1 - x);
   const int height = scene.random.In(1, SIZE - 1 - y);
   Box from = {x, y, width, height};
@@ -127,7 +127,7 @@ void DrawPart(Scene& scene) {
 
 constexpr int MOST_LENGTH = 20;
 
-/// Every number of pixels to every other, each source pixel with a bit of its own that is 0.
+/// Every length scaled to every other. Each source pixel has another bit that is 0.
 void DrawLength(Scene& scene) {
   const Paper target(Paper::TOP_DOWN_32, MOST_LENGTH, 2);
   const Paper source(Paper::TOP_DOWN_32, MOST_LENGTH, 1);
@@ -141,7 +141,7 @@ void DrawLength(Scene& scene) {
   scene.Keep(target);
 }
 
-/// Onto itself.
+/// A picture copied onto itself.
 void DrawOverlap(Scene& scene) {
   const Paper paper(TargetKind(scene), WIDTH, HEIGHT);
   paper.FillWithNoise(scene.random);
@@ -164,7 +164,7 @@ BLENDFUNCTION HowToBlend(Scene& scene) {
   return {AC_SRC_OVER, 0, alpha, static_cast<BYTE>(scene.index % 11 == 0 ? 0 : AC_SRC_ALPHA)};
 }
 
-/// Without scaling; now and then with colours brighter than their alpha allows.
+/// Blending without scaling, now and then with colours brighter than their alpha allows.
 void DrawBlended(Scene& scene) {
   const Paper target(TargetKind(scene), WIDTH, HEIGHT);
   const Paper source(scene.index % 5 == 0 ? Paper::BOTTOM_UP_32 : Paper::TOP_DOWN_32, 35, 33);
@@ -176,7 +176,7 @@ void DrawBlended(Scene& scene) {
   scene.Keep(target);
 }
 
-/// A whole picture to any size.
+/// A whole picture blended to any size.
 void DrawBlendedWhole(Scene& scene) {
   const int width = scene.random.In(1, 40);
   const int height = scene.random.In(1, 40);
@@ -192,7 +192,7 @@ void DrawBlendedWhole(Scene& scene) {
   scene.Keep(target);
 }
 
-/// Also from parts that are not there, or not as they should be.
+/// Source rectangles may be empty or reach outside; targets may be empty or mirrored.
 void DrawBlendedPart(Scene& scene) {
   const Paper target(TargetKind(scene), WIDTH, HEIGHT);
   const Paper source(Paper::TOP_DOWN_32, 35, 33);
@@ -223,7 +223,7 @@ void DrawBlendedFrom16(Scene& scene) {
   scene.Keep(target);
 }
 
-/// Memory like the screen's, as frames are presented in, and what is drawn into it afterwards.
+/// Bitmaps in the screen's format, which frames are presented in, with drawings on top.
 void DrawLikeTheScreen(Scene& scene) {
   const HDC screen = GetDC(nullptr);
   const HDC dc = CreateCompatibleDC(screen);

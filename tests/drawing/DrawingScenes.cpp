@@ -1,5 +1,4 @@
-// Draws many small scenes and all views, so that homes can be compared. The same source for every
-// home.
+// Draws many small scenes and all views, so that homes can be compared. All homes build this source.
 
 #include <cstdio>
 #include <set>

@@ -1,5 +1,4 @@
-// What homes have to do differently before scenes can be drawn. Each has its own source:
-// Home.<home>.cpp.
+// Preparations that differ between homes. Each home has its own source, Home.<home>.cpp.
 #pragma once
 
 #include <windows.h>
@@ -8,8 +7,8 @@
 
 namespace drawing {
 
-/// A module that lies beside the pictures and the display font; the battery from now on is at 65 %
-/// and charging, the screen has 96 dpi.
+/// Sets the screen to 96 dpi and the battery to 65 %, charging. Returns a module that lies beside the
+/// pictures and the display font.
 HMODULE PrepareHome();
 
 }  // namespace drawing

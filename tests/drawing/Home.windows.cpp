@@ -2,7 +2,7 @@
 
 extern "C" {
 
-/// Stands in for the platform's, which would tell of this machine.
+/// Takes the place of the platform's function, which would report this machine's battery.
 BOOL WINAPI GetSystemPowerStatusEx(SYSTEM_POWER_STATUS_EX* status, BOOL) {
   constexpr BYTE CHARGING = 8;
   *status = {};

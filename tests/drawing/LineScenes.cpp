@@ -43,7 +43,7 @@ void DrawThin(Scene& scene) {
 constexpr int REACH = 9;
 constexpr int DIRECTIONS = (2 * REACH + 1) * (2 * REACH + 1);
 
-/// From the middle to every place around it.
+/// A line from the middle to every place around it.
 void DrawDirection(Scene& scene, int penWidth) {
   const Paper paper(Paper::BOTTOM_UP_16, 34, 34);
   paper.Fill(WHITE);
@@ -66,7 +66,7 @@ void DrawWideDirection(Scene& scene) {
   DrawDirection(scene, PEN_WIDTHS[static_cast<std::size_t>(scene.index / DIRECTIONS)]);
 }
 
-/// Ends far outside the picture.
+/// Lines whose ends lie far outside of the picture.
 void DrawFar(Scene& scene) {
   const Paper paper(Paper::BOTTOM_UP_16, 64, 48);
   paper.Fill(WHITE);
@@ -149,7 +149,7 @@ void DrawDashed(Scene& scene) {
   MoveToEx(paper.GetDC(), start.x, start.y, nullptr);
   for (int line = 0; line <= scene.index % 4; ++line) {
     const POINT to = PointIn(scene.random, 0, 99, 79);
-    // Now and then upright or level, and on its own.
+    // Now and then a single line, upright or level.
     if (scene.index % 3 == 0)
       MoveToEx(paper.GetDC(), scene.random.In(0, 99), to.y, nullptr);
     if (scene.index % 9 == 1)

@@ -81,7 +81,7 @@ std::string Paper::GetPixels() const {
   return pixels;
 }
 
-/// Rows begin at multiples of 4 bytes.
+/// In memory rows begin at multiples of 4 bytes.
 std::size_t Paper::GetRowBytes() const {
   return static_cast<std::size_t>((width * bitsPerPixel + 31) / 32 * 4);
 }

@@ -29,11 +29,11 @@ class Paper {
 
   void Fill(COLORREF color) const;
   void FillWithNoise(Random& random) const;
-  /// Makes 32-bit pixels with an alpha out of noise: some opaque, some clear, colours no brighter
-  /// than their alpha.
+  /// Gives 32-bit pixels of noise an alpha: some are opaque, some clear, and no colour is brighter
+  /// than its alpha.
   void Premultiply(Random& random) const;
 
-  /// All pixels, the picture's top row first, without gaps between rows.
+  /// All pixels, the top row first, without gaps between rows.
   std::string GetPixels() const;
 
  private:
@@ -49,8 +49,7 @@ class Paper {
   void* bits = nullptr;
 };
 
-/// An object in use: selected into the context, and deleted at the end after the one before was put
-/// back.
+/// Selects an object into the context. Puts the previous one back at its end and deletes its own.
 class InUse {
  public:
   InUse(HDC context, HGDIOBJ used) : dc(context), object(used), old(SelectObject(dc, object)) {}

@@ -6,8 +6,8 @@
 
 namespace drawing {
 
-/// Numbers that look random and are the same on every home. Draw them one a statement: the order in
-/// which a call's arguments are worked out differs between homes.
+/// Pseudo-random numbers, the same on every home. Draw one in a statement: the order in which a
+/// call's arguments are evaluated differs between homes.
 class Random {
  public:
   explicit Random(std::uint32_t seed) : state(seed == 0 ? 1 : seed) {
@@ -22,7 +22,7 @@ class Random {
     return state;
   }
 
-  /// first .. last, both included.
+  /// A number from `first` to `last`, both included.
   int In(int first, int last) {
     return first + static_cast<int>(Next() % static_cast<std::uint32_t>(last - first + 1));
   }

@@ -1,4 +1,4 @@
-// Small drawings, each made of the calls that the engine draws with.
+// Small drawings made of the calls that the engine draws with.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@
 
 namespace drawing {
 
-/// One drawing being made: the numbers that it is made of, and where its pictures go.
+/// One drawing under way: the random numbers for it, and the album for its pictures.
 class Scene {
  public:
   Scene(Album& album, const std::string& family, int index);
@@ -19,12 +19,12 @@ class Scene {
   const int index;
   Random random;
 
-  /// Takes down what a call answered.
+  /// Notes the result of a call.
   void Note(std::int64_t answer) {
     answers = (answers ^ static_cast<std::uint32_t>(answer)) * 16777619U;
   }
 
-  /// Puts the picture into the album. Scenes with several pictures name them.
+  /// Puts the picture into the album. A scene with several pictures names each.
   void Keep(const Paper& paper, const char* part = "");
 
  private:
@@ -43,9 +43,9 @@ struct Family {
 std::vector<Family> LineFamilies();
 std::vector<Family> ShapeFamilies();
 std::vector<Family> BlitFamilies();
-/// Starts an engine for good, and that loads the display font.
+/// Starts an engine that lives as long as the process. It loads the display font.
 std::vector<Family> ViewFamilies();
-/// With the display font, if it is loaded.
+/// Uses the display font if that is loaded.
 std::vector<Family> TextFamilies();
 
 }  // namespace drawing

@@ -44,7 +44,7 @@ void DrawEllipse(Scene& scene) {
   const InUse pen(paper.GetDC(), PenOf(scene, scene.random.In(0, 7)));
   const InUse brush(paper.GetDC(), CreateSolidBrush(scene.random.Color()));
   const RECT rect = RectIn(scene.random, -5, 65);
-  // Beyond that the rows at the ends are left to chance: no curve gets there.
+  // In narrower ellipses no curve reaches the rows at the ends: their pixels are arbitrary.
   const int width = static_cast<int>(std::abs(rect.right - rect.left));
   const int mostHeight = std::max(2 * (width - 1) * (width - 1) - 1, 0);
   const LONG bottom = std::clamp(rect.bottom, rect.top - mostHeight, rect.top + mostHeight);
@@ -75,7 +75,7 @@ void DrawRounded(Scene& scene, int corner) {
   const InUse pen(paper.GetDC(), PenOf(scene, width));
   const InUse brush(paper.GetDC(), CreateSolidBrush(scene.random.Color()));
   const RECT rect = RectIn(scene.random, -5, 65);
-  // Corners as round as they are wide, for the reason above.
+  // Corners are as high as wide, for the reason above.
   const int size = std::min({corner, static_cast<int>(std::abs(rect.right - rect.left)),
                              static_cast<int>(std::abs(rect.bottom - rect.top))});
   scene.Note(RoundRect(paper.GetDC(), rect.left, rect.top, rect.right, rect.bottom, size, size));

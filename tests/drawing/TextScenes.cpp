@@ -1,4 +1,4 @@
-// Texts: how large they are and how they look.
+// Texts: their sizes and their pixels.
 
 #include <algorithm>
 #include <array>
@@ -30,7 +30,7 @@ constexpr std::array<const WCHAR*, 10> TEXTS = {
     TEXT("A&B && c"),
 };
 
-/// The last one is only measured: homes differ in whether shortcuts are underlined.
+/// The last text is only measured: some homes underline shortcuts, others do not.
 constexpr int TEXTS_DRAWN = static_cast<int>(TEXTS.size()) - 1;
 
 constexpr std::array HEIGHTS = {2,  4,  7,  8,  9,  10, 11, 12, 13, 14, 15, 16, 17,  18,  19,
@@ -53,7 +53,7 @@ HFONT FontOfScene(const Scene& scene, int angle) {
   return FontOf(FACES[number % FACES.size()], HEIGHTS[number / FACES.size()], angle);
 }
 
-/// The sizes of all texts; the picture stays empty.
+/// Notes the sizes of all texts. The picture stays empty.
 void MeasureTexts(Scene& scene) {
   const Paper paper(Paper::TOP_DOWN_16, 1, 1);
   const InUse font(paper.GetDC(), FontOfScene(scene, 0));

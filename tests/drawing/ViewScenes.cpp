@@ -1,4 +1,4 @@
-// All views of an engine in the middle of a drive, held in all ways.
+// All views of an engine in the middle of a drive, under all flags.
 
 #include <objbase.h>
 
@@ -31,7 +31,7 @@ HWND OpenWindow(const SIZE& size) {
                          size.cy, nullptr, nullptr, nullptr, nullptr);
 }
 
-/// An engine with a window of each size, after some minutes on the road.
+/// An engine after ten minutes on the road, with a window of each size.
 class Stage {
  public:
   Stage() {
@@ -47,7 +47,7 @@ class Stage {
     Drive();
   }
 
-  /// Held with the flags: bits for vertical, horizontal, colour, orientation.
+  /// Bits of `flags`: vertical, horizontal, colour, orientation.
   void Draw(int view, std::size_t size, int flags, bool withBars) {
     ferolin::theInvertFlags.vert = static_cast<std::uint8_t>(flags & 1);
     ferolin::theInvertFlags.horz = static_cast<std::uint8_t>(flags >> 1 & 1);
@@ -66,7 +66,7 @@ class Stage {
   int GetViewCount() { return engine.GetWidgets().GetCount(); }
 
  private:
-  /// A fix a second, on a winding road, with the satellites moving by.
+  /// A fix a second on a winding road, under moving satellites.
   void Drive() {
     constexpr int SECONDS = 600;
     for (int second = 0; second < SECONDS; ++second) {
@@ -109,7 +109,7 @@ Stage& TheStage() {
 }
 
 SIZE SizeOf(HDC dc) {
-  // What is selected is told by putting something else in its place for a moment.
+  // Selecting another bitmap for a moment returns the one that was selected.
   const HBITMAP other = CreateCompatibleBitmap(dc, 1, 1);
   const HGDIOBJ shown = SelectObject(dc, other);
   BITMAP description = {};

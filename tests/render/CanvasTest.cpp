@@ -196,7 +196,7 @@ TEST_F(CanvasTest, DrawsACircleOfRadiusOneAsFourPixels) {
   EXPECT_EQ((std::set<Point>{{0, 1}, {0, -1}, {1, 0}, {-1, 0}}), Circle(*this, 1));
 }
 
-/// The pixels and their mirror images in both axes.
+/// The pixels with their mirror images in both axes.
 std::set<Point> Mirrored(std::initializer_list<Point> quarter) {
   std::set<Point> points;
   for (const Point& point : quarter) {
@@ -278,7 +278,7 @@ TEST_F(CanvasTest, DrawsARectangleWithItsFrame) {
 TEST_F(CanvasTest, RoundsTheCornersOfARectangle) {
   Open(240, 320);
   theCanvas.DrawRoundRect(RED, 1, GREEN, 10, 20, 30, 40);
-  // A corner of 3 x 3 lacks its outermost pixel and no other.
+  // A corner of 3 x 3 lacks just its outermost pixel.
   for (const Point& corner : {Point(10, 20), Point(29, 20), Point(10, 39), Point(29, 39)}) {
     EXPECT_EQ(BLACK, At(corner.first, corner.second));
   }

@@ -21,16 +21,16 @@ class FrameTest : public testing::Test {
   FrameTest();
   ~FrameTest() override;
 
-  /// Opens a window that fills a screen of that size, and begins a black frame in it.
+  /// Opens a window that fills a screen of that size and begins a black frame in it.
   void Open(int width, int height, int dpi = 96);
 
-  /// Colour of a pixel of the back buffer, and of the window after presenting.
+  /// Colours of a pixel: in the back buffer, and in the window after presenting.
   COLORREF At(int x, int y) const { return GetPixel(theCanvas.GetDrawingDC(), x, y); }
   COLORREF WindowAt(int x, int y) const;
 
-  /// Pixels of the back buffer that are not black.
+  /// Number of the back buffer's pixels that are not black.
   int CountInk() const;
-  /// The smallest rectangle that holds them; all zero when there are none.
+  /// The smallest rectangle around the pixels that are not black; all zero without such pixels.
   RECT InkBounds() const;
 
   void Present();

@@ -24,7 +24,7 @@ class PictureTest : public FrameTest {
   PictureTest() { CoInitializeEx(nullptr, COINIT_MULTITHREADED); }
   ~PictureTest() override { CoUninitialize(); }
 
-  /// Writes a picture file of rows of `width` pixels and gives its path on the device.
+  /// Writes a picture file with rows of `width` pixels. Returns its path on the device.
   WideString Write(const std::vector<Rgba>& pixels, unsigned width) const {
     png_image image = {};
     image.version = PNG_IMAGE_VERSION;
@@ -36,7 +36,7 @@ class PictureTest : public FrameTest {
     return folder.DevicePath("picture.png");
   }
 
-  /// Colour that a pixel gives when it is drawn over `background`.
+  /// Colour that results from drawing a pixel over `background`.
   COLORREF Drawn(const Rgba& pixel, COLORREF background) {
     Picture picture;
     EXPECT_TRUE(picture.Load(Write({pixel}, 1)));
@@ -167,7 +167,7 @@ TEST_F(PictureTest, LetsTheBackgroundThroughWhereItIsTransparent) {
   theCanvas.FillBackground(WHITE);
   picture.DrawBlended(theCanvas.GetDrawingDC(), {0, 0, 2, 1}, 255);
   EXPECT_EQ(WHITE, At(0, 0));
-  // Half of 255, on a scale of 31 steps.
+  // Half of 255 on a scale of 31 steps.
   EXPECT_NEAR(127, GetRValue(At(1, 0)), 8);
 }
 

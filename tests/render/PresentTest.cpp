@@ -11,9 +11,8 @@ struct Flags {
   int vert, horz, orient;
 };
 
-/// Where the four corners of a frame show in the window, in the order top left, top right, bottom
-/// left, bottom right of the window: each letter is one corner of the frame. A B over C D is the
-/// frame as it was drawn.
+/// The corners of the frame that show in the window's corners: top left, top right, bottom left,
+/// bottom right. A and B are the frame's upper corners, C and D the lower ones.
 struct PresentCase {
   Flags flags;
   const char* corners;
@@ -21,7 +20,7 @@ struct PresentCase {
 
 class Present : public FrameTest, public testing::WithParamInterface<PresentCase> {
  protected:
-  /// Each quarter of the frame in a colour of its own.
+  /// Fills each quarter of the frame with a colour of its own.
   void DrawQuarters() {
     const RECT frame = theCanvas.GetFrameRect();
     const LONG x = frame.right / 2;
@@ -99,7 +98,7 @@ TEST_P(Present, ScalesToTheWindow) {
   ExpectCorners(GetParam().corners, false, 480, 640);
 }
 
-/// At one and at two pixels of the window for one of the frame.
+/// At 96 and at 192 dpi: one and two pixels of the window for one of the frame.
 TEST_P(Present, KnowsWhatPixelOfTheFrameIsShown) {
   SetFlags(GetParam().flags);
   for (const auto& [width, height, dpi] : {std::tuple(60, 40, 96), std::tuple(120, 80, 192)}) {
@@ -154,7 +153,7 @@ TEST_F(PresentTest, TurnsPixelForPixel) {
   SetPixel(theCanvas.GetDrawingDC(), 0, 0, RED);
   SetPixel(theCanvas.GetDrawingDC(), 10, 20, BLUE);
   Present();
-  // (x, y) of a frame 320 high goes to (319 - y, x).
+  // Pixel (x, y) of a frame 320 high goes to (319 - y, x).
   EXPECT_EQ(RED, WindowAt(319, 0));
   EXPECT_EQ(BLUE, WindowAt(299, 10));
 }

@@ -8,7 +8,7 @@ namespace ferolin {
 
 namespace {
 
-/// A bottom-up bitmap, addressed as it looks: y grows downward from the top.
+/// A bottom-up bitmap with coordinates from the top left, y downward.
 struct Bitmap {
   Bitmap(int w, int h)
       : width(w), height(h), pixels(static_cast<std::size_t>(RowLength16(w) * h), 0xFFFF) {}
@@ -42,8 +42,8 @@ TEST(Rotation, TurnsTwoRowsOfFourIntoFourRowsOfTwo) {
   Bitmap target = Rotated(Numbered(4, 2));
   // 0 1 2 3      4 0
   // 4 5 6 7  ->  5 1
-  // 6 2
-  // 7 3
+  //              6 2
+  //              7 3
   const std::vector<std::vector<int>> expected = {{4, 0}, {5, 1}, {6, 2}, {7, 3}};
   for (int y = 0; y < 4; ++y) {
     for (int x = 0; x < 2; ++x) {

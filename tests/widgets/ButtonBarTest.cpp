@@ -42,7 +42,7 @@ class ButtonBarTest : public ViewTest {
 
   void DrawBar() { bar.Draw(theCanvas.GetPresentDC(), CLIENT); }
 
-  /// Frames that the bars are drawn in until `bar` is hidden.
+  /// Draws frames until `bar` is hidden, and counts them.
   int CountFrames(ButtonBar* second = nullptr) {
     int frames = 0;
     while (bar.IsVisible()) {
@@ -55,7 +55,7 @@ class ButtonBarTest : public ViewTest {
     return frames;
   }
 
-  /// Of the bar's button over a black frame.
+  /// Brightness of the bar's button over a black frame.
   int DrawnBrightness() {
     theCanvas.FillBackground(RGB(0, 0, 0));
     theCanvas.PresentTransformed();

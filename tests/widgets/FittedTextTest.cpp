@@ -32,7 +32,7 @@ TEST_F(FittedTextTest, FitsTheHeightToo) {
   EXPECT_EQ(50, SizeFor(TEXT("8"), 70, {240, 50}));
 }
 
-/// So pictures of 23:59:59 stand for any time, and an elapsed 99:59:59 needs no more room.
+/// All figures are equally wide: pictures of 23:59:59 show the room that any time needs.
 TEST_F(FittedTextTest, TakesAllFiguresForEquallyWide) {
   for (const WCHAR* time : {TEXT("00:00:00"), TEXT("11:11:11"), TEXT("99:59:59")}) {
     const FittedText any(theCanvas, TEXT("LCD"), 70, time, {240, 300});

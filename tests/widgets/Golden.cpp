@@ -13,13 +13,13 @@ namespace {
 
 using handheld::Pixels;
 
-// Pixels are 0x00RRGGBB: bytes B, G, R in memory, and one that does not count.
+// Pixels are 0x00RRGGBB: bytes B, G, R and an unused one in memory.
 constexpr png_uint_32 FORMAT = PNG_FORMAT_BGRA;
 constexpr std::uint32_t COLORS = 0x00FFFFFF;
 
 void Write(const std::string& path, const Pixels& picture) {
   std::filesystem::create_directories(std::filesystem::path(path).parent_path());
-  // Without alpha, rows take three bytes a pixel.
+  // Rows of the file have three bytes a pixel, without alpha.
   std::vector<std::uint8_t> bytes;
   for (const std::uint32_t pixel : picture.rows) {
     for (const int shift : {16, 8, 0}) {

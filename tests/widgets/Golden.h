@@ -1,4 +1,4 @@
-// Whole pictures compared with those that were looked at and kept.
+// Whole pictures compared with reference pictures that were looked at.
 #pragma once
 
 #include <handheld.h>
@@ -7,13 +7,12 @@
 
 namespace ferolin {
 
-/// Fails the running test unless the picture equals golden/<name>.png pixel for pixel. What was
-/// there instead, and where it differs (white on black), then lies in the build folder as
-/// golden-failures/<name>.actual.png and .difference.png. With FEROLIN_KEEP_PICTURES in the
-/// environment the picture is kept as the new golden one.
+/// Fails the running test unless the picture equals golden/<name>.png pixel for pixel. A failure
+/// leaves golden-failures/<name>.actual.png and .difference.png (white on black) in the build folder.
+/// With FEROLIN_KEEP_PICTURES in the environment the picture becomes the new reference instead.
 void ExpectGolden(const std::string& name, const handheld::Pixels& picture);
 
-/// The picture kept under that name; without one the running test fails and it has no pixels.
+/// The reference picture of that name. Without one the running test fails; no pixels are returned.
 handheld::Pixels LoadGolden(const std::string& name);
 
 }  // namespace ferolin

@@ -1,4 +1,4 @@
-// Hours of driving: what the views take from the system they give back.
+// The views give back to the system what they take from it.
 
 #include <ferolin.h>
 #include <malloc.h>

@@ -1,4 +1,4 @@
-// Redraws on their own thread, as updates and touches ask for them.
+// Redraws on their own thread, after updates and touches.
 
 #include <ferolin.h>
 
@@ -15,17 +15,17 @@ namespace {
 
 constexpr int NO_PRIORITY = -1;
 
-/// Called once, when the next thread is about to be started.
+/// Called once, right before the next thread is started.
 std::function<void()> beforeNextThread;
-/// The thread started last, and what priority it was given.
+/// The thread started last, and its priority.
 std::atomic<HANDLE> lastThread = nullptr;
 std::atomic<int> lastPriority = NO_PRIORITY;
-/// Threads that were given a priority so far: only those that redraw are.
+/// Number of redraws so far. Only redraw threads are given a priority.
 std::atomic<int> redraws = 0;
 
 }  // namespace
 
-// The linker sends the program's calls through here; the names are its.
+// The linker sends the program's calls through here. It prescribes the names.
 extern "C" {
 
 HANDLE WINAPI __real_CreateThread(SECURITY_ATTRIBUTES* attributes, DWORD stackSize,
@@ -82,7 +82,7 @@ class RedrawTest : public Redrawing {
     Redraw();
   }
 
-  /// What the view drew last: touches alone do not change it.
+  /// Pixels of the view's last frame. Touches alone do not change them.
   std::vector<COLORREF> Frame() {
     engine->StopCallBack();
     std::vector<COLORREF> pixels;
@@ -194,7 +194,7 @@ class FirstRedraw : public Redrawing, public testing::WithParamInterface<int> {
     ForgetTheLastView();
   }
 
-  /// Tests that ran before in this process have drawn views: now none was the last one.
+  /// Tests that ran before in this process have drawn views. Redraws without a view once more.
   void ForgetTheLastView() {
     if (redraws > 0) {
       beforeNextThread = [&] { engine->GetRedraw().SetCurRenderWidget(FEROLIN_VIEW_NONE); };

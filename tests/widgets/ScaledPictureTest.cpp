@@ -32,7 +32,7 @@ class ScaledPictureTest : public ViewTest {
     return Frame();
   }
 
-  /// The same by blending the picture itself.
+  /// Pixels of a frame that the picture itself is blended into.
   std::vector<COLORREF> Blended(const RECT& rect, COLORREF background) const {
     theCanvas.FillBackground(background);
     LoadPicture(Path())->DrawBlended(theCanvas.GetDrawingDC(), rect, 255);

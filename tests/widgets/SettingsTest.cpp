@@ -7,7 +7,7 @@ namespace ferolin {
 
 namespace {
 
-// In code page 1251 whatever the device's language is.
+// Code page 1251 in every language.
 constexpr Cp1251Text SPEED_COMMENT = u"Настройки виджета полноэкранной скорости";
 constexpr Cp1251Text SATELLITES_COMMENT = u"Настройки виджета спутников";
 constexpr Cp1251Text SPEED_CHART_COMMENT = u"Настройки виджета графика скорости";
@@ -20,7 +20,7 @@ std::string Comment(const Cp1251Text& text) {
 
 class ViewSettingsTest : public ViewTest {
  protected:
-  /// Lines of a section of the saved file, without the blank before each.
+  /// Lines of a section of the saved file, without the blank before each line.
   std::vector<std::string> SavedSection(const std::string& section) {
     engine->Shutdown();
     std::ifstream file(folder.Path("TachyMo.ini"));
@@ -38,8 +38,7 @@ class ViewSettingsTest : public ViewTest {
   }
 };
 
-// New keys go to the top of a section, below them the ones that were there before: all but the
-// first are in reverse.
+// A new key goes to the top of its section: keys stand in the reverse of the order of saving.
 
 TEST_F(ViewSettingsTest, SaveTheDefaultsOfTheFullScreenSpeed) {
   Load();

@@ -82,7 +82,7 @@ void ViewTest::Open(int width, int height, int dpi) {
   engine->StartCallBack(window);
 }
 
-/// Any loaded library will do: it only has to lie in the folder.
+/// Any library in the folder will do: only its path counts.
 void ViewTest::Load() {
   handheld::SetModuleDirectory(folder.Path());
   const HMODULE module = LoadLibraryW(handheld::DevicePath(ANY_LIBRARY).c_str());
@@ -107,7 +107,7 @@ void ViewTest::RemovePicture(const std::string& name) const {
 }
 
 void ViewTest::Drive(const std::string& time, double kmh, double course) {
-  // No redraw thread: these tests draw by hand.
+  // Without a current view there is no redraw thread: these tests draw by hand.
   const int current = engine->GetRedraw().GetCurRenderWidget();
   engine->GetRedraw().SetCurRenderWidget(FEROLIN_VIEW_NONE);
   const std::string sentence =

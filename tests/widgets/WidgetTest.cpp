@@ -21,7 +21,7 @@ class WidgetTest : public ViewTest {
     TakePosted();
   }
 
-  /// What a tap makes the engine post.
+  /// Codes posted because of a tap.
   Codes Tap(int x, int y) {
     ::OnMouseDown(window, x, y);
     ::OnMouseUp(window, x, y);
@@ -154,8 +154,7 @@ TEST_F(WidgetTest, ShowsTheBarsAgainAfterAButton) {
     Draw(FEROLIN_VIEW_FULL_SCREEN_SPEED);
   }
   ASSERT_EQ(Codes{FEROLIN_BUTTON_CLOSE}, Tap(210, 26));
-  // The redraw that the tap asked for may come before or after that; four frames are left in any
-  // case.
+  // The redraw after the tap may come before or after that. Four frames are left in both cases.
   for (int frame = 0; frame < 3; ++frame) {
     Draw(FEROLIN_VIEW_FULL_SCREEN_SPEED);
   }
@@ -193,7 +192,7 @@ TEST_F(WidgetTest, PresentsAnewWhenTheFingerIsLifted) {
   const auto withBars = Shown().rows;
   ::OnDoubleClick();
   EXPECT_EQ(withBars, Shown().rows);
-  // No button was pressed, so no redraw comes of it.
+  // No button was pressed, so there is no redraw.
   ::OnMouseUp(window, 120, 200);
   EXPECT_NE(withBars, Shown().rows);
 }

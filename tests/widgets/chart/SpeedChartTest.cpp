@@ -17,7 +17,7 @@ constexpr COLORREF BACKGROUND = RGB(0, 0, 0);
 constexpr COLORREF AXES = RGB(0, 255, 255);
 constexpr COLORREF CURRENT = RGB(255, 0, 255);
 constexpr COLORREF MAXIMUM = RGB(255, 255, 0);
-constexpr COLORREF BIG_TEXT = RGB(255, 0, 0);  // by the settings; else that of the axes
+constexpr COLORREF BIG_TEXT = RGB(255, 0, 0);  // set apart from the axes' colour
 const COLORREF CHART = Seen(0x0080FF00);
 const COLORREF BORDER = Seen(0x00606060);
 
@@ -34,7 +34,7 @@ class SpeedChartTest : public ViewTest {
     View(FEROLIN_VIEW_SPEED_CHART).Attach();
   }
 
-  /// Points of the next seconds from 12:00:01 on.
+  /// Appends points of the next seconds, from 12:00:01 on.
   void Append(int count, float kmh) {
     for (int point = 0; point < count; ++point) {
       ++second;
@@ -55,7 +55,7 @@ class SpeedChartTest : public ViewTest {
     return static_cast<SpeedChartWidget&>(View(FEROLIN_VIEW_SPEED_CHART)).GetZoom();
   }
 
-  /// What a tap on the button posts.
+  /// Codes posted because of a tap.
   Codes Tap(LONG x, LONG y) {
     ShowBars(FEROLIN_VIEW_SPEED_CHART, true);
     TakePosted();
@@ -76,7 +76,7 @@ class SpeedChartTest : public ViewTest {
     return bounds.left < bounds.right;
   }
 
-  /// Places of the labels' colour beside the vertical axis, below the topmost label.
+  /// Pixels in the labels' colour beside the vertical axis, below the topmost label.
   static std::vector<std::pair<int, int>> ScalePixels() {
     std::vector<std::pair<int, int>> places;
     for (int y = 30; y < 305; ++y) {
@@ -212,7 +212,7 @@ TEST_F(SpeedChartTest, MarksMinutesByDashedLines) {
   }
 }
 
-/// At zoom 4 they are 15 pixels apart, less than a label is wide.
+/// At zoom 4 lines are 15 pixels apart, less than a label is wide.
 TEST_F(SpeedChartTest, MarksAlsoMinutesWithoutRoomForALabel) {
   TapZoomOut();
   TapZoomOut();

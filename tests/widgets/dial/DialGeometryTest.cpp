@@ -69,7 +69,7 @@ INSTANTIATE_TEST_SUITE_P(Frames, DialRectOf,
                              RectCase{{320, 240}, {0, 15, 255, 230}},
                              // (480 - 25) * 480 / 404 = 540.6
                              RectCase{{800, 480}, {0, 15, 540, 470}},
-                             // A square counts as lying.
+                             // A square frame counts as landscape.
                              RectCase{{240, 240}, {0, 15, 255, 230}}));
 
 TEST(DialGeometry, TakesAPictureWithoutSizeAsOnePixel) {

@@ -64,7 +64,7 @@ TEST_F(SatellitesTest, DrawsThreeRingsAndACross) {
   DrawPlain();
   EXPECT_EQ(BACKGROUND, FrameAt(180, 200));
   for (const int radius : {110, 73, 36}) {
-    // At 30 degrees, clear of the letters and the cross: r * 0.866 to the right, r / 2 up.
+    // At 30 degrees, beside letters and cross: r * 0.866 to the right, r / 2 up.
     const int x = 120 + (radius * 866 + 500) / 1000;
     const int y = 125 - (radius + 1) / 2;
     EXPECT_GT(Count(LINES, {x - 1, y - 1, x + 2, y + 2}), 0) << radius;
@@ -183,7 +183,7 @@ TEST_F(SatellitesTest, FitsItsBackgroundIntoTheArea) {
                              folder.Path("Pics/SatBackGround.png"));
   Open(240, 320);
   DrawPlain();
-  // Between two rings and beside the cross, across the picture's lower edge.
+  // A strip between two rings, beside the cross and across the picture's lower edge.
   const RECT rect = {102, 206, 118, 233};
   const auto drawn = Pixels(rect);
   theCanvas.FillBackground(0x00C0C0C0);

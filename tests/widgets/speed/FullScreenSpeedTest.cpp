@@ -13,8 +13,7 @@ class FullScreenSpeedTest : public ViewTest {
  protected:
   static constexpr LONG BELOW_ICONS = 48;
 
-  /// The smallest rectangle that holds all pixels of the last frame in that colour, from a row on
-  /// downwards.
+  /// The smallest rectangle around all pixels of the last frame in that colour, from a row downwards.
   RECT Bounds(COLORREF color, LONG firstRow) const {
     const RECT frame = theCanvas.GetFrameRect();
     RECT bounds = {frame.right, frame.bottom, 0, 0};
@@ -29,7 +28,7 @@ class FullScreenSpeedTest : public ViewTest {
     return bounds;
   }
 
-  /// The frame after an update, without buttons.
+  /// Draws a frame after an update, without buttons.
   std::vector<std::uint32_t> FrameFor(double kmh, const std::string& time = "120000") {
     Drive(time, kmh);
     SetSatellites(0);
