@@ -6,7 +6,7 @@
 #include "render/Canvas.h"
 #include "sensors/Sensor.h"
 #include "widgets/WidgetOwner.h"
-#include "widgets/satellites/SkyPlot.h"
+#include "widgets/satellites/SkyGeometry.h"
 
 namespace ferolin {
 
@@ -25,7 +25,7 @@ constexpr CornerReadouts::Readout CornerReadouts::READOUTS[] = {
     {FEROLIN_SENSOR_VDOP, true, true},
 };
 
-CornerReadouts::CornerReadouts(Canvas& canvas, const SkyPlot& sky, HFONT font, COLORREF color)
+CornerReadouts::CornerReadouts(Canvas& canvas, const SkyGeometry& sky, HFONT font, COLORREF color)
     : canvas(canvas), sky(sky), font(font), color(color) {}
 
 void CornerReadouts::Draw(const WidgetOwner& owner) const {

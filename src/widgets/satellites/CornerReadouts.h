@@ -8,14 +8,14 @@ namespace ferolin {
 
 class Canvas;
 class WidgetOwner;
-class SkyPlot;
+class SkyGeometry;
 
 /// Four sensors in the corners that the sky leaves free: whether there is a fix, from how many
 /// satellites, and how precise its position and its altitude are.
 class CornerReadouts {
  public:
   /// The font stays the caller's.
-  CornerReadouts(Canvas& canvas, const SkyPlot& sky, HFONT font, COLORREF color);
+  CornerReadouts(Canvas& canvas, const SkyGeometry& sky, HFONT font, COLORREF color);
 
   void Draw(const WidgetOwner& owner) const;
 
@@ -32,7 +32,7 @@ class CornerReadouts {
   SIZE Measure(const WideString& text) const;
 
   Canvas& canvas;
-  const SkyPlot& sky;
+  const SkyGeometry& sky;
   HFONT font;
   COLORREF color;
 };

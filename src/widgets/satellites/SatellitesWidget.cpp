@@ -9,7 +9,7 @@
 #include "widgets/WidgetOwner.h"
 #include "widgets/satellites/CornerReadouts.h"
 #include "widgets/satellites/SignalBar.h"
-#include "widgets/satellites/SkyPlot.h"
+#include "widgets/satellites/SkyGeometry.h"
 
 namespace ferolin {
 
@@ -92,24 +92,13 @@ void SatellitesWidget::Attach() {
   Widget::Attach();
 }
 
-/// All dots are drawn before all numbers, so no dot hides a number.
 void SatellitesWidget::Paint(Canvas& canvas) {
   const RECT frame = canvas.GetFrameRect();
   const SignalStrip strip = SignalStrip::Of({frame.right, frame.bottom});
-  const SkyPlot sky(SkyArea(strip));
+  const SkyGeometry sky(SkyArea(strip));
   DrawBackground(canvas, sky);
-  const auto& satellites = owner.GetFix().GetSatellites();
-  int slot = 0;
-  for (const SatelliteInfo& satellite : satellites) {
-    DrawBar(canvas, strip, slot++, satellite);
-  }
-  DrawRings(canvas, sky);
-  for (const SatelliteInfo& satellite : satellites) {
-    DrawDot(canvas, sky, satellite);
-  }
-  for (const SatelliteInfo& satellite : satellites) {
-    DrawLabel(canvas, sky, satellite);
-  }
+  DrawSignals(canvas, strip);
+  DrawSky(canvas, sky);
   CornerReadouts(canvas, sky, nameStyle.GetFont(canvas), nameColor).Draw(owner);
 }
 
@@ -120,10 +109,17 @@ COLORREF SatellitesWidget::SignalColor(int snr) const {
   return snr <= LAST_LOW_SNR ? lowSignalColor : midSignalColor;
 }
 
-void SatellitesWidget::DrawBackground(Canvas& canvas, const SkyPlot& sky) {
+void SatellitesWidget::DrawBackground(Canvas& canvas, const SkyGeometry& sky) {
   const SIZE size = background.GetSize();
   if (size.cx > 0 && size.cy > 0 && !IsEmpty(sky.area)) {
     background.Draw(canvas.GetDrawingDC(), FittedRect(sky.area, size), backgroundColor);
+  }
+}
+
+void SatellitesWidget::DrawSignals(Canvas& canvas, const SignalStrip& strip) {
+  int slot = 0;
+  for (const SatelliteInfo& satellite : owner.GetFix().GetSatellites()) {
+    DrawBar(canvas, strip, slot++, satellite);
   }
 }
 
@@ -145,8 +141,19 @@ void SatellitesWidget::DrawBar(Canvas& canvas, const SignalStrip& strip, int slo
   }
 }
 
+/// All dots are drawn before all numbers, so no dot hides a number.
+void SatellitesWidget::DrawSky(Canvas& canvas, const SkyGeometry& sky) {
+  DrawRings(canvas, sky);
+  for (const SatelliteInfo& satellite : owner.GetFix().GetSatellites()) {
+    DrawDot(canvas, sky, satellite);
+  }
+  for (const SatelliteInfo& satellite : owner.GetFix().GetSatellites()) {
+    DrawNumber(canvas, sky, satellite);
+  }
+}
+
 /// Rings at the horizon and at 30 and 60 degrees above it, and the four directions.
-void SatellitesWidget::DrawRings(Canvas& canvas, const SkyPlot& sky) {
+void SatellitesWidget::DrawRings(Canvas& canvas, const SkyGeometry& sky) {
   const int x = sky.centerX;
   const int y = sky.centerY;
   const int r = sky.radius;
@@ -162,16 +169,17 @@ void SatellitesWidget::DrawRings(Canvas& canvas, const SkyPlot& sky) {
   canvas.DrawText(font, TEXT("W"), x - r - 10, y - 5, nameColor);
 }
 
-void SatellitesWidget::DrawDot(Canvas& canvas, const SkyPlot& sky, const SatelliteInfo& satellite) {
+void SatellitesWidget::DrawDot(Canvas& canvas, const SkyGeometry& sky,
+                               const SatelliteInfo& satellite) {
   if (IsReceived(satellite)) {
     const POINT dot = sky.PointAt(satellite.elevation, satellite.azimuth);
     canvas.DrawFilledCircle(borderColor, 1, SignalColor(satellite.snr), dot.x, dot.y,
-                            SkyPlot::DOT_RADIUS);
+                            SkyGeometry::DOT_RADIUS);
   }
 }
 
-void SatellitesWidget::DrawLabel(Canvas& canvas, const SkyPlot& sky,
-                                 const SatelliteInfo& satellite) {
+void SatellitesWidget::DrawNumber(Canvas& canvas, const SkyGeometry& sky,
+                                  const SatelliteInfo& satellite) {
   if (!IsReceived(satellite)) {
     return;
   }

@@ -8,7 +8,7 @@
 
 namespace ferolin {
 
-class SkyPlot;
+class SkyGeometry;
 struct SignalStrip;
 
 /// The satellites in view: their places in the sky, the strengths of their signals, and read-outs of
@@ -29,11 +29,13 @@ class SatellitesWidget : public Widget {
   static const TextSetting<SatellitesWidget> TEXTS[1];
 
   COLORREF SignalColor(int snr) const;
-  void DrawBackground(Canvas& canvas, const SkyPlot& sky);
+  void DrawBackground(Canvas& canvas, const SkyGeometry& sky);
+  void DrawSignals(Canvas& canvas, const SignalStrip& strip);
   void DrawBar(Canvas& canvas, const SignalStrip& strip, int slot, const SatelliteInfo& satellite);
-  void DrawRings(Canvas& canvas, const SkyPlot& sky);
-  void DrawDot(Canvas& canvas, const SkyPlot& sky, const SatelliteInfo& satellite);
-  void DrawLabel(Canvas& canvas, const SkyPlot& sky, const SatelliteInfo& satellite);
+  void DrawSky(Canvas& canvas, const SkyGeometry& sky);
+  void DrawRings(Canvas& canvas, const SkyGeometry& sky);
+  void DrawDot(Canvas& canvas, const SkyGeometry& sky, const SatelliteInfo& satellite);
+  void DrawNumber(Canvas& canvas, const SkyGeometry& sky, const SatelliteInfo& satellite);
 
   COLORREF nameColor;
   COLORREF lowSignalColor;

@@ -6,12 +6,12 @@ namespace ferolin {
 
 /// Geometry of the sky, with north up and east to the right: the zenith in the centre, the horizon a
 /// circle around it.
-class SkyPlot {
+class SkyGeometry {
  public:
   static constexpr int DOT_RADIUS = 5;
 
   /// As large as the area allows, with a margin for the compass letters.
-  explicit SkyPlot(const RECT& area);
+  explicit SkyGeometry(const RECT& area);
 
   /// Place of a satellite: `elevation` in degrees above the horizon, `azimuth` in degrees from north
   /// through east.

@@ -1,4 +1,4 @@
-#include "widgets/satellites/SkyPlot.h"
+#include "widgets/satellites/SkyGeometry.h"
 
 #include <algorithm>
 #include <cmath>
@@ -22,20 +22,20 @@ LONG CutToPixel(double place) {
 
 }  // namespace
 
-SkyPlot::SkyPlot(const RECT& area)
+SkyGeometry::SkyGeometry(const RECT& area)
     : area(area),
       centerX((area.left + area.right) / 2),
       centerY((area.top + area.bottom) / 2),
       radius(std::min((area.right - area.left) / 2, (area.bottom - area.top) / 2) - MARGIN) {}
 
-POINT SkyPlot::PointAt(int elevation, int azimuth) const {
+POINT SkyGeometry::PointAt(int elevation, int azimuth) const {
   const std::int64_t distance = (std::int64_t{ZENITH} - elevation) * radius / ZENITH;
   const double angle = static_cast<double>(std::int64_t{ZENITH} - azimuth) * RADIANS;
   return {CutToPixel(centerX + static_cast<double>(distance) * std::cos(angle)),
           CutToPixel(centerY - static_cast<double>(distance) * std::sin(angle))};
 }
 
-POINT SkyPlot::LabelCorner(POINT dot, SIZE text) const {
+POINT SkyGeometry::LabelCorner(POINT dot, SIZE text) const {
   constexpr int BESIDE = DOT_RADIUS + LABEL_GAP;
   POINT corner = {dot.x < centerX ? dot.x - BESIDE - text.cx : dot.x + BESIDE, dot.y - text.cy / 2};
   if (corner.x < area.left || corner.x + text.cx > area.right || CoversLetter(corner, text)) {
@@ -48,7 +48,7 @@ POINT SkyPlot::LabelCorner(POINT dot, SIZE text) const {
 }
 
 /// Only E and W can be covered: N and S lie above and below the dots, numbers beside them.
-bool SkyPlot::CoversLetter(POINT corner, SIZE text) const {
+bool SkyGeometry::CoversLetter(POINT corner, SIZE text) const {
   const LONG outermost = std::max(corner.x + text.cx - centerX, centerX - corner.x);
   const LONG innermost = std::max(corner.x - centerX, centerX - corner.x - text.cx);
   const LONG letterTop = centerY - LETTER_RISE;
@@ -56,7 +56,7 @@ bool SkyPlot::CoversLetter(POINT corner, SIZE text) const {
          corner.y + text.cy > letterTop;
 }
 
-int SkyPlot::RoomBeside(int depth) const {
+int SkyGeometry::RoomBeside(int depth) const {
   const int half = centerX - area.left;
   const int up = std::max<int>(centerY - area.top - depth, 0);
   if (up >= radius) {
