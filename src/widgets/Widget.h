@@ -50,7 +50,7 @@ class Widget {
   /// with the bars drawn over it again.
   virtual bool CanPaint() const { return true; }
   /// Paints the view onto its background.
-  virtual void Paint(Canvas&) {}
+  virtual void Paint(Canvas& canvas) = 0;
 
   /// Pixel of the frame that is shown at that pixel of the window.
   static POINT ToFrame(POINT windowPoint);

@@ -31,8 +31,6 @@ class SpeedChartWidget : public Widget {
   int GetZoom() const { return zoom; }
 
  private:
-  void Paint(Canvas& canvas) override;
-
   /// Made with the first frame, in the colours of the settings.
   struct Pens {
     DashedPen axes;
@@ -43,6 +41,7 @@ class SpeedChartWidget : public Widget {
   static const ColorSetting<SpeedChartWidget> COLORS[8];
   static const TextSetting<SpeedChartWidget> TEXTS[2];
 
+  void Paint(Canvas& canvas) override;
   void MakePens();
   bool Zoom(LPARAM code);
   std::span<const TrackPoint> VisiblePoints(int columnCount) const;

@@ -25,9 +25,6 @@ class SpeedometerWidget : public Widget {
   void LoadSettings(const IniStore& store) override;
 
  private:
-  bool CanPaint() const override { return dialFace.IsLoaded(); }
-  void Paint(Canvas& canvas) override;
-
   /// Columns of the fastest times.
   struct Columns {
     int left;
@@ -38,6 +35,8 @@ class SpeedometerWidget : public Widget {
   static const ColorSetting<SpeedometerWidget> COLORS[11];
   static const TextSetting<SpeedometerWidget> TEXTS[5];
 
+  bool CanPaint() const override { return dialFace.IsLoaded(); }
+  void Paint(Canvas& canvas) override;
   void LoadIcons();
   void DrawLandscape(Canvas& canvas, const DialGeometry& dial);
   void DrawPortrait(Canvas& canvas, const DialGeometry& dial);

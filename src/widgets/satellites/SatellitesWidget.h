@@ -23,11 +23,10 @@ class SatellitesWidget : public Widget {
   void LoadSettings(const IniStore& store) override;
 
  private:
-  void Paint(Canvas& canvas) override;
-
   static const ColorSetting<SatellitesWidget> COLORS[8];
   static const TextSetting<SatellitesWidget> TEXTS[1];
 
+  void Paint(Canvas& canvas) override;
   COLORREF SignalColor(int snr) const;
   void DrawBackground(Canvas& canvas, const SkyGeometry& sky);
   void DrawSignals(Canvas& canvas, const SignalStrip& strip);

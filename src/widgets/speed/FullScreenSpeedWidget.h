@@ -18,10 +18,9 @@ class FullScreenSpeedWidget : public Widget {
   void LoadSettings(const IniStore& store) override;
 
  private:
-  void Paint(Canvas& canvas) override;
-
   static const ColorSetting<FullScreenSpeedWidget> COLORS[3];
 
+  void Paint(Canvas& canvas) override;
   void FindSensors();
   void DrawSpeed(Canvas& canvas, const StatusIcons::Places& places);
   void DrawTime(Canvas& canvas, const StatusIcons::Places& places);

@@ -48,8 +48,8 @@ TEST_F(SpeedometerSensorsTest, AreFoundInTheEnginesList) {
   EXPECT_EQ(FEROLIN_SENSOR_AVERAGE_SPEED, sensors.averageSpeed);
   EXPECT_EQ(FEROLIN_SENSOR_DISTANCE, sensors.distance);
   EXPECT_EQ(FEROLIN_SENSOR_MAX_SPEED, sensors.maxSpeed);
-  EXPECT_EQ(2, sensors.currentTime);
-  EXPECT_EQ(20, sensors.azimuth);
+  EXPECT_EQ(FEROLIN_SENSOR_CURRENT_TIME, sensors.currentTime);
+  EXPECT_EQ(FEROLIN_SENSOR_AZIMUTH, sensors.azimuth);
   const auto fastest = sensors.fastest.Get();
   EXPECT_EQ((std::vector<int>{FEROLIN_SENSOR_FASTEST_100, FEROLIN_SENSOR_FASTEST_402,
                               FEROLIN_SENSOR_FASTEST_1000}),
