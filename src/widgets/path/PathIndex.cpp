@@ -7,90 +7,32 @@ namespace ferolin {
 
 void PathIndex::Update(const PathPoints& points) {
   if (end > points.GetEnd()) {
-    Drop();
-    first = 0;
+    boxes.Clear();
     end = 0;
-    stepSum = 0;
-    isUsable = true;
   }
-  first = std::max(first, points.GetFirst());
-  while (first < end && !HasPosition(points[first])) {
-    ++first;
-  }
-  for (; isUsable && end < points.GetEnd(); ++end) {
-    if (!Reach(end) || (end >= points.GetFirst() && !Add(points[end]))) {
-      Drop();
+  for (end = std::max(end, points.GetFirst()); end < points.GetEnd(); ++end) {
+    while (boxes.Get().size() <= BlockOf(end)) {
+      if (!boxes.Add({})) {
+        return;
+      }
     }
-  }
-  end = points.GetEnd();
-}
-
-/// Takes in point number `end`. False when its position is no number.
-bool PathIndex::Add(const TrackPoint& point) {
-  if (!HasPosition(point)) {
-    if (end == first) {
-      ++first;
-      return true;
-    }
-    PositionAt(end) = PositionAt(end - 1);
-  } else if (std::isfinite(point.latitude) && std::isfinite(point.longitude)) {
-    PositionAt(end) = {point.latitude, point.longitude};
-  } else {
-    return false;
-  }
-  const Position position = PositionAt(end);
-  if (end > first) {
-    const Position last = PositionAt(end - 1);
-    WidenBlocksOf(end - 1, position);
-    const float step = std::max(std::fabs(position.latitude - last.latitude),
-                                std::fabs(position.longitude - last.longitude));
-    NoteStep(end - 1, step);
-    stepSum += std::min(step, 1.0F);
-  }
-  WidenBlocksOf(end, position);
-  return true;
-}
-
-/// What a block holds, the blocks above it hold too.
-void PathIndex::WidenBlocksOf(int number, Position position) {
-  for (int level = 0; level < LEVELS; ++level) {
-    PathBox& box = BlockAt(level, number).box;
-    if (box.Contains(position.latitude, position.longitude)) {
-      return;
-    }
-    box.Widen(position.latitude, position.longitude);
+    Widen(end, points[end]);
+    Widen(std::max(end - 1, points.GetFirst()), points[end]);
   }
 }
 
-/// The same holds for the steps.
-void PathIndex::NoteStep(int number, float step) {
-  for (int level = 0; level < LEVELS; ++level) {
-    float& longest = BlockAt(level, number).step;
-    if (longest >= step) {
-      return;
-    }
-    longest = step;
-  }
+/// The last line of a block leads to the first point of the next one.
+const PathBox& PathIndex::GetBox(int number) const {
+  return EndOfBlock(number) < end ? boxes.Get()[BlockOf(number)] : EVERYWHERE;
 }
 
-/// Makes room for point `number` and the blocks that it belongs to; false without memory for that.
-bool PathIndex::Reach(int number) {
-  bool isReached = positions.Add({});
-  for (int level = 0; level < LEVELS; ++level) {
-    GrowingArray<Block>& blocks = levels[static_cast<std::size_t>(level)];
-    if (blocks.Get().size() == static_cast<std::size_t>(BlockOf(level, number))) {
-      isReached = blocks.Add({}) && isReached;
-    }
+/// A position that is no number has a pixel all the same, outside of every area.
+void PathIndex::Widen(int number, const TrackPoint& point) {
+  PathBox& box = boxes.Get()[BlockOf(number)];
+  box.Widen(point.latitude, point.longitude);
+  if (std::isnan(point.latitude) || std::isnan(point.longitude)) {
+    box = EVERYWHERE;
   }
-  return isReached;
-}
-
-void PathIndex::Drop() {
-  positions.Release();
-  for (GrowingArray<Block>& blocks : levels) {
-    blocks.Release();
-  }
-  isUsable = false;
 }
 
 }  // namespace ferolin

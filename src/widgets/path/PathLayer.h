@@ -2,18 +2,15 @@
 
 #include <windows.h>
 
-#include "widgets/path/LinePatterns.h"
-#include "widgets/path/PathCells.h"
+#include "render/Surface.h"
 #include "widgets/path/PathIndex.h"
-#include "widgets/path/PathPicture.h"
 #include "widgets/path/PathPoints.h"
 #include "widgets/path/PathProjection.h"
 
 namespace ferolin {
 
-/// The drawn path, kept for the next frame: as long as it is seen in the same way, only what has
-/// been driven since is drawn, and when it is panned, only what comes into view. Used under the
-/// engine's data lock.
+/// Draws the path and keeps its picture: while the projection stays the same, a frame only adds the
+/// newest lines. Used under the engine's data lock.
 class PathLayer {
  public:
   struct Colors {
@@ -22,33 +19,22 @@ class PathLayer {
     bool operator==(const Colors&) const = default;
   };
 
-  /// All are borrowed. The index and the cells are up to date with the points, of which one or more
-  /// have a position.
-  struct Track {
-    const PathPoints& points;
-    const PathIndex& index;
-    const PathCells& cells;
-  };
+  ~PathLayer() { picture.Release(); }
 
-  /// Fills an area of `dc` with the background and the path; the plain way, without what was kept,
-  /// when there is no memory for the index or the picture. The track is not kept.
-  void Draw(HDC dc, const RECT& area, const Track& track, const PathProjection& projection,
-            const Colors& colors);
+  /// Fills the projection's area of `dc` with the background and the path. There is at least one
+  /// point, and the index is up to date. Without memory for the picture, draws straight into `dc`.
+  void Draw(HDC dc, const PathPoints& points, const PathIndex& index,
+            const PathProjection& projection, const Colors& colors);
 
  private:
-  bool BringUpToDate(HDC model, const RECT& area, const Track& track,
-                     const PathProjection& projection, const Colors& colors);
-  bool Shows(const RECT& area, const PathPoints& points, const Colors& colors) const;
-  bool Pan(const Track& track, const PathProjection& projection);
+  bool MakePicture(HDC model, SIZE size);
 
-  PathPicture picture;
-  LinePatterns patterns;
-  // What the picture shows.
-  RECT shownArea = {};
+  Surface picture;  ///< of the frame from its upper left corner to the end of the area
+  // Content of the picture.
   PathProjection shownProjection;
   Colors shownColors = {};
-  int shownFirst = 0;  ///< numbers of points
-  int shownEnd = 0;
+  int shownFirst = 0;  ///< number of the oldest point
+  int shownEnd = 0;    ///< number of the point after the newest; 0 when nothing is shown
 };
 
 }  // namespace ferolin

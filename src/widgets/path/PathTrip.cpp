@@ -10,7 +10,7 @@ namespace ferolin {
 namespace {
 
 constexpr float SECONDS_PER_HOUR = 3600;
-constexpr float MEAN_KM_PER_SECOND = 0.00013888889F;  // half of an hour's 3600th
+constexpr float MEAN_KM_PER_SECOND = 0.00013888889F;  // 1 / (2 x 3600)
 
 }  // namespace
 
@@ -26,18 +26,13 @@ void PathTrip::Update(const PathPoints& points) {
 }
 
 void PathTrip::Add(const TrackPoint& point) {
-  if (IsMissing(point.latitude)) {
-    return;
-  }
   const std::int64_t time = FileTimeOf(point.time);
   if (time > previousTime && previousTime != 0 && !IsMissing(previousKmh)) {
     AddStretch(time - previousTime, point.speedKmh);
   }
   previousTime = time;
   previousKmh = point.speedKmh;
-  if (HasPosition(point)) {
-    box.Widen(point.latitude, point.longitude);
-  }
+  box.Widen(point.latitude, point.longitude);
 }
 
 /// At the mean of the speeds at both ends, over whole seconds.

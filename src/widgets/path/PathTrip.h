@@ -9,12 +9,12 @@
 
 namespace ferolin {
 
-/// Elapsed time, distance and average speed of the whole track, and the box that holds it. Used
-/// under the engine's data lock.
+/// Elapsed time, distance and average speed of the whole track, and the box around it. Used under
+/// the engine's data lock.
 class PathTrip {
  public:
-  /// Takes in the points that have come since the last call. A track that has become shorter is a
-  /// new one: everything starts again.
+  /// Takes in the points added since the last call. A track that has become shorter is a new one:
+  /// everything starts again.
   void Update(const PathPoints& points);
 
   std::int32_t GetElapsedSeconds() const { return elapsedSeconds; }

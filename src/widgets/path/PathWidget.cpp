@@ -6,6 +6,8 @@
 #include "base/Lock.h"
 #include "gps/FixRecord.h"
 #include "render/Canvas.h"
+#include "render/GdiObject.h"
+#include "render/Rect.h"
 #include "sensors/Sensor.h"
 #include "widgets/WidgetOwner.h"
 #include "widgets/path/PathPanel.h"
@@ -22,8 +24,7 @@ struct OwnButton {
   LPARAM code;
 };
 
-/// Where they have a row over the arrows it reads, being filled from the right: centre, automatic,
-/// in, out.
+/// Rows are filled from the right: a row over the arrows reads centre, automatic, in, out.
 constexpr OwnButton OWN_BUTTONS[] = {
     {TEXT("\\Pics\\BtnZoomOut.png"), FEROLIN_BUTTON_ZOOM_OUT},
     {TEXT("\\Pics\\BtnZoomIn.png"), FEROLIN_BUTTON_ZOOM_IN},
@@ -42,18 +43,6 @@ constexpr int END_RADIUS = 5;
 bool Contains(const RECT& rect, POINT point) {
   return point.x >= rect.left && point.x < rect.right && point.y >= rect.top &&
          point.y < rect.bottom;
-}
-
-/// Number of the first point with a position from `number` on in steps of 1 or -1. There is one.
-int FindKnown(const PathPoints& points, int number, int step) {
-  while (!HasPosition(points[number])) {
-    number += step;
-  }
-  return number;
-}
-
-RECT Inset(const RECT& rect, LONG by) {
-  return {rect.left + by, rect.top + by, rect.right - by, rect.bottom - by};
 }
 
 }  // namespace
@@ -109,8 +98,8 @@ void PathWidget::CreateOwnButtons() {
   }
 }
 
-/// With every update, so that the figures do not depend on when the view is looked at, and going to
-/// it does not take the longer the longer the track is.
+/// Called with every update. Catching up here keeps the figures independent of when the view is
+/// shown, and the first frame of a long track short.
 void PathWidget::Attach() {
   if (speedSensor == NO_SENSOR || timeSensor == NO_SENSOR) {
     FindSensors();
@@ -119,7 +108,7 @@ void PathWidget::Attach() {
   Widget::Attach();
 }
 
-/// Of several sensors with such a name the last one is shown.
+/// Of several sensors with the same name the last one counts.
 void PathWidget::FindSensors() {
   for (int sensorIndex = 0; sensorIndex < owner.GetSensorCount(); ++sensorIndex) {
     const Sensor& sensor = *owner.GetSensor(sensorIndex);
@@ -135,7 +124,6 @@ void PathWidget::CatchUp() {
   const PathPoints points(owner.GetFix().GetTrack());
   trip.Update(points);
   index.Update(points);
-  cells.Update(points);
 }
 
 void PathWidget::Paint(Canvas& canvas) {
@@ -156,7 +144,7 @@ PathReadouts PathWidget::GetReadouts() const {
   };
 }
 
-/// A thin border around the path's area, and the path if there is one.
+/// Draws a thin border around the path's area, and the path if there is one.
 void PathWidget::DrawPath(Canvas& canvas, const RECT& rect) {
   pathArea = Inset(rect, 1);
   canvas.DrawRectangle(borderColor, 1, backgroundColor, rect);
@@ -169,8 +157,7 @@ void PathWidget::DrawPath(Canvas& canvas, const RECT& rect) {
     Center(points);
   }
   const PathProjection projection(trip.GetBox(), pathArea, zoom, pan);
-  layer.Draw(canvas.GetDrawingDC(), pathArea, {points, index, cells}, projection,
-             {backgroundColor, pathColor});
+  layer.Draw(canvas.GetDrawingDC(), points, index, projection, {backgroundColor, pathColor});
   DrawMarks(canvas, points, projection);
 }
 
@@ -180,30 +167,28 @@ bool PathWidget::CanDrawPath(const PathPoints& points) const {
          trip.GetBox().HasArea();
 }
 
-/// The end lies over the start: it is where one is now.
+/// The end is drawn over the start: it is the current position.
 void PathWidget::DrawMarks(Canvas& canvas, const PathPoints& points,
                            const PathProjection& projection) {
-  const HRGN region = CreateRectRgn(pathArea.left, pathArea.top, pathArea.right, pathArea.bottom);
-  canvas.SetClipRegion(region);
-  const POINT start = projection.Project(points[FindKnown(points, points.GetFirst(), 1)]);
+  const Region region(CreateRectRgn(pathArea.left, pathArea.top, pathArea.right, pathArea.bottom));
+  canvas.SetClipRegion(region.get());
+  const POINT start = projection.Project(points[points.GetFirst()]);
   if (Contains(Inset(pathArea, -START_RADIUS), start)) {
     canvas.DrawFilledCircle(startPointColor, START_WIDTH, backgroundColor, start.x, start.y,
                             START_RADIUS);
   }
-  const POINT end = projection.Project(points[FindKnown(points, points.GetEnd() - 1, -1)]);
+  const POINT end = projection.Project(points.GetNewest());
   if (Contains(Inset(pathArea, -END_RADIUS), end)) {
     canvas.DrawFilledCircle(endPointColor, 1, endPointColor, end.x, end.y, END_RADIUS);
   }
   canvas.SetClipRegion(nullptr);
-  DeleteObject(region);
 }
 
 /// Pans so that the current position lies in the middle.
 void PathWidget::Center(const PathPoints& points) {
-  const TrackPoint& last = points[FindKnown(points, points.GetEnd() - 1, -1)];
+  const POINT middle = {(pathArea.left + pathArea.right) / 2, (pathArea.top + pathArea.bottom) / 2};
   const PathProjection unmoved(trip.GetBox(), pathArea, zoom, {0, 0});
-  pan = unmoved.PanTo(last.latitude, last.longitude,
-                      {(pathArea.left + pathArea.right) / 2, (pathArea.top + pathArea.bottom) / 2});
+  pan = unmoved.PanTo(points.GetNewest(), middle);
 }
 
 void PathWidget::ZoomIn() {
@@ -219,7 +204,7 @@ void PathWidget::ZoomAutomatically() {
   pan = {0, 0};
 }
 
-/// The base tells the host, too.
+/// The base class posts the button's code to the host afterwards.
 void PathWidget::OnMouseUp(HWND window, POINT point) {
   bool isChanged = false;
   {
@@ -249,8 +234,8 @@ void PathWidget::OnMouseMove(HWND, POINT point) {
   }
 }
 
-/// The path follows the finger, however the frame is turned or scaled. Forgetting where the finger
-/// went down keeps a drag from being taken for a swipe.
+/// The path follows the finger, however the frame is turned or scaled. Moving `lastPoint` along
+/// keeps a drag from being taken for a swipe.
 bool PathWidget::Drag(POINT point) {
   const POINT to = ToFrame(point);
   if (!Contains(pathArea, to)) {

@@ -5,7 +5,6 @@
 #include "widgets/SensorSearch.h"
 #include "widgets/TextSetting.h"
 #include "widgets/Widget.h"
-#include "widgets/path/PathCells.h"
 #include "widgets/path/PathIndex.h"
 #include "widgets/path/PathLayer.h"
 #include "widgets/path/PathReadouts.h"
@@ -66,7 +65,6 @@ class PathWidget : public Widget {
   int timeSensor = NO_SENSOR;
   PathTrip trip;
   PathIndex index;
-  PathCells cells;
   PathLayer layer;
   RECT pathArea = {};  ///< where the last frame had the path
   POINT pan = {};

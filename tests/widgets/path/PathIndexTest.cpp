@@ -4,7 +4,6 @@
 #include <span>
 #include <vector>
 
-#include "base/MissingValue.h"
 #include "support/FailingMemory.h"
 #include "widgets/path/PathIndex.h"
 #include "widgets/path/PathTrack.h"
@@ -13,27 +12,7 @@ namespace ferolin {
 
 namespace {
 
-class PathIndexTest : public testing::Test {
- protected:
-  ~PathIndexTest() override { failing_memory::RefuseRealloc(false); }
-
-  void Add(float latitude, float longitude) {
-    points.push_back(PathPointAt(latitude, longitude, 10, 0));
-  }
-  void AddUnknown() { Add(MISSING_FLOAT, MISSING_FLOAT); }
-  void Update() {
-    index.Update(PathPoints(std::span(points).subspan(static_cast<std::size_t>(lost)), lost));
-  }
-  void ExpectPosition(float latitude, float longitude, int number) {
-    const PathIndex::Position position = index.GetPositions(number, number + 1).front();
-    EXPECT_EQ(latitude, position.latitude);
-    EXPECT_EQ(longitude, position.longitude);
-  }
-
-  std::vector<TrackPoint> points;
-  int lost = 0;
-  PathIndex index;
-};
+constexpr int BLOCK = 64;
 
 void ExpectBox(float south, float north, float west, float east, const PathBox& box) {
   EXPECT_EQ(south, box.minLatitude);
@@ -42,161 +21,116 @@ void ExpectBox(float south, float north, float west, float east, const PathBox& 
   EXPECT_EQ(east, box.maxLongitude);
 }
 
-TEST_F(PathIndexTest, HoldsThePositionsOfAllPoints) {
-  Add(10, 20);
-  Add(11, 21);
-  Update();
-  Add(12, 22);
-  Update();
-  EXPECT_EQ(0, index.GetFirst());
-  EXPECT_EQ(3, index.GetEnd());
-  ExpectPosition(10, 20, 0);
-  ExpectPosition(11, 21, 1);
-  ExpectPosition(12, 22, 2);
+void ExpectNoLimits(const PathBox& box) {
+  constexpr float FARTHEST = std::numeric_limits<float>::max();
+  ExpectBox(-FARTHEST, FARTHEST, -FARTHEST, FARTHEST, box);
 }
 
-TEST_F(PathIndexTest, BeginsWithTheFirstPointThatHasAPosition) {
-  AddUnknown();
-  Update();
-  EXPECT_EQ(index.GetEnd(), index.GetFirst());
-  AddUnknown();
-  Add(10, 20);
-  Update();
-  EXPECT_EQ(2, index.GetFirst());
-  EXPECT_EQ(3, index.GetEnd());
-  ExpectPosition(10, 20, 2);
-  ExpectBox(10, 10, 20, 20, index.GetBlock(0, 0).box);
-}
+class PathIndexTest : public testing::Test {
+ protected:
+  ~PathIndexTest() override { failing_memory::RefuseRealloc(false); }
 
-TEST_F(PathIndexTest, LeavesPointsWithoutPositionAtTheOneBefore) {
-  Add(10, 20);
-  AddUnknown();
-  Add(MISSING_FLOAT, 77);
-  Add(12, 23);
-  Update();
-  ExpectPosition(10, 20, 1);
-  ExpectPosition(10, 20, 2);
-  ExpectPosition(12, 23, 3);
-  ExpectBox(10, 12, 20, 23, index.GetBlock(0, 0).box);
-  EXPECT_EQ(3, index.GetBlock(0, 0).step);
-}
-
-TEST_F(PathIndexTest, HasTheLineToTheNextBlockInABlock) {
-  for (int number = 0; number < 17; ++number) {
-    Add(10, 20 + static_cast<float>(number));
+  /// Points to the north-east, 1 apart each way; point 0 lies at 100 north and 500 east.
+  void AddUpTo(int count) {
+    for (int number = static_cast<int>(points.size()); number < count; ++number) {
+      points.push_back(PathPointAt(100 + static_cast<float>(number),
+                                   500 + static_cast<float>(number), 10, number));
+    }
   }
-  Add(14, 36);
-  Update();
-  ExpectBox(10, 10, 20, 36, index.GetBlock(0, 0).box);
-  EXPECT_EQ(1, index.GetBlock(0, 0).step);
-  ExpectBox(10, 14, 36, 36, index.GetBlock(0, 1).box);
-  EXPECT_EQ(4, index.GetBlock(0, 1).step);
-  ExpectBox(10, 14, 20, 36, index.GetBlock(1, 0).box);
-  EXPECT_EQ(4, index.GetBlock(1, 0).step);
-  ExpectBox(10, 14, 20, 36, index.GetBlock(PathIndex::LEVELS - 1, 0).box);
-}
-
-TEST_F(PathIndexTest, HasALineOverAGapInTheBlockOfTheGapsEnd) {
-  Add(10, 20);
-  for (int number = 1; number < 20; ++number) {
-    AddUnknown();
+  void Update() {
+    index.Update(PathPoints(std::span(points).subspan(static_cast<std::size_t>(dropped)), dropped));
   }
-  Add(11, 25);
+
+  std::vector<TrackPoint> points;
+  int dropped = 0;
+  PathIndex index;
+};
+
+TEST_F(PathIndexTest, HasABoxAroundEachCompleteBlockAndTheLineOutOfIt) {
+  AddUpTo(2 * BLOCK + 1);
   Update();
-  ExpectBox(10, 10, 20, 20, index.GetBlock(0, 0).box);
-  ExpectBox(10, 11, 20, 25, index.GetBlock(0, 1).box);
-  EXPECT_EQ(5, index.GetBlock(0, 1).step);
+  ExpectBox(100, 164, 500, 564, index.GetBox(0));
+  ExpectBox(100, 164, 500, 564, index.GetBox(BLOCK - 1));
+  ExpectBox(164, 228, 564, 628, index.GetBox(BLOCK));
 }
 
-TEST_F(PathIndexTest, BeginsLaterWhenTheOldestPointsAreLost) {
-  Add(10, 20);
-  AddUnknown();
-  AddUnknown();
-  Add(12, 22);
-  Add(13, 23);
-  Update();
-  lost = 1;
-  Update();
-  // The points at 10 North that have no position of their own go with the one that had.
-  EXPECT_EQ(3, index.GetFirst());
-  ExpectPosition(12, 22, 3);
-  Add(14, 24);
-  Update();
-  EXPECT_EQ(6, index.GetEnd());
-  ExpectPosition(14, 24, 5);
+TEST_F(PathIndexTest, HasTheSameBoxesInOneGoAndPointByPoint) {
+  for (int count = 1; count <= 2 * BLOCK + 1; ++count) {
+    AddUpTo(count);
+    Update();
+    Update();
+  }
+  ExpectBox(100, 164, 500, 564, index.GetBox(0));
+  ExpectBox(164, 228, 564, 628, index.GetBox(BLOCK));
 }
 
-TEST_F(PathIndexTest, KeepsNumbersWhenPointsWereLostBeforeItSawThem) {
-  Add(10, 20);
+TEST_F(PathIndexTest, HasNoLimitsForABlockUntilTheLineOutOfItIsKnown) {
+  AddUpTo(BLOCK);
   Update();
-  Add(77, 77);
-  Add(12, 22);
-  Add(13, 23);
-  lost = 2;
+  ExpectNoLimits(index.GetBox(0));
+  AddUpTo(BLOCK + 1);
   Update();
-  EXPECT_EQ(2, index.GetFirst());
-  EXPECT_EQ(4, index.GetEnd());
-  ExpectPosition(12, 22, 2);
-  ExpectPosition(13, 23, 3);
-  EXPECT_EQ(1, index.GetBlock(0, 0).step);
+  ExpectBox(100, 164, 500, 564, index.GetBox(0));
+  ExpectNoLimits(index.GetBox(BLOCK));
 }
 
-TEST_F(PathIndexTest, KnowsTheMeanStep) {
+TEST_F(PathIndexTest, TellsWhereBlocksEnd) {
+  EXPECT_EQ(BLOCK, PathIndex::EndOfBlock(0));
+  EXPECT_EQ(BLOCK, PathIndex::EndOfBlock(BLOCK - 1));
+  EXPECT_EQ(2 * BLOCK, PathIndex::EndOfBlock(BLOCK));
+}
+
+TEST_F(PathIndexTest, HasNoLimitsForPositionsThatAreNoNumbers) {
+  constexpr float NAN_POSITION = std::numeric_limits<float>::quiet_NaN();
+  AddUpTo(4 * BLOCK + 1);
+  points[10].latitude = NAN_POSITION;
+  points[2 * BLOCK].longitude = NAN_POSITION;
   Update();
-  EXPECT_EQ(0, index.GetMeanStep());
-  Add(10, 20);
-  Add(10.25F, 20);
-  Add(10.25F, 20.5F);
-  Add(10.25F, 20.5F);
+  ExpectNoLimits(index.GetBox(0));
+  ExpectNoLimits(index.GetBox(BLOCK));
+  ExpectNoLimits(index.GetBox(2 * BLOCK));
+  ExpectBox(292, 356, 692, 756, index.GetBox(3 * BLOCK));
+}
+
+TEST_F(PathIndexTest, KeepsItsBoxesWhenTheTrackDropsPoints) {
+  AddUpTo(BLOCK);
   Update();
-  EXPECT_EQ(0.75 / 4, index.GetMeanStep());
-  Add(50, -100);  // counts as 1
+  dropped = 20;
+  AddUpTo(2 * BLOCK + 1);
   Update();
-  EXPECT_EQ(1.75 / 5, index.GetMeanStep());
+  ExpectBox(100, 164, 500, 564, index.GetBox(dropped));
+  ExpectBox(164, 228, 564, 628, index.GetBox(BLOCK));
+}
+
+TEST_F(PathIndexTest, PassesOverPointsThatWereDroppedUnseen) {
+  AddUpTo(10);
+  Update();
+  dropped = 3 * BLOCK + 20;
+  AddUpTo(5 * BLOCK);
+  Update();
+  ExpectBox(312, 356, 712, 756, index.GetBox(dropped));
 }
 
 TEST_F(PathIndexTest, StartsAgainWithAShorterTrack) {
-  Add(10, 20);
-  Add(11, 21);
-  Add(12, 22);
+  AddUpTo(3 * BLOCK);
   Update();
-  points.clear();
-  Add(30, 40);
-  Add(30, 40);
+  points.erase(points.begin(), points.begin() + BLOCK);
+  points.resize(BLOCK + 1);
   Update();
-  EXPECT_EQ(0, index.GetFirst());
-  EXPECT_EQ(2, index.GetEnd());
-  ExpectPosition(30, 40, 0);
-  ExpectBox(30, 30, 40, 40, index.GetBlock(0, 0).box);
-  EXPECT_EQ(0, index.GetMeanStep());
+  ExpectBox(164, 228, 564, 628, index.GetBox(0));
+  ExpectNoLimits(index.GetBox(BLOCK));
 }
 
-TEST_F(PathIndexTest, IsOfNoUseWithPositionsThatAreNoNumbers) {
-  for (const float number :
-       {std::numeric_limits<float>::infinity(), std::numeric_limits<float>::quiet_NaN()}) {
-    points.clear();
-    Update();
-    Add(10, 20);
-    Add(number, 20);
-    Update();
-    EXPECT_FALSE(index.IsUsable());
-    Add(10, 20);
-    Update();
-    EXPECT_FALSE(index.IsUsable());
-  }
-}
-
-TEST_F(PathIndexTest, IsOfNoUseWithoutMemoryUntilTheNextTrack) {
+TEST_F(PathIndexTest, HasNoLimitsWithoutMemory) {
   failing_memory::RefuseRealloc(true);
-  Add(10, 20);
-  Add(11, 21);
+  AddUpTo(2 * BLOCK);
   Update();
-  EXPECT_FALSE(index.IsUsable());
+  ExpectNoLimits(index.GetBox(0));
   failing_memory::RefuseRealloc(false);
-  points.pop_back();
+  AddUpTo(3 * BLOCK);
   Update();
-  EXPECT_TRUE(index.IsUsable());
-  ExpectPosition(10, 20, 0);
+  ExpectBox(100, 164, 500, 564, index.GetBox(0));
+  ExpectBox(164, 228, 564, 628, index.GetBox(BLOCK));
 }
 
 }  // namespace

@@ -53,14 +53,12 @@ class Sheet {
   void* bits = nullptr;
 };
 
-void DrawPlainly(HDC dc, const RECT& area, const PathPoints& points,
-                 const PathProjection& projection) {
+void DrawPlainly(HDC dc, const PathPoints& points, const PathProjection& projection) {
   std::vector<POINT> line;
   for (int number = points.GetFirst(); number < points.GetEnd(); ++number) {
-    if (HasPosition(points[number])) {
-      line.push_back(projection.Project(points[number].latitude, points[number].longitude));
-    }
+    line.push_back(projection.Project(points[number]));
   }
+  const RECT area = projection.GetArea();
   const HRGN region = CreateRectRgn(area.left, area.top, area.right, area.bottom);
   const HPEN pen = CreatePen(PS_SOLID, 1, PATH_COLOR);
   SelectClipRgn(dc, region);
@@ -88,8 +86,9 @@ class PathLayerTest : public testing::Test {
     for (int added = 0; added < count; ++added) {
       switch (Pick(0, 40)) {
         case 0:
-          points.push_back(PathPointAt(MISSING_FLOAT, MISSING_FLOAT, 10, 0));
-          continue;
+          latitude += Shift(50 * step);
+          longitude += Shift(50 * step);
+          break;
         case 1:
           longitude = longitude > 0 ? -17959 : 17959;
           break;
@@ -140,9 +139,7 @@ class PathLayerTest : public testing::Test {
   PathBox Box() const {
     PathBox box;
     for (const TrackPoint& point : points) {
-      if (HasPosition(point)) {
-        box.Widen(point.latitude, point.longitude);
-      }
+      box.Widen(point.latitude, point.longitude);
     }
     return box;
   }
@@ -153,19 +150,12 @@ class PathLayerTest : public testing::Test {
     return {left, top, Pick(left + 10, FRAME.cx), Pick(top + 10, FRAME.cy)};
   }
 
-  void CatchUp() {
+  void ExpectPlainPicture(const PathProjection& projection) {
     index.Update(Points());
-    for (std::size_t taken = 0; taken <= points.size(); taken += PathCells::POINTS_AT_ONCE) {
-      cells.Update(Points());
-    }
-  }
-
-  void ExpectPlainPicture(const RECT& area, const PathProjection& projection) {
-    CatchUp();
     Sheet fast(FRAME);
-    layer.Draw(fast.GetDC(), area, {Points(), index, cells}, projection, {BACKGROUND, PATH_COLOR});
+    layer.Draw(fast.GetDC(), Points(), index, projection, {BACKGROUND, PATH_COLOR});
     Sheet plain(FRAME);
-    DrawPlainly(plain.GetDC(), area, Points(), projection);
+    DrawPlainly(plain.GetDC(), Points(), projection);
     EXPECT_TRUE(fast == plain) << points.size() << " points, " << lost << " lost";
     picturesWithInk += plain.IsEmpty() ? 0 : 1;
   }
@@ -178,7 +168,6 @@ class PathLayerTest : public testing::Test {
   float latitude = 5540;
   float longitude = 3730;
   PathIndex index;
-  PathCells cells;
   PathLayer layer;
   int picturesWithInk = 0;
 };
@@ -192,35 +181,34 @@ TEST_P(RandomPaths, LookAsThePlainWayHasThem) {
   const RECT area = RandomArea();
   Wander(Pick(2, 3000));
   for (int view = 0; view < 12; ++view) {
-    const float zoom = std::pow(2.0F, static_cast<float>(Pick(-3, 14)));
+    // Up to where most pixels lie beyond what device contexts count to.
+    const float zoom = std::pow(2.0F, static_cast<float>(Pick(-3, 26)));
     POINT pan = {Pick(-300, 300), Pick(-300, 300)};
     if (Pick(0, 1) != 0) {
       // Somewhere on the path, so that there is something to see.
       const TrackPoint& point =
           points[static_cast<std::size_t>(Pick(lost, static_cast<int>(points.size()) - 1))];
-      if (HasPosition(point)) {
-        pan = PathProjection(Box(), area, zoom, {0, 0})
-                  .PanTo(point.latitude, point.longitude, {area.left + 5, area.top + 5});
-      }
+      pan = PathProjection(Box(), area, zoom, {0, 0}).PanTo(point, {area.left + 5, area.top + 5});
     }
     const PathProjection projection(Box(), area, zoom, pan);
-    ExpectPlainPicture(area, projection);
+    ExpectPlainPicture(projection);
     // Go on driving, seen in the same way.
     for (int update = 0; update < 4; ++update) {
       Wander(Pick(0, 20));
-      ExpectPlainPicture(area, projection);
+      ExpectPlainPicture(projection);
     }
     // Follow a finger, now and then while driving on.
     for (int move = 0; move < 6; ++move) {
       pan.x += Pick(-12, 12) * Pick(0, 1);
       pan.y += Pick(-12, 12) * Pick(0, 1);
       Wander(Pick(0, 3) == 0 ? 1 : 0);
-      ExpectPlainPicture(area, PathProjection(Box(), area, zoom, pan));
+      ExpectPlainPicture(PathProjection(Box(), area, zoom, pan));
     }
     // Memory has run out: the oldest points go.
     if (Pick(0, 2) == 0) {
+      ExpectPlainPicture(projection);
       lost = std::min(lost + Pick(1, 40), static_cast<int>(points.size()) - 2);
-      ExpectPlainPicture(area, projection);
+      ExpectPlainPicture(projection);
     }
   }
   EXPECT_GT(picturesWithInk, 0);
@@ -232,22 +220,20 @@ class RandomRoads : public RandomPaths {};
 
 TEST_P(RandomRoads, DrivenAllDayLookAsThePlainWayHasThem) {
   DriveAllDay(60000);
-  CatchUp();
-  ASSERT_TRUE(cells.Hold(60000));
   for (int view = 0; view < 40; ++view) {
     const RECT area = view % 2 == 0 ? RandomArea() : RECT{0, 0, FRAME.cx, FRAME.cy};
     const float zoom = std::pow(2.0F, static_cast<float>(Pick(-2, 9)) / 2);
     const TrackPoint& point = points[static_cast<std::size_t>(Pick(0, 59999))];
-    const POINT pan = PathProjection(Box(), area, zoom, {0, 0})
-                          .PanTo(point.latitude, point.longitude, {area.left + 5, area.top + 5});
-    ExpectPlainPicture(area, PathProjection(Box(), area, zoom, pan));
+    const POINT pan =
+        PathProjection(Box(), area, zoom, {0, 0}).PanTo(point, {area.left + 5, area.top + 5});
+    ExpectPlainPicture(PathProjection(Box(), area, zoom, pan));
   }
   // A jump, and on with steps of pixels.
   latitude += 3;
   Wander(300);
   for (int view = 0; view < 10; ++view) {
     const RECT area = RandomArea();
-    ExpectPlainPicture(area, PathProjection(Box(), area, 1, {0, 0}));
+    ExpectPlainPicture(PathProjection(Box(), area, 1, {0, 0}));
   }
   EXPECT_EQ(50, picturesWithInk);
 }
@@ -255,7 +241,6 @@ TEST_P(RandomRoads, DrivenAllDayLookAsThePlainWayHasThem) {
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomRoads, testing::Range(0, 12));
 
 TEST_F(PathLayerTest, DrawsATrackThatSpreadsOverACountryLikeThePlainWay) {
-  // More than there are cells, so they become larger again and again.
   for (int second = 0; second < 100000; ++second) {
     latitude += Shift(0.2F);
     longitude += Shift(0.2F);
@@ -263,31 +248,10 @@ TEST_F(PathLayerTest, DrawsATrackThatSpreadsOverACountryLikeThePlainWay) {
   }
   const RECT area = {1, 1, 199, 159};
   for (float zoom = 0.25F; zoom < 500; zoom *= 2) {
-    const POINT pan = PathProjection(Box(), area, zoom, {0, 0})
-                          .PanTo(points[300].latitude, points[300].longitude, {50, 60});
-    ExpectPlainPicture(area, PathProjection(Box(), area, zoom, pan));
+    const POINT pan = PathProjection(Box(), area, zoom, {0, 0}).PanTo(points[300], {50, 60});
+    ExpectPlainPicture(PathProjection(Box(), area, zoom, pan));
   }
   EXPECT_EQ(11, picturesWithInk);
-}
-
-TEST_F(PathLayerTest, LightsPixelsThatLinesLeadOverButNoPointLiesIn) {
-  // 1.2 pixels forth and back, over a pixel in the middle, with rests at both ends.
-  const RECT area = {1, 1, 199, 159};
-  PathBox box;
-  box.Widen(10, 20);
-  box.Widen(11, 21);
-  const PathProjection projection(box, area, 1, {0, 0});
-  const double pixel = projection.GetPixelSize();
-  const auto west = static_cast<float>(projection.LongitudeOfEdge(100) - pixel / 10);
-  const auto east = static_cast<float>(projection.LongitudeOfEdge(101) + pixel / 10);
-  for (int second = 0; second < PathCells::FEWEST_POINTS; ++second) {
-    points.push_back(PathPointAt(10.5F, second / 3 % 2 == 0 ? west : east, 10, second));
-  }
-  ExpectPlainPicture(area, projection);
-  EXPECT_TRUE(cells.Hold(PathCells::FEWEST_POINTS));
-  EXPECT_EQ(99, projection.Project(points[0]).x);
-  EXPECT_EQ(101, projection.Project(points[3]).x);
-  EXPECT_EQ(1, picturesWithInk);
 }
 
 TEST_F(PathLayerTest, GrowsWithItsBox) {
@@ -297,21 +261,20 @@ TEST_F(PathLayerTest, GrowsWithItsBox) {
     latitude += 0.1F;
     longitude += 0.1F;
     Wander(1);
-    ExpectPlainPicture(area, PathProjection(Box(), area, 1, {0, 0}));
+    ExpectPlainPicture(PathProjection(Box(), area, 1, {0, 0}));
   }
 }
 
 TEST_F(PathLayerTest, FollowsItsColours) {
   const RECT area = {1, 1, 199, 159};
   points = {PathPointAt(5540, 3730, 0, 0), PathPointAt(5541, 3731, 0, 1)};
-  CatchUp();
+  index.Update(Points());
   const PathProjection projection(Box(), area, 1, {0, 0});
   Sheet sheet(FRAME);
-  layer.Draw(sheet.GetDC(), area, {Points(), index, cells}, projection, {BACKGROUND, PATH_COLOR});
+  layer.Draw(sheet.GetDC(), Points(), index, projection, {BACKGROUND, PATH_COLOR});
   const POINT start = projection.Project(5540, 3730);
   EXPECT_EQ(PATH_COLOR, GetPixel(sheet.GetDC(), start.x, start.y));
-  layer.Draw(sheet.GetDC(), area, {Points(), index, cells}, projection,
-             {RGB(0, 0, 255), RGB(255, 0, 0)});
+  layer.Draw(sheet.GetDC(), Points(), index, projection, {RGB(0, 0, 255), RGB(255, 0, 0)});
   EXPECT_EQ(RGB(255, 0, 0), GetPixel(sheet.GetDC(), start.x, start.y));
   EXPECT_EQ(RGB(0, 0, 255), GetPixel(sheet.GetDC(), 2, 2));
 }
@@ -320,21 +283,37 @@ TEST_F(PathLayerTest, NeedsNoMemoryForAnIndex) {
   const RECT area = {1, 1, 199, 159};
   failing_memory::RefuseRealloc(true);
   Wander(500);
-  CatchUp();
-  EXPECT_FALSE(index.IsUsable());
   // Also the last pixel, which lines leave out.
   points.push_back(PathPointAt(latitude + 1, longitude + 1, 10, 0));
-  ExpectPlainPicture(area, PathProjection(Box(), area, 1, {0, 0}));
+  ExpectPlainPicture(PathProjection(Box(), area, 1, {0, 0}));
   Wander(5);
-  ExpectPlainPicture(area, PathProjection(Box(), area, 4, {0, 0}));
+  ExpectPlainPicture(PathProjection(Box(), area, 4, {0, 0}));
+}
+
+TEST_F(PathLayerTest, DrawsTheLineThatLeadsOutOfTheLastBlockWithABox) {
+  // The index grows by 1000 blocks of 64 points at a time.
+  constexpr int POINTS_OF_FULL_INDEX = 64'000;
+  const RECT area = {1, 1, 199, 159};
+  PathBox view;
+  view.Widen(10, 21);
+  view.Widen(11, 22);
+  for (int second = 0; second < POINTS_OF_FULL_INDEX; ++second) {
+    points.push_back(PathPointAt(10.4F, 15 + Shift(0.1F), 10, second));
+  }
+  index.Update(Points());
+  failing_memory::RefuseRealloc(true);
+  points.push_back(PathPointAt(10.6F, 29, 10, 0));
+  ExpectPlainPicture(PathProjection(view, area, 1, {0, 0}));
+  EXPECT_EQ(1, picturesWithInk);
 }
 
 TEST_F(PathLayerTest, DrawsPositionsThatAreNoNumbersLikeThePlainWay) {
+  // The lines to and from it leave the frame at the upper edge, those to its neighbours do not.
   const RECT area = {1, 1, 199, 159};
-  Wander(50);
+  Wander(150);
   points.push_back(PathPointAt(std::numeric_limits<float>::quiet_NaN(), longitude, 10, 0));
-  Wander(50);
-  ExpectPlainPicture(area, PathProjection(Box(), area, 1, {0, 0}));
+  Wander(150);
+  ExpectPlainPicture(PathProjection(Box(), area, 1, {0, 0}));
   EXPECT_EQ(1, picturesWithInk);
 }
 
@@ -343,20 +322,39 @@ TEST_F(PathLayerTest, NeedsNoMemoryForAPicture) {
   const RECT area = {1, 1, 50001, 50001};
   Wander(700);
   const PathBox box = Box();
-  const POINT pan = PathProjection(box, area, 0.001F, {0, 0})
-                        .PanTo(points[350].latitude, points[350].longitude, {50, 60});
-  ExpectPlainPicture(area, PathProjection(box, area, 0.001F, pan));
+  const POINT pan = PathProjection(box, area, 0.001F, {0, 0}).PanTo(points[350], {50, 60});
+  ExpectPlainPicture(PathProjection(box, area, 0.001F, pan));
   Wander(5);
-  ExpectPlainPicture(area, PathProjection(box, area, 0.002F, pan));
+  ExpectPlainPicture(PathProjection(box, area, 0.002F, pan));
   EXPECT_GT(picturesWithInk, 0);
+}
+
+TEST_F(PathLayerTest, DrawsAllAgainAfterAFrameWithoutMemoryForAPicture) {
+  Wander(300);
+  const PathProjection projection(Box(), {1, 1, 199, 159}, 1, {0, 0});
+  ExpectPlainPicture(projection);
+  ExpectPlainPicture(PathProjection(Box(), {1, 1, 50001, 50001}, 0.001F, {0, 0}));
+  ExpectPlainPicture(projection);
+  EXPECT_GE(picturesWithInk, 2);
+}
+
+TEST_F(PathLayerTest, TakesPointsThatTheTrackDropsOutOfThePicture) {
+  const RECT area = {1, 1, 199, 159};
+  points = {PathPointAt(10, 20, 0, 0), PathPointAt(11, 20, 0, 1), PathPointAt(11, 21, 0, 2)};
+  const PathProjection projection(Box(), area, 1, {0, 0});
+  ExpectPlainPicture(projection);
+  lost = 1;
+  points.push_back(PathPointAt(10, 21, 0, 3));
+  ExpectPlainPicture(projection);
+  EXPECT_EQ(2, picturesWithInk);
 }
 
 TEST_F(PathLayerTest, StartsAgainWithAShorterTrack) {
   const RECT area = {1, 1, 199, 159};
   Wander(500);
-  ExpectPlainPicture(area, PathProjection(Box(), area, 1, {0, 0}));
+  ExpectPlainPicture(PathProjection(Box(), area, 1, {0, 0}));
   points.resize(100);
-  ExpectPlainPicture(area, PathProjection(Box(), area, 1, {0, 0}));
+  ExpectPlainPicture(PathProjection(Box(), area, 1, {0, 0}));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "widgets/path/PathProjection.h"
+#include "widgets/path/PathTrack.h"
 
 namespace ferolin {
 
@@ -97,8 +98,8 @@ TEST(PathProjectionTest, PansAPositionExactlyToAPixel) {
     for (int step = 0; step <= 20; ++step) {
       const float latitude = 10 + 0.2F * static_cast<float>(step);
       const float longitude = 100 + 0.93F * static_cast<float>(step);
-      const POINT pan =
-          PathProjection(box, AREA, zoom, {0, 0}).PanTo(latitude, longitude, {60, 40});
+      const POINT pan = PathProjection(box, AREA, zoom, {0, 0})
+                            .PanTo(PathPointAt(latitude, longitude, 0, 0), {60, 40});
       ExpectPixel(60, 40, PathProjection(box, AREA, zoom, pan).Project(latitude, longitude));
     }
   }
@@ -107,14 +108,16 @@ TEST(PathProjectionTest, PansAPositionExactlyToAPixel) {
 TEST(PathProjectionTest, PansToAPositionBeyondTheFarthestPixels) {
   const PathBox box = BoxOf(10, 14, 100, 120);
   constexpr float ZOOM = 1 << 21;
-  const POINT pan = PathProjection(box, AREA, ZOOM, {0, 0}).PanTo(14, 120, {60, 40});
+  const POINT pan =
+      PathProjection(box, AREA, ZOOM, {0, 0}).PanTo(PathPointAt(14, 120, 0, 0), {60, 40});
   EXPECT_LT(pan.x, -PathProjection::FARTHEST);
   ExpectPixel(60, 40, PathProjection(box, AREA, ZOOM, pan).Project(14, 120));
 }
 
 TEST(PathProjectionTest, PansNoFartherThanCanBeAddedUp) {
   const PathBox box = BoxOf(10, 14, 100, 120);
-  const POINT pan = PathProjection(box, AREA, 1e30F, {0, 0}).PanTo(14, 120, {60, 40});
+  const POINT pan =
+      PathProjection(box, AREA, 1e30F, {0, 0}).PanTo(PathPointAt(14, 120, 0, 0), {60, 40});
   ExpectPixel(60 - (1 << 30), 40 + (1 << 30), pan);
 }
 
@@ -122,8 +125,6 @@ TEST(PathProjectionTest, MovesEveryPlaceByThePanToThePixel) {
   const PathBox box = BoxOf(10.1F, 14.7F, 100.3F, 120.9F);
   const PathProjection before(box, AREA, 7.7F, {1000, 2000});
   const PathProjection after(box, AREA, 7.7F, {1013, 1995});
-  ASSERT_TRUE(after.IsPanned(before));
-  ExpectPixel(13, -5, after.PannedFrom(before));
   for (int step = 0; step <= 4000; ++step) {
     const float part = static_cast<float>(step) / 4000;
     const POINT pixel = before.Project(10.1F + 4.6F * part, 100.3F + 20.6F * part);
@@ -132,51 +133,39 @@ TEST(PathProjectionTest, MovesEveryPlaceByThePanToThePixel) {
   }
 }
 
-TEST(PathProjectionTest, IsNotJustPannedWhenAnythingElseDiffers) {
+TEST(PathProjectionTest, IsTheSameOnlyWhenNothingDiffers) {
   const PathBox box = BoxOf(10, 14, 100, 120);
   const PathProjection projection(box, AREA, 1, {0, 0});
-  EXPECT_FALSE(PathProjection(box, AREA, 2, {5, 0}).IsPanned(projection));
-  EXPECT_FALSE(PathProjection(BoxOf(10, 14, 100, 121), AREA, 1, {5, 0}).IsPanned(projection));
-  EXPECT_FALSE(PathProjection(BoxOf(10, 15, 100, 120), AREA, 1, {5, 0}).IsPanned(projection));
-  // Places that are cut off do not move.
-  const PathProjection far(box, AREA, 1e30F, {0, 0});
-  EXPECT_FALSE(PathProjection(box, AREA, 1e30F, {5, 0}).IsPanned(far));
+  EXPECT_TRUE(PathProjection(box, AREA, 1, {0, 0}) == projection);
+  EXPECT_FALSE(PathProjection(box, AREA, 2, {0, 0}) == projection);
+  EXPECT_FALSE(PathProjection(box, AREA, 1, {5, 0}) == projection);
+  EXPECT_FALSE(PathProjection(box, AREA, 1, {0, 5}) == projection);
+  EXPECT_FALSE(PathProjection(BoxOf(10, 14, 100, 121), AREA, 1, {0, 0}) == projection);
+  EXPECT_FALSE(PathProjection(BoxOf(10, 15, 100, 120), AREA, 1, {0, 0}) == projection);
+  // With the same middle and scale, but two columns or rows more.
+  const RECT wider = {AREA.left - 1, AREA.top, AREA.right + 1, AREA.bottom};
+  EXPECT_FALSE(PathProjection(BoxOf(10, 30, 100, 104), wider, 1, {0, 0}) ==
+               PathProjection(BoxOf(10, 30, 100, 104), AREA, 1, {0, 0}));
+  const RECT higher = {AREA.left, AREA.top - 1, AREA.right, AREA.bottom + 1};
+  EXPECT_FALSE(PathProjection(box, higher, 1, {0, 0}) == projection);
 }
 
-TEST(PathProjectionTest, TellsWhereColumnsAndRowsBegin) {
-  const PathProjection projection(BoxOf(10, 14, 100, 120), AREA, 1, {0, 0});
+TEST(PathProjectionTest, KnowsItsArea) {
+  const RECT area = PathProjection(BoxOf(10, 14, 100, 120), AREA, 3, {7, 8}).GetArea();
+  EXPECT_EQ(AREA.left, area.left);
+  EXPECT_EQ(AREA.top, area.top);
+  EXPECT_EQ(AREA.right, area.right);
+  EXPECT_EQ(AREA.bottom, area.bottom);
+}
+
+TEST(PathProjectionTest, MapsABoxToTheRectangleOfItsCorners) {
   // 5 pixels for 1; latitude 12, longitude 110 is pixel (60, 40).
-  EXPECT_NEAR(110.2, projection.LongitudeOfEdge(61), 1e-9);
-  EXPECT_NEAR(12.4, projection.LatitudeOfEdge(38), 1e-9);
-  // Pixel 0 begins at place -1: 61 pixels west of 60, 41 north of 40.
-  EXPECT_NEAR(97.8, projection.LongitudeOfEdge(0), 1e-9);
-  EXPECT_NEAR(20.2, projection.LatitudeOfEdge(0), 1e-9);
-}
-
-TEST(PathProjectionTest, KnowsABoxAroundPixels) {
   const PathProjection projection(BoxOf(10, 14, 100, 120), AREA, 1, {0, 0});
-  // Columns 60 to 64 and rows 35 to 39: longitudes 110 to 111, latitudes 12 to 13.
-  const PathBox box = projection.BoxAround({60, 35, 65, 40});
-  EXPECT_TRUE(box.Contains(12, 110));
-  EXPECT_TRUE(box.Contains(13, 111));
-  EXPECT_FALSE(box.Contains(12, 109));
-  EXPECT_FALSE(box.Contains(12, 112));
-  EXPECT_FALSE(box.Contains(11, 110));
-  EXPECT_FALSE(box.Contains(14, 110));
-}
-
-TEST(PathProjectionTest, KnowsABoxInsidePixels) {
-  const PathProjection projection(BoxOf(10, 14, 100, 120), AREA, 1, {0, 0});
-  // Of columns 60 to 64 and rows 35 to 39 a pixel less: longitudes 110.2 to 110.8, latitudes 12.2
-  // to 12.8.
-  const PathBox box = projection.BoxInside({60, 35, 65, 40});
-  EXPECT_TRUE(box.Contains(12.21F, 110.21F));
-  EXPECT_TRUE(box.Contains(12.79F, 110.79F));
-  EXPECT_FALSE(box.Contains(12.5F, 110.19F));
-  EXPECT_FALSE(box.Contains(12.5F, 110.81F));
-  EXPECT_FALSE(box.Contains(12.19F, 110.5F));
-  EXPECT_FALSE(box.Contains(12.81F, 110.5F));
-  EXPECT_TRUE(projection.BoxInside({60, 35, 61, 36}).IsEmpty());
+  const RECT rect = projection.Project(BoxOf(11, 13, 108, 111));
+  EXPECT_EQ(50, rect.left);
+  EXPECT_EQ(35, rect.top);
+  EXPECT_EQ(65, rect.right);
+  EXPECT_EQ(45, rect.bottom);
 }
 
 TEST(PathProjectionTest, ProjectsWhatIsNearLikeAnythingElse) {
@@ -184,18 +173,8 @@ TEST(PathProjectionTest, ProjectsWhatIsNearLikeAnythingElse) {
   for (const auto& [latitude, longitude] :
        {std::pair(12.0F, 110.0F), {12.3F, 110.7F}, {10.0F, 100.0F}, {13.9F, 119.9F}}) {
     const POINT pixel = projection.Project(latitude, longitude);
-    ExpectPixel(pixel.x, pixel.y, projection.ProjectNear(latitude, longitude));
+    ExpectPixel(pixel.x, pixel.y, projection.ProjectNear(PathPointAt(latitude, longitude, 0, 0)));
   }
-}
-
-TEST(PathBoxTest, HoldsBoxesThatReachToItsEdges) {
-  const PathBox box = BoxOf(10, 14, 100, 120);
-  EXPECT_TRUE(box.Contains(box));
-  EXPECT_TRUE(box.Contains(BoxOf(11, 12, 110, 111)));
-  EXPECT_FALSE(box.Contains(BoxOf(9, 14, 100, 120)));
-  EXPECT_FALSE(box.Contains(BoxOf(10, 15, 100, 120)));
-  EXPECT_FALSE(box.Contains(BoxOf(10, 14, 99, 120)));
-  EXPECT_FALSE(box.Contains(BoxOf(10, 14, 100, 121)));
 }
 
 }  // namespace

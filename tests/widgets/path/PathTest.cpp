@@ -38,19 +38,6 @@ class PathTest : public ViewTest {
     second += 10;
   }
 
-  /// Points without a position. A track takes none, so they lose it once they are there.
-  void AddUnknown() {
-    for (const auto& [latitude, longitude] :
-         {std::pair(5545.0F, MISSING_FLOAT), std::pair(MISSING_FLOAT, 3737.0F),
-          std::pair(MISSING_FLOAT, MISSING_FLOAT)}) {
-      Add(5545, 3737);
-      const TrackStore& track = engine->GetFix().GetTrack();
-      auto* point = const_cast<TrackPoint*>(track.GetPoint(track.GetPointCount() - 1));
-      point->latitude = latitude;
-      point->longitude = longitude;
-    }
-  }
-
   /// With a track from the lower left to the upper right.
   void OpenDiagonal(int width = 240, int height = 320, int dpi = 96) {
     Open(width, height, dpi);
@@ -286,19 +273,6 @@ TEST_F(PathTest, CentresOnceThereIsAPath) {
   engine->GetRedraw().SetCurRenderWidget(FEROLIN_VIEW_PATH);
   TapCenter();
   Add(5546, 3738);
-  EXPECT_EQ((Pixel{120, 105}), EndMark());
-}
-
-TEST_F(PathTest, EndsAtTheLastPointWithAPosition) {
-  OpenDiagonal();
-  AddUnknown();
-  EXPECT_EQ((Pixel{216, 9}), EndMark());
-}
-
-TEST_F(PathTest, CentresOnTheLastPointWithAPosition) {
-  OpenDiagonal();
-  AddUnknown();
-  TapCenter();
   EXPECT_EQ((Pixel{120, 105}), EndMark());
 }
 
