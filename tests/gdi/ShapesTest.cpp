@@ -56,6 +56,30 @@ TEST_F(Shapes, DiagonalsTakeOnePixelAStep) {
   }
 }
 
+TEST_F(Shapes, LinesToNeighboursAreTheirFirstPixel) {
+  for (int y = -1; y <= 1; ++y) {
+    for (int x = -1; x <= 1; ++x) {
+      SetPixel(section.dc, 4, 4, 0);
+      const POINT points[] = {{4, 4}, {4 + x, 4 + y}};
+      Polyline(section.dc, points, 2);
+      EXPECT_EQ(x == 0 && y == 0 ? 0 : 1, Count(RED)) << x << ' ' << y;
+      EXPECT_EQ(x == 0 && y == 0 ? 0u : RED, section.At(4, 4)) << x << ' ' << y;
+    }
+  }
+}
+
+TEST_F(Shapes, LinesToNeighboursStayInsideTheClipRegion) {
+  const HRGN region = CreateRectRgn(2, 2, 5, 5);
+  SelectClipRgn(section.dc, region);
+  const POINT points[] = {{1, 2}, {2, 1}, {3, 2}, {4, 3}, {5, 4}, {4, 5}, {3, 4}};
+  Polyline(section.dc, points, 7);
+  SelectClipRgn(section.dc, nullptr);
+  DeleteObject(region);
+  EXPECT_EQ(2, Count(RED));
+  EXPECT_EQ(RED, section.At(3, 2));
+  EXPECT_EQ(RED, section.At(4, 3));
+}
+
 TEST_F(Shapes, PolylinesNeedTwoPoints) {
   const POINT points[] = {{1, 1}, {4, 1}, {4, 4}};
   EXPECT_FALSE(Polyline(section.dc, points, 1));

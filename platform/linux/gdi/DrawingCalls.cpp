@@ -57,11 +57,9 @@ void DrawLines(const DeviceContext& context, std::span<const POINT> points, Clos
     }
     return;
   }
-  for (std::size_t i = 1; i < points.size(); ++i) {
-    DrawThinLine(target, points[i - 1], points[i], pixel);
-  }
+  DrawThinLines(target, points, pixel);
   if (closing == Closing::CLOSED) {
-    DrawThinLine(target, points.back(), points.front(), pixel);
+    DrawThinLines(target, std::array{points.back(), points.front()}, pixel);
   }
 }
 

@@ -108,24 +108,40 @@ void WalkLine(const Target& target, POINT from, POINT to, Plot plot) {
   }
 }
 
+/// True when the pixels are the same or touch each other.
+bool AreNeighbours(POINT a, POINT b) {
+  return std::abs(a.x - b.x) <= 1 && std::abs(a.y - b.y) <= 1;
+}
+
+template <typename Pixel>
+void DrawThrough(const Target& target, std::span<const POINT> points, Pixel pixel) {
+  for (std::size_t i = 1; i < points.size(); ++i) {
+    const POINT from = points[i - 1];
+    const POINT to = points[i];
+    if (AreNeighbours(from, to)) {
+      // Without its end the line is just its start.
+      if ((from.x != to.x || from.y != to.y) && target.Contains(from.x, from.y)) {
+        target.raster.GetRow<Pixel>(from.y)[from.x] = pixel;
+      }
+    } else if (from.y == to.y) {
+      const bool isRightward = from.x < to.x;
+      target.Fill(
+          {isRightward ? from.x : to.x + 1, from.y, isRightward ? to.x : from.x + 1, from.y + 1},
+          pixel);
+    } else {
+      WalkLine(target, from, to,
+               [&](int x, int y, std::int64_t) { target.raster.GetRow<Pixel>(y)[x] = pixel; });
+    }
+  }
+}
+
 }  // namespace
 
-void DrawThinLine(const Target& target, POINT from, POINT to, std::uint32_t pixel) {
-  if (from.y == to.y) {
-    const bool isRightward = from.x < to.x;
-    target.Fill(
-        {isRightward ? from.x : to.x + 1, from.y, isRightward ? to.x : from.x + 1, from.y + 1},
-        pixel);
-    return;
-  }
+void DrawThinLines(const Target& target, std::span<const POINT> points, std::uint32_t pixel) {
   if (target.raster.format == PixelFormat::RGB555) {
-    WalkLine(target, from, to, [&](int x, int y, std::int64_t) {
-      target.raster.GetRow<std::uint16_t>(y)[x] = static_cast<std::uint16_t>(pixel);
-    });
+    DrawThrough(target, points, static_cast<std::uint16_t>(pixel));
   } else {
-    WalkLine(target, from, to, [&](int x, int y, std::int64_t) {
-      target.raster.GetRow<std::uint32_t>(y)[x] = pixel;
-    });
+    DrawThrough(target, points, pixel);
   }
 }
 

@@ -2,13 +2,14 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 
 #include "gdi/Raster.h"
 
 namespace handheld::gdi {
 
-/// Draws from `from` to `to` without the end point.
-void DrawThinLine(const Target& target, POINT from, POINT to, std::uint32_t pixel);
+/// Draws a line through all points, without the last one.
+void DrawThinLines(const Target& target, std::span<const POINT> points, std::uint32_t pixel);
 
 /// Position in the dash pattern, carried from one segment of a line to the next.
 struct DashPosition {
