@@ -12,9 +12,9 @@ struct IImagingFactory;
 
 namespace ferolin {
 
-/// A picture file, decoded into 32-bit pixels whose colours are multiplied by their alpha. A picture
-/// that is not loaded has size 0 x 0 and draws nothing. Loading needs COM on the calling thread. No
-/// lock.
+/// A picture file, decoded into 32-bit pixels whose colours are multiplied by their alpha. A
+/// picture that is not loaded has size 0 x 0 and draws nothing. Loading needs COM on the calling
+/// thread. No lock.
 class Picture {
  public:
   Picture() = default;
@@ -46,8 +46,8 @@ class Picture {
 /// The picture in that file; null when it cannot be loaded.
 std::unique_ptr<Picture> LoadPicture(const WideString& path);
 
-/// Multiplies the colours of `count` pixels (bytes B, G, R, A) by their alpha and divides by 256. An
-/// opaque 255 becomes 254.
+/// Multiplies the colours of `count` pixels (bytes B, G, R, A) by their alpha and divides by 256.
+/// An opaque 255 becomes 254.
 void PremultiplyAlpha(BYTE* pixels, std::size_t count);
 
 }  // namespace ferolin

@@ -5,8 +5,8 @@
 namespace ferolin {
 
 /// A memory device context with a bitmap selected into it; both are owned. Empty at start: null
-/// handles, size 0 x 0. The holder calls Release; there is no destructor, so that a surface can live
-/// as long as the process.
+/// handles, size 0 x 0. The holder calls Release; there is no destructor, so that a surface can
+/// live as long as the process.
 class Surface {
  public:
   constexpr Surface() = default;

@@ -35,8 +35,8 @@ class ButtonBar {
   /// Bars share the countdown; it outlives them.
   ButtonBar(BarSide side, BarCountdown& countdown) : side(side), countdown(countdown) {}
 
-  /// An empty path, or a file that cannot be loaded, leaves an empty place. It can be tapped all the
-  /// same.
+  /// An empty path, or a file that cannot be loaded, leaves an empty place. It can be tapped all
+  /// the same.
   void Add(const WideString& picturePath, const ButtonMessage& message);
   bool IsEmpty() const { return buttons.empty(); }
   void SetSide(BarSide newSide) { side = newSide; }

@@ -9,8 +9,8 @@ namespace ferolin {
 
 class Canvas;
 
-/// A text in the largest font that fits. Sizes go down in steps of 5; the first one below 6 is taken
-/// in any case.
+/// A text in the largest font that fits. Sizes go down in steps of 5; the first one below 6 is
+/// taken in any case.
 class FittedText {
  public:
   FittedText(Canvas& canvas, WideStringView face, int largestSize, WideString text, SIZE available);

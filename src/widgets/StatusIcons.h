@@ -41,8 +41,8 @@ class StatusIcons {
   std::array<std::unique_ptr<Picture>, COUNT> battery;  ///< the last one: charging
 };
 
-/// Index of the reception icon for that number of satellites: 0 for fewer than 3, 1 for 3 and 4, and
-/// so on to 5 for 11 and more.
+/// Index of the reception icon for that number of satellites: 0 for fewer than 3, 1 for 3 and 4,
+/// and so on to 5 for 11 and more.
 std::size_t ReceptionLevel(int satellites);
 
 /// Index of the battery icon for that charge: 0 below 20 %, and so on to 4 from 80 %. An unknown

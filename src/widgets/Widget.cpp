@@ -63,7 +63,7 @@ void Widget::FinishFrame(Canvas& canvas) {
   canvas.FlushToWindow();
 }
 
-/// The bars lie over a frame that is presented.
+/// Draws the bars over the presented frame.
 void Widget::DrawOverlay(Canvas& canvas) {
   const HWND window = owner.GetRenderWindow();
   if (IsShown(window)) {

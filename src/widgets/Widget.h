@@ -12,9 +12,9 @@ class Canvas;
 class WidgetOwner;
 class IniStore;
 
-/// A full-screen view in the host's render window, with two bars of buttons over it: the common ones
-/// and its own. Touches come from the host. A tap on a button and a long horizontal swipe post a
-/// code to the host.
+/// A full-screen view in the host's render window, with two bars of buttons over it: the common
+/// ones and its own. Touches come from the host. A tap on a button and a long horizontal swipe post
+/// a code to the host.
 ///
 /// Threads: attached on the reader's, drawn on the redraw thread, touched on the host's. The
 /// engine's data lock guards drawing, attaching and the bars. Mouse handlers take the lock
@@ -33,7 +33,7 @@ class Widget {
   virtual ~Widget() = default;
   /// Draws one whole frame into the window: the background, what the view paints, the bars.
   void Draw(HWND window);
-  /// Creates buttons, sensors' indexes and pictures that are still missing, and chooses the bars'
+  /// Finds sensors and loads pictures and buttons that are still missing, and chooses the bars'
   /// sides by the shape of the render window. Called with every update.
   virtual void Attach();
   virtual const char* GetName() const { return name.c_str(); }

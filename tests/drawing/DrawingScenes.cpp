@@ -1,4 +1,5 @@
-// Draws many small scenes and all views, so that homes can be compared. All homes build this source.
+// Draws many small scenes and all views, so that homes can be compared. All homes build this
+// source.
 
 #include <cstdio>
 #include <set>

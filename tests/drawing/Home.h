@@ -7,8 +7,8 @@
 
 namespace drawing {
 
-/// Sets the screen to 96 dpi and the battery to 65 %, charging. Returns a module that lies beside the
-/// pictures and the display font.
+/// Sets the screen to 96 dpi and the battery to 65 %, charging. Returns a module that lies beside
+/// the pictures and the display font.
 HMODULE PrepareHome();
 
 }  // namespace drawing

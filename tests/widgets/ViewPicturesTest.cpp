@@ -1,5 +1,5 @@
-// Whole views, compared with pictures that were looked at. In Russian just the ones with the longest
-// words.
+// Whole views, compared with pictures that were looked at. In Russian just the ones with the
+// longest words.
 
 #include <algorithm>
 

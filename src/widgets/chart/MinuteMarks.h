@@ -13,8 +13,8 @@ namespace ferolin {
 class Canvas;
 
 /// Marks of a chart where a minute of local time begins: a line for each, and a label with hour and
-/// minute for those that have room for one. Newer labels come first; a label that would touch one is
-/// left out. Without memory marks are left out, too.
+/// minute for those that have room for one. Newer labels come first; a label that would touch one
+/// is left out. Without memory marks are left out, too.
 class MinuteMarks {
  public:
   struct Label {

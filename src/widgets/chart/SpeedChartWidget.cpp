@@ -240,8 +240,8 @@ void SpeedChartWidget::DrawChart(Canvas& canvas, const RECT& plot, const SpeedSc
                       static_cast<int>(line.Get().size()));
 }
 
-/// Both speeds have places of their own at the right, so neither hides the other. The maximum has its
-/// line's colour.
+/// Both speeds have places of their own at the right, so neither hides the other. The maximum has
+/// its line's colour.
 void SpeedChartWidget::DrawSpeeds(Canvas& canvas, const RECT& plot, const SpeedScale& scale,
                                   float current) {
   if (columns.Get().empty()) {

@@ -24,9 +24,9 @@ class DialGeometry {
   int radius;
 };
 
-/// The dial's rectangle in a frame of that size, for a picture of that size. In landscape and square
-/// frames it lies at the left, as high as the frame has room; in portrait ones at the top, as wide as
-/// the frame. Lengths are cut to whole pixels.
+/// The dial's rectangle in a frame of that size, for a picture of that size. In landscape and
+/// square frames it lies at the left, as high as the frame has room; in portrait ones at the top,
+/// as wide as the frame. Lengths are cut to whole pixels.
 RECT DialRect(SIZE frame, SIZE picture);
 
 }  // namespace ferolin

@@ -140,8 +140,8 @@ void SpeedometerWidget::DrawLandscape(Canvas& canvas, const DialGeometry& dial) 
   DrawCompass(canvas, dial);
 }
 
-/// The clock stands below the odometer inside the dial. The fastest times take the whole width below
-/// the dial, above the buttons.
+/// The clock stands below the odometer inside the dial. The fastest times take the whole width
+/// below the dial, above the buttons.
 void SpeedometerWidget::DrawPortrait(Canvas& canvas, const DialGeometry& dial) {
   DrawNeedle(canvas, dial);
   DrawSpeed(canvas, dial, PORTRAIT_SPEED_RISE);
@@ -174,7 +174,8 @@ void SpeedometerWidget::DrawMark(Canvas& canvas, const DialGeometry& dial, int s
   }
 }
 
-/// `rise`: from the dial's centre up to the number's top, in heights of the number. Returns the top.
+/// `rise`: from the dial's centre up to the number's top, in heights of the number. Returns the
+/// top.
 int SpeedometerWidget::DrawSpeed(Canvas& canvas, const DialGeometry& dial, double rise) {
   if (sensors.speed == NO_SENSOR) {
     return dial.centerY;

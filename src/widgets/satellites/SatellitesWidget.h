@@ -11,8 +11,8 @@ namespace ferolin {
 class SkyGeometry;
 struct SignalStrip;
 
-/// The satellites in view: their places in the sky, the strengths of their signals, and read-outs of
-/// the fix.
+/// The satellites in view: their places in the sky, the strengths of their signals, and read-outs
+/// of the fix.
 class SatellitesWidget : public Widget {
  public:
   explicit SatellitesWidget(WidgetOwner& owner);

@@ -4,8 +4,8 @@
 
 namespace ferolin {
 
-/// Geometry of the sky, with north up and east to the right: the zenith in the centre, the horizon a
-/// circle around it.
+/// Geometry of the sky, with north up and east to the right: the zenith in the centre, the horizon
+/// a circle around it.
 class SkyGeometry {
  public:
   static constexpr int DOT_RADIUS = 5;
@@ -13,8 +13,8 @@ class SkyGeometry {
   /// As large as the area allows, with a margin for the compass letters.
   explicit SkyGeometry(const RECT& area);
 
-  /// Place of a satellite: `elevation` in degrees above the horizon, `azimuth` in degrees from north
-  /// through east.
+  /// Place of a satellite: `elevation` in degrees above the horizon, `azimuth` in degrees from
+  /// north through east.
   POINT PointAt(int elevation, int azimuth) const;
 
   /// Top left corner of a satellite's number, for a satellite at `dot`: beside the dot, on the side

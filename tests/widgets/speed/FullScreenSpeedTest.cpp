@@ -13,7 +13,8 @@ class FullScreenSpeedTest : public ViewTest {
  protected:
   static constexpr LONG BELOW_ICONS = 48;
 
-  /// The smallest rectangle around all pixels of the last frame in that colour, from a row downwards.
+  /// The smallest rectangle around all pixels of the last frame in that colour, from a row
+  /// downwards.
   RECT Bounds(COLORREF color, LONG firstRow) const {
     const RECT frame = theCanvas.GetFrameRect();
     RECT bounds = {frame.right, frame.bottom, 0, 0};
