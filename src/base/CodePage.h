@@ -11,7 +11,7 @@ namespace ferolin {
 /// 8-bit text of `wide`; characters that the code page lacks become '?'.
 std::string Narrow(WideStringView wide);
 
-/// The same into a buffer of `size` bytes (> 0), cut to fit, always terminated.
+/// As above into a buffer of `size` bytes (> 0), cut to fit and terminated.
 void NarrowInto(char* buffer, std::size_t size, WideStringView wide);
 
 /// Wide text of 8-bit text in the ANSI code page.

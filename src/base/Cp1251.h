@@ -1,4 +1,4 @@
-// Russian literals: written as they read, stored as the device wants them.
+// Russian literals in the device's code page.
 #pragma once
 
 #include <array>
@@ -21,7 +21,7 @@ class Cp1251Text {
   constexpr const char* Get() const { return bytes.data(); }
 
  private:
-  /// Not constexpr: reaching it stops the compilation.
+  /// Stops the compilation when reached, since it is not constexpr.
   static void NotInCodePage() {}
 
   static consteval char Byte(char16_t character) {

@@ -7,11 +7,11 @@ File::File(const WideString& path, DWORD access, DWORD disposition)
                          FILE_ATTRIBUTE_NORMAL, nullptr)) {}
 
 File File::ForReading(const WideString& path) {
-  return File(path, GENERIC_READ, OPEN_EXISTING);
+  return {path, GENERIC_READ, OPEN_EXISTING};
 }
 
 File File::ForWriting(const WideString& path) {
-  return File(path, GENERIC_WRITE, CREATE_ALWAYS);
+  return {path, GENERIC_WRITE, CREATE_ALWAYS};
 }
 
 File::~File() {

@@ -30,7 +30,7 @@ class File {
   /// False when not all of it could be written.
   bool Write(std::string_view text) const;
 
-  /// Has the device store what was written. False when it could not.
+  /// Makes the device store what was written. False when it could not.
   bool Flush() const;
 
  private:

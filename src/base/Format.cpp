@@ -8,7 +8,7 @@ namespace ferolin {
 
 namespace {
 
-/// Output position in the caller's buffer; what does not fit is dropped.
+/// Writes into the caller's buffer; text that does not fit is dropped.
 class Output {
  public:
   Output(char* outBuffer, std::size_t outSize) : buffer(outBuffer), size(outSize) {}

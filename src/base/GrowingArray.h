@@ -38,7 +38,7 @@ class GrowingArray {
   }
 
   std::span<const Value> Get() const { return {values, count}; }
-  /// Good until the next `Add`.
+  /// Valid until the next `Add`.
   std::span<Value> Get() { return {values, count}; }
 
  private:

@@ -4,7 +4,7 @@
 
 namespace ferolin {
 
-/// Lets one thread at a time into what it guards; the same thread may enter again.
+/// A recursive mutex.
 class Lock {
  public:
   Lock() { InitializeCriticalSection(&section); }

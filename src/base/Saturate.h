@@ -7,7 +7,7 @@
 
 namespace ferolin {
 
-/// `value` without its decimals; 0 for what is no number.
+/// `value` without its decimals; 0 for NaN.
 template <std::signed_integral Integer>
 constexpr Integer Saturated(double value) {
   constexpr Integer LOWEST = std::numeric_limits<Integer>::min();
@@ -15,7 +15,7 @@ constexpr Integer Saturated(double value) {
   if (value != value) {
     return 0;
   }
-  // The highest number itself may be none that a double holds; the one above it is.
+  // A double holds 2^31 and 2^63, but not 2^63 - 1.
   if (value >= -static_cast<double>(LOWEST)) {
     return HIGHEST;
   }

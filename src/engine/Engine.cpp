@@ -12,7 +12,7 @@ namespace {
 constexpr const char* SETTINGS_FILE_TO_LOAD = "Tachymo.ini";
 constexpr const char* SETTINGS_FILE_TO_SAVE = "TachyMo.ini";
 
-/// Cut to the buffer and terminated, like everything that the host hands over.
+/// Copies `text` into `buffer`, cut to fit and terminated.
 template <class Character, std::size_t N>
 void CopyText(std::array<Character, N>& buffer, std::basic_string_view<Character> text) {
   buffer[text.copy(buffer.data(), N - 1)] = 0;
@@ -93,7 +93,7 @@ bool Engine::StartReader() {
   return reader.Start();
 }
 
-/// Nothing is touched when no reader runs, the frame being drawn included.
+/// Without a running reader nothing is stopped or waited for.
 void Engine::StopReader() {
   if (reader.IsRunning()) {
     reader.Stop();
@@ -140,7 +140,7 @@ SmsReport Engine::UpdateFromFix() {
   return smsReporter.Tick();
 }
 
-/// What reaches out of the engine, without the lock: a message may take seconds to be sent.
+/// The steps that call other programs, without the data lock: sending may take seconds.
 void Engine::FinishUpdate(const SmsReport& report) {
   report.Send();
   {

@@ -57,7 +57,8 @@ class Engine final : public WidgetOwner, public PositionSink {
   /// Returns when the reader and the last frame have ended.
   void StopCallBack();
 
-  /// Chooses the port or the source; a running reader is started anew on it. False when that failed.
+  /// Chooses the port or the source; a running reader is started anew on it. False when that
+  /// failed.
   bool SetComPortName(LPCWSTR name);
   bool SetUseGpsApi(DWORD use);
 

@@ -1,5 +1,5 @@
-// The exported functions: each answers its default without an engine and otherwise passes the call
-// on.
+// The exported functions. Each returns its default without an engine and passes the call on to it
+// otherwise.
 
 #include <ferolin.h>
 
@@ -82,7 +82,7 @@ int WithSensor(int index, Use use) {
   return sensor != nullptr ? use(*sensor) : 0;
 }
 
-/// As above for texts: without an engine the buffer becomes empty.
+/// As above for texts; without an engine the buffer is emptied.
 template <class Use>
 int WithSensor(int index, char* buffer, int size, Use use) {
   if (theEngine == nullptr) {
@@ -363,7 +363,7 @@ int WINAPI IsRussianLocale() {
 // SMS reports.
 
 void WINAPI SendSMS() {
-  // Sent without the lock, which nobody is to wait for while a message is on its way.
+  // Sent without the lock: sending may take seconds.
   WithEngine(SmsReport(), [](Engine& engine) {
     return engine.GetSmsReporter().MakeReport();
   }).Send();

@@ -10,7 +10,7 @@ WCHAR BACKLIGHT_DEVICE[] = TEXT("BKL1:");
 
 }  // namespace
 
-/// A requirement that could not be had (null) is not asked for again.
+/// Windows CE answers a refused requirement with null; it is not asked for again.
 void PowerKeeper::Update() {
   if (alwaysTurnOn) {
     SystemIdleTimerReset();

@@ -50,7 +50,7 @@ DWORD WINAPI Redraw::ThreadProc(LPVOID argument) {
   return 0;
 }
 
-/// Arriving at another view shows its buttons for a while.
+/// A view that has just become current shows its buttons for a while.
 void Redraw::DrawFrame() {
   const int index = curRenderWidget;
   const HWND window = renderWindow;

@@ -7,6 +7,7 @@
 #include "gps/FixRecord.h"
 #include "sensors/AccelSensor.h"
 #include "sensors/AverageSpeedSensor.h"
+#include "sensors/BatterySensor.h"
 #include "sensors/CurrentFixSensors.h"
 #include "sensors/DistanceSensor.h"
 #include "sensors/ElapsedSensor.h"

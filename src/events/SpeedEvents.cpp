@@ -113,7 +113,7 @@ void SpeedEvents::PlayLimitSound(float previous, float speed) const {
   }
 }
 
-/// Never waits: a busy device or a missing file means no sound this time.
+/// Returns at once; a busy device or a missing file means no sound.
 void SpeedEvents::Play(const WCHAR* fileName) const {
   const WideString path = soundDir + TEXT("\\Wav\\") + fileName;
   PlaySoundW(path.c_str(), nullptr, SND_FILENAME | SND_NOWAIT | SND_ASYNC);

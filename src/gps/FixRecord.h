@@ -26,7 +26,7 @@ class FixRecord {
   static constexpr int FIELD_SIZE = 100;
   static constexpr int SATELLITE_COUNT = 12;
 
-  /// Everything missing; `utcTime` is the device's clock.
+  /// All values are missing; `utcTime` is the device's local clock.
   FixRecord();
   virtual ~FixRecord() = default;
   FixRecord(const FixRecord&) = delete;

@@ -1,5 +1,5 @@
-// The NMEA side of the fix record. Checksums are not verified: their digits are one more field that
-// nobody reads.
+// The fix record's parser of NMEA sentences. Checksums are not verified: their digits are one more
+// field, and unused.
 
 #include <windows.h>
 
@@ -169,7 +169,7 @@ void FixRecord::SetLongitude(int valueField, int hemisphereField) {
   longitude = ParseCoordinate(Field(valueField), Field(hemisphereField), "W");
 }
 
-/// Standing receivers send no course: the last one stays.
+/// Receivers send no course while they stand, so the last one is kept.
 void FixRecord::SetCourse(int field) {
   if (*Field(field) != '\0') {
     course = ParseFloatField(Field(field));
@@ -194,7 +194,7 @@ void FixRecord::UpdateSatellite(int firstField) {
 }
 
 /// The satellite's own slot, else the first free one; null when all are taken. A satellite keeps
-/// its slot for good.
+/// its slot until the engine ends.
 SatelliteInfo* FixRecord::FindSlot(int prn) {
   for (const int wanted : {prn, MISSING_VALUE}) {
     const auto slot = std::ranges::find(satellites, wanted, &SatelliteInfo::prn);

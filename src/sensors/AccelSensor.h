@@ -21,8 +21,8 @@ class AccelSensor : public SaveableSensor {
   bool CrossesTarget(float speedKmh) const;
   void RecordRun(float speedKmh, std::int64_t time);
 
-  std::int64_t startTime = 0;  ///< file time of the last fix at standstill, 0 when there was none
-  std::int64_t lastTime = 0;   ///< file time of the previous fix
+  std::int64_t startTime = 0;       ///< file time of the last fix at standstill, 0 for none
+  std::int64_t lastTime = 0;        ///< file time of the previous fix
   float lastSpeed = MISSING_FLOAT;  ///< km/h
   float bestTime = MISSING_FLOAT;   ///< seconds
   float targetSpeed;                ///< km/h

@@ -13,7 +13,6 @@ namespace ferolin {
 namespace {
 
 constexpr const char* NOT_AVAILABLE = "N/A";
-constexpr int FULL_BATTERY_PERCENT = 100;
 
 int CutToInt(float value) {
   return Saturated<int>(static_cast<double>(value));
@@ -42,20 +41,6 @@ std::string AngleText(float coordinate, const char* positive, const char* negati
   const Angle angle(coordinate);
   return Format("%i\xB0%i'%i'' %s", angle.degrees, angle.minutes, angle.seconds,
                 coordinate < 0 ? negative : positive);
-}
-
-std::string BatteryText() {
-  SYSTEM_POWER_STATUS_EX status = {};
-  if (!GetSystemPowerStatusEx(&status, TRUE)) {
-    return NOT_AVAILABLE;
-  }
-  const int percent = status.BatteryLifePercent;
-  const bool known = percent <= FULL_BATTERY_PERCENT;
-  if (status.BatteryFlag & BATTERY_FLAG_CHARGING) {
-    const char* charging = GetText(Word::CHARGING);
-    return known ? Format("%i%%(%s)", percent, charging) : charging;
-  }
-  return known ? Format("%i%%", percent) : NOT_AVAILABLE;
 }
 
 }  // namespace
@@ -112,10 +97,6 @@ void DopSensor::Update(const FixRecord& fix) {
   } else {
     SetText("%.1f", dop);
   }
-}
-
-void BatterySensor::Update(const FixRecord&) {
-  SetText("%s", BatteryText());
 }
 
 }  // namespace ferolin

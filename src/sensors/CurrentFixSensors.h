@@ -5,7 +5,7 @@
 
 namespace ferolin {
 
-/// "OK", or that there is no signal.
+/// "OK", or "No signal" in the user's language.
 class GpsStatusSensor : public Sensor {
  public:
   using Sensor::Sensor;
@@ -18,14 +18,14 @@ class SatellitesUsedSensor : public Sensor {
   void Update(const FixRecord& fix) override;
 };
 
-/// Local time of the fix, "9:05:07", also without a valid fix.
+/// Local time of the fix as "9:05:07", with or without a valid fix.
 class CurrentTimeSensor : public Sensor {
  public:
   using Sensor::Sensor;
   void Update(const FixRecord& fix) override;
 };
 
-/// Empty without a valid fix.
+/// Speed now; empty without a valid fix.
 class SpeedSensor : public Sensor {
  public:
   using Sensor::Sensor;
@@ -67,13 +67,6 @@ class DopSensor : public Sensor {
 
  private:
   float (FixRecord::*getDop)() const;
-};
-
-/// Charge of the device's own battery.
-class BatterySensor : public Sensor {
- public:
-  using Sensor::Sensor;
-  void Update(const FixRecord& fix) override;
 };
 
 }  // namespace ferolin

@@ -33,14 +33,14 @@ class Sensor {
   /// state above zero: then nothing changes.
   virtual int SetRegistryString(const char* text);
 
-  /// Empty until the first update. The text changes with the next update or reset.
+  /// Empty until the first update. The address is valid until the next update or reset.
   virtual const char* GetValueText() const { return valueText.data(); }
 
   virtual const char* GetName() const { return name.c_str(); }
 
   virtual void Update(const FixRecord& fix) = 0;
 
-  /// Starts afresh; here: empties the text.
+  /// Starts afresh. Sensors without state only empty their text.
   virtual void Reset() { valueText[0] = '\0'; }
 
  protected:

@@ -7,7 +7,7 @@ namespace ferolin {
 
 class FixRecord;
 
-/// Only fixes that are valid and have a speed count for a trip.
+/// Whether the fix counts for a trip: it is valid and has a speed.
 bool FixCounts(const FixRecord& fix);
 
 /// Seconds with as many decimals as fit four digits, and the unit: "9.500 s", "12.34 s", "123.4 s",

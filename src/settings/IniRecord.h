@@ -15,7 +15,7 @@ struct IniRecord {
   /// Name of the header, or of the section that the key belongs to (empty for keys above the first
   /// header).
   std::string Section;
-  /// Empty for a header.
+  /// Empty in a header record.
   std::string Key;
   std::string Value;
 

@@ -22,7 +22,7 @@ std::string_view Trim(std::string_view text) {
   return text.substr(first, text.find_last_not_of(BLANKS) - first + 1);
 }
 
-/// Reads lines into records. Comments wait until the record below them comes.
+/// Reads lines into records. Comments are held until the record below them is read.
 class Parser {
  public:
   explicit Parser(std::vector<IniRecord>& target) : records(target) {}
@@ -47,7 +47,7 @@ class Parser {
     } else if (line.find('=') != std::string_view::npos) {
       ParseKey(line, record);
     }
-    // Any other line becomes an empty record, unless comments wait for the next one.
+    // Any other line becomes an empty record, unless comments are held for the next one.
     if (comments.empty()) {
       records.push_back(std::move(record));
     }
@@ -74,8 +74,8 @@ class Parser {
   std::string comments;
 };
 
-/// A save that was cut off between removing the old file and naming the new one left the new one
-/// whole.
+/// Puts the new file in place after a save that ended between removing the old file and renaming
+/// the new one.
 void RecoverInterruptedSave(const std::string& fileName) {
   MoveFileW(Widen(fileName + std::string(SAVING_SUFFIX)).c_str(), Widen(fileName).c_str());
 }

@@ -10,14 +10,14 @@
 
 namespace ferolin {
 
-/// A text that is ready to go out to one or more numbers. It needs nothing of the engine any more,
-/// so it can be sent without its lock: that takes as long as the sibling library wants.
+/// A finished message to one or more numbers. It refers to nothing of the engine's, so it is sent
+/// without the data lock: sending may take seconds.
 class SmsReport {
  public:
-  /// What sends one text to one number: the sibling library's function.
+  /// The sibling library's function; sends one text to one number.
   using SendProc = void(WINAPI*)(LPCWSTR recipient, LPCSTR message);
 
-  /// A report that goes nowhere.
+  /// A report without recipients.
   SmsReport() = default;
   SmsReport(SendProc theSendProc, std::vector<WideString> theRecipients, std::string theMessage)
       : sendProc(theSendProc),

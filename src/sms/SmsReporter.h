@@ -47,9 +47,9 @@ class SmsReporter {
   /// A report of the position now, to be sent while the reporter lives.
   SmsReport MakeReport() const;
 
-  /// The automatic step, at each fix: a report that is to be sent, or one that goes nowhere when
-  /// none is due. The interval is measured between this fix and the one before, not since the last
-  /// message: a message goes out when the receiver was silent that long.
+  /// The step at each fix. Returns the report to send, one without recipients when none is due.
+  /// The interval is measured between this fix and the previous one, not since the last message: a
+  /// message goes out when the receiver was silent that long.
   SmsReport Tick();
 
   /// The template with its placeholders replaced by values of the fix.
@@ -67,7 +67,7 @@ class SmsReporter {
   bool enabled = false;
   bool sendIfChanged = false;
   std::int32_t interval = 1;  ///< minutes
-  std::int64_t lastTime = 0;  ///< file time of the fix before, 0 when there was none
+  std::int64_t lastTime = 0;  ///< file time of the previous fix, 0 for none
   float lastLongitude = 0;
   float lastLatitude = 0;
 };

@@ -63,7 +63,7 @@ void TrackStore::MakeRoom() {
   if (void* grown = std::realloc(points, wanted)) {
     points = static_cast<TrackPoint*>(grown);
   } else if (pointCount >= capacity) {
-    // Full for good: from here on the store slides along with the newest points.
+    // No more memory: from here on the oldest point goes for each new one.
     ++droppedCount;
     pointCount = capacity - 1;
     std::memmove(points, points + 1, static_cast<std::size_t>(pointCount) * sizeof(TrackPoint));

@@ -24,11 +24,11 @@ class TrackStore {
 
   int GetPointCount() const { return pointCount; }
 
-  /// How many points had to make room so far: the point at index i is number i + GetDroppedCount()
-  /// of the run.
+  /// Number of points that have made room so far. The point at index i has the number
+  /// i + GetDroppedCount() in the run.
   int GetDroppedCount() const { return droppedCount; }
 
-  /// Null when `index` is out of range. An append may move the points: do not keep the address.
+  /// Null when `index` is out of range. The address is valid until the next append.
   const TrackPoint* GetPoint(int index) const;
 
  private:

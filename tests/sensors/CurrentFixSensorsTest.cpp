@@ -4,6 +4,7 @@
 
 #include "gps/FixRecord.h"
 #include "handheld.h"
+#include "sensors/BatterySensor.h"
 #include "sensors/CurrentFixSensors.h"
 #include "support/EditableFix.h"
 #include "support/Moments.h"
