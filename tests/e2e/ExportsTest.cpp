@@ -1,5 +1,6 @@
 // How texts, indexes and options behave at the library's edge.
 
+#include <climits>
 #include <cstring>
 #include <string>
 
@@ -91,10 +92,30 @@ TEST_F(Exports, RegistryStringOfASensorWithoutStateIsWhatTheBufferHeld) {
 
 TEST_F(Exports, RegistryStringIsNeverCutShort) {
   ASSERT_EQ(1, engine->SetSensorRegistryString(FEROLIN_SENSOR_ELAPSED, TEXT("90061")));
-  for (const int size : {0, 3, 256}) {
+  for (const int size : {INT_MIN, -1, 0, 3, 256}) {
     char buffer[256] = "previous";
     EXPECT_EQ(5, engine->GetSensorRegistryString(FEROLIN_SENSOR_ELAPSED, buffer, size)) << size;
     EXPECT_STREQ("90061", buffer) << size;
+  }
+}
+
+TEST_F(Exports, NegativeSizesLeaveTheBufferAlone) {
+  engine->SetComPortName(TEXT("COM1"));
+  engine->SetLogFolder(TEXT("\\Routes"));
+  engine->SetSMSParams(TEXT("111"), TEXT("here"), 1, 0, 0);
+  engine->SetIniFileValue(TEXT("Host"), TEXT("Port"), TEXT("COM5"), TEXT(""));
+  for (const int size : {-1, -512, INT_MIN}) {
+    char buffer[16] = "untouched";
+    EXPECT_EQ(4, engine->GetComPortName(buffer, size)) << size;
+    EXPECT_EQ(0, engine->GetSensorName(FEROLIN_SENSOR_SPEED, buffer, size)) << size;
+    EXPECT_EQ(0, engine->GetSensorValue(FEROLIN_SENSOR_GPS_STATUS, buffer, size)) << size;
+    EXPECT_EQ(0, engine->GetWidgetName(FEROLIN_VIEW_PATH, buffer, size)) << size;
+    EXPECT_EQ(0, engine->GetIniFileValue(buffer, size, TEXT("Host"), TEXT("Port"), TEXT("")))
+        << size;
+    engine->GetLogFolder(buffer, size);
+    engine->GetSMSText(buffer, size);
+    engine->GetSMSAddress(buffer, size);
+    EXPECT_STREQ("untouched", buffer) << size;
   }
 }
 

@@ -3,6 +3,8 @@
 #include <ferolin.h>
 #include <gtest/gtest.h>
 
+#include <climits>
+
 #include "engine/Engine.h"
 
 namespace {
@@ -66,6 +68,22 @@ TEST(ExportsWithoutEngine, TextsBecomeEmpty) {
     EXPECT_STREQ("old", buffer);
     getter(buffer, sizeof buffer);
     EXPECT_STREQ("", buffer);
+  }
+}
+
+TEST(ExportsWithoutEngine, NegativeSizesLeaveTheBufferAlone) {
+  for (const int size : {-1, INT_MIN}) {
+    char buffer[] = "old";
+    EXPECT_EQ(0, GetSensorName(0, buffer, size));
+    EXPECT_EQ(0, GetSensorValue(0, buffer, size));
+    EXPECT_EQ(0, GetSensorRegistryString(0, buffer, size));
+    EXPECT_EQ(0, GetWidgetName(0, buffer, size));
+    EXPECT_EQ(0, GetComPortName(buffer, size));
+    EXPECT_EQ(0, GetIniFileValue(buffer, size, TEXT("a"), TEXT("b"), TEXT("")));
+    GetLogFolder(buffer, size);
+    GetSMSText(buffer, size);
+    GetSMSAddress(buffer, size);
+    EXPECT_STREQ("old", buffer) << size;
   }
 }
 
