@@ -49,6 +49,31 @@ TEST_F(Outputs, WriteTheTrackAtUnloadWhenChosen) {
       device->ReadFile("Tracks/Track0001.kml"));
 }
 
+TEST_F(Outputs, WriteTheTrackForAnyFlagWhoseLowByteIsNotZero) {
+  int tracks = 0;
+  for (const int flag : {1, 2, 0x80, 0x1FF, -1}) {
+    Start();
+    engine->SetWriteKML(flag);
+    EXPECT_EQ(flag & 0xFF, engine->IsWriteKML()) << flag;
+    Drive(1, "10");
+    Unload();
+    const std::string name = "Tracks/Track000" + std::to_string(++tracks) + ".kml";
+    EXPECT_TRUE(device->Exists(name)) << flag;
+  }
+}
+
+TEST_F(Outputs, WriteNoTrackForAFlagWhoseLowByteIsZero) {
+  for (const int flag : {0, 0x100, 0x7F00}) {
+    Start();
+    engine->SetWriteKML(1);
+    engine->SetWriteKML(flag);
+    EXPECT_EQ(0, engine->IsWriteKML()) << flag;
+    Drive(1, "10");
+    Unload();
+    EXPECT_FALSE(device->Exists("Tracks")) << flag;
+  }
+}
+
 TEST_F(Outputs, NumberTracksByTheFirstFreeNumber) {
   device->WriteFile("Tracks/Track0001.kml", "mine");
   device->WriteFile("Tracks/Track0003.kml", "mine");
