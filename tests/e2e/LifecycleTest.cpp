@@ -45,6 +45,13 @@ TEST_F(Lifecycle, LogsToTracksInItsFolderUnlessToldOtherwise) {
   EXPECT_EQ("\\Storage Card\\Routes", engine->LogFolder());
 }
 
+TEST_F(Lifecycle, KeepsTheLogFolderWhenGivenAnEmptyOne) {
+  Load();
+  engine->SetLogFolder(TEXT("\\Storage Card\\Routes"));
+  engine->SetLogFolder(TEXT(""));
+  EXPECT_EQ("\\Storage Card\\Routes", engine->LogFolder());
+}
+
 TEST_F(Lifecycle, SavesSmsAndEventSettingsWithoutEverBeingStarted) {
   Load();
   Unload();
