@@ -12,6 +12,7 @@ struct Entry {
   const char* english;
   const char* russian;  ///< code page 1251
   int saveable;
+  const char* atStart;  ///< value before the first update
 };
 
 // Russian words in code page 1251.
@@ -21,42 +22,42 @@ struct Entry {
 #define METRE_RU "\xEC"
 
 constexpr Entry CATALOGUE[] = {
-    {"GPS status", "\xD1\xF2\xE0\xF2\xF3\xF1 GPS", 0},
+    {"GPS status", "\xD1\xF2\xE0\xF2\xF3\xF1 GPS", 0, "No signal"},
     {"Sattelites used",
-     "\xCA\xEE\xEB\xE8\xF7\xE5\xF1\xF2\xE2\xEE \xF1\xEF\xF3\xF2\xED\xE8\xEA\xEE\xE2", 0},
-    {"Current time", "\xD2\xE5\xEA\xF3\xF9\xE5\xE5 \xE2\xF0\xE5\xEC\xFF", 0},
-    {"Fastest 100m", FASTEST_RU "100" METRE_RU, 1},
-    {"Fastest 402m", FASTEST_RU "402" METRE_RU, 1},
-    {"Fastest 1000m", FASTEST_RU "1000" METRE_RU, 1},
-    {"Distance", "\xCF\xF0\xEE\xE9\xE4\xE5\xED\xED\xFB\xE9 \xEF\xF3\xF2\xFC", 1},
-    {"Elapsed", "\xC2\xF0\xE5\xEC\xFF \xE2 \xEF\xF3\xF2\xE8", 1},
-    {"Average speed", "\xD1\xF0\xE5\xE4\xED\xFF\xFF \xF1\xEA\xEE\xF0\xEE\xF1\xF2\xFC", 1},
-    {"Speed", "\xD1\xEA\xEE\xF0\xEE\xF1\xF2\xFC", 0},
+     "\xCA\xEE\xEB\xE8\xF7\xE5\xF1\xF2\xE2\xEE \xF1\xEF\xF3\xF2\xED\xE8\xEA\xEE\xE2", 0, "0"},
+    {"Current time", "\xD2\xE5\xEA\xF3\xF9\xE5\xE5 \xE2\xF0\xE5\xEC\xFF", 0, "0:00:00"},
+    {"Fastest 100m", FASTEST_RU "100" METRE_RU, 1, ""},
+    {"Fastest 402m", FASTEST_RU "402" METRE_RU, 1, ""},
+    {"Fastest 1000m", FASTEST_RU "1000" METRE_RU, 1, ""},
+    {"Distance", "\xCF\xF0\xEE\xE9\xE4\xE5\xED\xED\xFB\xE9 \xEF\xF3\xF2\xFC", 1, ""},
+    {"Elapsed", "\xC2\xF0\xE5\xEC\xFF \xE2 \xEF\xF3\xF2\xE8", 1, ""},
+    {"Average speed", "\xD1\xF0\xE5\xE4\xED\xFF\xFF \xF1\xEA\xEE\xF0\xEE\xF1\xF2\xFC", 1, ""},
+    {"Speed", "\xD1\xEA\xEE\xF0\xEE\xF1\xF2\xFC", 0, ""},
     {"Max speed",
-     "\xCC\xE0\xEA\xF1\xE8\xEC\xE0\xEB\xFC\xED\xE0\xFF \xF1\xEA\xEE\xF0\xEE\xF1\xF2\xFC", 1},
-    {"Accel. 0-10 km/h", ACCEL_RU "10" KMH_RU, 1},
-    {"Accel. 0-30 km/h", ACCEL_RU "30" KMH_RU, 1},
-    {"Accel. 0-60 km/h", ACCEL_RU "60" KMH_RU, 1},
-    {"Accel. 0-100 km/h", ACCEL_RU "100" KMH_RU, 1},
-    {"Accel. 0-150 km/h", ACCEL_RU "150" KMH_RU, 1},
-    {"Accel. 0-200 km/h", ACCEL_RU "200" KMH_RU, 1},
-    {"Latitude", "\xD8\xE8\xF0\xEE\xF2\xE0", 0},
-    {"Longitude", "\xC4\xEE\xEB\xE3\xEE\xF2\xE0", 0},
-    {"Altitude", "\xC2\xFB\xF1\xEE\xF2\xE0", 0},
-    {"Azimuth", "\xC0\xE7\xE8\xEC\xF3\xF2", 0},
-    {"HDOP", "HDOP", 0},
-    {"VDOP", "VDOP", 0},
-    {"PDOP", "PDOP", 0},
-    {"Battery status", "\xC7\xE0\xF0\xFF\xE4\xEA\xE0 \xE1\xE0\xF2\xE0\xF0\xE5\xE8", 0},
-    {"Fastest 500m", FASTEST_RU "500" METRE_RU, 1},
-    {"Fastest 10000m", FASTEST_RU "10000" METRE_RU, 1},
-    {"Accel. 0-20 km/h", ACCEL_RU "20" KMH_RU, 1},
-    {"Accel. 0-40 km/h", ACCEL_RU "40" KMH_RU, 1},
-    {"Accel. 0-50 km/h", ACCEL_RU "50" KMH_RU, 1},
-    {"Accel. 0-70 km/h", ACCEL_RU "70" KMH_RU, 1},
-    {"Accel. 0-80 km/h", ACCEL_RU "80" KMH_RU, 1},
-    {"Accel. 0-90 km/h", ACCEL_RU "90" KMH_RU, 1},
-    {"Accel. 0-120 km/h", ACCEL_RU "120" KMH_RU, 1},
+     "\xCC\xE0\xEA\xF1\xE8\xEC\xE0\xEB\xFC\xED\xE0\xFF \xF1\xEA\xEE\xF0\xEE\xF1\xF2\xFC", 1, ""},
+    {"Accel. 0-10 km/h", ACCEL_RU "10" KMH_RU, 1, ""},
+    {"Accel. 0-30 km/h", ACCEL_RU "30" KMH_RU, 1, ""},
+    {"Accel. 0-60 km/h", ACCEL_RU "60" KMH_RU, 1, ""},
+    {"Accel. 0-100 km/h", ACCEL_RU "100" KMH_RU, 1, ""},
+    {"Accel. 0-150 km/h", ACCEL_RU "150" KMH_RU, 1, ""},
+    {"Accel. 0-200 km/h", ACCEL_RU "200" KMH_RU, 1, ""},
+    {"Latitude", "\xD8\xE8\xF0\xEE\xF2\xE0", 0, "N/A"},
+    {"Longitude", "\xC4\xEE\xEB\xE3\xEE\xF2\xE0", 0, "N/A"},
+    {"Altitude", "\xC2\xFB\xF1\xEE\xF2\xE0", 0, "N/A"},
+    {"Azimuth", "\xC0\xE7\xE8\xEC\xF3\xF2", 0, "N/A"},
+    {"HDOP", "HDOP", 0, "N/A"},
+    {"VDOP", "VDOP", 0, "N/A"},
+    {"PDOP", "PDOP", 0, "N/A"},
+    {"Battery status", "\xC7\xE0\xF0\xFF\xE4\xEA\xE0 \xE1\xE0\xF2\xE0\xF0\xE5\xE8", 0, "80%"},
+    {"Fastest 500m", FASTEST_RU "500" METRE_RU, 1, ""},
+    {"Fastest 10000m", FASTEST_RU "10000" METRE_RU, 1, ""},
+    {"Accel. 0-20 km/h", ACCEL_RU "20" KMH_RU, 1, ""},
+    {"Accel. 0-40 km/h", ACCEL_RU "40" KMH_RU, 1, ""},
+    {"Accel. 0-50 km/h", ACCEL_RU "50" KMH_RU, 1, ""},
+    {"Accel. 0-70 km/h", ACCEL_RU "70" KMH_RU, 1, ""},
+    {"Accel. 0-80 km/h", ACCEL_RU "80" KMH_RU, 1, ""},
+    {"Accel. 0-90 km/h", ACCEL_RU "90" KMH_RU, 1, ""},
+    {"Accel. 0-120 km/h", ACCEL_RU "120" KMH_RU, 1, ""},
 };
 
 TEST_F(Sensors, AreListedInTheirOrder) {
@@ -77,18 +78,11 @@ TEST_F(Sensors, HaveRussianNamesForARussianUser) {
   }
 }
 
-TEST_F(Sensors, ShowAnEmptyFixBeforeAnyPosition) {
+TEST_F(Sensors, ShowAnEmptyFixBeforeTheFirstUpdate) {
   Load();
-  EXPECT_EQ("No signal", engine->SensorValue(FEROLIN_SENSOR_GPS_STATUS));
-  EXPECT_EQ("0", engine->SensorValue(FEROLIN_SENSOR_SATELLITES_USED));
-  EXPECT_EQ("", engine->SensorValue(FEROLIN_SENSOR_SPEED));
-  EXPECT_EQ("", engine->SensorValue(FEROLIN_SENSOR_MAX_SPEED));
-  EXPECT_EQ("N/A", engine->SensorValue(FEROLIN_SENSOR_ALTITUDE));
-  EXPECT_EQ("N/A", engine->SensorValue(FEROLIN_SENSOR_LATITUDE));
-  EXPECT_EQ("N/A", engine->SensorValue(FEROLIN_SENSOR_LONGITUDE));
-  EXPECT_EQ("N/A", engine->SensorValue(FEROLIN_SENSOR_AZIMUTH));
-  EXPECT_EQ("N/A", engine->SensorValue(FEROLIN_SENSOR_HDOP));
-  EXPECT_EQ("80%", engine->SensorValue(FEROLIN_SENSOR_BATTERY_STATUS));
+  for (int index = 0; index < engine->GetSensorsCount(); ++index) {
+    EXPECT_EQ(CATALOGUE[index].atStart, engine->SensorValue(index)) << CATALOGUE[index].english;
+  }
 }
 
 TEST_F(Sensors, FollowAnEpoch) {
