@@ -8,6 +8,8 @@ namespace e2e {
 
 namespace {
 
+using namespace std::chrono_literals;
+
 /// 48.125 degrees north, 11.5 west, 10 knots, heading 84, 545.4 m, from 8 satellites at 12:35:19.
 GPS_POSITION MakePosition() {
   GPS_POSITION position = {};
@@ -42,8 +44,18 @@ class GpsApi : public EngineTest {
     ASSERT_EQ(1, engine->StartCallBack(host->Get()));
   }
 
-  std::size_t WaitForUpdates(std::size_t count) {
-    return host->WaitFor(engine->GetWndMessageID(), count).size();
+  /// Updates go on coming by themselves: there may be more than asked for.
+  void WaitForUpdates(std::size_t atLeast) {
+    EXPECT_LE(atLeast, host->WaitFor(engine->GetWndMessageID(), atLeast).size());
+  }
+
+  /// Waits until an update makes the read-out show this text.
+  void WaitForValue(int sensor, const std::string& text) {
+    const auto deadline = std::chrono::steady_clock::now() + 10s;
+    while (engine->SensorValue(sensor) != text && std::chrono::steady_clock::now() < deadline) {
+      host->WaitFor(engine->GetWndMessageID(), 1);
+    }
+    EXPECT_EQ(text, engine->SensorValue(sensor));
   }
 };
 
@@ -51,8 +63,7 @@ TEST_F(GpsApi, APositionUpdatesTheSensors) {
   device->InstallGpsLibrary();
   device->SetGpsPosition(MakePosition());
   StartApi();
-  EXPECT_EQ(1U, WaitForUpdates(1));
-  EXPECT_EQ("OK", engine->SensorValue(FEROLIN_SENSOR_GPS_STATUS));
+  WaitForValue(FEROLIN_SENSOR_GPS_STATUS, "OK");
   EXPECT_EQ("8", engine->SensorValue(FEROLIN_SENSOR_SATELLITES_USED));
   EXPECT_EQ("12:35:19", engine->SensorValue(FEROLIN_SENSOR_CURRENT_TIME));
   EXPECT_EQ("18.5 km/h", engine->SensorValue(FEROLIN_SENSOR_SPEED));
@@ -73,44 +84,40 @@ TEST_F(GpsApi, PositionsAreAskedForAgainAndAgain) {
   device->InstallGpsLibrary();
   device->SetGpsPosition(MakePosition());
   StartApi();
-  EXPECT_EQ(1U, WaitForUpdates(1));
+  WaitForValue(FEROLIN_SENSOR_SPEED, "18.5 km/h");
   GPS_POSITION next = MakePosition();
   next.flSpeed = 20;
   device->SetGpsPosition(next);
-  for (int tries = 0; tries < 100 && engine->SensorValue(FEROLIN_SENSOR_SPEED) != "37.0 km/h";
-       ++tries) {
-    WaitForUpdates(1);
-  }
-  EXPECT_EQ("37.0 km/h", engine->SensorValue(FEROLIN_SENSOR_SPEED));
+  WaitForValue(FEROLIN_SENSOR_SPEED, "37.0 km/h");
 }
 
 TEST_F(GpsApi, APositionIsAskedForOnceASecondAtMost) {
-  using namespace std::chrono_literals;
   device->InstallGpsLibrary();
   device->SetGpsPosition(MakePosition());
   device->SetTimeRate(10);
   const auto start = std::chrono::steady_clock::now();
   StartApi();
-  EXPECT_EQ(6U, WaitForUpdates(6));
+  WaitForUpdates(6);
   // Five pauses of a second, ten times as fast, as a coarse clock may cut them short.
   EXPECT_LE(400ms, std::chrono::steady_clock::now() - start);
 }
 
-TEST_F(GpsApi, WithoutAFixThereIsNoPosition) {
+TEST_F(GpsApi, APositionIsForgottenWithTheFix) {
   device->InstallGpsLibrary();
   GPS_POSITION position = MakePosition();
-  position.FixType = GPS_FIX_UNKNOWN;
   device->SetGpsPosition(position);
   StartApi();
-  EXPECT_EQ(1U, WaitForUpdates(1));
-  EXPECT_EQ("No signal", engine->SensorValue(FEROLIN_SENSOR_GPS_STATUS));
+  WaitForValue(FEROLIN_SENSOR_GPS_STATUS, "OK");
+  position.FixType = GPS_FIX_UNKNOWN;
+  device->SetGpsPosition(position);
+  WaitForValue(FEROLIN_SENSOR_GPS_STATUS, "No signal");
   EXPECT_EQ("N/A", engine->SensorValue(FEROLIN_SENSOR_LATITUDE));
 }
 
 TEST_F(GpsApi, ALibraryWithoutAPositionYieldsUpdatesAllTheSame) {
   device->InstallGpsLibrary();
   StartApi();
-  EXPECT_EQ(2U, WaitForUpdates(2));
+  WaitForUpdates(2);
   EXPECT_EQ("N/A", engine->SensorValue(FEROLIN_SENSOR_LATITUDE));
 }
 
@@ -131,7 +138,7 @@ TEST_F(GpsApi, AStartedReaderOnlyGetsANewWindow) {
   StartApi();
   HostWindow second;
   EXPECT_EQ(1, engine->StartCallBack(second.Get()));
-  EXPECT_EQ(1U, second.WaitFor(engine->GetWndMessageID(), 1).size());
+  EXPECT_LE(1U, second.WaitFor(engine->GetWndMessageID(), 1).size());
   EXPECT_EQ(std::vector<std::string>{"StartGPSAPI"}, device->GetGpsCalls());
 }
 
