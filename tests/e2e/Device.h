@@ -65,6 +65,10 @@ class Device {
   /// Handles open in this process; -1 when the home cannot tell.
   virtual int GetHandlesAlive() const = 0;
 
+  /// Drawing objects that the engine has made and not deleted: all, or at least its memory contexts
+  /// and their bitmaps.
+  virtual int GetDrawingObjectsAlive() const = 0;
+
   /// Makes the sibling library that sends messages available: a recording one.
   virtual void InstallSmsLibrary() = 0;
   struct Sms {

@@ -143,6 +143,8 @@ class LinuxDevice : public Device {
 
   int GetHandlesAlive() const override { return handheld::HandlesAlive(); }
 
+  int GetDrawingObjectsAlive() const override { return handheld::GdiObjectsAlive(); }
+
   void InstallSmsLibrary() override {
     fs::copy_file(RECORDING_SMS_LIBRARY, folder / "libparlex.so");
     setenv(RECORDING_SMS_FILE, (folder / "sms.txt").c_str(), 1);

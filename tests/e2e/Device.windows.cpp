@@ -155,6 +155,11 @@ class WindowsDevice : public Device {
     return GetProcessHandleCount(GetCurrentProcess(), &count) ? static_cast<int>(count) : -1;
   }
 
+  int GetDrawingObjectsAlive() const override {
+    const Lock guard(state.lock);
+    return static_cast<int>(state.drawingObjects.size());
+  }
+
   void InstallSmsLibrary() override {
     fs::copy_file(RECORDING_SMS_LIBRARY, folder / "Parlex.dll");
     _putenv_s(RECORDING_SMS_FILE, (folder / "sms.txt").string().c_str());

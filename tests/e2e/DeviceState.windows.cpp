@@ -166,6 +166,44 @@ BOOL WINAPI PlaySoundDouble(LPCWSTR sound, HMODULE, DWORD) {
   return TRUE;
 }
 
+template <class Object>
+Object KeepCount(Object made) {
+  if (made != nullptr) {
+    const Lock guard(theState->lock);
+    theState->drawingObjects.insert(made);
+  }
+  return made;
+}
+
+HDC WINAPI CreateCompatibleDCDouble(HDC model) {
+  return KeepCount(CreateCompatibleDC(model));
+}
+
+HBITMAP WINAPI CreateCompatibleBitmapDouble(HDC model, int width, int height) {
+  return KeepCount(CreateCompatibleBitmap(model, width, height));
+}
+
+HBITMAP WINAPI CreateDIBSectionDouble(HDC dc, const BITMAPINFO* info, UINT usage, void** bits,
+                                      HANDLE section, DWORD offset) {
+  return KeepCount(CreateDIBSection(dc, info, usage, bits, section, offset));
+}
+
+/// Forgotten first: what is deleted may be made again at once under the same handle.
+void ForgetDrawingObject(HGDIOBJ object) {
+  const Lock guard(theState->lock);
+  theState->drawingObjects.erase(object);
+}
+
+BOOL WINAPI DeleteDCDouble(HDC dc) {
+  ForgetDrawingObject(dc);
+  return DeleteDC(dc);
+}
+
+BOOL WINAPI DeleteObjectDouble(HGDIOBJ object) {
+  ForgetDrawingObject(object);
+  return DeleteObject(object);
+}
+
 WindowSurface MakeSurface(HWND window) {
   RECT client = {};
   GetClientRect(window, &client);
@@ -236,7 +274,12 @@ std::vector<ImportDouble> MakeDoubles() {
   return {
       {"BitBlt", Erase(&BitBltDouble)},
       {"CloseHandle", Erase(&CloseHandleDouble)},
+      {"CreateCompatibleBitmap", Erase(&CreateCompatibleBitmapDouble)},
+      {"CreateCompatibleDC", Erase(&CreateCompatibleDCDouble)},
+      {"CreateDIBSection", Erase(&CreateDIBSectionDouble)},
       {"CreateFileW", Erase(&CreateFileDouble)},
+      {"DeleteDC", Erase(&DeleteDCDouble)},
+      {"DeleteObject", Erase(&DeleteObjectDouble)},
       {"FileTimeToLocalFileTime", Erase(&FileTimeToLocalFileTimeDouble)},
       {"GetDC", Erase(&GetDCDouble)},
       {"GetLocaleInfoW", Erase(&GetLocaleInfoDouble)},

@@ -63,6 +63,8 @@ struct DeviceState {
   /// Paths of the sound files started.
   std::vector<std::wstring> sounds;
 
+  /// Memory contexts and bitmaps that the engine has made and not deleted.
+  std::set<HGDIOBJ> drawingObjects;
   std::map<HWND, WindowSurface> surfaces;
 };
 

@@ -30,29 +30,29 @@ void HostWindow::Destroy() {
   }
 }
 
-std::vector<LPARAM> HostWindow::WaitFor(UINT message, std::size_t count, int longestMs) {
+std::vector<Notification> HostWindow::WaitFor(UINT message, std::size_t count, int longestMs) {
   using Clock = std::chrono::steady_clock;
   const auto deadline = Clock::now() + std::chrono::milliseconds(longestMs);
-  std::vector<LPARAM> codes;
-  while (codes.size() < count && Clock::now() < deadline) {
+  std::vector<Notification> notifications;
+  while (notifications.size() < count && Clock::now() < deadline) {
     MsgWaitForMultipleObjectsEx(0, nullptr, 100, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
-    const std::vector<LPARAM> taken = Take(message);
-    codes.insert(codes.end(), taken.begin(), taken.end());
+    const std::vector<Notification> taken = Take(message);
+    notifications.insert(notifications.end(), taken.begin(), taken.end());
   }
-  return codes;
+  return notifications;
 }
 
-std::vector<LPARAM> HostWindow::Take(UINT message) {
-  std::vector<LPARAM> codes;
+std::vector<Notification> HostWindow::Take(UINT message) {
+  std::vector<Notification> notifications;
   MSG taken;
   while (PeekMessageW(&taken, nullptr, 0, 0, PM_REMOVE)) {
     if (taken.message == message && taken.hwnd == window) {
-      codes.push_back(taken.lParam);
+      notifications.push_back({taken.wParam, taken.lParam});
     } else {
       DispatchMessageW(&taken);
     }
   }
-  return codes;
+  return notifications;
 }
 
 }  // namespace e2e

@@ -6,6 +6,13 @@
 
 namespace e2e {
 
+/// Parameters of a message that came.
+struct Notification {
+  WPARAM wParam;
+  LPARAM lParam;
+  bool operator==(const Notification&) const = default;
+};
+
 /// The window that a host shows and is notified through. Messages are taken off the queue of the
 /// thread that made it.
 class HostWindow {
@@ -18,12 +25,12 @@ class HostWindow {
   HWND Get() const { return window; }
   void Destroy();
 
-  /// Waits until `count` more messages `message` have come, no longer than so many real
-  /// milliseconds, and returns their lParams.
-  std::vector<LPARAM> WaitFor(UINT message, std::size_t count, int longestMs = 10'000);
+  /// Waits until at least `count` more messages `message` have come, no longer than so many real
+  /// milliseconds, and returns all that came.
+  std::vector<Notification> WaitFor(UINT message, std::size_t count, int longestMs = 10'000);
 
-  /// The lParams of the messages `message` that have come already.
-  std::vector<LPARAM> Take(UINT message);
+  /// The messages `message` that have come already.
+  std::vector<Notification> Take(UINT message);
 
  private:
   HWND window;

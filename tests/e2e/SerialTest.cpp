@@ -21,7 +21,7 @@ class Serial : public EngineTest {
 TEST_F(Serial, EveryAcceptedSentenceNotifiesOnceWithBothParametersZero) {
   Start();
   receiver->Send(Rmc("120000", "A", "10.0"));
-  EXPECT_EQ(std::vector<LPARAM>{0}, host->WaitFor(engine->GetWndMessageID(), 1));
+  EXPECT_EQ((std::vector<Notification>{{0, 0}}), host->WaitFor(engine->GetWndMessageID(), 1));
   EXPECT_EQ("18.5 km/h", engine->SensorValue(FEROLIN_SENSOR_SPEED));
   EXPECT_EQ("12:00:00", engine->SensorValue(FEROLIN_SENSOR_CURRENT_TIME));
 }
@@ -187,7 +187,7 @@ TEST_F(Serial, SwitchingToTheGpsApiRestartsTheReaderThere) {
   // There is no GPS API on this device: once a second it yields nothing, which is an update without
   // a position.
   EXPECT_EQ(1, engine->SetUseGPSAPI(1));
-  EXPECT_EQ(1U, host->WaitFor(engine->GetWndMessageID(), 1).size());
+  EXPECT_LE(1U, host->WaitFor(engine->GetWndMessageID(), 1).size());
   EXPECT_EQ("N/A", engine->SensorValue(FEROLIN_SENSOR_LATITUDE));
   EXPECT_EQ("OK", engine->SensorValue(FEROLIN_SENSOR_GPS_STATUS))
       << "nothing is not the same as a position without a fix";

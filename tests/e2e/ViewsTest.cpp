@@ -121,7 +121,12 @@ class Views : public EngineTest {
     engine->OnMouseDown(host->Get(), from.x, from.y);
     engine->OnMouseMove(host->Get(), to.x, to.y);
     engine->OnMouseUp(host->Get(), to.x, to.y);
-    return host->Take(engine->GetWndMessageID());
+    std::vector<LPARAM> codes;
+    for (const Notification& notification : host->Take(engine->GetWndMessageID())) {
+      EXPECT_EQ(0U, notification.wParam);
+      codes.push_back(notification.lParam);
+    }
+    return codes;
   }
 
   std::vector<LPARAM> Tap(int x, int y) { return Stroke({x, y}, {x, y}); }
@@ -142,6 +147,15 @@ TEST_F(Views, AnUpdateDrawsAFrameThatFillsTheWindow) {
   EXPECT_EQ(WIDTH, frame.width);
   EXPECT_EQ(HEIGHT, frame.height);
   EXPECT_TRUE(HasSeveralColors(frame));
+}
+
+TEST_F(Views, AnUnloadFreesTheDrawingSurface) {
+  const int before = device->GetDrawingObjectsAlive();
+  StartWith(FEROLIN_VIEW_SPEEDOMETER);
+  Draw();
+  EXPECT_LT(before, device->GetDrawingObjectsAlive());
+  Unload();
+  EXPECT_EQ(before, device->GetDrawingObjectsAlive());
 }
 
 TEST_F(Views, EveryViewDraws) {
@@ -272,6 +286,19 @@ TEST_F(Views, ATapBesideTheButtonsOrOnHiddenOnesPostsNothing) {
   EXPECT_EQ(std::vector<LPARAM>{}, Tap(WIDTH / 2, HEIGHT / 2));
   engine->OnDoubleClick();
   EXPECT_EQ(std::vector<LPARAM>{}, Tap(30, BAR_END / 2));
+}
+
+TEST_F(Views, ATapPostsNothingToAHostThatHasStopped) {
+  StartWith(FEROLIN_VIEW_SPEEDOMETER);
+  Draw();
+  constexpr int TOP = BAR_END / 2;
+  EXPECT_EQ(std::vector<LPARAM>{FEROLIN_BUTTON_OPTIONS}, Tap(150, TOP));
+  EXPECT_EQ(1, engine->StartCallBack(nullptr));
+  EXPECT_EQ(std::vector<LPARAM>{}, Tap(150, TOP));
+  EXPECT_EQ(1, engine->StartCallBack(host->Get()));
+  EXPECT_EQ(std::vector<LPARAM>{FEROLIN_BUTTON_OPTIONS}, Tap(150, TOP));
+  EXPECT_EQ(1, engine->StopCallBack());
+  EXPECT_EQ(std::vector<LPARAM>{}, Tap(150, TOP));
 }
 
 TEST_F(Views, ASwipeAcrossMoreThanHalfOfTheWindowTurnsTheView) {
