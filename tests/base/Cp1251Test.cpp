@@ -8,18 +8,18 @@ namespace {
 
 TEST(Cp1251TextTest, AsciiStaysAsItIs) {
   constexpr Cp1251Text text(u"GPS km/h.");
-  EXPECT_STREQ(text.Get(), "GPS km/h.");
+  EXPECT_STREQ("GPS km/h.", text.Get());
 }
 
 TEST(Cp1251TextTest, AlphabetFillsTheBytesFromC0) {
   constexpr Cp1251Text text(u"АЯая");
-  EXPECT_STREQ(text.Get(), "\xC0\xDF\xE0\xFF");
+  EXPECT_STREQ("\xC0\xDF\xE0\xFF", text.Get());
 }
 
 TEST(Cp1251TextTest, AgreesWithTheDevicesCodePage) {
   constexpr Cp1251Text text(u"Максимальная скорость");
   handheld::SetCodePage(1251);
-  EXPECT_EQ(handheld::Utf8FromAnsi(text.Get()), "Максимальная скорость");
+  EXPECT_EQ("Максимальная скорость", handheld::Utf8FromAnsi(text.Get()));
   handheld::SetCodePage(1252);
 }
 

@@ -8,7 +8,7 @@ namespace {
 TEST(FindEntryTest, MissingLibraryGivesNull) {
   void (*entry)() = [] {};
   FindEntry(nullptr, TEXT("Anything"), entry);
-  EXPECT_EQ(entry, nullptr);
+  EXPECT_EQ(nullptr, entry);
 }
 
 }  // namespace

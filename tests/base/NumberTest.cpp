@@ -21,44 +21,44 @@ std::uint64_t Bits(double value) {
 }
 
 TEST(ParseDoubleTest, PlainDecimals) {
-  EXPECT_EQ(ParseDouble("0"), 0.0);
-  EXPECT_EQ(ParseDouble("022.4"), 22.4);
-  EXPECT_EQ(ParseDouble("01131.000"), 1131.0);
-  EXPECT_EQ(ParseDouble("-0.5"), -0.5);
-  EXPECT_EQ(ParseDouble("5."), 5.0);
-  EXPECT_EQ(ParseDouble(".25"), 0.25);
+  EXPECT_EQ(0.0, ParseDouble("0"));
+  EXPECT_EQ(22.4, ParseDouble("022.4"));
+  EXPECT_EQ(1131.0, ParseDouble("01131.000"));
+  EXPECT_EQ(-0.5, ParseDouble("-0.5"));
+  EXPECT_EQ(5.0, ParseDouble("5."));
+  EXPECT_EQ(0.25, ParseDouble(".25"));
 }
 
 TEST(ParseDoubleTest, NoNumberIsZero) {
   for (const char* text : {"", " ", "M", "-", ".", "-.", "+", "e5", "km/h", "--1"}) {
-    EXPECT_EQ(ParseDouble(text), 0.0) << '"' << text << '"';
+    EXPECT_EQ(0.0, ParseDouble(text)) << '"' << text << '"';
   }
 }
 
 TEST(ParseDoubleTest, WhatFollowsTheNumberIsIgnored) {
-  EXPECT_EQ(ParseDouble("12.5 km"), 12.5);
-  EXPECT_EQ(ParseDouble("1.2.3"), 1.2);
-  EXPECT_EQ(ParseDouble("7;9"), 7.0);
-  EXPECT_EQ(ParseDouble("3,5"), 3.0);
+  EXPECT_EQ(12.5, ParseDouble("12.5 km"));
+  EXPECT_EQ(1.2, ParseDouble("1.2.3"));
+  EXPECT_EQ(7.0, ParseDouble("7;9"));
+  EXPECT_EQ(3.0, ParseDouble("3,5"));
 }
 
 TEST(ParseDoubleTest, BlanksAndSignInFrontAreAccepted) {
-  EXPECT_EQ(ParseDouble("  12.5"), 12.5);
-  EXPECT_EQ(ParseDouble("\t-3"), -3.0);
-  EXPECT_EQ(ParseDouble("+4.5"), 4.5);
+  EXPECT_EQ(12.5, ParseDouble("  12.5"));
+  EXPECT_EQ(-3.0, ParseDouble("\t-3"));
+  EXPECT_EQ(4.5, ParseDouble("+4.5"));
 }
 
 TEST(ParseDoubleTest, ExponentsAreRead) {
-  EXPECT_EQ(ParseDouble("1e3"), 1000.0);
-  EXPECT_EQ(ParseDouble("1.5e-05"), 1.5e-05);
-  EXPECT_EQ(ParseDouble("2E2"), 200.0);
+  EXPECT_EQ(1000.0, ParseDouble("1e3"));
+  EXPECT_EQ(1.5e-05, ParseDouble("1.5e-05"));
+  EXPECT_EQ(200.0, ParseDouble("2E2"));
 }
 
 TEST(ParseDoubleTest, LongNumbersAreTheNearestDouble) {
   for (const char* text :
        {"999999999999999", "9999999999999999", "0.1234567890123456789", "123456789.123456789",
         "00000000000000000000001.5", "0.000000000000001"}) {
-    EXPECT_EQ(Bits(ParseDouble(text)), Bits(std::strtod(text, nullptr))) << text;
+    EXPECT_EQ(Bits(std::strtod(text, nullptr)), Bits(ParseDouble(text))) << text;
   }
 }
 
@@ -76,47 +76,47 @@ TEST(ParseDoubleTest, RandomDecimalsAreReadToTheLastBit) {
     }
     const double expected = std::strtod(text.c_str(), nullptr);
     // A lone "-." is no number at all, and its zero has no sign.
-    ASSERT_EQ(Bits(ParseDouble(text.c_str())), Bits(expected)) << text;
+    ASSERT_EQ(Bits(expected), Bits(ParseDouble(text.c_str()))) << text;
   }
 }
 
 TEST(ParseInt64Test, WholeNumbers) {
-  EXPECT_EQ(ParseInt64("0"), 0);
-  EXPECT_EQ(ParseInt64("090"), 90);
-  EXPECT_EQ(ParseInt64("-9999"), -9999);
-  EXPECT_EQ(ParseInt64("12345678901234"), 12345678901234);
+  EXPECT_EQ(0, ParseInt64("0"));
+  EXPECT_EQ(90, ParseInt64("090"));
+  EXPECT_EQ(-9999, ParseInt64("-9999"));
+  EXPECT_EQ(12345678901234, ParseInt64("12345678901234"));
 }
 
 TEST(ParseInt64Test, BlanksAndSignInFrontAreAccepted) {
-  EXPECT_EQ(ParseInt64(" \t\r\n 42"), 42);
-  EXPECT_EQ(ParseInt64("+42"), 42);
-  EXPECT_EQ(ParseInt64("  -42"), -42);
+  EXPECT_EQ(42, ParseInt64(" \t\r\n 42"));
+  EXPECT_EQ(42, ParseInt64("+42"));
+  EXPECT_EQ(-42, ParseInt64("  -42"));
 }
 
 TEST(ParseInt64Test, NoNumberIsZero) {
   for (const char* text : {"", " ", "x", "+", "-", "+-5", "-+5", "- 5", ";5"}) {
-    EXPECT_EQ(ParseInt64(text), 0) << '"' << text << '"';
+    EXPECT_EQ(0, ParseInt64(text)) << '"' << text << '"';
   }
 }
 
 TEST(ParseInt64Test, WhatFollowsTheNumberIsIgnored) {
-  EXPECT_EQ(ParseInt64("46.5"), 46);
-  EXPECT_EQ(ParseInt64("4A"), 4);
-  EXPECT_EQ(ParseInt64("0x10"), 0);
+  EXPECT_EQ(46, ParseInt64("46.5"));
+  EXPECT_EQ(4, ParseInt64("4A"));
+  EXPECT_EQ(0, ParseInt64("0x10"));
 }
 
 TEST(ParseInt64Test, NumbersOutOfRangeAreTheNearestInRange) {
-  EXPECT_EQ(ParseInt64("99999999999999999999"), LARGEST);
-  EXPECT_EQ(ParseInt64("-99999999999999999999"), SMALLEST);
-  EXPECT_EQ(ParseInt64("9223372036854775807"), LARGEST);
-  EXPECT_EQ(ParseInt64("-9223372036854775808"), SMALLEST);
+  EXPECT_EQ(LARGEST, ParseInt64("99999999999999999999"));
+  EXPECT_EQ(SMALLEST, ParseInt64("-99999999999999999999"));
+  EXPECT_EQ(LARGEST, ParseInt64("9223372036854775807"));
+  EXPECT_EQ(SMALLEST, ParseInt64("-9223372036854775808"));
 }
 
 TEST(ParseIntTest, NumbersOutOfRangeAreTheNearestInRange) {
-  EXPECT_EQ(ParseInt("2147483647"), LARGEST_INT);
-  EXPECT_EQ(ParseInt("2147483648"), LARGEST_INT);
-  EXPECT_EQ(ParseInt("-2147483649"), SMALLEST_INT);
-  EXPECT_EQ(ParseInt("08"), 8);
+  EXPECT_EQ(LARGEST_INT, ParseInt("2147483647"));
+  EXPECT_EQ(LARGEST_INT, ParseInt("2147483648"));
+  EXPECT_EQ(SMALLEST_INT, ParseInt("-2147483649"));
+  EXPECT_EQ(8, ParseInt("08"));
 }
 
 }  // namespace

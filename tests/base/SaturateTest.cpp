@@ -14,34 +14,34 @@ constexpr std::int64_t INT64_LOWEST = std::numeric_limits<std::int64_t>::min();
 constexpr std::int64_t INT64_HIGHEST = std::numeric_limits<std::int64_t>::max();
 
 TEST(SaturateTest, DecimalsAreCut) {
-  EXPECT_EQ(Saturated<int>(2.9), 2);
-  EXPECT_EQ(Saturated<int>(-2.9), -2);
+  EXPECT_EQ(2, Saturated<int>(2.9));
+  EXPECT_EQ(-2, Saturated<int>(-2.9));
 }
 
 TEST(SaturateTest, ValuesBeyondTheTypeGiveItsEnds) {
-  EXPECT_EQ(Saturated<int>(2147483647.0), INT_HIGHEST);
-  EXPECT_EQ(Saturated<int>(2147483648.0), INT_HIGHEST);
-  EXPECT_EQ(Saturated<int>(-2147483648.0), INT_LOWEST);
-  EXPECT_EQ(Saturated<int>(-2147483649.5), INT_LOWEST);
-  EXPECT_EQ(Saturated<std::int64_t>(9.3e18), INT64_HIGHEST);
-  EXPECT_EQ(Saturated<std::int64_t>(-INFINITY), INT64_LOWEST);
+  EXPECT_EQ(INT_HIGHEST, Saturated<int>(2147483647.0));
+  EXPECT_EQ(INT_HIGHEST, Saturated<int>(2147483648.0));
+  EXPECT_EQ(INT_LOWEST, Saturated<int>(-2147483648.0));
+  EXPECT_EQ(INT_LOWEST, Saturated<int>(-2147483649.5));
+  EXPECT_EQ(INT64_HIGHEST, Saturated<std::int64_t>(9.3e18));
+  EXPECT_EQ(INT64_LOWEST, Saturated<std::int64_t>(-INFINITY));
 }
 
 TEST(SaturateTest, NoNumberGives0) {
-  EXPECT_EQ(Saturated<int>(NAN), 0);
+  EXPECT_EQ(0, Saturated<int>(NAN));
 }
 
 TEST(SaturateTest, LongIntegersGiveTheEndsOfShortOnes) {
-  EXPECT_EQ(Saturated<int>(std::int64_t{2147483648}), INT_HIGHEST);
-  EXPECT_EQ(Saturated<int>(std::int64_t{-2147483649}), INT_LOWEST);
-  EXPECT_EQ(Saturated<int>(std::int64_t{-5}), -5);
+  EXPECT_EQ(INT_HIGHEST, Saturated<int>(std::int64_t{2147483648}));
+  EXPECT_EQ(INT_LOWEST, Saturated<int>(std::int64_t{-2147483649}));
+  EXPECT_EQ(-5, Saturated<int>(std::int64_t{-5}));
 }
 
 TEST(SaturateTest, SumsStopAtTheEnds) {
-  EXPECT_EQ(SaturatedSum(INT64_HIGHEST, 1), INT64_HIGHEST);
-  EXPECT_EQ(SaturatedSum(INT64_LOWEST, -1), INT64_LOWEST);
-  EXPECT_EQ(SaturatedSum(INT64_HIGHEST - 1, 1), INT64_HIGHEST);
-  EXPECT_EQ(SaturatedSum(2, 3), 5);
+  EXPECT_EQ(INT64_HIGHEST, SaturatedSum(INT64_HIGHEST, 1));
+  EXPECT_EQ(INT64_LOWEST, SaturatedSum(INT64_LOWEST, -1));
+  EXPECT_EQ(INT64_HIGHEST, SaturatedSum(INT64_HIGHEST - 1, 1));
+  EXPECT_EQ(5, SaturatedSum(2, 3));
 }
 
 }  // namespace

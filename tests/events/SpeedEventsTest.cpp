@@ -69,10 +69,10 @@ class SpeedEventsTest : public testing::Test {
 
   void ExpectEvent(int index, bool useSound, int speedLimit, int band) const {
     const SpeedEvent* event = events.GetEvent(index);
-    ASSERT_NE(event, nullptr) << index;
-    EXPECT_EQ(event->useSound, useSound) << index;
-    EXPECT_EQ(event->limit, speedLimit) << index;
-    EXPECT_EQ(event->limitInter, band) << index;
+    ASSERT_NE(nullptr, event) << index;
+    EXPECT_EQ(useSound, event->useSound) << index;
+    EXPECT_EQ(speedLimit, event->limit) << index;
+    EXPECT_EQ(band, event->limitInter) << index;
   }
 
   const Names silence;
@@ -89,7 +89,7 @@ class SpeedEventsTest : public testing::Test {
 // ---- The list ----
 
 TEST_F(SpeedEventsTest, ThreeSilentLimitsAreThereFromTheStart) {
-  EXPECT_EQ(events.GetCount(), 3);
+  EXPECT_EQ(3, events.GetCount());
   ExpectEvent(0, false, 60, 10);
   ExpectEvent(1, false, 100, 10);
   ExpectEvent(2, false, 150, 10);
@@ -97,13 +97,13 @@ TEST_F(SpeedEventsTest, ThreeSilentLimitsAreThereFromTheStart) {
 }
 
 TEST_F(SpeedEventsTest, IndexOutOfRangeIsNoEvent) {
-  EXPECT_EQ(events.GetEvent(-1), nullptr);
-  EXPECT_EQ(events.GetEvent(3), nullptr);
+  EXPECT_EQ(nullptr, events.GetEvent(-1));
+  EXPECT_EQ(nullptr, events.GetEvent(3));
 }
 
 TEST_F(SpeedEventsTest, EventIsOverwritten) {
   events.SetEvent(1, {true, 90, 5});
-  EXPECT_EQ(events.GetCount(), 3);
+  EXPECT_EQ(3, events.GetCount());
   ExpectEvent(0, false, 60, 10);
   ExpectEvent(1, true, 90, 5);
   ExpectEvent(2, false, 150, 10);
@@ -112,14 +112,14 @@ TEST_F(SpeedEventsTest, EventIsOverwritten) {
 TEST_F(SpeedEventsTest, AnyIndexBeyondTheEndAppendsOneEvent) {
   events.SetEvent(3, {true, 200, 20});
   events.SetEvent(1000, {false, 250, 30});
-  EXPECT_EQ(events.GetCount(), 5);
+  EXPECT_EQ(5, events.GetCount());
   ExpectEvent(3, true, 200, 20);
   ExpectEvent(4, false, 250, 30);
 }
 
 TEST_F(SpeedEventsTest, NegativeIndexChangesNothing) {
   events.SetEvent(-1, {true, 200, 20});
-  EXPECT_EQ(events.GetCount(), 3);
+  EXPECT_EQ(3, events.GetCount());
   ExpectEvent(0, false, 60, 10);
 }
 
@@ -139,150 +139,150 @@ TEST_F(SpeedEventsTest, BeepOnZeroIsSwitched) {
 
 TEST_F(SpeedEventsTest, WarnsAtTheLimitAndInItsBandAndTellsTheFall) {
   events.SetEvent(0, {true, 60, 10});
-  EXPECT_EQ(At(55), silence);
-  EXPECT_EQ(At(61), limit);
-  EXPECT_EQ(At(65), limit);
-  EXPECT_EQ(At(72), silence);
-  EXPECT_EQ(At(58), limitDown);
+  EXPECT_EQ(silence, At(55));
+  EXPECT_EQ(limit, At(61));
+  EXPECT_EQ(limit, At(65));
+  EXPECT_EQ(silence, At(72));
+  EXPECT_EQ(limitDown, At(58));
 }
 
 TEST_F(SpeedEventsTest, SilentLimitMakesNoSoundAtAnySpeed) {
   for (const float speed : {55.0F, 61.0F, 65.0F, 72.0F, 58.0F, 0.0F, 200.0F, 0.0F}) {
-    EXPECT_EQ(At(speed), silence) << speed;
+    EXPECT_EQ(silence, At(speed)) << speed;
   }
 }
 
 TEST_F(SpeedEventsTest, LimitAndEndOfItsBandBelongToTheBand) {
   events.SetEvent(0, {true, 60, 10});
-  EXPECT_EQ(At(59.9F), silence);
-  EXPECT_EQ(At(60), limit);
-  EXPECT_EQ(At(60), limit);
-  EXPECT_EQ(At(70), limit);
-  EXPECT_EQ(At(70.1F), silence);
-  EXPECT_EQ(At(70), limit);  // back in the band from above
-  EXPECT_EQ(At(59.9F), limitDown);
-  EXPECT_EQ(At(59.8F), silence);
+  EXPECT_EQ(silence, At(59.9F));
+  EXPECT_EQ(limit, At(60));
+  EXPECT_EQ(limit, At(60));
+  EXPECT_EQ(limit, At(70));
+  EXPECT_EQ(silence, At(70.1F));
+  EXPECT_EQ(limit, At(70));  // back in the band from above
+  EXPECT_EQ(limitDown, At(59.9F));
+  EXPECT_EQ(silence, At(59.8F));
 }
 
 TEST_F(SpeedEventsTest, JumpBeyondTheBandReachesTheLimit) {
   events.SetEvent(0, {true, 60, 10});
   At(50);
-  EXPECT_EQ(At(95), limit);
-  EXPECT_EQ(At(95), silence);
+  EXPECT_EQ(limit, At(95));
+  EXPECT_EQ(silence, At(95));
 }
 
 TEST_F(SpeedEventsTest, BandOfNoWidthRepeatsOnlyAtTheLimitItself) {
   events.SetEvent(0, {true, 60, 0});
   At(50);
-  EXPECT_EQ(At(60), limit);
-  EXPECT_EQ(At(60), limit);
-  EXPECT_EQ(At(60.1F), silence);
+  EXPECT_EQ(limit, At(60));
+  EXPECT_EQ(limit, At(60));
+  EXPECT_EQ(silence, At(60.1F));
 }
 
 TEST_F(SpeedEventsTest, NegativeBandNeverRepeats) {
   events.SetEvent(0, {true, 60, -1});
   At(50);
-  EXPECT_EQ(At(60), limit);
-  EXPECT_EQ(At(60), silence);
-  EXPECT_EQ(At(50), limitDown);
+  EXPECT_EQ(limit, At(60));
+  EXPECT_EQ(silence, At(60));
+  EXPECT_EQ(limitDown, At(50));
 }
 
 TEST_F(SpeedEventsTest, LimitThatIsNotAboveZeroIsSkipped) {
   events.SetEvent(0, {true, 0, 10});
   events.SetEvent(1, {true, -10, 30});
   for (const float speed : {5.0F, 0.0F, 5.0F}) {
-    EXPECT_EQ(At(speed), silence) << speed;
+    EXPECT_EQ(silence, At(speed)) << speed;
   }
 }
 
 TEST_F(SpeedEventsTest, FirstFixMakesNoLimitSound) {
   events.SetEvent(0, {true, 60, 10});
-  EXPECT_EQ(At(65), silence);
-  EXPECT_EQ(At(66), limit);
+  EXPECT_EQ(silence, At(65));
+  EXPECT_EQ(limit, At(66));
 }
 
 TEST_F(SpeedEventsTest, OnlyTheFirstLimitThatFiresIsHeard) {
   events.SetEvent(0, {true, 60, 10});
   events.SetEvent(1, {true, 100, 10});
   At(50);
-  EXPECT_EQ(At(120), limit);
-  EXPECT_EQ(At(40), limitDown);
+  EXPECT_EQ(limit, At(120));
+  EXPECT_EQ(limitDown, At(40));
 }
 
 TEST_F(SpeedEventsTest, LimitThatDoesNotFireLetsTheNextOne) {
   events.SetEvent(0, {true, 60, 10});
   events.SetEvent(1, {true, 100, 10});
   At(80);
-  EXPECT_EQ(At(105), limit);
-  EXPECT_EQ(At(90), limitDown);
-  EXPECT_EQ(At(65), limit);  // the band of the first
+  EXPECT_EQ(limit, At(105));
+  EXPECT_EQ(limitDown, At(90));
+  EXPECT_EQ(limit, At(65));  // the band of the first
 }
 
 TEST_F(SpeedEventsTest, EarlierLimitOfTheListWinsWhateverItsSpeed) {
   events.SetEvent(0, {true, 100, 10});
   events.SetEvent(1, {true, 60, 50});
   At(105);
-  EXPECT_EQ(At(95), limitDown);  // not the band of the second
+  EXPECT_EQ(limitDown, At(95));  // not the band of the second
 }
 
 TEST_F(SpeedEventsTest, EventBeyondTheThirdWarnsToo) {
   events.SetEvent(3, {true, 30, 5});
   At(20);
-  EXPECT_EQ(At(31), limit);
+  EXPECT_EQ(limit, At(31));
 }
 
 TEST_F(SpeedEventsTest, FixWithoutASpeedIsPassedOver) {
   events.SetEvent(0, {true, 60, 10});
-  EXPECT_EQ(At(MISSING_FLOAT), silence);
+  EXPECT_EQ(silence, At(MISSING_FLOAT));
   At(55);
-  EXPECT_EQ(At(MISSING_FLOAT), silence);
-  EXPECT_EQ(At(61), limit);
+  EXPECT_EQ(silence, At(MISSING_FLOAT));
+  EXPECT_EQ(limit, At(61));
 }
 
 TEST_F(SpeedEventsTest, SpeedCountsWithoutAValidFix) {
   events.SetEvent(0, {true, 60, 10});
   fix.fixValid = 0;
   At(55);
-  EXPECT_EQ(At(61), limit);
+  EXPECT_EQ(limit, At(61));
 }
 
 // ---- Stopping ----
 
 TEST_F(SpeedEventsTest, StopBeepsOnce) {
   events.SetBeepOnZero(true);
-  EXPECT_EQ(At(5), silence);
-  EXPECT_EQ(At(0), zero);
-  EXPECT_EQ(At(0), silence);
-  EXPECT_EQ(At(3), silence);
-  EXPECT_EQ(At(0), zero);
+  EXPECT_EQ(silence, At(5));
+  EXPECT_EQ(zero, At(0));
+  EXPECT_EQ(silence, At(0));
+  EXPECT_EQ(silence, At(3));
+  EXPECT_EQ(zero, At(0));
 }
 
 TEST_F(SpeedEventsTest, StopIsSilentUnlessChosen) {
   At(5);
-  EXPECT_EQ(At(0), silence);
+  EXPECT_EQ(silence, At(0));
 }
 
 TEST_F(SpeedEventsTest, FirstFixAtStandstillBeeps) {
   events.SetBeepOnZero(true);
-  EXPECT_EQ(At(0), zero);
-  EXPECT_EQ(At(0), silence);
+  EXPECT_EQ(zero, At(0));
+  EXPECT_EQ(silence, At(0));
 }
 
 TEST_F(SpeedEventsTest, FirstFixAtStandstillIsSilentUnlessChosen) {
-  EXPECT_EQ(At(0), silence);
+  EXPECT_EQ(silence, At(0));
 }
 
 TEST_F(SpeedEventsTest, CreepingIsNoStop) {
   events.SetBeepOnZero(true);
   At(5);
-  EXPECT_EQ(At(0.1F), silence);
+  EXPECT_EQ(silence, At(0.1F));
 }
 
 TEST_F(SpeedEventsTest, StopFromAboveALimitBeepsAndThenTellsTheFall) {
   events.SetEvent(0, {true, 60, 10});
   events.SetBeepOnZero(true);
   At(70);
-  EXPECT_EQ(At(0), (Names{"Zero.wav", "LimitDown.wav"}));
+  EXPECT_EQ((Names{"Zero.wav", "LimitDown.wav"}), At(0));
 }
 
 // ---- Sounds ----
@@ -292,24 +292,24 @@ TEST_F(SpeedEventsTest, SoundsLieInTheWavFolderAndNeverWait) {
   At(50);
   At(60);
   const std::vector<handheld::Sound> sounds = handheld::SoundsStarted();
-  ASSERT_EQ(sounds.size(), 1U);
-  EXPECT_EQ(sounds[0].path, folder.DevicePath() + u"\\Wav\\Limit.wav");
-  EXPECT_EQ(sounds[0].flags, 0x22001U);
+  ASSERT_EQ(1U, sounds.size());
+  EXPECT_EQ(folder.DevicePath() + u"\\Wav\\Limit.wav", sounds[0].path);
+  EXPECT_EQ(0x22001U, sounds[0].flags);
 }
 
 TEST_F(SpeedEventsTest, MissingSoundFileIsSilentAndTheStepGoesOn) {
   std::filesystem::remove(folder.Path("Wav/Limit.wav"));
   events.SetEvent(0, {true, 60, 10});
   At(50);
-  EXPECT_EQ(At(65), silence);
-  EXPECT_EQ(At(50), limitDown);
+  EXPECT_EQ(silence, At(65));
+  EXPECT_EQ(limitDown, At(50));
 }
 
 TEST_F(SpeedEventsTest, EmptyFolderKeepsTheOneSetBefore) {
   events.SetEvent(0, {true, 60, 10});
   events.LoadSettings(TEXT(""), store);
   At(50);
-  EXPECT_EQ(At(60), limit);
+  EXPECT_EQ(limit, At(60));
 }
 
 // ---- Settings ----
@@ -359,18 +359,18 @@ TEST_F(SpeedEventsTest, EveryEventIsSaved) {
   events.SetEvent(1, {true, 90, 5});
   events.SetEvent(3, {true, 200, 20});
   events.SaveSettings(store);
-  EXPECT_EQ(Setting("BeepOnZero"), "true");
-  EXPECT_EQ(Setting("Limit1"), "60");
-  EXPECT_EQ(Setting("LimitInter1"), "10");
-  EXPECT_EQ(Setting("UseSound1"), "false");
-  EXPECT_EQ(Setting("Limit2"), "90");
-  EXPECT_EQ(Setting("LimitInter2"), "5");
-  EXPECT_EQ(Setting("UseSound2"), "true");
-  EXPECT_EQ(Setting("Limit3"), "150");
-  EXPECT_EQ(Setting("Limit4"), "200");
-  EXPECT_EQ(Setting("LimitInter4"), "20");
-  EXPECT_EQ(Setting("UseSound4"), "true");
-  EXPECT_EQ(store.GetRecords().size(), 14U);  // header, BeepOnZero and four times three
+  EXPECT_EQ("true", Setting("BeepOnZero"));
+  EXPECT_EQ("60", Setting("Limit1"));
+  EXPECT_EQ("10", Setting("LimitInter1"));
+  EXPECT_EQ("false", Setting("UseSound1"));
+  EXPECT_EQ("90", Setting("Limit2"));
+  EXPECT_EQ("5", Setting("LimitInter2"));
+  EXPECT_EQ("true", Setting("UseSound2"));
+  EXPECT_EQ("150", Setting("Limit3"));
+  EXPECT_EQ("200", Setting("Limit4"));
+  EXPECT_EQ("20", Setting("LimitInter4"));
+  EXPECT_EQ("true", Setting("UseSound4"));
+  EXPECT_EQ(14U, store.GetRecords().size());  // header, BeepOnZero and four times three
 }
 
 TEST_F(SpeedEventsTest, FourthEventIsWrittenButNotReadBack) {
@@ -381,10 +381,10 @@ TEST_F(SpeedEventsTest, FourthEventIsWrittenButNotReadBack) {
   ASSERT_TRUE(store.Load(folder.Path("settings.ini")));
   SpeedEvents other;
   other.LoadSettings(TEXT(""), store);
-  ASSERT_EQ(other.GetCount(), 3);
-  EXPECT_EQ(other.GetEvent(0)->limit, 50);
+  ASSERT_EQ(3, other.GetCount());
+  EXPECT_EQ(50, other.GetEvent(0)->limit);
   EXPECT_TRUE(other.GetEvent(0)->useSound);
-  EXPECT_EQ(other.GetEvent(2)->limit, 150);
+  EXPECT_EQ(150, other.GetEvent(2)->limit);
 }
 
 }  // namespace

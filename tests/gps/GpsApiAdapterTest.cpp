@@ -52,10 +52,10 @@ class GpsApiAdapterTest : public testing::Test {
 
   void ExpectSatellite(unsigned index, int prn, int elevation, int azimuth, int snr) const {
     const SatelliteInfo& satellite = *fix.GetSatellite(index);
-    EXPECT_EQ(satellite.prn, prn) << index;
-    EXPECT_EQ(satellite.elevation, elevation) << index;
-    EXPECT_EQ(satellite.azimuth, azimuth) << index;
-    EXPECT_EQ(satellite.snr, snr) << index;
+    EXPECT_EQ(prn, satellite.prn) << index;
+    EXPECT_EQ(elevation, satellite.elevation) << index;
+    EXPECT_EQ(azimuth, satellite.azimuth) << index;
+    EXPECT_EQ(snr, satellite.snr) << index;
   }
 
   /// The latitude kept for this one in degrees.
@@ -73,40 +73,40 @@ class GpsApiAdapterTest : public testing::Test {
 TEST_F(GpsApiAdapterTest, AllValidMembersAreTaken) {
   FillPosition();
   Apply();
-  EXPECT_EQ(fix.fixValid, 1);
-  EXPECT_EQ(fix.latitude, 4807.038F);
-  EXPECT_EQ(fix.longitude, 1131.0F);
-  EXPECT_EQ(fix.speedKnots, 10.0F);
-  EXPECT_EQ(fix.speedKmh, 18.52F);
-  EXPECT_EQ(fix.course, 84.5F);
-  EXPECT_EQ(fix.altitude, 545.5F);
-  EXPECT_EQ(fix.pdop, 2.5F);
-  EXPECT_EQ(fix.hdop, 1.5F);
-  EXPECT_EQ(fix.vdop, 2.0F);
-  EXPECT_EQ(fix.satellitesUsed, 9);
+  EXPECT_EQ(1, fix.fixValid);
+  EXPECT_EQ(4807.038F, fix.latitude);
+  EXPECT_EQ(1131.0F, fix.longitude);
+  EXPECT_EQ(10.0F, fix.speedKnots);
+  EXPECT_EQ(18.52F, fix.speedKmh);
+  EXPECT_EQ(84.5F, fix.course);
+  EXPECT_EQ(545.5F, fix.altitude);
+  EXPECT_EQ(2.5F, fix.pdop);
+  EXPECT_EQ(1.5F, fix.hdop);
+  EXPECT_EQ(2.0F, fix.vdop);
+  EXPECT_EQ(9, fix.satellitesUsed);
 }
 
 TEST_F(GpsApiAdapterTest, TimeIsUtcAndItsLocalTimeFollows) {
   FillPosition();
   Apply();
-  EXPECT_EQ(Fields(fix.utcTime), Fields(Moment(2024, 1, 31, 22, 0, 1, 500)));
-  EXPECT_EQ(Fields(fix.localTime), Fields(Moment(2024, 2, 1, 1, 0, 1, 500)));
+  EXPECT_EQ(Fields(Moment(2024, 1, 31, 22, 0, 1, 500)), Fields(fix.utcTime));
+  EXPECT_EQ(Fields(Moment(2024, 2, 1, 1, 0, 1, 500)), Fields(fix.localTime));
 }
 
 TEST_F(GpsApiAdapterTest, MembersWhoseBitIsClearAreLeftAlone) {
   FillPosition();
   position.dwValidFields = 0;
   Apply();
-  EXPECT_EQ(fix.fixValid, 1);
-  EXPECT_EQ(fix.latitude, -9999.0F);
-  EXPECT_EQ(fix.longitude, -9999.0F);
-  EXPECT_EQ(fix.course, -9999.0F);
-  EXPECT_EQ(fix.altitude, -9999.0F);
-  EXPECT_EQ(fix.pdop, -9999.0F);
-  EXPECT_EQ(fix.hdop, -9999.0F);
-  EXPECT_EQ(fix.vdop, -9999.0F);
-  EXPECT_EQ(fix.satellitesUsed, 0);
-  EXPECT_EQ(fix.GetPointCount(), 0);
+  EXPECT_EQ(1, fix.fixValid);
+  EXPECT_EQ(-9999.0F, fix.latitude);
+  EXPECT_EQ(-9999.0F, fix.longitude);
+  EXPECT_EQ(-9999.0F, fix.course);
+  EXPECT_EQ(-9999.0F, fix.altitude);
+  EXPECT_EQ(-9999.0F, fix.pdop);
+  EXPECT_EQ(-9999.0F, fix.hdop);
+  EXPECT_EQ(-9999.0F, fix.vdop);
+  EXPECT_EQ(0, fix.satellitesUsed);
+  EXPECT_EQ(0, fix.GetPointCount());
 }
 
 TEST_F(GpsApiAdapterTest, EachBitStandsForItsOwnMember) {
@@ -128,10 +128,10 @@ TEST_F(GpsApiAdapterTest, EachBitStandsForItsOwnMember) {
     record.ApplyGpsPosition(&position);
     for (const Bit& other : BITS) {
       const float untouched = other.field == &EditableFix::speedKnots ? 1.0F : -9999.0F;
-      EXPECT_EQ(record.*other.field, other.bit == chosen.bit ? other.value : untouched)
+      EXPECT_EQ(other.bit == chosen.bit ? other.value : untouched, record.*other.field)
           << std::hex << chosen.bit << " and " << other.bit;
     }
-    EXPECT_EQ(record.satellitesUsed, 0);
+    EXPECT_EQ(0, record.satellitesUsed);
   }
 }
 
@@ -142,54 +142,54 @@ TEST_F(GpsApiAdapterTest, TimeAndLatitudeAloneLeaveTheSpeedAndDeriveItAgain) {
   position.FixType = GPS_FIX_3D;
   position.dwValidFields = 0x3;
   Apply();
-  EXPECT_EQ(Fields(fix.utcTime), Fields(Moment(2024, 1, 31, 22, 0, 1, 500)));
-  EXPECT_EQ(fix.latitude, 4807.038F);
-  EXPECT_EQ(fix.longitude, -9999.0F);
-  EXPECT_EQ(fix.speedKnots, 5.0F);
-  EXPECT_EQ(fix.speedKmh, 9.26F);  // 5 x 1.852
+  EXPECT_EQ(Fields(Moment(2024, 1, 31, 22, 0, 1, 500)), Fields(fix.utcTime));
+  EXPECT_EQ(4807.038F, fix.latitude);
+  EXPECT_EQ(-9999.0F, fix.longitude);
+  EXPECT_EQ(5.0F, fix.speedKnots);
+  EXPECT_EQ(9.26F, fix.speedKmh);  // 5 x 1.852
 }
 
 TEST_F(GpsApiAdapterTest, DegreesBecomeDegreesTimes100PlusMinutes) {
-  EXPECT_EQ(LatitudeOf(48.1173), 4807.038F);  // 0.1173 x 60 = 7.038
-  EXPECT_EQ(LatitudeOf(0.25), 15.0F);
-  EXPECT_EQ(LatitudeOf(48), 4800.0F);
-  EXPECT_EQ(LatitudeOf(0), 0.0F);
+  EXPECT_EQ(4807.038F, LatitudeOf(48.1173));  // 0.1173 x 60 = 7.038
+  EXPECT_EQ(15.0F, LatitudeOf(0.25));
+  EXPECT_EQ(4800.0F, LatitudeOf(48));
+  EXPECT_EQ(0.0F, LatitudeOf(0));
 }
 
 TEST_F(GpsApiAdapterTest, NegativeDegreesStayNegative) {
-  EXPECT_EQ(LatitudeOf(-48.5), -4830.0F);
-  EXPECT_EQ(LatitudeOf(-0.25), -15.0F);
+  EXPECT_EQ(-4830.0F, LatitudeOf(-48.5));
+  EXPECT_EQ(-15.0F, LatitudeOf(-0.25));
 }
 
 TEST_F(GpsApiAdapterTest, MissingOrNegativeSpeedBecomesStandstill) {
   Apply();
-  EXPECT_EQ(fix.speedKnots, 0.0F);
-  EXPECT_EQ(fix.speedKmh, 0.0F);
+  EXPECT_EQ(0.0F, fix.speedKnots);
+  EXPECT_EQ(0.0F, fix.speedKmh);
   position.dwValidFields = 0x8;
   position.flSpeed = -3;
   Apply();
-  EXPECT_EQ(fix.speedKnots, 0.0F);
-  EXPECT_EQ(fix.speedKmh, 0.0F);
+  EXPECT_EQ(0.0F, fix.speedKnots);
+  EXPECT_EQ(0.0F, fix.speedKmh);
 }
 
 TEST_F(GpsApiAdapterTest, PositionAppendsATrackPoint) {
   FillPosition();
   Apply();
-  ASSERT_EQ(fix.GetPointCount(), 1);
+  ASSERT_EQ(1, fix.GetPointCount());
   const TrackPoint& point = *fix.GetPoint(0);
-  EXPECT_EQ(point.latitude, 4807.038F);
-  EXPECT_EQ(point.longitude, 1131.0F);
-  EXPECT_EQ(point.altitude, 545.5F);
-  EXPECT_EQ(point.course, 84.5F);
-  EXPECT_EQ(point.speedKmh, 18.52F);
-  EXPECT_EQ(Fields(point.time), Fields(Moment(2024, 2, 1, 1, 0, 1, 500)));
+  EXPECT_EQ(4807.038F, point.latitude);
+  EXPECT_EQ(1131.0F, point.longitude);
+  EXPECT_EQ(545.5F, point.altitude);
+  EXPECT_EQ(84.5F, point.course);
+  EXPECT_EQ(18.52F, point.speedKmh);
+  EXPECT_EQ(Fields(Moment(2024, 2, 1, 1, 0, 1, 500)), Fields(point.time));
 }
 
 TEST_F(GpsApiAdapterTest, SamePositionTwiceIsOnePoint) {
   FillPosition();
   Apply();
   Apply();
-  EXPECT_EQ(fix.GetPointCount(), 1);
+  EXPECT_EQ(1, fix.GetPointCount());
 }
 
 TEST_F(GpsApiAdapterTest, SatellitesTakeThePlatformsSlots) {
@@ -236,19 +236,19 @@ class GpsApiAdapterLostFixTest : public GpsApiAdapterTest {
     SeeSatellite(0, 7, 10, 20, 30);
     Apply();
     fix.ggaField10 = 0;
-    ASSERT_EQ(fix.GetPointCount(), 1);
+    ASSERT_EQ(1, fix.GetPointCount());
   }
 
   void ExpectPositionForgotten() const {
-    EXPECT_EQ(fix.altitude, -9999.0F);
-    EXPECT_EQ(fix.longitude, -9999.0F);
-    EXPECT_EQ(fix.latitude, -9999.0F);
-    EXPECT_EQ(fix.speedKmh, -9999.0F);
-    EXPECT_EQ(fix.speedKnots, -9999.0F);
-    EXPECT_EQ(fix.pdop, -9999.0F);
-    EXPECT_EQ(fix.hdop, -9999.0F);
-    EXPECT_EQ(fix.vdop, -9999.0F);
-    EXPECT_EQ(fix.ggaField10, -9999.0F);
+    EXPECT_EQ(-9999.0F, fix.altitude);
+    EXPECT_EQ(-9999.0F, fix.longitude);
+    EXPECT_EQ(-9999.0F, fix.latitude);
+    EXPECT_EQ(-9999.0F, fix.speedKmh);
+    EXPECT_EQ(-9999.0F, fix.speedKnots);
+    EXPECT_EQ(-9999.0F, fix.pdop);
+    EXPECT_EQ(-9999.0F, fix.hdop);
+    EXPECT_EQ(-9999.0F, fix.vdop);
+    EXPECT_EQ(-9999.0F, fix.ggaField10);
   }
 };
 
@@ -256,34 +256,34 @@ TEST_F(GpsApiAdapterLostFixTest, PositionWithoutAFixForgetsPositionAndSatellites
   position.FixType = GPS_FIX_UNKNOWN;
   Apply();
   ExpectPositionForgotten();
-  EXPECT_EQ(fix.fixValid, 0);
+  EXPECT_EQ(0, fix.fixValid);
   ExpectSatellite(0, -9999, -9999, -9999, -9999);
 }
 
 TEST_F(GpsApiAdapterLostFixTest, PositionWithoutAFixKeepsCourseSatellitesUsedAndTrack) {
   position.FixType = GPS_FIX_UNKNOWN;
   Apply();
-  EXPECT_EQ(fix.course, 84.5F);
-  EXPECT_EQ(fix.satellitesUsed, 9);
-  EXPECT_EQ(fix.GetPointCount(), 1);
+  EXPECT_EQ(84.5F, fix.course);
+  EXPECT_EQ(9, fix.satellitesUsed);
+  EXPECT_EQ(1, fix.GetPointCount());
 }
 
 TEST_F(GpsApiAdapterLostFixTest, PositionWithoutAFixTakesTheDevicesTime) {
   position.FixType = GPS_FIX_UNKNOWN;
   Apply();
-  EXPECT_EQ(Fields(fix.localTime), Fields(Moment(2024, 5, 6, 10, 8, 9)));
-  EXPECT_EQ(Fields(fix.utcTime), Fields(Moment(2024, 5, 6, 7, 8, 9)));
+  EXPECT_EQ(Fields(Moment(2024, 5, 6, 10, 8, 9)), Fields(fix.localTime));
+  EXPECT_EQ(Fields(Moment(2024, 5, 6, 7, 8, 9)), Fields(fix.utcTime));
 }
 
 TEST_F(GpsApiAdapterLostFixTest, NoPositionAtAllKeepsFixFlagAndSatellites) {
   fix.ApplyGpsPosition(nullptr);
   ExpectPositionForgotten();
-  EXPECT_EQ(fix.fixValid, 1);
+  EXPECT_EQ(1, fix.fixValid);
   ExpectSatellite(0, 7, 10, 20, 30);
-  EXPECT_EQ(fix.course, 84.5F);
-  EXPECT_EQ(fix.satellitesUsed, 9);
-  EXPECT_EQ(Fields(fix.localTime), Fields(Moment(2024, 5, 6, 10, 8, 9)));
-  EXPECT_EQ(fix.GetPointCount(), 1);
+  EXPECT_EQ(84.5F, fix.course);
+  EXPECT_EQ(9, fix.satellitesUsed);
+  EXPECT_EQ(Fields(Moment(2024, 5, 6, 10, 8, 9)), Fields(fix.localTime));
+  EXPECT_EQ(1, fix.GetPointCount());
 }
 
 }  // namespace

@@ -39,26 +39,26 @@ class StandIn {
 TEST_F(GpsApiLibraryTest, CallsReachTheLibrary) {
   Provide("complete");
   const StandIn standIn;
-  ASSERT_NE(standIn.countStarts, nullptr);
+  ASSERT_NE(nullptr, standIn.countStarts);
   const GpsApiLibrary library;
   library.Start();
   library.Start();
   library.Stop();
-  EXPECT_EQ(standIn.countStarts(), 2);
-  EXPECT_EQ(standIn.countStops(), 1);
+  EXPECT_EQ(2, standIn.countStarts());
+  EXPECT_EQ(1, standIn.countStops());
 }
 
 TEST_F(GpsApiLibraryTest, PositionIsCopiedWhole) {
   Provide("complete");
   const StandIn standIn;
-  ASSERT_NE(standIn.setPosition, nullptr);
+  ASSERT_NE(nullptr, standIn.setPosition);
   GPS_POSITION given;
   std::memset(&given, 0x5A, sizeof given);
   standIn.setPosition(&given);
   const GpsApiLibrary library;
   GPS_POSITION taken = {};
   ASSERT_TRUE(library.GetPosition(taken));
-  EXPECT_EQ(std::memcmp(&taken, &given, 344), 0);
+  EXPECT_EQ(0, std::memcmp(&taken, &given, 344));
 }
 
 TEST_F(GpsApiLibraryTest, MissingLibraryIsSilent) {
@@ -69,7 +69,7 @@ TEST_F(GpsApiLibraryTest, MissingLibraryIsSilent) {
   std::memset(&position, 0x5A, sizeof position);
   const GPS_POSITION before = position;
   EXPECT_FALSE(library.GetPosition(position));
-  EXPECT_EQ(std::memcmp(&position, &before, sizeof position), 0);
+  EXPECT_EQ(0, std::memcmp(&position, &before, sizeof position));
 }
 
 TEST_F(GpsApiLibraryTest, MissingEntriesAreSilent) {
@@ -89,10 +89,10 @@ TEST_F(GpsApiLibraryTest, LibraryIsFreedAtTheEnd) {
     const StandIn standIn;
     const GpsApiLibrary library;
     library.Start();
-    EXPECT_EQ(standIn.countStarts(), 1);
+    EXPECT_EQ(1, standIn.countStarts());
   }
   const StandIn again;
-  EXPECT_EQ(again.countStarts(), 0);
+  EXPECT_EQ(0, again.countStarts());
 }
 
 }  // namespace

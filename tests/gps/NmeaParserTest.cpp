@@ -40,35 +40,35 @@ class NmeaParserTest : public testing::Test {
   int Parse(const std::string& sentence) { return fix->ParseSentence(sentence.c_str()); }
 
   void ExpectNothingKnown() const {
-    EXPECT_EQ(fix->altitude, -9999.0F);
-    EXPECT_EQ(fix->longitude, -9999.0F);
-    EXPECT_EQ(fix->latitude, -9999.0F);
-    EXPECT_EQ(fix->course, -9999.0F);
-    EXPECT_EQ(fix->speedKnots, -9999.0F);
-    EXPECT_EQ(fix->speedKmh, -9999.0F);
-    EXPECT_EQ(fix->pdop, -9999.0F);
-    EXPECT_EQ(fix->hdop, -9999.0F);
-    EXPECT_EQ(fix->vdop, -9999.0F);
-    EXPECT_EQ(fix->ggaField10, -9999.0F);
-    EXPECT_EQ(fix->satellitesUsed, 0);
-    EXPECT_EQ(fix->fixValid, 0);
-    EXPECT_EQ(fix->GetPointCount(), 0);
-    EXPECT_EQ(fix->satellites[0].prn, -9999);
-    EXPECT_EQ(Fields(fix->localTime), Fields(SYSTEMTIME{}));
+    EXPECT_EQ(-9999.0F, fix->altitude);
+    EXPECT_EQ(-9999.0F, fix->longitude);
+    EXPECT_EQ(-9999.0F, fix->latitude);
+    EXPECT_EQ(-9999.0F, fix->course);
+    EXPECT_EQ(-9999.0F, fix->speedKnots);
+    EXPECT_EQ(-9999.0F, fix->speedKmh);
+    EXPECT_EQ(-9999.0F, fix->pdop);
+    EXPECT_EQ(-9999.0F, fix->hdop);
+    EXPECT_EQ(-9999.0F, fix->vdop);
+    EXPECT_EQ(-9999.0F, fix->ggaField10);
+    EXPECT_EQ(0, fix->satellitesUsed);
+    EXPECT_EQ(0, fix->fixValid);
+    EXPECT_EQ(0, fix->GetPointCount());
+    EXPECT_EQ(-9999, fix->satellites[0].prn);
+    EXPECT_EQ(Fields(SYSTEMTIME{}), Fields(fix->localTime));
   }
 
   void ExpectSatellite(unsigned index, int prn, int elevation, int azimuth, int snr) const {
     const SatelliteInfo& satellite = *fix->GetSatellite(index);
-    EXPECT_EQ(satellite.prn, prn) << index;
-    EXPECT_EQ(satellite.elevation, elevation) << index;
-    EXPECT_EQ(satellite.azimuth, azimuth) << index;
-    EXPECT_EQ(satellite.snr, snr) << index;
+    EXPECT_EQ(prn, satellite.prn) << index;
+    EXPECT_EQ(elevation, satellite.elevation) << index;
+    EXPECT_EQ(azimuth, satellite.azimuth) << index;
+    EXPECT_EQ(snr, satellite.snr) << index;
   }
 
   /// The device's clock was taken.
   void ExpectDeviceTime() const {
-    EXPECT_EQ(Fields(fix->localTime), Fields(Moment(2024, 5, 6, 10, 8, 9, 250)));
-    EXPECT_EQ(Fields(fix->utcTime), Fields(Moment(2024, 5, 6, 7, 8, 9, 250)));
+    EXPECT_EQ(Fields(Moment(2024, 5, 6, 10, 8, 9, 250)), Fields(fix->localTime));
+    EXPECT_EQ(Fields(Moment(2024, 5, 6, 7, 8, 9, 250)), Fields(fix->utcTime));
   }
 
   /// Year taken from an RMC sentence of this date.
@@ -83,13 +83,13 @@ class NmeaParserTest : public testing::Test {
 // ---- What is a sentence ----
 
 TEST_F(NmeaParserTest, EmptySentenceChangesNothing) {
-  EXPECT_EQ(Parse(""), 0);
+  EXPECT_EQ(0, Parse(""));
   ExpectNothingKnown();
 }
 
 TEST_F(NmeaParserTest, SentenceWithoutTheDollarSignChangesNothing) {
-  EXPECT_EQ(Parse(RMC + 1), 0);
-  EXPECT_EQ(Parse(std::string(" ") + RMC), 0);
+  EXPECT_EQ(0, Parse(RMC + 1));
+  EXPECT_EQ(0, Parse(std::string(" ") + RMC));
   ExpectNothingKnown();
 }
 
@@ -100,28 +100,28 @@ TEST_F(NmeaParserTest, OtherSentencesChangeNothing) {
         "$PGRME,15.0,M,45.0,M,25.0,M*1C", "$", "$,,,,,,,,,,,,,,,,,,,,",
         "$GPRMCX,123519,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W",
         "$GPRM,123519,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W"}) {
-    EXPECT_EQ(Parse(sentence), 0) << sentence;
+    EXPECT_EQ(0, Parse(sentence)) << sentence;
   }
   ExpectNothingKnown();
 }
 
 TEST_F(NmeaParserTest, NamesAreComparedWithTheirCase) {
-  EXPECT_EQ(Parse("$gprmc,123519,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*6A"), 0);
+  EXPECT_EQ(0, Parse("$gprmc,123519,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*6A"));
   ExpectNothingKnown();
 }
 
 TEST_F(NmeaParserTest, ChecksumIsNotVerified) {
-  EXPECT_EQ(Parse("$GPRMC,123519,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*00"), 1);
-  EXPECT_EQ(Parse("$GPRMC,123520,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W"), 1);
-  EXPECT_EQ(fix->GetPointCount(), 2);
+  EXPECT_EQ(1, Parse("$GPRMC,123519,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*00"));
+  EXPECT_EQ(1, Parse("$GPRMC,123520,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W"));
+  EXPECT_EQ(2, fix->GetPointCount());
 }
 
 TEST_F(NmeaParserTest, OnlyRmcCompletesAnEpoch) {
-  EXPECT_EQ(Parse(RMC), 1);
+  EXPECT_EQ(1, Parse(RMC));
   for (const char* sentence : {GGA, VTG, GLL, GSA, GSV}) {
-    EXPECT_EQ(Parse(sentence), 0) << sentence;
+    EXPECT_EQ(0, Parse(sentence)) << sentence;
   }
-  EXPECT_EQ(fix->GetPointCount(), 1);
+  EXPECT_EQ(1, fix->GetPointCount());
 }
 
 /// The text behind the last separator does not count.
@@ -131,147 +131,147 @@ TEST_F(NmeaParserTest, SentencesBelowTheirFieldCountAreIgnored) {
         "$GPGGA,123519,4807.038,N,01131.000,E,1,08,0.9,545.4,M", "$GPVTG,084.4,T,022.4",
         "$GPGLL,4807.038,N,01131.000,E", "$GPGSA,A,3,04,05,,09,12,,,24,,,,,2.5,1.3,2.1",
         "$GPGSV,1,1,01", "$GPRMC", "$GPGSV", "$GPGGA,"}) {
-    EXPECT_EQ(Parse(sentence), 0) << sentence;
+    EXPECT_EQ(0, Parse(sentence)) << sentence;
   }
   ExpectNothingKnown();
 }
 
 TEST_F(NmeaParserTest, SentencesWithJustTheirFieldCountAreTaken) {
-  EXPECT_EQ(Parse("$GPRMC,123519,A,4807.038,N,01131.000,E,022.4,084.4,230394,"), 1);
-  EXPECT_EQ(fix->latitude, 4807.038F);
+  EXPECT_EQ(1, Parse("$GPRMC,123519,A,4807.038,N,01131.000,E,022.4,084.4,230394,"));
+  EXPECT_EQ(4807.038F, fix->latitude);
   Parse("$GPGGA,123519,4808.038,N,01131.000,E,1,08,0.9,545.4,M,");
-  EXPECT_EQ(fix->latitude, 4808.038F);
-  EXPECT_EQ(fix->altitude, 545.4F);
+  EXPECT_EQ(4808.038F, fix->latitude);
+  EXPECT_EQ(545.4F, fix->altitude);
   Parse("$GPVTG,090.0,T,011.0,");
-  EXPECT_EQ(fix->speedKnots, 11.0F);
+  EXPECT_EQ(11.0F, fix->speedKnots);
   Parse("$GPGLL,4809.038,N,01131.000,E*");
-  EXPECT_EQ(fix->latitude, 4809.038F);
+  EXPECT_EQ(4809.038F, fix->latitude);
   Parse("$GPGSA,A,3,04,05,,09,12,,,24,,,,,2.5,1.3,2.1,");
-  EXPECT_EQ(fix->vdop, 2.1F);
+  EXPECT_EQ(2.1F, fix->vdop);
 }
 
 TEST_F(NmeaParserTest, FieldsBeyondTheFortiethAreNotLookedAt) {
-  EXPECT_EQ(Parse(std::string(RMC) + std::string(100, ',') + "x*00"), 1);
-  EXPECT_EQ(fix->course, 84.4F);
+  EXPECT_EQ(1, Parse(std::string(RMC) + std::string(100, ',') + "x*00"));
+  EXPECT_EQ(84.4F, fix->course);
 }
 
 TEST_F(NmeaParserTest, FieldLongerThan99CharactersIsCut) {
   // 97 zeros and "48" are kept, "07.038" is not.
   const std::string latitude = std::string(97, '0') + "4807.038";
-  EXPECT_EQ(Parse("$GPRMC,123519,A," + latitude + ",N,01131.000,E,022.4,084.4,230394,003.1,W*6A"),
-            1);
-  EXPECT_EQ(fix->latitude, 48.0F);
-  EXPECT_EQ(fix->longitude, 1131.0F);
+  EXPECT_EQ(1,
+            Parse("$GPRMC,123519,A," + latitude + ",N,01131.000,E,022.4,084.4,230394,003.1,W*6A"));
+  EXPECT_EQ(48.0F, fix->latitude);
+  EXPECT_EQ(1131.0F, fix->longitude);
 }
 
 TEST_F(NmeaParserTest, EndlessFieldIsHarmless) {
-  EXPECT_EQ(Parse("$" + std::string(2046, 'A')), 0);
-  EXPECT_EQ(Parse(RMC), 1);
+  EXPECT_EQ(0, Parse("$" + std::string(2046, 'A')));
+  EXPECT_EQ(1, Parse(RMC));
 }
 
 TEST_F(NmeaParserTest, MalformedNumbersReadAsZero) {
-  EXPECT_EQ(Parse("$GPRMC,123519,A,north,N,?,E,fast,x,230394,003.1,W*6A"), 1);
-  EXPECT_EQ(fix->latitude, 0.0F);
-  EXPECT_EQ(fix->longitude, 0.0F);
-  EXPECT_EQ(fix->speedKnots, 0.0F);
-  EXPECT_EQ(fix->course, 0.0F);
+  EXPECT_EQ(1, Parse("$GPRMC,123519,A,north,N,?,E,fast,x,230394,003.1,W*6A"));
+  EXPECT_EQ(0.0F, fix->latitude);
+  EXPECT_EQ(0.0F, fix->longitude);
+  EXPECT_EQ(0.0F, fix->speedKnots);
+  EXPECT_EQ(0.0F, fix->course);
 }
 
 // ---- RMC ----
 
 TEST_F(NmeaParserTest, RmcSetsPositionMotionAndTime) {
-  EXPECT_EQ(Parse(RMC), 1);
-  EXPECT_EQ(fix->fixValid, 1);
-  EXPECT_EQ(fix->latitude, 4807.038F);
-  EXPECT_EQ(fix->longitude, 1131.0F);
-  EXPECT_EQ(fix->speedKnots, 22.4F);
+  EXPECT_EQ(1, Parse(RMC));
+  EXPECT_EQ(1, fix->fixValid);
+  EXPECT_EQ(4807.038F, fix->latitude);
+  EXPECT_EQ(1131.0F, fix->longitude);
+  EXPECT_EQ(22.4F, fix->speedKnots);
   // 22.4F x 1.852F rounded to single precision (bits 0x4225F06F).
-  EXPECT_EQ(fix->speedKmh, 41.484798431396484F);
-  EXPECT_EQ(fix->course, 84.4F);
-  EXPECT_EQ(fix->utcTime.wYear, 1994);
-  EXPECT_EQ(fix->utcTime.wMonth, 3);
-  EXPECT_EQ(fix->utcTime.wDay, 23);
-  EXPECT_EQ(fix->utcTime.wHour, 12);
-  EXPECT_EQ(fix->utcTime.wMinute, 35);
-  EXPECT_EQ(fix->utcTime.wSecond, 19);
+  EXPECT_EQ(41.484798431396484F, fix->speedKmh);
+  EXPECT_EQ(84.4F, fix->course);
+  EXPECT_EQ(1994, fix->utcTime.wYear);
+  EXPECT_EQ(3, fix->utcTime.wMonth);
+  EXPECT_EQ(23, fix->utcTime.wDay);
+  EXPECT_EQ(12, fix->utcTime.wHour);
+  EXPECT_EQ(35, fix->utcTime.wMinute);
+  EXPECT_EQ(19, fix->utcTime.wSecond);
 }
 
 TEST_F(NmeaParserTest, RmcAppendsItsFixAsATrackPoint) {
   Parse(GGA);
   Parse(RMC);
-  ASSERT_EQ(fix->GetPointCount(), 1);
+  ASSERT_EQ(1, fix->GetPointCount());
   const TrackPoint& point = *fix->GetPoint(0);
-  EXPECT_EQ(point.latitude, 4807.038F);
-  EXPECT_EQ(point.longitude, 1131.0F);
-  EXPECT_EQ(point.altitude, 545.4F);
-  EXPECT_EQ(point.course, 84.4F);
-  EXPECT_EQ(point.speedKmh, 41.484798431396484F);
-  EXPECT_EQ(Fields(point.time), Fields(Moment(1994, 3, 23, 15, 35, 19, 250)));  // local time
+  EXPECT_EQ(4807.038F, point.latitude);
+  EXPECT_EQ(1131.0F, point.longitude);
+  EXPECT_EQ(545.4F, point.altitude);
+  EXPECT_EQ(84.4F, point.course);
+  EXPECT_EQ(41.484798431396484F, point.speedKmh);
+  EXPECT_EQ(Fields(Moment(1994, 3, 23, 15, 35, 19, 250)), Fields(point.time));  // local time
 }
 
 TEST_F(NmeaParserTest, TenKnotsAre1852MetresAnHourEach) {
   Parse("$GPRMC,123519,A,4807.038,N,01131.000,E,10,084.4,230394,003.1,W*6A");
-  EXPECT_EQ(fix->speedKmh, 18.52F);
+  EXPECT_EQ(18.52F, fix->speedKmh);
 }
 
 TEST_F(NmeaParserTest, RmcWithoutAFixStillUpdatesAndAppends) {
-  EXPECT_EQ(Parse("$GPRMC,123519,V,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*7D"), 1);
-  EXPECT_EQ(fix->fixValid, 0);
-  EXPECT_EQ(fix->latitude, 4807.038F);
-  EXPECT_EQ(fix->speedKnots, 22.4F);
-  EXPECT_EQ(fix->utcTime.wYear, 1994);
-  EXPECT_EQ(fix->GetPointCount(), 1);
+  EXPECT_EQ(1, Parse("$GPRMC,123519,V,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*7D"));
+  EXPECT_EQ(0, fix->fixValid);
+  EXPECT_EQ(4807.038F, fix->latitude);
+  EXPECT_EQ(22.4F, fix->speedKnots);
+  EXPECT_EQ(1994, fix->utcTime.wYear);
+  EXPECT_EQ(1, fix->GetPointCount());
 }
 
 TEST_F(NmeaParserTest, OnlyTheLetterAIsAFix) {
   for (const char* status : {"V", "", "a", "AA", " A", "D"}) {
     Parse(RMC);
-    EXPECT_EQ(fix->fixValid, 1);
+    EXPECT_EQ(1, fix->fixValid);
     Parse("$GPRMC,123519," + std::string(status) +
           ",4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*6A");
-    EXPECT_EQ(fix->fixValid, 0) << '"' << status << '"';
+    EXPECT_EQ(0, fix->fixValid) << '"' << status << '"';
   }
 }
 
 TEST_F(NmeaParserTest, EmptySpeedWithAFixIsStandstill) {
-  EXPECT_EQ(Parse("$GPRMC,123519,A,4807.038,N,01131.000,E,,084.4,230394,003.1,W*6A"), 1);
-  EXPECT_EQ(fix->speedKnots, 0.0F);
-  EXPECT_EQ(fix->speedKmh, 0.0F);
-  EXPECT_EQ(fix->GetPointCount(), 1);
+  EXPECT_EQ(1, Parse("$GPRMC,123519,A,4807.038,N,01131.000,E,,084.4,230394,003.1,W*6A"));
+  EXPECT_EQ(0.0F, fix->speedKnots);
+  EXPECT_EQ(0.0F, fix->speedKmh);
+  EXPECT_EQ(1, fix->GetPointCount());
 }
 
 TEST_F(NmeaParserTest, EmptySpeedWithoutAFixIsMissingAndAppendsNothing) {
-  EXPECT_EQ(Parse("$GPRMC,123519,V,4807.038,N,01131.000,E,,084.4,230394,003.1,W*6A"), 1);
-  EXPECT_EQ(fix->speedKnots, -9999.0F);
-  EXPECT_EQ(fix->speedKmh, -9999.0F);
-  EXPECT_EQ(fix->GetPointCount(), 0);
+  EXPECT_EQ(1, Parse("$GPRMC,123519,V,4807.038,N,01131.000,E,,084.4,230394,003.1,W*6A"));
+  EXPECT_EQ(-9999.0F, fix->speedKnots);
+  EXPECT_EQ(-9999.0F, fix->speedKmh);
+  EXPECT_EQ(0, fix->GetPointCount());
 }
 
 TEST_F(NmeaParserTest, NegativeSpeedWithAFixIsStandstill) {
   Parse("$GPRMC,123519,A,4807.038,N,01131.000,E,-3,084.4,230394,003.1,W*6A");
-  EXPECT_EQ(fix->speedKnots, 0.0F);
-  EXPECT_EQ(fix->speedKmh, 0.0F);
+  EXPECT_EQ(0.0F, fix->speedKnots);
+  EXPECT_EQ(0.0F, fix->speedKmh);
 }
 
 TEST_F(NmeaParserTest, NegativeSpeedWithoutAFixStaysAndAppendsNothing) {
   Parse("$GPRMC,123519,V,4807.038,N,01131.000,E,-10,084.4,230394,003.1,W*6A");
-  EXPECT_EQ(fix->speedKnots, -10.0F);
-  EXPECT_EQ(fix->speedKmh, -18.52F);
-  EXPECT_EQ(fix->GetPointCount(), 0);
+  EXPECT_EQ(-10.0F, fix->speedKnots);
+  EXPECT_EQ(-18.52F, fix->speedKmh);
+  EXPECT_EQ(0, fix->GetPointCount());
 }
 
 TEST_F(NmeaParserTest, EmptyCourseKeepsTheOldOne) {
   Parse("$GPRMC,123519,A,4807.038,N,01131.000,E,022.4,,230394,003.1,W*6A");
-  EXPECT_EQ(fix->course, -9999.0F);
+  EXPECT_EQ(-9999.0F, fix->course);
   Parse(RMC);
   Parse("$GPRMC,123520,A,4807.038,N,01131.000,E,022.4,,230394,003.1,W*6A");
-  EXPECT_EQ(fix->course, 84.4F);
+  EXPECT_EQ(84.4F, fix->course);
 }
 
 TEST_F(NmeaParserTest, SouthAndWestAreNegative) {
   Parse("$GPRMC,123519,A,4807.038,S,01131.000,W,022.4,084.4,230394,003.1,W*6A");
-  EXPECT_EQ(fix->latitude, -4807.038F);
-  EXPECT_EQ(fix->longitude, -1131.0F);
+  EXPECT_EQ(-4807.038F, fix->latitude);
+  EXPECT_EQ(-1131.0F, fix->longitude);
 }
 
 TEST_F(NmeaParserTest, OtherHemisphereLettersAreNorthAndEast) {
@@ -279,59 +279,58 @@ TEST_F(NmeaParserTest, OtherHemisphereLettersAreNorthAndEast) {
        {"N,01131.000,E", ",01131.000,", "s,01131.000,w", "SS,01131.000,WW", "W,01131.000,S"}) {
     Parse("$GPRMC,123519,A,4807.038," + std::string(hemispheres) +
           ",022.4,084.4,230394,003.1,W*6A");
-    EXPECT_EQ(fix->latitude, 4807.038F) << hemispheres;
-    EXPECT_EQ(fix->longitude, 1131.0F) << hemispheres;
+    EXPECT_EQ(4807.038F, fix->latitude) << hemispheres;
+    EXPECT_EQ(1131.0F, fix->longitude) << hemispheres;
   }
 }
 
 TEST_F(NmeaParserTest, EmptyCoordinatesAreMissingInEveryHemisphere) {
   for (const char* hemispheres : {"N,,E", "S,,W", ",,"}) {
-    EXPECT_EQ(
-        Parse("$GPRMC,123519,A,," + std::string(hemispheres) + ",022.4,084.4,230394,003.1,W*6A"),
-        1);
-    EXPECT_EQ(fix->latitude, -9999.0F) << hemispheres;
-    EXPECT_EQ(fix->longitude, -9999.0F) << hemispheres;
+    EXPECT_EQ(1, Parse("$GPRMC,123519,A,," + std::string(hemispheres) +
+                       ",022.4,084.4,230394,003.1,W*6A"));
+    EXPECT_EQ(-9999.0F, fix->latitude) << hemispheres;
+    EXPECT_EQ(-9999.0F, fix->longitude) << hemispheres;
   }
-  EXPECT_EQ(fix->GetPointCount(), 0);
+  EXPECT_EQ(0, fix->GetPointCount());
 }
 
 TEST_F(NmeaParserTest, SameSentenceTwiceAppendsOnePoint) {
   Parse(RMC);
-  EXPECT_EQ(Parse(RMC), 1);
-  EXPECT_EQ(fix->GetPointCount(), 1);
+  EXPECT_EQ(1, Parse(RMC));
+  EXPECT_EQ(1, fix->GetPointCount());
 }
 
 TEST_F(NmeaParserTest, SamePositionALittleLaterIsASecondPoint) {
   Parse(RMC);
   Parse("$GPRMC,123520,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*60");
-  EXPECT_EQ(fix->GetPointCount(), 2);
+  EXPECT_EQ(2, fix->GetPointCount());
 }
 
 // ---- Time ----
 
 TEST_F(NmeaParserTest, TwoDigitYearsLieBetween1990And2089) {
-  EXPECT_EQ(YearOf("230300"), 2000);
-  EXPECT_EQ(YearOf("230389"), 2089);
-  EXPECT_EQ(YearOf("230390"), 1990);
-  EXPECT_EQ(YearOf("230399"), 1999);
-  EXPECT_EQ(YearOf("2303-1"), 1999);  // below 90, so 2000 - 1
+  EXPECT_EQ(2000, YearOf("230300"));
+  EXPECT_EQ(2089, YearOf("230389"));
+  EXPECT_EQ(1990, YearOf("230390"));
+  EXPECT_EQ(1999, YearOf("230399"));
+  EXPECT_EQ(1999, YearOf("2303-1"));  // below 90, so 2000 - 1
 }
 
 TEST_F(NmeaParserTest, LocalTimeFollowsFromUtc) {
   Parse("$GPRMC,223000,A,4807.038,N,01131.000,E,022.4,084.4,311223,003.1,W*6A");
-  EXPECT_EQ(Fields(fix->utcTime), Fields(Moment(2023, 12, 31, 22, 30, 0, 250)));
-  EXPECT_EQ(Fields(fix->localTime), Fields(Moment(2024, 1, 1, 1, 30, 0, 250)));
+  EXPECT_EQ(Fields(Moment(2023, 12, 31, 22, 30, 0, 250)), Fields(fix->utcTime));
+  EXPECT_EQ(Fields(Moment(2024, 1, 1, 1, 30, 0, 250)), Fields(fix->localTime));
 }
 
 TEST_F(NmeaParserTest, MillisecondsAndDayOfTheWeekOfUtcKeepTheirOldValues) {
   Parse(RMC);
-  EXPECT_EQ(fix->utcTime.wMilliseconds, 250);
-  EXPECT_EQ(fix->utcTime.wDayOfWeek, 1);    // the clock's Monday
-  EXPECT_EQ(fix->localTime.wDayOfWeek, 3);  // converted: the Wednesday that it was
+  EXPECT_EQ(250, fix->utcTime.wMilliseconds);
+  EXPECT_EQ(1, fix->utcTime.wDayOfWeek);    // the clock's Monday
+  EXPECT_EQ(3, fix->localTime.wDayOfWeek);  // converted: the Wednesday that it was
 }
 
 TEST_F(NmeaParserTest, FractionalSecondsTakeTheDevicesClock) {
-  EXPECT_EQ(Parse("$GPRMC,123519.00,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*6A"), 1);
+  EXPECT_EQ(1, Parse("$GPRMC,123519.00,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*6A"));
   ExpectDeviceTime();
 }
 
@@ -358,105 +357,105 @@ TEST_F(NmeaParserTest, TimesAndDatesOfAnyOtherLengthTakeTheDevicesClock) {
 // ---- GGA ----
 
 TEST_F(NmeaParserTest, GgaSetsPositionAltitudeAndQuality) {
-  EXPECT_EQ(Parse("$GPGGA,123519,4807.038,S,01131.000,W,1,08,0.9,545.4,M,46.9,M,,*47"), 0);
-  EXPECT_EQ(fix->latitude, -4807.038F);
-  EXPECT_EQ(fix->longitude, -1131.0F);
-  EXPECT_EQ(fix->satellitesUsed, 8);
-  EXPECT_EQ(fix->hdop, 0.9F);
-  EXPECT_EQ(fix->altitude, 545.4F);
-  EXPECT_EQ(fix->ggaField10, 0.0F);  // the unit "M" is no number
+  EXPECT_EQ(0, Parse("$GPGGA,123519,4807.038,S,01131.000,W,1,08,0.9,545.4,M,46.9,M,,*47"));
+  EXPECT_EQ(-4807.038F, fix->latitude);
+  EXPECT_EQ(-1131.0F, fix->longitude);
+  EXPECT_EQ(8, fix->satellitesUsed);
+  EXPECT_EQ(0.9F, fix->hdop);
+  EXPECT_EQ(545.4F, fix->altitude);
+  EXPECT_EQ(0.0F, fix->ggaField10);  // the unit "M" is no number
 }
 
 TEST_F(NmeaParserTest, GgaUsesNeitherTimeNorQuality) {
   Parse(RMC);
   Parse("$GPGGA,235959,4807.038,N,01131.000,E,0,08,0.9,545.4,M,46.9,M,,*47");
-  EXPECT_EQ(fix->utcTime.wHour, 12);
-  EXPECT_EQ(fix->fixValid, 1);
+  EXPECT_EQ(12, fix->utcTime.wHour);
+  EXPECT_EQ(1, fix->fixValid);
 }
 
 TEST_F(NmeaParserTest, NumberBehindTheAltitudeOfAGgaIsKept) {
   Parse("$GPGGA,123519,4807.038,N,01131.000,E,1,08,0.9,545.4,46.9,M,,*47");
-  EXPECT_EQ(fix->ggaField10, 46.9F);
+  EXPECT_EQ(46.9F, fix->ggaField10);
 }
 
 TEST_F(NmeaParserTest, EmptyGgaFieldsAreMissing) {
   Parse(GGA);
   Parse("$GPGGA,,,S,,W,,,,,,,,,*47");
-  EXPECT_EQ(fix->latitude, -9999.0F);
-  EXPECT_EQ(fix->longitude, -9999.0F);
-  EXPECT_EQ(fix->satellitesUsed, -9999);
-  EXPECT_EQ(fix->hdop, -9999.0F);
-  EXPECT_EQ(fix->altitude, -9999.0F);
-  EXPECT_EQ(fix->ggaField10, -9999.0F);
+  EXPECT_EQ(-9999.0F, fix->latitude);
+  EXPECT_EQ(-9999.0F, fix->longitude);
+  EXPECT_EQ(-9999, fix->satellitesUsed);
+  EXPECT_EQ(-9999.0F, fix->hdop);
+  EXPECT_EQ(-9999.0F, fix->altitude);
+  EXPECT_EQ(-9999.0F, fix->ggaField10);
 }
 
 // ---- VTG ----
 
 TEST_F(NmeaParserTest, VtgSetsCourseAndTakesItsThirdFieldForTheSpeed) {
-  EXPECT_EQ(Parse("$GPVTG,054.7,T,10,M,005.5,N,010.2,K*48"), 0);
-  EXPECT_EQ(fix->course, 54.7F);
-  EXPECT_EQ(fix->speedKnots, 10.0F);
-  EXPECT_EQ(fix->speedKmh, 18.52F);
+  EXPECT_EQ(0, Parse("$GPVTG,054.7,T,10,M,005.5,N,010.2,K*48"));
+  EXPECT_EQ(54.7F, fix->course);
+  EXPECT_EQ(10.0F, fix->speedKnots);
+  EXPECT_EQ(18.52F, fix->speedKmh);
 }
 
 TEST_F(NmeaParserTest, VtgWithoutACourseKeepsTheOldOne) {
   Parse(RMC);
   Parse("$GPVTG,,T,10,M*00");
-  EXPECT_EQ(fix->course, 84.4F);
+  EXPECT_EQ(84.4F, fix->course);
 }
 
 TEST_F(NmeaParserTest, VtgWithoutASpeedForgetsIt) {
   Parse(RMC);
   Parse("$GPVTG,054.7,T,,M*00");
-  EXPECT_EQ(fix->speedKnots, -9999.0F);
-  EXPECT_EQ(fix->speedKmh, -9999.0F);
+  EXPECT_EQ(-9999.0F, fix->speedKnots);
+  EXPECT_EQ(-9999.0F, fix->speedKmh);
 }
 
 // ---- GLL ----
 
 TEST_F(NmeaParserTest, GllSetsThePositionOnly) {
-  EXPECT_EQ(Parse("$GPGLL,4807.038,S,01131.000,W,123519,A*25"), 0);
-  EXPECT_EQ(fix->latitude, -4807.038F);
-  EXPECT_EQ(fix->longitude, -1131.0F);
-  EXPECT_EQ(fix->fixValid, 0);
-  EXPECT_EQ(Fields(fix->localTime), Fields(SYSTEMTIME{}));
+  EXPECT_EQ(0, Parse("$GPGLL,4807.038,S,01131.000,W,123519,A*25"));
+  EXPECT_EQ(-4807.038F, fix->latitude);
+  EXPECT_EQ(-1131.0F, fix->longitude);
+  EXPECT_EQ(0, fix->fixValid);
+  EXPECT_EQ(Fields(SYSTEMTIME{}), Fields(fix->localTime));
 }
 
 TEST_F(NmeaParserTest, EmptyGllFieldsAreMissing) {
   Parse(GLL);
   Parse("$GPGLL,,S,,W,123519,V*25");
-  EXPECT_EQ(fix->latitude, -9999.0F);
-  EXPECT_EQ(fix->longitude, -9999.0F);
+  EXPECT_EQ(-9999.0F, fix->latitude);
+  EXPECT_EQ(-9999.0F, fix->longitude);
 }
 
 // ---- GSA ----
 
 TEST_F(NmeaParserTest, GsaSetsTheDilutionsOfPrecision) {
-  EXPECT_EQ(Parse(GSA), 0);
-  EXPECT_EQ(fix->pdop, 2.5F);
-  EXPECT_EQ(fix->hdop, 1.3F);
-  EXPECT_EQ(fix->vdop, 2.1F);
-  EXPECT_EQ(fix->fixValid, 0);
+  EXPECT_EQ(0, Parse(GSA));
+  EXPECT_EQ(2.5F, fix->pdop);
+  EXPECT_EQ(1.3F, fix->hdop);
+  EXPECT_EQ(2.1F, fix->vdop);
+  EXPECT_EQ(0, fix->fixValid);
 }
 
 TEST_F(NmeaParserTest, EmptyGsaFieldsAreMissing) {
   Parse(GSA);
   Parse("$GPGSA,A,1,,,,,,,,,,,,,,,*1E");
-  EXPECT_EQ(fix->pdop, -9999.0F);
-  EXPECT_EQ(fix->hdop, -9999.0F);
-  EXPECT_EQ(fix->vdop, -9999.0F);
+  EXPECT_EQ(-9999.0F, fix->pdop);
+  EXPECT_EQ(-9999.0F, fix->hdop);
+  EXPECT_EQ(-9999.0F, fix->vdop);
 }
 
 TEST_F(NmeaParserTest, GsaWithSeventeenFieldsIsIgnored) {
   Parse("$GPGSA,A,3,04,05,,09,12,,,24,,,,2.5,1.3,2.1*39");
-  EXPECT_EQ(fix->pdop, -9999.0F);
-  EXPECT_EQ(fix->hdop, -9999.0F);
+  EXPECT_EQ(-9999.0F, fix->pdop);
+  EXPECT_EQ(-9999.0F, fix->hdop);
 }
 
 // ---- GSV ----
 
 TEST_F(NmeaParserTest, GsvFillsSatellitesInOrderOfAppearance) {
-  EXPECT_EQ(Parse(GSV), 0);
+  EXPECT_EQ(0, Parse(GSV));
   ExpectSatellite(0, 1, 40, 83, 46);
   ExpectSatellite(1, 2, 17, 308, 41);
   ExpectSatellite(2, 12, 7, 344, 39);
@@ -535,21 +534,21 @@ TEST_F(NmeaParserTest, EachSentenceUpdatesOnlyItsOwnFields) {
   for (const char* sentence : {GSA, GSV, GGA, RMC}) {
     Parse(sentence);
   }
-  EXPECT_EQ(fix->pdop, 2.5F);
-  EXPECT_EQ(fix->hdop, 0.9F);  // GGA came later
-  EXPECT_EQ(fix->vdop, 2.1F);
-  EXPECT_EQ(fix->altitude, 545.4F);
-  EXPECT_EQ(fix->speedKnots, 22.4F);
-  EXPECT_EQ(fix->satellites[0].prn, 1);
+  EXPECT_EQ(2.5F, fix->pdop);
+  EXPECT_EQ(0.9F, fix->hdop);  // GGA came later
+  EXPECT_EQ(2.1F, fix->vdop);
+  EXPECT_EQ(545.4F, fix->altitude);
+  EXPECT_EQ(22.4F, fix->speedKnots);
+  EXPECT_EQ(1, fix->satellites[0].prn);
 }
 
 TEST_F(NmeaParserTest, LostFixClearsOnlyTheFlag) {
   Parse(GGA);
   Parse(RMC);
   Parse("$GPRMC,123520,V,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*6A");
-  EXPECT_EQ(fix->fixValid, 0);
-  EXPECT_EQ(fix->altitude, 545.4F);
-  EXPECT_EQ(fix->satellitesUsed, 8);
+  EXPECT_EQ(0, fix->fixValid);
+  EXPECT_EQ(545.4F, fix->altitude);
+  EXPECT_EQ(8, fix->satellitesUsed);
 }
 
 }  // namespace

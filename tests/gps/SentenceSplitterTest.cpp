@@ -32,115 +32,115 @@ class SentenceSplitterTest : public testing::Test {
 };
 
 TEST_F(SentenceSplitterTest, TwoCompleteSentencesOfOneReadAreDeliveredInOrder) {
-  EXPECT_EQ(Read("$GPGGA,1*00\r\n$GPRMC,2*11\r\n"), (Sentences{"$GPGGA,1*00", "$GPRMC,2*11"}));
+  EXPECT_EQ((Sentences{"$GPGGA,1*00", "$GPRMC,2*11"}), Read("$GPGGA,1*00\r\n$GPRMC,2*11\r\n"));
 }
 
 TEST_F(SentenceSplitterTest, SentenceGoesWithoutItsLineEnd) {
-  EXPECT_EQ(Read("$GPRMC,123519,A*6A\r\n"), (Sentences{"$GPRMC,123519,A*6A"}));
+  EXPECT_EQ((Sentences{"$GPRMC,123519,A*6A"}), Read("$GPRMC,123519,A*6A\r\n"));
 }
 
 TEST_F(SentenceSplitterTest, CarriageReturnAloneEndsASentence) {
-  EXPECT_EQ(Read("$A\r$B\r"), (Sentences{"$A", "$B"}));
+  EXPECT_EQ((Sentences{"$A", "$B"}), Read("$A\r$B\r"));
 }
 
 TEST_F(SentenceSplitterTest, LineThatEndsInALineFeedOnlyIsNeverDelivered) {
-  EXPECT_EQ(Read("$GPRMC,1\n"), Sentences{});
-  EXPECT_EQ(Read("$GPRMC,2\n$GPRMC,3\n"), Sentences{});
+  EXPECT_EQ(Sentences{}, Read("$GPRMC,1\n"));
+  EXPECT_EQ(Sentences{}, Read("$GPRMC,2\n$GPRMC,3\n"));
 }
 
 TEST_F(SentenceSplitterTest, SentenceAfterALineThatEndsInALineFeedOnlyIsDelivered) {
-  EXPECT_EQ(Read("$GPRMC,1\n$GPGGA,2\r\n"), (Sentences{"$GPGGA,2"}));
+  EXPECT_EQ((Sentences{"$GPGGA,2"}), Read("$GPRMC,1\n$GPGGA,2\r\n"));
 }
 
 TEST_F(SentenceSplitterTest, BytesBeforeTheDollarSignAreDropped) {
-  EXPECT_EQ(Read("noise,4*00 $A\r\n"), (Sentences{"$A"}));
+  EXPECT_EQ((Sentences{"$A"}), Read("noise,4*00 $A\r\n"));
 }
 
 TEST_F(SentenceSplitterTest, LineWithoutADollarSignIsDropped) {
-  EXPECT_EQ(Read("tail of a line\r\n$A\r\n\r\n\n"), (Sentences{"$A"}));
+  EXPECT_EQ((Sentences{"$A"}), Read("tail of a line\r\n$A\r\n\r\n\n"));
 }
 
 TEST_F(SentenceSplitterTest, LaterDollarSignStartsTheSentenceAnew) {
-  EXPECT_EQ(Read("$GPRM$GPGGA,1\r\n"), (Sentences{"$GPGGA,1"}));
+  EXPECT_EQ((Sentences{"$GPGGA,1"}), Read("$GPRM$GPGGA,1\r\n"));
 }
 
 TEST_F(SentenceSplitterTest, OtherBytesAreKeptAsTheyAre) {
-  EXPECT_EQ(Read("$A\n\t\xFF,b\r\n"), (Sentences{"$A\n\t\xFF,b"}));
+  EXPECT_EQ((Sentences{"$A\n\t\xFF,b"}), Read("$A\n\t\xFF,b\r\n"));
 }
 
 TEST_F(SentenceSplitterTest, EmptyReadDeliversNothing) {
-  EXPECT_EQ(Read(""), Sentences{});
-  EXPECT_EQ(splitter.GetReadSpace(), 2048U);
+  EXPECT_EQ(Sentences{}, Read(""));
+  EXPECT_EQ(2048U, splitter.GetReadSpace());
 }
 
 TEST_F(SentenceSplitterTest, WholeBufferIsReadWhileNothingIsCarried) {
-  EXPECT_EQ(splitter.GetReadSpace(), 2048U);
+  EXPECT_EQ(2048U, splitter.GetReadSpace());
   Read("$A\r\n");
-  EXPECT_EQ(splitter.GetReadSpace(), 2048U);
+  EXPECT_EQ(2048U, splitter.GetReadSpace());
 }
 
 TEST_F(SentenceSplitterTest, FullBufferIsScannedToItsLastByte) {
   const std::string filling(2045, 'x');
-  EXPECT_EQ(Read(filling + "$A\r"), (Sentences{"$A"}));
+  EXPECT_EQ((Sentences{"$A"}), Read(filling + "$A\r"));
 }
 
 TEST_F(SentenceSplitterTest, ReadThatEndsInASentenceDeliversNothingOfIt) {
-  EXPECT_EQ(Read("$A\r\n$GPRMC,1"), (Sentences{"$A"}));
+  EXPECT_EQ((Sentences{"$A"}), Read("$A\r\n$GPRMC,1"));
 }
 
 // The rest of a sentence is read one place behind where its "$" stood, over what came after the
 // "$", and each scan covers as many bytes as its read returned, from the front.
 
 TEST_F(SentenceSplitterTest, RestOfASentenceThatBeganAReadFollowsItsDollarSign) {
-  EXPECT_EQ(Read("$GPRMC,A"), Sentences{});
-  EXPECT_EQ(splitter.GetReadSpace(), 2047U);
+  EXPECT_EQ(Sentences{}, Read("$GPRMC,A"));
+  EXPECT_EQ(2047U, splitter.GetReadSpace());
   // In the buffer: "$,B*00" CR; the scan of 7 bytes ends there.
-  EXPECT_EQ(Read(",B*00\r\n"), (Sentences{"$,B*00"}));
+  EXPECT_EQ((Sentences{"$,B*00"}), Read(",B*00\r\n"));
 }
 
 TEST_F(SentenceSplitterTest, SentencesAfterACarriedOneAreWhole) {
   Read("$GPRMC,A");
   Read(",B*00\r\n");
   // The "$" at the front stays, and the one that follows it starts anew.
-  EXPECT_EQ(Read("$X\r\n"), (Sentences{"$X"}));
-  EXPECT_EQ(Read("$Y\r\n$Z\r\n"), (Sentences{"$Y", "$Z"}));
+  EXPECT_EQ((Sentences{"$X"}), Read("$X\r\n"));
+  EXPECT_EQ((Sentences{"$Y", "$Z"}), Read("$Y\r\n$Z\r\n"));
 }
 
 TEST_F(SentenceSplitterTest, UnfinishedSentenceIsMovedToTheFront) {
-  EXPECT_EQ(Read("xx$AB"), Sentences{});  // "$" at 2: read on at 3
-  EXPECT_EQ(splitter.GetReadSpace(), 2045U);
+  EXPECT_EQ(Sentences{}, Read("xx$AB"));  // "$" at 2: read on at 3
+  EXPECT_EQ(2045U, splitter.GetReadSpace());
   // In the buffer: "$ABC" CR LF; only 3 bytes are scanned, and the "$" now stands at 0: read on at
   // 1.
-  EXPECT_EQ(Read("C\r\n"), Sentences{});
-  EXPECT_EQ(splitter.GetReadSpace(), 2047U);
+  EXPECT_EQ(Sentences{}, Read("C\r\n"));
+  EXPECT_EQ(2047U, splitter.GetReadSpace());
   // In the buffer: "$D" CR; 3 bytes are scanned.
-  EXPECT_EQ(Read("D\r\n"), (Sentences{"$D"}));
+  EXPECT_EQ((Sentences{"$D"}), Read("D\r\n"));
 }
 
 TEST_F(SentenceSplitterTest, OffsetStaysWhenNoSentenceIsLeftOver) {
   Read("xx$AB");
   // In the buffer: "$AB" CR LF CR LF CR LF; 6 bytes are scanned.
-  EXPECT_EQ(Read("\r\n\r\n\r\n"), (Sentences{"$AB"}));
-  EXPECT_EQ(splitter.GetReadSpace(), 2045U);
+  EXPECT_EQ((Sentences{"$AB"}), Read("\r\n\r\n\r\n"));
+  EXPECT_EQ(2045U, splitter.GetReadSpace());
 }
 
 TEST_F(SentenceSplitterTest, OffsetStaysAfterAnEmptyRead) {
   Read("xx$AB");
-  EXPECT_EQ(Read(""), Sentences{});
-  EXPECT_EQ(splitter.GetReadSpace(), 2045U);
+  EXPECT_EQ(Sentences{}, Read(""));
+  EXPECT_EQ(2045U, splitter.GetReadSpace());
 }
 
 TEST_F(SentenceSplitterTest, DollarSignInTheLastPlaceStartsAgainAtTheFront) {
   const std::string filling(2047, 'x');
-  EXPECT_EQ(Read(filling + "$"), Sentences{});
-  EXPECT_EQ(splitter.GetReadSpace(), 2048U);
-  EXPECT_EQ(Read("$A\r\n"), (Sentences{"$A"}));
+  EXPECT_EQ(Sentences{}, Read(filling + "$"));
+  EXPECT_EQ(2048U, splitter.GetReadSpace());
+  EXPECT_EQ((Sentences{"$A"}), Read("$A\r\n"));
 }
 
 TEST_F(SentenceSplitterTest, DollarSignInTheLastButOnePlaceLeavesRoomForOneByte) {
   const std::string filling(2046, 'x');
   Read(filling + "$y");
-  EXPECT_EQ(splitter.GetReadSpace(), 1U);
+  EXPECT_EQ(1U, splitter.GetReadSpace());
 }
 
 TEST_F(SentenceSplitterTest, RandomBytesDoNotHarm) {
@@ -154,7 +154,7 @@ TEST_F(SentenceSplitterTest, RandomBytesDoNotHarm) {
     }
     std::ranges::copy(bytes, splitter.GetReadPosition());
     splitter.Scan(bytes.size(), [&](const char* sentence) {
-      ASSERT_EQ(*sentence, '$');
+      ASSERT_EQ('$', *sentence);
       ASSERT_LT(std::string_view(sentence).size(), SentenceSplitter::BUFFER_SIZE);
       fix.ParseSentence(sentence);
     });

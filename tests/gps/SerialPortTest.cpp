@@ -22,9 +22,9 @@ class SerialPortTest : public testing::Test {
   void SetUp() override {
     char name[128];
     receiver = posix_openpt(O_RDWR | O_NOCTTY);
-    ASSERT_EQ(grantpt(receiver), 0);
-    ASSERT_EQ(unlockpt(receiver), 0);
-    ASSERT_EQ(ptsname_r(receiver, name, sizeof name), 0);
+    ASSERT_EQ(0, grantpt(receiver));
+    ASSERT_EQ(0, unlockpt(receiver));
+    ASSERT_EQ(0, ptsname_r(receiver, name, sizeof name));
     line = open(name, O_RDWR | O_NOCTTY);
     termios2 settings = LineSettings();
     settings.c_lflag = 0;
@@ -33,8 +33,8 @@ class SerialPortTest : public testing::Test {
     settings.c_cflag = CS8 | CREAD | CLOCAL | BOTHER;
     settings.c_ispeed = 4800;
     settings.c_ospeed = 4800;
-    ASSERT_EQ(ioctl(line, TCSETS2, &settings), 0);
-    ASSERT_EQ(LineSpeed(), 4800U);
+    ASSERT_EQ(0, ioctl(line, TCSETS2, &settings));
+    ASSERT_EQ(4800U, LineSpeed());
     handheld::MapSerialPort("COM7", name);
   }
 
@@ -49,7 +49,7 @@ class SerialPortTest : public testing::Test {
 
   void Open() {
     port = OpenSerialPort("COM7");
-    ASSERT_NE(port, INVALID_HANDLE_VALUE);
+    ASSERT_NE(INVALID_HANDLE_VALUE, port);
   }
 
   termios2 LineSettings() const {
@@ -70,13 +70,13 @@ TEST_F(SerialPortTest, PortIsNamedWithoutItsColon) {
 }
 
 TEST_F(SerialPortTest, MissingPortIsInvalid) {
-  EXPECT_EQ(OpenSerialPort("COM99"), INVALID_HANDLE_VALUE);
-  EXPECT_EQ(OpenSerialPort(""), INVALID_HANDLE_VALUE);
+  EXPECT_EQ(INVALID_HANDLE_VALUE, OpenSerialPort("COM99"));
+  EXPECT_EQ(INVALID_HANDLE_VALUE, OpenSerialPort(""));
 }
 
 TEST_F(SerialPortTest, OpenPortIsNotShared) {
   Open();
-  EXPECT_EQ(OpenSerialPort("COM7"), INVALID_HANDLE_VALUE);
+  EXPECT_EQ(INVALID_HANDLE_VALUE, OpenSerialPort("COM7"));
 }
 
 TEST_F(SerialPortTest, OpenPortIsNotLentToReadersEither) {
@@ -85,28 +85,27 @@ TEST_F(SerialPortTest, OpenPortIsNotLentToReadersEither) {
   // asked for.
   folder.Write("file:", "");
   port = OpenSerialPort(handheld::Utf8FromWide(folder.DevicePath("file")));
-  ASSERT_NE(port, INVALID_HANDLE_VALUE);
+  ASSERT_NE(INVALID_HANDLE_VALUE, port);
   constexpr DWORD FILE_SHARE_WRITE = 2;
-  EXPECT_EQ(CreateFileW(folder.DevicePath("file:").c_str(), GENERIC_READ,
-                        FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
-                        FILE_ATTRIBUTE_NORMAL, nullptr),
-            INVALID_HANDLE_VALUE);
+  EXPECT_EQ(INVALID_HANDLE_VALUE, CreateFileW(folder.DevicePath("file:").c_str(), GENERIC_READ,
+                                              FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                              OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
 TEST_F(SerialPortTest, OpenPortIsRead) {
   Open();
-  ASSERT_EQ(write(receiver, "$A\r\n", 4), 4);
+  ASSERT_EQ(4, write(receiver, "$A\r\n", 4));
   char bytes[16];
   DWORD count = 0;
   ASSERT_TRUE(ReadFile(port, bytes, sizeof bytes, &count, nullptr));
-  EXPECT_EQ(std::string(bytes, count), "$A\r\n");
+  EXPECT_EQ("$A\r\n", std::string(bytes, count));
 }
 
 TEST_F(SerialPortTest, EveryRateOfReceiversIsSet) {
   Open();
   for (const int rate : {300, 2400, 4800, 9600, 19200, 38400, 57600, 115200}) {
     EXPECT_TRUE(ApplyBaudRate(port, rate)) << rate;
-    EXPECT_EQ(LineSpeed(), static_cast<speed_t>(rate));
+    EXPECT_EQ(static_cast<speed_t>(rate), LineSpeed());
   }
 }
 
@@ -114,7 +113,7 @@ TEST_F(SerialPortTest, OtherRatesLeaveThePortAsItIs) {
   Open();
   for (const int rate : {14400, 1200, 600, 110, 230400, 1, 0, -1, -9999, -9600}) {
     EXPECT_TRUE(ApplyBaudRate(port, rate)) << rate;
-    EXPECT_EQ(LineSpeed(), 4800U) << rate;
+    EXPECT_EQ(4800U, LineSpeed()) << rate;
   }
 }
 
@@ -123,11 +122,11 @@ TEST_F(SerialPortTest, NothingButTheRateIsTouched) {
   const termios2 before = LineSettings();
   ASSERT_TRUE(ApplyBaudRate(port, 9600));
   const termios2 after = LineSettings();
-  EXPECT_EQ(after.c_iflag, before.c_iflag);
-  EXPECT_EQ(after.c_oflag, before.c_oflag);
-  EXPECT_EQ(after.c_lflag, before.c_lflag);
+  EXPECT_EQ(before.c_iflag, after.c_iflag);
+  EXPECT_EQ(before.c_oflag, after.c_oflag);
+  EXPECT_EQ(before.c_lflag, after.c_lflag);
   constexpr tcflag_t RATE_BITS = CBAUD | CBAUD << IBSHIFT;
-  EXPECT_EQ(after.c_cflag & ~RATE_BITS, before.c_cflag & ~RATE_BITS);
+  EXPECT_EQ(before.c_cflag & ~RATE_BITS, after.c_cflag & ~RATE_BITS);
 }
 
 TEST_F(SerialPortTest, SettingsThatCannotBeReadAreAnErrorOnlyForAKnownRate) {
@@ -135,7 +134,7 @@ TEST_F(SerialPortTest, SettingsThatCannotBeReadAreAnErrorOnlyForAKnownRate) {
   folder.Write("file", "no port");
   const HANDLE file = CreateFileW(folder.DevicePath("file").c_str(), GENERIC_READ, 0, nullptr,
                                   OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-  ASSERT_NE(file, INVALID_HANDLE_VALUE);
+  ASSERT_NE(INVALID_HANDLE_VALUE, file);
   EXPECT_FALSE(ApplyBaudRate(file, 9600));
   EXPECT_TRUE(ApplyBaudRate(file, 14400));
   EXPECT_TRUE(ApplyBaudRate(file, -9999));

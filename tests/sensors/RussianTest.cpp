@@ -38,72 +38,72 @@ std::string TextOf(Sensor&& sensor, const FixRecord& fix) {
 }
 
 std::string TextOfRestored(Sensor&& sensor, const char* state) {
-  EXPECT_EQ(sensor.SetRegistryString(state), 1) << state;
+  EXPECT_EQ(1, sensor.SetRegistryString(state)) << state;
   return TextOf(sensor);
 }
 
 TEST(RussianTest, TargetsAreNamedInRussian) {
-  EXPECT_EQ(handheld::Utf8FromAnsi(AccelSensor(100).GetName()), "Разгон 0-100 км/ч");
-  EXPECT_EQ(handheld::Utf8FromAnsi(FastestSensor(402).GetName()), "Самые быстрые 402м");
+  EXPECT_EQ("Разгон 0-100 км/ч", handheld::Utf8FromAnsi(AccelSensor(100).GetName()));
+  EXPECT_EQ("Самые быстрые 402м", handheld::Utf8FromAnsi(FastestSensor(402).GetName()));
 }
 
 TEST(RussianTest, NamesAreInCodePage1251) {
-  EXPECT_STREQ(FastestSensor(402).GetName(),
-               "\xD1\xE0\xEC\xFB\xE5 \xE1\xFB\xF1\xF2\xF0\xFB\xE5 402\xEC");
+  EXPECT_STREQ("\xD1\xE0\xEC\xFB\xE5 \xE1\xFB\xF1\xF2\xF0\xFB\xE5 402\xEC",
+               FastestSensor(402).GetName());
 }
 
 TEST(RussianTest, CurrentFixIsShownInRussian) {
   EditableFix fix;
-  EXPECT_EQ(TextOf(GpsStatusSensor(""), fix), "Нет сигнала");
+  EXPECT_EQ("Нет сигнала", TextOf(GpsStatusSensor(""), fix));
   fix.fixValid = 1;
   fix.speedKmh = 54.26F;
   fix.altitude = 150.5F;
-  EXPECT_EQ(TextOf(GpsStatusSensor(""), fix), "OK");
-  EXPECT_EQ(TextOf(SpeedSensor(""), fix), "54.3 км/ч");
-  EXPECT_EQ(TextOf(MaxSpeedSensor(""), fix), "54.3 км/ч");
-  EXPECT_EQ(TextOf(AltitudeSensor(""), fix), "150.5 м");
+  EXPECT_EQ("OK", TextOf(GpsStatusSensor(""), fix));
+  EXPECT_EQ("54.3 км/ч", TextOf(SpeedSensor(""), fix));
+  EXPECT_EQ("54.3 км/ч", TextOf(MaxSpeedSensor(""), fix));
+  EXPECT_EQ("150.5 м", TextOf(AltitudeSensor(""), fix));
 }
 
 TEST(RussianTest, MissingValuesAndHemispheresKeepTheirLetters) {
   EditableFix fix;
-  EXPECT_EQ(TextOf(AltitudeSensor(""), fix), "N/A");
+  EXPECT_EQ("N/A", TextOf(AltitudeSensor(""), fix));
   fix.latitude = -5530.5F;
-  EXPECT_EQ(TextOf(LatitudeSensor(""), fix), "55°30'30'' SL");
+  EXPECT_EQ("55°30'30'' SL", TextOf(LatitudeSensor(""), fix));
 }
 
 TEST(RussianTest, ChargingBatteryIsShownInRussian) {
   const EditableFix fix;
   handheld::SetBattery(8, 80);
-  EXPECT_EQ(TextOf(BatterySensor(""), fix), "80%(заряжается)");
+  EXPECT_EQ("80%(заряжается)", TextOf(BatterySensor(""), fix));
   handheld::SetBattery(8, 255);
-  EXPECT_EQ(TextOf(BatterySensor(""), fix), "заряжается");
+  EXPECT_EQ("заряжается", TextOf(BatterySensor(""), fix));
 }
 
 TEST(RussianTest, TripIsShownInRussian) {
-  EXPECT_EQ(TextOfRestored(DistanceSensor(""), "0.5"), "500 м");
-  EXPECT_EQ(TextOfRestored(DistanceSensor(""), "1.25"), "1.25 км");
-  EXPECT_EQ(TextOfRestored(DistanceSensor(""), "12.5"), "12.5 км");
-  EXPECT_EQ(TextOfRestored(AverageSpeedSensor(""), "10;1800"), "20.00 км/ч");
-  EXPECT_EQ(TextOfRestored(ElapsedSensor(""), "59"), "59 с");
-  EXPECT_EQ(TextOfRestored(ElapsedSensor(""), "3725"), "1:02:05");
-  EXPECT_EQ(TextOfRestored(ElapsedSensor(""), "90061"), "1дней1:1:1");
-  EXPECT_EQ(TextOfRestored(AccelSensor(100), "100;9.5"), "9.500 с");
-  EXPECT_EQ(TextOfRestored(FastestSensor(402), "402;15250"), "15.25 с");
+  EXPECT_EQ("500 м", TextOfRestored(DistanceSensor(""), "0.5"));
+  EXPECT_EQ("1.25 км", TextOfRestored(DistanceSensor(""), "1.25"));
+  EXPECT_EQ("12.5 км", TextOfRestored(DistanceSensor(""), "12.5"));
+  EXPECT_EQ("20.00 км/ч", TextOfRestored(AverageSpeedSensor(""), "10;1800"));
+  EXPECT_EQ("59 с", TextOfRestored(ElapsedSensor(""), "59"));
+  EXPECT_EQ("1:02:05", TextOfRestored(ElapsedSensor(""), "3725"));
+  EXPECT_EQ("1дней1:1:1", TextOfRestored(ElapsedSensor(""), "90061"));
+  EXPECT_EQ("9.500 с", TextOfRestored(AccelSensor(100), "100;9.5"));
+  EXPECT_EQ("15.25 с", TextOfRestored(FastestSensor(402), "402;15250"));
 }
 
 TEST(RussianTest, RestoredTargetsAreNamedInRussian) {
   AccelSensor accel(100);
   accel.SetRegistryString("80;9.5");
-  EXPECT_EQ(handheld::Utf8FromAnsi(accel.GetName()), "Разгон 0-80 км/ч");
+  EXPECT_EQ("Разгон 0-80 км/ч", handheld::Utf8FromAnsi(accel.GetName()));
   FastestSensor fastest(402);
   fastest.SetRegistryString("500;15250");
-  EXPECT_EQ(handheld::Utf8FromAnsi(fastest.GetName()), "Самые быстрые 500м");
+  EXPECT_EQ("Самые быстрые 500м", handheld::Utf8FromAnsi(fastest.GetName()));
 }
 
 TEST(RussianTest, StatesAreTheSameInEveryLanguage) {
   MaxSpeedSensor maximum("");
   Drive drive(maximum);
-  EXPECT_EQ(drive.At(0, 41.5F).State(), "41.5");
+  EXPECT_EQ("41.5", drive.At(0, 41.5F).State());
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ class Counter : public Sensor {
 
 TEST(SensorTest, NameIsFixedAtConstruction) {
   const Counter sensor("Count");
-  EXPECT_STREQ(sensor.GetName(), "Count");
+  EXPECT_STREQ("Count", sensor.GetName());
 }
 
 TEST(SensorTest, TextIsWrittenByTheFirstUpdate) {
@@ -25,7 +25,7 @@ TEST(SensorTest, TextIsWrittenByTheFirstUpdate) {
   EditableFix fix;
   fix.satellitesUsed = 7;
   sensor.Update(fix);
-  EXPECT_STREQ(sensor.GetValueText(), "7");
+  EXPECT_STREQ("7", sensor.GetValueText());
 }
 
 TEST(SensorTest, ResetEmptiesTheText) {
@@ -33,27 +33,27 @@ TEST(SensorTest, ResetEmptiesTheText) {
   const EditableFix fix;
   sensor.Update(fix);
   sensor.Reset();
-  EXPECT_STREQ(sensor.GetValueText(), "");
+  EXPECT_STREQ("", sensor.GetValueText());
   sensor.Update(fix);
-  EXPECT_STREQ(sensor.GetValueText(), "0");
+  EXPECT_STREQ("0", sensor.GetValueText());
 }
 
 TEST(SensorTest, SensorWithoutStateIsNotSaveable) {
-  EXPECT_EQ(Counter("Count").IsSaveable(), 0);
+  EXPECT_EQ(0, Counter("Count").IsSaveable());
 }
 
 TEST(SensorTest, SensorWithoutStateLeavesTheBufferAlone) {
   char buffer[] = "before";
   Counter("Count").GetRegistryString(buffer, sizeof buffer);
-  EXPECT_STREQ(buffer, "before");
+  EXPECT_STREQ("before", buffer);
 }
 
 TEST(SensorTest, SensorWithoutStateTakesNone) {
   Counter sensor("Count");
   const EditableFix fix;
   sensor.Update(fix);
-  EXPECT_EQ(sensor.SetRegistryString("12"), 0);
-  EXPECT_STREQ(sensor.GetValueText(), "0");
+  EXPECT_EQ(0, sensor.SetRegistryString("12"));
+  EXPECT_STREQ("0", sensor.GetValueText());
 }
 
 }  // namespace

@@ -7,8 +7,8 @@ namespace {
 
 void ExpectHalves(const char* text, const char* first, const char* second) {
   const StatePair pair(text);
-  EXPECT_EQ(pair.first, first) << text;
-  EXPECT_EQ(pair.second, second) << text;
+  EXPECT_EQ(first, pair.first) << text;
+  EXPECT_EQ(second, pair.second) << text;
 }
 
 TEST(StatePairTest, TextIsCutAtTheFirstSemicolon) {

@@ -21,22 +21,22 @@ TEST(FixCountsTest, OnlyAValidFixWithASpeedCounts) {
 }
 
 TEST(TimeTextTest, PrecisionFallsWithTheNumberOfSeconds) {
-  EXPECT_EQ(TimeText(9.5), "9.500 s");
-  EXPECT_EQ(TimeText(12.3456), "12.35 s");
-  EXPECT_EQ(TimeText(123.456), "123.5 s");
-  EXPECT_EQ(TimeText(1234.56), "1235 s");
+  EXPECT_EQ("9.500 s", TimeText(9.5));
+  EXPECT_EQ("12.35 s", TimeText(12.3456));
+  EXPECT_EQ("123.5 s", TimeText(123.456));
+  EXPECT_EQ("1235 s", TimeText(1234.56));
 }
 
 TEST(TimeTextTest, LimitsBelongToTheCoarserForm) {
-  EXPECT_EQ(TimeText(10), "10.00 s");
-  EXPECT_EQ(TimeText(100), "100.0 s");
-  EXPECT_EQ(TimeText(1000), "1000 s");
+  EXPECT_EQ("10.00 s", TimeText(10));
+  EXPECT_EQ("100.0 s", TimeText(100));
+  EXPECT_EQ("1000 s", TimeText(1000));
 }
 
 TEST(TimeTextTest, PrecisionIsChosenBeforeRounding) {
-  EXPECT_EQ(TimeText(9.9999), "10.000 s");
-  EXPECT_EQ(TimeText(99.999), "100.00 s");
-  EXPECT_EQ(TimeText(999.99), "1000.0 s");
+  EXPECT_EQ("10.000 s", TimeText(9.9999));
+  EXPECT_EQ("100.00 s", TimeText(99.999));
+  EXPECT_EQ("1000.0 s", TimeText(999.99));
 }
 
 }  // namespace

@@ -6,8 +6,8 @@ namespace ferolin {
 namespace {
 
 TEST(IniFlagTest, FlagsAreWrittenAsWords) {
-  EXPECT_EQ(FlagText(true), "true");
-  EXPECT_EQ(FlagText(false), "false");
+  EXPECT_EQ("true", FlagText(true));
+  EXPECT_EQ("false", FlagText(false));
 }
 
 TEST(IniFlagTest, AnyValueThatContainsTrueIsOn) {

@@ -97,7 +97,7 @@ TEST(SmsReporterWithoutLibraryTest, MissingLibraryMakesEverySendANoOp) {
   EXPECT_FALSE(reporter.CanSend());
   reporter.SetParams(TEXT("111,222"), "text", 1, true, false);
   reporter.MakeReport().Send();
-  EXPECT_EQ(reporter.GetText(), "text");
+  EXPECT_EQ("text", reporter.GetText());
 }
 
 TEST(SmsReporterWithoutLibraryTest, LibraryWithoutTheEntryMakesEverySendANoOp) {
@@ -115,22 +115,22 @@ TEST(SmsReporterWithoutLibraryTest, LibraryWithoutTheEntryMakesEverySendANoOp) {
 TEST_F(SmsReporterTest, FreshReporterIsSilent) {
   EXPECT_FALSE(reporter.IsEnabled());
   EXPECT_FALSE(reporter.IsSendIfChanged());
-  EXPECT_EQ(reporter.GetInterval(), 1);
-  EXPECT_EQ(reporter.GetText(), "");
-  EXPECT_EQ(reporter.GetAddress(), TEXT(""));
+  EXPECT_EQ(1, reporter.GetInterval());
+  EXPECT_EQ("", reporter.GetText());
+  EXPECT_EQ(TEXT(""), reporter.GetAddress());
 }
 
 TEST_F(SmsReporterTest, ParametersAreKept) {
   reporter.SetParams(TEXT("111,222"), "I am here", 15, true, true);
-  EXPECT_EQ(reporter.GetAddress(), TEXT("111,222"));
-  EXPECT_EQ(reporter.GetText(), "I am here");
-  EXPECT_EQ(reporter.GetInterval(), 15);
+  EXPECT_EQ(TEXT("111,222"), reporter.GetAddress());
+  EXPECT_EQ("I am here", reporter.GetText());
+  EXPECT_EQ(15, reporter.GetInterval());
   EXPECT_TRUE(reporter.IsEnabled());
   EXPECT_TRUE(reporter.IsSendIfChanged());
   reporter.SetParams(TEXT("333"), "", 0, false, false);
-  EXPECT_EQ(reporter.GetAddress(), TEXT("333"));
-  EXPECT_EQ(reporter.GetText(), "");
-  EXPECT_EQ(reporter.GetInterval(), 0);
+  EXPECT_EQ(TEXT("333"), reporter.GetAddress());
+  EXPECT_EQ("", reporter.GetText());
+  EXPECT_EQ(0, reporter.GetInterval());
   EXPECT_FALSE(reporter.IsEnabled());
   EXPECT_FALSE(reporter.IsSendIfChanged());
 }
@@ -146,9 +146,9 @@ TEST_F(SmsReporterTest, FlagsAreToldApart) {
 
 TEST_F(SmsReporterTest, BlanksAroundNumbersAndEmptyNumbersAreDropped) {
   reporter.SetParams(TEXT(" 111 ,222,, \t,+7 999\t,"), "", 1, false, false);
-  EXPECT_EQ(reporter.GetAddress(), TEXT("111,222,+7 999"));
+  EXPECT_EQ(TEXT("111,222,+7 999"), reporter.GetAddress());
   reporter.SetParams(TEXT(" , "), "", 1, false, false);
-  EXPECT_EQ(reporter.GetAddress(), TEXT(""));
+  EXPECT_EQ(TEXT(""), reporter.GetAddress());
 }
 
 // ---- Settings ----
@@ -156,21 +156,21 @@ TEST_F(SmsReporterTest, BlanksAroundNumbersAndEmptyNumbersAreDropped) {
 TEST_F(SmsReporterTest, SettingsAreLoaded) {
   Configure("Address=111, 222\nInterval=30\nSendIfChanged=true\nSend=true\nText=At %Time%\n");
   reporter.LoadSettings(store);
-  EXPECT_EQ(reporter.GetAddress(), TEXT("111,222"));
-  EXPECT_EQ(reporter.GetInterval(), 30);
+  EXPECT_EQ(TEXT("111,222"), reporter.GetAddress());
+  EXPECT_EQ(30, reporter.GetInterval());
   EXPECT_TRUE(reporter.IsSendIfChanged());
   EXPECT_TRUE(reporter.IsEnabled());
-  EXPECT_EQ(reporter.GetText(), "At %Time%");
+  EXPECT_EQ("At %Time%", reporter.GetText());
 }
 
 TEST_F(SmsReporterTest, MissingSettingsCountAsEmpty) {
   reporter.SetParams(TEXT("111"), "text", 15, true, true);
   reporter.LoadSettings(store);
-  EXPECT_EQ(reporter.GetAddress(), TEXT(""));
-  EXPECT_EQ(reporter.GetInterval(), 0);
+  EXPECT_EQ(TEXT(""), reporter.GetAddress());
+  EXPECT_EQ(0, reporter.GetInterval());
   EXPECT_FALSE(reporter.IsSendIfChanged());
   EXPECT_FALSE(reporter.IsEnabled());
-  EXPECT_EQ(reporter.GetText(), "");
+  EXPECT_EQ("", reporter.GetText());
 }
 
 TEST_F(SmsReporterTest, EachFlagHasItsOwnKey) {
@@ -187,10 +187,10 @@ TEST_F(SmsReporterTest, EachFlagHasItsOwnKey) {
 TEST_F(SmsReporterTest, IntervalIsReadAsFarAsItIsANumber) {
   Configure("Interval=5 minutes\n");
   reporter.LoadSettings(store);
-  EXPECT_EQ(reporter.GetInterval(), 5);
+  EXPECT_EQ(5, reporter.GetInterval());
   Configure("Interval=soon\n");
   reporter.LoadSettings(store);
-  EXPECT_EQ(reporter.GetInterval(), 0);
+  EXPECT_EQ(0, reporter.GetInterval());
 }
 
 TEST_F(SmsReporterTest, SettingsOfOtherSectionsAreNotTaken) {
@@ -198,18 +198,18 @@ TEST_F(SmsReporterTest, SettingsOfOtherSectionsAreNotTaken) {
   folder.Write("settings.ini", "Text=outside\n[Events]\nText=elsewhere\n");
   ASSERT_TRUE(store.Load(folder.Path("settings.ini")));
   reporter.LoadSettings(store);
-  EXPECT_EQ(reporter.GetText(), "");
+  EXPECT_EQ("", reporter.GetText());
 }
 
 TEST_F(SmsReporterTest, AllFiveSettingsAreSaved) {
   reporter.SetParams(TEXT("111, 222"), "At %Time%", 15, true, false);
   reporter.SaveSettings(store);
-  EXPECT_EQ(Setting("Address"), "111,222");
-  EXPECT_EQ(Setting("Interval"), "15");
-  EXPECT_EQ(Setting("SendIfChanged"), "false");
-  EXPECT_EQ(Setting("Send"), "true");
-  EXPECT_EQ(Setting("Text"), "At %Time%");
-  EXPECT_EQ(store.GetRecords().size(), 6U);  // the header and the five
+  EXPECT_EQ("111,222", Setting("Address"));
+  EXPECT_EQ("15", Setting("Interval"));
+  EXPECT_EQ("false", Setting("SendIfChanged"));
+  EXPECT_EQ("true", Setting("Send"));
+  EXPECT_EQ("At %Time%", Setting("Text"));
+  EXPECT_EQ(6U, store.GetRecords().size());  // the header and the five
 }
 
 TEST_F(SmsReporterTest, SavedSettingsReadBack) {
@@ -219,9 +219,9 @@ TEST_F(SmsReporterTest, SavedSettingsReadBack) {
   ASSERT_TRUE(store.Load(folder.Path("settings.ini")));
   SmsReporter other(fix);
   other.LoadSettings(store);
-  EXPECT_EQ(other.GetAddress(), TEXT("111,222"));
-  EXPECT_EQ(other.GetText(), "\xCF\xF0\xE8\xE2\xE5\xF2 %Speed%");
-  EXPECT_EQ(other.GetInterval(), -3);
+  EXPECT_EQ(TEXT("111,222"), other.GetAddress());
+  EXPECT_EQ("\xCF\xF0\xE8\xE2\xE5\xF2 %Speed%", other.GetText());
+  EXPECT_EQ(-3, other.GetInterval());
   EXPECT_FALSE(other.IsEnabled());
   EXPECT_TRUE(other.IsSendIfChanged());
 }
@@ -229,9 +229,9 @@ TEST_F(SmsReporterTest, SavedSettingsReadBack) {
 // ---- The message ----
 
 TEST_F(SmsReporterTest, TextWithoutPlaceholdersIsSentAsItIs) {
-  EXPECT_EQ(MessageFrom("100% sure, %d %Unknown% %latitude%"),
-            "100% sure, %d %Unknown% %latitude%");
-  EXPECT_EQ(MessageFrom(""), "");
+  EXPECT_EQ("100% sure, %d %Unknown% %latitude%",
+            MessageFrom("100% sure, %d %Unknown% %latitude%"));
+  EXPECT_EQ("", MessageFrom(""));
 }
 
 TEST_F(SmsReporterTest, EveryPlaceholderIsReplaced) {
@@ -241,12 +241,12 @@ TEST_F(SmsReporterTest, EveryPlaceholderIsReplaced) {
   fix.speedKmh = 41.4848F;
   fix.course = 84.4F;
   fix.localTime = Moment(2024, 5, 6, 9, 5, 7);
-  EXPECT_EQ(MessageFrom("%Latitude%"), "55.305000");
-  EXPECT_EQ(MessageFrom("%Longitude%"), "-11.312500");
-  EXPECT_EQ(MessageFrom("%Altitude%"), "545.46");
-  EXPECT_EQ(MessageFrom("%Speed%"), "41.5");
-  EXPECT_EQ(MessageFrom("%Azimuth%"), "84");
-  EXPECT_EQ(MessageFrom("%Time%"), "9:5:7");
+  EXPECT_EQ("55.305000", MessageFrom("%Latitude%"));
+  EXPECT_EQ("-11.312500", MessageFrom("%Longitude%"));
+  EXPECT_EQ("545.46", MessageFrom("%Altitude%"));
+  EXPECT_EQ("41.5", MessageFrom("%Speed%"));
+  EXPECT_EQ("84", MessageFrom("%Azimuth%"));
+  EXPECT_EQ("9:5:7", MessageFrom("%Time%"));
   EXPECT_TRUE(MessageFrom("%GoogleMaps%").starts_with("http"));
   EXPECT_TRUE(MessageFrom("%GoogleMaps%").ends_with("/m/local?q=55.305000,-11.312500"));
 }
@@ -255,18 +255,18 @@ TEST_F(SmsReporterTest, EveryPlaceholderIsReplaced) {
 TEST_F(SmsReporterTest, CoordinatesAreScaledInSinglePrecision) {
   fix.latitude = -3352.128F;
   fix.longitude = 3730;
-  EXPECT_EQ(MessageFrom("%Latitude% %Longitude%"), "-33.521278 37.299999");
+  EXPECT_EQ("-33.521278 37.299999", MessageFrom("%Latitude% %Longitude%"));
 }
 
 TEST_F(SmsReporterTest, PlaceholderThatComesTwiceIsReplacedTwice) {
   fix.latitude = 5530.5F;
-  EXPECT_EQ(MessageFrom("%Latitude% and again %Latitude%"), "55.305000 and again 55.305000");
+  EXPECT_EQ("55.305000 and again 55.305000", MessageFrom("%Latitude% and again %Latitude%"));
 }
 
 TEST_F(SmsReporterTest, PlaceholdersMayTouch) {
   fix.speedKmh = 50;
   fix.altitude = 7;
-  EXPECT_EQ(MessageFrom("%Speed%%Altitude%%Speed%"), "50.07.0050.0");
+  EXPECT_EQ("50.07.0050.0", MessageFrom("%Speed%%Altitude%%Speed%"));
 }
 
 /// Of two that share a sign the one that comes first in this order is replaced, wherever it stands.
@@ -276,43 +276,43 @@ TEST_F(SmsReporterTest, PlaceholdersAreReplacedInTheirOrder) {
   fix.altitude = 7;
   fix.speedKmh = 50;
   fix.course = 84;
-  EXPECT_EQ(MessageFrom("%Latitude%Longitude%"), "55.305000Longitude%");
-  EXPECT_EQ(MessageFrom("%Longitude%Latitude%"), "%Longitude55.305000");
-  EXPECT_EQ(MessageFrom("%Longitude%Altitude%"), "-11.312500Altitude%");
-  EXPECT_EQ(MessageFrom("%Altitude%Longitude%"), "%Altitude-11.312500");
-  EXPECT_EQ(MessageFrom("%Altitude%Speed%"), "7.00Speed%");
-  EXPECT_EQ(MessageFrom("%Speed%Altitude%"), "%Speed7.00");
-  EXPECT_EQ(MessageFrom("%Speed%Azimuth%"), "50.0Azimuth%");
-  EXPECT_EQ(MessageFrom("%Azimuth%Speed%"), "%Azimuth50.0");
-  EXPECT_EQ(MessageFrom("%Azimuth%Time%"), "84Time%");
-  EXPECT_EQ(MessageFrom("%Time%Azimuth%"), "%Time84");
-  EXPECT_EQ(MessageFrom("%Time%GoogleMaps%"), "0:0:0GoogleMaps%");
-  EXPECT_EQ(MessageFrom("%GoogleMaps%Time%"), "%GoogleMaps0:0:0");
-  EXPECT_EQ(MessageFrom("%Speed%Time%"), "50.0Time%");
+  EXPECT_EQ("55.305000Longitude%", MessageFrom("%Latitude%Longitude%"));
+  EXPECT_EQ("%Longitude55.305000", MessageFrom("%Longitude%Latitude%"));
+  EXPECT_EQ("-11.312500Altitude%", MessageFrom("%Longitude%Altitude%"));
+  EXPECT_EQ("%Altitude-11.312500", MessageFrom("%Altitude%Longitude%"));
+  EXPECT_EQ("7.00Speed%", MessageFrom("%Altitude%Speed%"));
+  EXPECT_EQ("%Speed7.00", MessageFrom("%Speed%Altitude%"));
+  EXPECT_EQ("50.0Azimuth%", MessageFrom("%Speed%Azimuth%"));
+  EXPECT_EQ("%Azimuth50.0", MessageFrom("%Azimuth%Speed%"));
+  EXPECT_EQ("84Time%", MessageFrom("%Azimuth%Time%"));
+  EXPECT_EQ("%Time84", MessageFrom("%Time%Azimuth%"));
+  EXPECT_EQ("0:0:0GoogleMaps%", MessageFrom("%Time%GoogleMaps%"));
+  EXPECT_EQ("%GoogleMaps0:0:0", MessageFrom("%GoogleMaps%Time%"));
+  EXPECT_EQ("50.0Time%", MessageFrom("%Speed%Time%"));
 }
 
 TEST_F(SmsReporterTest, MissingValuesAreNotAvailable) {
-  EXPECT_EQ(MessageFrom("%Latitude% %Longitude% %Altitude% %Speed% %Azimuth%"),
-            "N/A N/A N/A N/A N/A");
+  EXPECT_EQ("N/A N/A N/A N/A N/A",
+            MessageFrom("%Latitude% %Longitude% %Altitude% %Speed% %Azimuth%"));
 }
 
 TEST_F(SmsReporterTest, TimeIsAlwaysFilledIn) {
-  EXPECT_EQ(MessageFrom("%Time%"), "0:0:0");
+  EXPECT_EQ("0:0:0", MessageFrom("%Time%"));
 }
 
 TEST_F(SmsReporterTest, LinkIsReplacedOnlyWhenBothCoordinatesAreThere) {
-  EXPECT_EQ(MessageFrom("%GoogleMaps%"), "%GoogleMaps%");
+  EXPECT_EQ("%GoogleMaps%", MessageFrom("%GoogleMaps%"));
   fix.latitude = 5530.5F;
-  EXPECT_EQ(MessageFrom("%GoogleMaps%"), "%GoogleMaps%");
+  EXPECT_EQ("%GoogleMaps%", MessageFrom("%GoogleMaps%"));
   fix.latitude = MISSING_FLOAT;
   fix.longitude = 3730;
-  EXPECT_EQ(MessageFrom("%GoogleMaps%"), "%GoogleMaps%");
+  EXPECT_EQ("%GoogleMaps%", MessageFrom("%GoogleMaps%"));
 }
 
 TEST_F(SmsReporterTest, LongTemplatesAreNotCut) {
   fix.speedKmh = 50;
   const std::string filling(1000, 'x');
-  EXPECT_EQ(MessageFrom(filling + "%Speed%" + filling), filling + "50.0" + filling);
+  EXPECT_EQ(filling + "50.0" + filling, MessageFrom(filling + "%Speed%" + filling));
 }
 
 // ---- Sending on request ----
@@ -321,20 +321,20 @@ TEST_F(SmsReporterTest, EveryRecipientGetsTheSameMessageInOrder) {
   fix.speedKmh = 50;
   reporter.SetParams(TEXT("111,222"), "%Speed%", 1, false, false);
   reporter.MakeReport().Send();
-  EXPECT_EQ(outbox.All(), (Outbox::Messages{{"111", "50.0"}, {"222", "50.0"}}));
+  EXPECT_EQ((Outbox::Messages{{"111", "50.0"}, {"222", "50.0"}}), outbox.All());
 }
 
 TEST_F(SmsReporterTest, RequestIsSentWhateverIntervalAndFlags) {
   reporter.SetParams(TEXT("111"), "now", 0, false, true);
   reporter.MakeReport().Send();
   reporter.MakeReport().Send();
-  EXPECT_EQ(outbox.Count(), 2);
+  EXPECT_EQ(2, outbox.Count());
 }
 
 TEST_F(SmsReporterTest, WithoutRecipientsNothingIsSent) {
   reporter.SetParams(TEXT(""), "now", 1, true, false);
   reporter.MakeReport().Send();
-  EXPECT_EQ(outbox.Count(), 0);
+  EXPECT_EQ(0, outbox.Count());
 }
 
 // ---- Sending automatically ----
@@ -361,23 +361,23 @@ class SmsReporterTickTest : public SmsReporterTest {
 TEST_F(SmsReporterTickTest, FirstFixNeverSends) {
   Send(1);
   TickAt(30);
-  EXPECT_EQ(outbox.Count(), 0);
+  EXPECT_EQ(0, outbox.Count());
 }
 
 TEST_F(SmsReporterTickTest, TwoFixesAnIntervalApartSend) {
   Send(5);
   TickAt(0);
   TickAt(5);
-  EXPECT_EQ(outbox.All(), (Outbox::Messages{{"111", "12:5:0"}}));
+  EXPECT_EQ((Outbox::Messages{{"111", "12:5:0"}}), outbox.All());
 }
 
 TEST_F(SmsReporterTickTest, OnlyWholeMinutesCount) {
   Send(5);
   TickAt(0, 0, 1);
   TickAt(5, 0, 0);
-  EXPECT_EQ(outbox.Count(), 0);
+  EXPECT_EQ(0, outbox.Count());
   TickAt(10, 59, 999);
-  EXPECT_EQ(outbox.Count(), 1);
+  EXPECT_EQ(1, outbox.Count());
 }
 
 TEST_F(SmsReporterTickTest, FixesOneSecondApartNeverSend) {
@@ -385,7 +385,7 @@ TEST_F(SmsReporterTickTest, FixesOneSecondApartNeverSend) {
   for (int second = 0; second < 600; ++second) {
     TickAt(second / 60, second % 60);
   }
-  EXPECT_EQ(outbox.Count(), 0);
+  EXPECT_EQ(0, outbox.Count());
 }
 
 TEST_F(SmsReporterTickTest, IntervalIsThatBetweenTwoFixesNotSinceTheLastMessage) {
@@ -393,17 +393,17 @@ TEST_F(SmsReporterTickTest, IntervalIsThatBetweenTwoFixesNotSinceTheLastMessage)
   TickAt(0);
   TickAt(4);
   TickAt(8);
-  EXPECT_EQ(outbox.Count(), 0);
+  EXPECT_EQ(0, outbox.Count());
   TickAt(13);
   TickAt(18);
-  EXPECT_EQ(outbox.Count(), 2);
+  EXPECT_EQ(2, outbox.Count());
 }
 
 TEST_F(SmsReporterTickTest, NothingIsSentUnlessItIsEnabled) {
   Send(1, false, false);
   TickAt(0);
   TickAt(30);
-  EXPECT_EQ(outbox.Count(), 0);
+  EXPECT_EQ(0, outbox.Count());
 }
 
 TEST_F(SmsReporterTickTest, IntervalBelowOneTurnsTheStepOff) {
@@ -411,7 +411,7 @@ TEST_F(SmsReporterTickTest, IntervalBelowOneTurnsTheStepOff) {
     Send(interval);
     TickAt(0);
     TickAt(30);
-    EXPECT_EQ(outbox.Count(), 0) << interval;
+    EXPECT_EQ(0, outbox.Count()) << interval;
   }
 }
 
@@ -422,22 +422,22 @@ TEST_F(SmsReporterTickTest, FixesWhileTurnedOffAreNotRemembered) {
   TickAt(4);
   Send(5);
   TickAt(6);
-  EXPECT_EQ(outbox.Count(), 1);
+  EXPECT_EQ(1, outbox.Count());
 }
 
 TEST_F(SmsReporterTickTest, UnchangedPositionIsNotSentAgainWhenSoChosen) {
   Send(5, true);
   TickAt(0);
   TickAt(5);
-  EXPECT_EQ(outbox.Count(), 0);
+  EXPECT_EQ(0, outbox.Count());
   fix.latitude = 5530.501F;
   TickAt(10);
-  EXPECT_EQ(outbox.Count(), 1);
+  EXPECT_EQ(1, outbox.Count());
   fix.longitude = -3730;
   TickAt(15);
-  EXPECT_EQ(outbox.Count(), 2);
+  EXPECT_EQ(2, outbox.Count());
   TickAt(20);
-  EXPECT_EQ(outbox.Count(), 2);
+  EXPECT_EQ(2, outbox.Count());
 }
 
 TEST_F(SmsReporterTickTest, PositionIsComparedWithThatOfTheFixBefore) {
@@ -446,16 +446,16 @@ TEST_F(SmsReporterTickTest, PositionIsComparedWithThatOfTheFixBefore) {
   fix.latitude = 5531;
   TickAt(1);
   TickAt(6);
-  EXPECT_EQ(outbox.Count(), 0);
+  EXPECT_EQ(0, outbox.Count());
 }
 
 TEST_F(SmsReporterTickTest, ClockThatGoesBackStartsAfresh) {
   Send(5);
   TickAt(30);
   TickAt(10);
-  EXPECT_EQ(outbox.Count(), 0);
+  EXPECT_EQ(0, outbox.Count());
   TickAt(15);
-  EXPECT_EQ(outbox.Count(), 1);
+  EXPECT_EQ(1, outbox.Count());
 }
 
 }  // namespace

@@ -65,17 +65,18 @@ TEST_F(TrackKmlWriterTest, FileIsRightByteForByte) {
   Add(4807.1F, 1131.1F, 545.5F);
   Add(-3352.128F, -15112.6F, -3.25F);
   Write();
-  EXPECT_EQ(folder.Read("Track0001.kml"), HEADER +
-                                              "\t\t\t11.516666,48.117302,545.400024\n"
-                                              "\t\t\t11.518333,48.118336,545.500000\n"
-                                              "\t\t\t-151.209991,-33.868797,-3.250000\n" +
-                                              FOOTER);
-  EXPECT_EQ(FOOTER.size(), 51U);
+  EXPECT_EQ(HEADER +
+                "\t\t\t11.516666,48.117302,545.400024\n"
+                "\t\t\t11.518333,48.118336,545.500000\n"
+                "\t\t\t-151.209991,-33.868797,-3.250000\n" +
+                FOOTER,
+            folder.Read("Track0001.kml"));
+  EXPECT_EQ(51U, FOOTER.size());
 }
 
 TEST_F(TrackKmlWriterTest, LineHoldsLongitudeLatitudeAndAltitude) {
   AddOnePoint();
-  EXPECT_EQ(Lines(), "\t\t\t11.516666,48.117302,545.400024\n");
+  EXPECT_EQ("\t\t\t11.516666,48.117302,545.400024\n", Lines());
 }
 
 TEST_F(TrackKmlWriterTest, HandlesAreClosed) {
@@ -83,7 +84,7 @@ TEST_F(TrackKmlWriterTest, HandlesAreClosed) {
   AddOnePoint();
   Write();
   Write();
-  EXPECT_EQ(handheld::HandlesAlive(), before);
+  EXPECT_EQ(before, handheld::HandlesAlive());
 }
 
 // ---- Which points are written ----
@@ -92,33 +93,33 @@ TEST_F(TrackKmlWriterTest, PointsWithoutAltitudeLeaveHeaderAndFooter) {
   Add(4807.038F, 1131.0F, MISSING_FLOAT);
   Add(4808.038F, 1132.0F, MISSING_FLOAT);
   Write();
-  EXPECT_EQ(folder.Read("Track0001.kml"), HEADER + FOOTER);
+  EXPECT_EQ(HEADER + FOOTER, folder.Read("Track0001.kml"));
 }
 
 TEST_F(TrackKmlWriterTest, PointsWithoutAltitudeAreSkipped) {
   Add(4807.038F, 1131.0F, MISSING_FLOAT);
   AddOnePoint();
   Add(4808.038F, 1132.0F, MISSING_FLOAT);
-  EXPECT_EQ(Lines(), "\t\t\t11.516666,48.117302,545.400024\n");
+  EXPECT_EQ("\t\t\t11.516666,48.117302,545.400024\n", Lines());
 }
 
 TEST_F(TrackKmlWriterTest, OnlyTheFirstOfConsecutivePointsAtOneAltitudeIsWritten) {
   AddOnePoint();
   Add(4807.1F, 1131.1F, 545.4F);
   Add(4807.2F, 1131.2F, 545.4F);
-  EXPECT_EQ(Lines(), "\t\t\t11.516666,48.117302,545.400024\n");
+  EXPECT_EQ("\t\t\t11.516666,48.117302,545.400024\n", Lines());
 }
 
 TEST_F(TrackKmlWriterTest, PointThatRepeatsTheLatitudeIsDropped) {
   AddOnePoint();
   Add(4807.038F, 1131.1F, 545.5F);
-  EXPECT_EQ(Lines(), "\t\t\t11.516666,48.117302,545.400024\n");
+  EXPECT_EQ("\t\t\t11.516666,48.117302,545.400024\n", Lines());
 }
 
 TEST_F(TrackKmlWriterTest, PointThatRepeatsTheLongitudeIsDropped) {
   AddOnePoint();
   Add(4807.1F, 1131.0F, 545.5F);
-  EXPECT_EQ(Lines(), "\t\t\t11.516666,48.117302,545.400024\n");
+  EXPECT_EQ("\t\t\t11.516666,48.117302,545.400024\n", Lines());
 }
 
 TEST_F(TrackKmlWriterTest, PointsAreComparedWithTheOneWrittenBefore) {
@@ -126,17 +127,18 @@ TEST_F(TrackKmlWriterTest, PointsAreComparedWithTheOneWrittenBefore) {
   Add(4807.038F, 1133.0F, 700);     // dropped: the latitude of the first
   Add(4807.1F, 1131.1F, 700);       // written, although it repeats the altitude of the dropped one
   Add(4807.038F, 1131.0F, 545.4F);  // written: only the point right before counts
-  EXPECT_EQ(Lines(),
-            "\t\t\t11.516666,48.117302,545.400024\n"
-            "\t\t\t11.518333,48.118336,700.000000\n"
-            "\t\t\t11.516666,48.117302,545.400024\n");
+  EXPECT_EQ(
+      "\t\t\t11.516666,48.117302,545.400024\n"
+      "\t\t\t11.518333,48.118336,700.000000\n"
+      "\t\t\t11.516666,48.117302,545.400024\n",
+      Lines());
 }
 
 /// 47 degrees 60 minutes are 48 degrees.
 TEST_F(TrackKmlWriterTest, PointsAreComparedInDegrees) {
   Add(4800.0F, 1131.0F, 1);
   Add(4760.0F, 1131.1F, 2);
-  EXPECT_EQ(Lines(), "\t\t\t11.516666,48.000000,1.000000\n");
+  EXPECT_EQ("\t\t\t11.516666,48.000000,1.000000\n", Lines());
 }
 
 TEST_F(TrackKmlWriterTest, LongTrackIsWrittenToItsEnd) {
@@ -145,7 +147,7 @@ TEST_F(TrackKmlWriterTest, LongTrackIsWrittenToItsEnd) {
         static_cast<float>(number));
   }
   const std::string lines = Lines();
-  EXPECT_EQ(std::ranges::count(lines, '\n'), 2500);
+  EXPECT_EQ(2500, std::ranges::count(lines, '\n'));
   EXPECT_TRUE(lines.ends_with(",2500.000000\n"));
 }
 
@@ -173,7 +175,7 @@ TEST_F(TrackKmlWriterTest, EarlierFilesAreNeverOverwritten) {
   folder.Write("Track0001.kml", "old");
   AddOnePoint();
   Write();
-  EXPECT_EQ(folder.Read("Track0001.kml"), "old");
+  EXPECT_EQ("old", folder.Read("Track0001.kml"));
   EXPECT_TRUE(folder.Read("Track0002.kml").starts_with(HEADER));
 }
 
@@ -183,10 +185,10 @@ TEST_F(TrackKmlWriterTest, FirstFreeNumberIsTaken) {
   AddOnePoint();
   Write();
   EXPECT_TRUE(folder.Has("Track0002.kml"));
-  EXPECT_EQ(folder.Read("Track0003.kml"), "three");
+  EXPECT_EQ("three", folder.Read("Track0003.kml"));
   Write();
   EXPECT_TRUE(folder.Has("Track0004.kml"));
-  EXPECT_EQ(folder.CountFiles(), 4);
+  EXPECT_EQ(4, folder.CountFiles());
 }
 
 TEST_F(TrackKmlWriterTest, WriterGivesUpWhenAllNumbersAreTaken) {
@@ -197,8 +199,8 @@ TEST_F(TrackKmlWriterTest, WriterGivesUpWhenAllNumbersAreTaken) {
   }
   AddOnePoint();
   Write();
-  EXPECT_EQ(folder.CountFiles(), 9999);
-  EXPECT_EQ(folder.Read("Track0001.kml"), "");
+  EXPECT_EQ(9999, folder.CountFiles());
+  EXPECT_EQ("", folder.Read("Track0001.kml"));
 
   std::filesystem::remove(folder.Path("Track9999.kml"));
   Write();
@@ -214,8 +216,8 @@ TEST_F(TrackKmlWriterTest, FolderThatCannotBeMadeIsGivenUpWithoutAWord) {
   WriteTrackKml(track, folder.DevicePath("file/Tracks"));
   WriteTrackKml(track, TEXT("\\proc\\nowhere"));
   WriteTrackKml(track, TEXT(""));
-  EXPECT_EQ(folder.CountFiles(), 1);
-  EXPECT_EQ(handheld::HandlesAlive(), before);
+  EXPECT_EQ(1, folder.CountFiles());
+  EXPECT_EQ(before, handheld::HandlesAlive());
 }
 
 TEST_F(TrackKmlWriterTest, FullDiskLeavesWhatCouldBeWritten) {
@@ -225,8 +227,8 @@ TEST_F(TrackKmlWriterTest, FullDiskLeavesWhatCouldBeWritten) {
     const FullDisk fullDisk(100);
     Write();
   }
-  EXPECT_EQ(folder.Read("Track0001.kml"), HEADER.substr(0, 100));
-  EXPECT_EQ(handheld::HandlesAlive(), before);
+  EXPECT_EQ(HEADER.substr(0, 100), folder.Read("Track0001.kml"));
+  EXPECT_EQ(before, handheld::HandlesAlive());
 }
 
 TEST_F(TrackKmlWriterTest, DiskThatFillsUpAmongThePointsEndsTheFileThere) {
@@ -237,7 +239,7 @@ TEST_F(TrackKmlWriterTest, DiskThatFillsUpAmongThePointsEndsTheFileThere) {
     const FullDisk fullDisk(whole.size());
     Write();
   }
-  EXPECT_EQ(folder.Read("Track0001.kml"), whole);
+  EXPECT_EQ(whole, folder.Read("Track0001.kml"));
 }
 
 }  // namespace

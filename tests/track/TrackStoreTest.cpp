@@ -42,10 +42,10 @@ class TrackStoreTest : public testing::Test {
 
   /// The points are those of the numbers from `first` on, without a gap.
   void ExpectNumbers(int first, int count) const {
-    ASSERT_EQ(track.GetPointCount(), count);
+    ASSERT_EQ(count, track.GetPointCount());
     for (int index = 0; index < count; ++index) {
-      ASSERT_EQ(track.GetPoint(index)->latitude, static_cast<float>(first + index)) << index;
-      ASSERT_EQ(track.GetPoint(index)->speedKmh, 41.5F) << index;
+      ASSERT_EQ(static_cast<float>(first + index), track.GetPoint(index)->latitude) << index;
+      ASSERT_EQ(41.5F, track.GetPoint(index)->speedKmh) << index;
     }
   }
 
@@ -53,85 +53,85 @@ class TrackStoreTest : public testing::Test {
 };
 
 TEST(TrackPointTest, LayoutIsThatOfTheTrackBuffer) {
-  EXPECT_EQ(sizeof(TrackPoint), POINT_SIZE);
-  EXPECT_EQ(offsetof(TrackPoint, altitude), 0U);
-  EXPECT_EQ(offsetof(TrackPoint, longitude), 4U);
-  EXPECT_EQ(offsetof(TrackPoint, latitude), 8U);
-  EXPECT_EQ(offsetof(TrackPoint, course), 12U);
-  EXPECT_EQ(offsetof(TrackPoint, speedKmh), 16U);
-  EXPECT_EQ(offsetof(TrackPoint, time), 20U);
+  EXPECT_EQ(POINT_SIZE, sizeof(TrackPoint));
+  EXPECT_EQ(0U, offsetof(TrackPoint, altitude));
+  EXPECT_EQ(4U, offsetof(TrackPoint, longitude));
+  EXPECT_EQ(8U, offsetof(TrackPoint, latitude));
+  EXPECT_EQ(12U, offsetof(TrackPoint, course));
+  EXPECT_EQ(16U, offsetof(TrackPoint, speedKmh));
+  EXPECT_EQ(20U, offsetof(TrackPoint, time));
 }
 
 TEST_F(TrackStoreTest, FreshStoreIsEmpty) {
-  EXPECT_EQ(track.GetPointCount(), 0);
-  EXPECT_EQ(track.GetPoint(0), nullptr);
-  EXPECT_EQ(track.GetPoint(-1), nullptr);
+  EXPECT_EQ(0, track.GetPointCount());
+  EXPECT_EQ(nullptr, track.GetPoint(0));
+  EXPECT_EQ(nullptr, track.GetPoint(-1));
 }
 
 TEST_F(TrackStoreTest, AppendedPointIsKeptWhole) {
-  EXPECT_EQ(track.Append(Point()), 1);
-  ASSERT_EQ(track.GetPointCount(), 1);
+  EXPECT_EQ(1, track.Append(Point()));
+  ASSERT_EQ(1, track.GetPointCount());
   const TrackPoint& point = *track.GetPoint(0);
-  EXPECT_EQ(point.altitude, 545.5F);
-  EXPECT_EQ(point.longitude, 1131.0F);
-  EXPECT_EQ(point.latitude, 4807.0F);
-  EXPECT_EQ(point.course, 84.5F);
-  EXPECT_EQ(point.speedKmh, 41.5F);
-  EXPECT_EQ(Fields(point.time), Fields(Moment(2024, 5, 6, 7, 8, 9, 10)));
+  EXPECT_EQ(545.5F, point.altitude);
+  EXPECT_EQ(1131.0F, point.longitude);
+  EXPECT_EQ(4807.0F, point.latitude);
+  EXPECT_EQ(84.5F, point.course);
+  EXPECT_EQ(41.5F, point.speedKmh);
+  EXPECT_EQ(Fields(Moment(2024, 5, 6, 7, 8, 9, 10)), Fields(point.time));
 }
 
 TEST_F(TrackStoreTest, AppendReturnsTheNewCount) {
-  EXPECT_EQ(track.Append(PointNumber(1)), 1);
-  EXPECT_EQ(track.Append(PointNumber(2)), 2);
-  EXPECT_EQ(track.Append(PointNumber(2)), 0);
-  EXPECT_EQ(track.Append(PointNumber(3)), 3);
+  EXPECT_EQ(1, track.Append(PointNumber(1)));
+  EXPECT_EQ(2, track.Append(PointNumber(2)));
+  EXPECT_EQ(0, track.Append(PointNumber(2)));
+  EXPECT_EQ(3, track.Append(PointNumber(3)));
 }
 
 TEST_F(TrackStoreTest, IndexOutOfRangeGivesNull) {
   AppendNumbers(1, 3);
-  EXPECT_EQ(track.GetPoint(-1), nullptr);
-  EXPECT_EQ(track.GetPoint(3), nullptr);
-  EXPECT_NE(track.GetPoint(2), nullptr);
+  EXPECT_EQ(nullptr, track.GetPoint(-1));
+  EXPECT_EQ(nullptr, track.GetPoint(3));
+  EXPECT_NE(nullptr, track.GetPoint(2));
 }
 
 TEST_F(TrackStoreTest, PointWithoutAPositionIsRefused) {
   TrackPoint point = Point();
   point.latitude = MISSING_FLOAT;
-  EXPECT_EQ(track.Append(point), 0);
+  EXPECT_EQ(0, track.Append(point));
   point = Point();
   point.longitude = MISSING_FLOAT;
-  EXPECT_EQ(track.Append(point), 0);
-  EXPECT_EQ(track.GetPointCount(), 0);
+  EXPECT_EQ(0, track.Append(point));
+  EXPECT_EQ(0, track.GetPointCount());
 }
 
 TEST_F(TrackStoreTest, PointWithANegativeOrMissingSpeedIsRefused) {
   TrackPoint point = Point();
   for (const float speed : {MISSING_FLOAT, -0.001F}) {
     point.speedKmh = speed;
-    EXPECT_EQ(track.Append(point), 0) << speed;
+    EXPECT_EQ(0, track.Append(point)) << speed;
   }
   point.speedKmh = 0;
-  EXPECT_EQ(track.Append(point), 1);
+  EXPECT_EQ(1, track.Append(point));
 }
 
 TEST_F(TrackStoreTest, AltitudeAndCourseMayBeMissing) {
   TrackPoint point = Point();
   point.altitude = MISSING_FLOAT;
   point.course = MISSING_FLOAT;
-  EXPECT_EQ(track.Append(point), 1);
+  EXPECT_EQ(1, track.Append(point));
 }
 
 TEST_F(TrackStoreTest, RepeatedPointIsRefused) {
   track.Append(Point());
-  EXPECT_EQ(track.Append(Point()), 0);
-  EXPECT_EQ(track.GetPointCount(), 1);
+  EXPECT_EQ(0, track.Append(Point()));
+  EXPECT_EQ(1, track.GetPointCount());
 }
 
 TEST_F(TrackStoreTest, DayOfTheWeekIsNotCompared) {
   track.Append(Point());
   TrackPoint point = Point();
   point.time.wDayOfWeek = 5;
-  EXPECT_EQ(track.Append(point), 0);
+  EXPECT_EQ(0, track.Append(point));
 }
 
 TEST_F(TrackStoreTest, PointThatDiffersInAnyOtherFieldIsKept) {
@@ -142,7 +142,7 @@ TEST_F(TrackStoreTest, PointThatDiffersInAnyOtherFieldIsKept) {
     store.Append(Point());
     TrackPoint point = Point();
     point.*field += 0.5F;
-    EXPECT_EQ(store.Append(point), 2);
+    EXPECT_EQ(2, store.Append(point));
   }
   for (WORD SYSTEMTIME::*field :
        {&SYSTEMTIME::wYear, &SYSTEMTIME::wMonth, &SYSTEMTIME::wDay, &SYSTEMTIME::wHour,
@@ -151,36 +151,36 @@ TEST_F(TrackStoreTest, PointThatDiffersInAnyOtherFieldIsKept) {
     store.Append(Point());
     TrackPoint point = Point();
     ++(point.time.*field);
-    EXPECT_EQ(store.Append(point), 2);
+    EXPECT_EQ(2, store.Append(point));
   }
 }
 
 TEST_F(TrackStoreTest, OnlyTheLastPointIsCompared) {
   AppendNumbers(1, 2);
-  EXPECT_EQ(track.Append(PointNumber(1)), 3);
+  EXPECT_EQ(3, track.Append(PointNumber(1)));
 }
 
 // ---- Growth ----
 
 TEST_F(TrackStoreTest, NineHundredNinetyNinePointsFitTheFirstBlock) {
   AppendNumbers(1, 999);
-  EXPECT_EQ(failing_memory::CountReallocs(), 0);
+  EXPECT_EQ(0, failing_memory::CountReallocs());
   ExpectNumbers(1, 999);
 }
 
 TEST_F(TrackStoreTest, ThousandthPointGrowsTheBlockToTwoThousand) {
   AppendNumbers(1, 1000);
-  EXPECT_EQ(failing_memory::CountReallocs(), 1);
-  EXPECT_EQ(failing_memory::LastReallocSize(), 2000 * POINT_SIZE);
+  EXPECT_EQ(1, failing_memory::CountReallocs());
+  EXPECT_EQ(2000 * POINT_SIZE, failing_memory::LastReallocSize());
   ExpectNumbers(1, 1000);
 }
 
 TEST_F(TrackStoreTest, TwoThousandthPointGrowsTheBlockByAnotherThousand) {
   AppendNumbers(1, 1999);
-  EXPECT_EQ(failing_memory::CountReallocs(), 1);
+  EXPECT_EQ(1, failing_memory::CountReallocs());
   AppendNumbers(2000, 2000);
-  EXPECT_EQ(failing_memory::CountReallocs(), 2);
-  EXPECT_EQ(failing_memory::LastReallocSize(), 3000 * POINT_SIZE);
+  EXPECT_EQ(2, failing_memory::CountReallocs());
+  EXPECT_EQ(3000 * POINT_SIZE, failing_memory::LastReallocSize());
   ExpectNumbers(1, 2000);
 }
 
@@ -193,7 +193,7 @@ TEST_F(TrackStoreTest, LongTracksAreKeptWhole) {
 TEST_F(TrackStoreTest, RefusedPointsDoNotGrowTheBlock) {
   AppendNumbers(1, 999);
   track.Append(PointNumber(999));
-  EXPECT_EQ(failing_memory::CountReallocs(), 0);
+  EXPECT_EQ(0, failing_memory::CountReallocs());
 }
 
 // ---- Out of memory ----
@@ -202,16 +202,16 @@ TEST_F(TrackStoreTest, WithoutMemoryFromTheStartEveryPointIsRefused) {
   failing_memory::RefuseMallocOf(1000 * POINT_SIZE);
   TrackStore store;
   failing_memory::RefuseMallocOf(0);
-  EXPECT_EQ(store.Append(Point()), 0);
-  EXPECT_EQ(store.GetPointCount(), 0);
-  EXPECT_EQ(store.GetPoint(0), nullptr);
+  EXPECT_EQ(0, store.Append(Point()));
+  EXPECT_EQ(0, store.GetPointCount());
+  EXPECT_EQ(nullptr, store.GetPoint(0));
 }
 
 TEST_F(TrackStoreTest, FirstPointAfterAFailedGrowthStillFits) {
   AppendNumbers(1, 999);
   failing_memory::RefuseRealloc(true);
-  EXPECT_EQ(track.Append(PointNumber(1000)), 1000);
-  EXPECT_EQ(failing_memory::CountReallocs(), 1);
+  EXPECT_EQ(1000, track.Append(PointNumber(1000)));
+  EXPECT_EQ(1, failing_memory::CountReallocs());
   ExpectNumbers(1, 1000);
 }
 
@@ -228,9 +228,9 @@ TEST_F(TrackStoreTest, CountsThePointsThatMadeRoom) {
   AppendNumbers(1, 999);
   failing_memory::RefuseRealloc(true);
   AppendNumbers(1000, 1000);
-  EXPECT_EQ(track.GetDroppedCount(), 0);
+  EXPECT_EQ(0, track.GetDroppedCount());
   AppendNumbers(1001, 3500);
-  EXPECT_EQ(track.GetDroppedCount(), 2500);
+  EXPECT_EQ(2500, track.GetDroppedCount());
 }
 
 TEST_F(TrackStoreTest, RepeatedPointDoesNotMoveAFullStore) {
