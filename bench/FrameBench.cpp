@@ -59,8 +59,8 @@ void Frame(benchmark::State& state) {
 }
 BENCHMARK(Frame)->ArgNames({"view", "turned"})->ArgsProduct({{0, 1, 2, 3, 4}, {0, 1}});
 
-/// A view of a long track: the engine has driven so far before its frames are measured, on roads
-/// that are `roadLength` times as long as those of the long drive.
+/// The path view of an engine that has driven `points` seconds, on roads `roadLength` times as long
+/// as those of the long drive.
 class LongTrack {
  public:
   explicit LongTrack(int points, double roadLength = 1) : drive(roadLength) {
@@ -76,7 +76,7 @@ class LongTrack {
     Frame();
   }
 
-  /// The next point; `away`: this far out of everything so far, to the north-east, for good.
+  /// Adds the next point. With `away` it lies this far north-east of all points so far.
   void GoOn(float away = 0) {
     TrackPoint point = drive.Next();
     if (away > 0) {
@@ -91,7 +91,7 @@ class LongTrack {
 
   Widget& View() { return *engine.GetWidgets().Get(PATH); }
 
-  /// By the sixth and the fifth of the eight buttons at the right edge, counted from the bottom.
+  /// The sixth and the fifth of the eight buttons at the right edge, counted from the bottom.
   void ZoomIn() { Press({774, 451 - 5 * 53}); }
   void ZoomOut() { Press({774, 451 - 4 * 53}); }
 
@@ -108,7 +108,7 @@ class LongTrack {
   }
 
   static constexpr int PATH = 3;
-  static constexpr int POINTS_AN_UPDATE = 16;  // there is an update for each, but that takes long
+  static constexpr int POINTS_AN_UPDATE = 16;  // fewer than in a drive, to save time
 
   LongDrive drive;
   float north = 0;
@@ -125,7 +125,7 @@ void PathSteady(benchmark::State& state) {
   }
 }
 
-/// Into new country: everything is seen a little smaller each time.
+/// Drives into new country, so that the scale gets a little smaller with every frame.
 void DriveIntoNewCountry(benchmark::State& state, double roadLength) {
   LongTrack track(static_cast<int>(state.range(0)), roadLength);
   for (int zoom = 1; zoom < state.range(1); zoom *= 2) {
@@ -143,7 +143,7 @@ void PathGrowing(benchmark::State& state) {
   DriveIntoNewCountry(state, 1);
 }
 
-/// After days in one town, whose roads are seen five times larger.
+/// The same after days in one town, whose roads are a fifth as long.
 void PathOfATownGrowing(benchmark::State& state) {
   DriveIntoNewCountry(state, 0.2);
 }
@@ -177,7 +177,7 @@ void PathOfATownDragged(benchmark::State& state) {
   Drag(state, 0.2);
 }
 
-/// To this zoom and half of it, in turn.
+/// Goes to this zoom and half of it, in turn. The press of the button is not measured.
 void PathZoomed(benchmark::State& state) {
   LongTrack track(static_cast<int>(state.range(0)));
   for (int zoom = 1; zoom < state.range(1); zoom *= 2) {

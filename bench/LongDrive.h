@@ -10,9 +10,9 @@
 
 namespace ferolin {
 
-/// What a receiver tells once a second of somebody who drives out and home again over a dozen roads
-/// of up to 40 km, or so many times as long, the same ones over and over, with bends, stops at
-/// crossings and rests at the far end. The same drive every time.
+/// Positions, one a second, of a driver who goes out and home again over a dozen roads of up to 40
+/// km, or `times` as long: the same roads over and over, with bends, stops at crossings and rests at
+/// the far end. The drive is the same in every run.
 class LongDrive {
  public:
   explicit LongDrive(double times = 1) {

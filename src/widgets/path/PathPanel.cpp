@@ -20,7 +20,7 @@ constexpr int LARGE_INSET = 12;  // where there is room for large figures
 constexpr int GAP = 3;
 constexpr int LABEL_GAP = 8;
 
-/// A column may take that part of a landscape frame's width.
+/// A column takes at most a third of a landscape frame's width.
 constexpr int LARGEST_PART = 3;
 
 struct Text {
@@ -69,13 +69,13 @@ const PathPanel::Ink& PathPanel::InkOf(Item item) const {
   return item == SPEED && isSpeedLarge ? inks.speed : inks.value;
 }
 
-/// The value below its label.
+/// Puts the value below its label.
 void PathPanel::PlaceItem(Item item, int left, int top) {
   places[item] = {{left, top}, {left, top + HeightOf(inks.label)}};
 }
 
-/// One below the other, evenly over the whole height. On small frames the speed is no larger than
-/// the rest: a third of the width is enough for texts.
+/// Items stand one below the other, evenly over the whole height. On small frames the speed is no
+/// larger than the other values, so that texts take a third of the width at most.
 void PathPanel::LayOutColumn(SIZE frame) {
   isSpeedLarge = ColumnWidth(canvas, inks.speed) <= frame.cx / LARGEST_PART;
   const int left = frame.cx - ColumnWidth(canvas, isSpeedLarge ? inks.speed : inks.value);
@@ -93,8 +93,8 @@ void PathPanel::LayOutColumn(SIZE frame) {
   rest = {0, 0, left, frame.cy};
 }
 
-/// Two rows of two, and the speed beside them or, where it is too narrow for that, in a line of its
-/// own above them.
+/// Items stand in two rows of two. The speed stands beside them or, in narrow frames, in a line of
+/// its own above them.
 void PathPanel::LayOutRows(SIZE frame) {
   const int gridHeight = 2 * (ItemHeight(ELAPSED) + GAP);
   const int gridTop = frame.cy - gridHeight;

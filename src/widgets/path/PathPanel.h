@@ -12,9 +12,9 @@ namespace ferolin {
 class Canvas;
 class TextStyle;
 
-/// The texts beside the path: at the right of a landscape frame, at the bottom of a portrait one,
-/// where the view's buttons lie too, so that the path stays to be seen while they are up. Laid out
-/// anew for every frame, by the sizes that the texts have.
+/// Texts beside the path: at the right of a landscape frame, at the bottom of a portrait one. The
+/// view's buttons lie there, too, so they never cover the path. Laid out anew for every frame from
+/// the sizes of the texts.
 class PathPanel {
  public:
   /// Borrowed.
@@ -22,7 +22,7 @@ class PathPanel {
     TextStyle& style;
     COLORREF color;
   };
-  /// For labels, for values, and for the speed.
+  /// Inks of labels, values and the speed.
   struct Inks {
     Ink label;
     Ink value;
@@ -31,7 +31,7 @@ class PathPanel {
 
   PathPanel(Canvas& target, const Inks& theInks);
 
-  /// What the panel leaves of the frame; empty when it leaves nothing.
+  /// Part of the frame left to the path; empty when nothing is left.
   const RECT& GetRest() const { return rest; }
 
   void Draw(const PathReadouts& readouts) const;
@@ -40,7 +40,7 @@ class PathPanel {
   enum Item : std::size_t { SPEED, CURRENT_TIME, ELAPSED, AVERAGE_SPEED, DISTANCE, ITEM_COUNT };
   static constexpr Item ITEMS[] = {SPEED, CURRENT_TIME, ELAPSED, AVERAGE_SPEED, DISTANCE};
 
-  /// Where the upper left corners of a label and of its value stand.
+  /// Upper left corners of a label and of its value.
   struct Place {
     POINT label;
     POINT value;

@@ -5,7 +5,7 @@
 
 namespace ferolin {
 
-/// What the path's panel tells, as 8-bit texts in the ANSI code page.
+/// Texts of the path's panel, 8-bit in the ANSI code page.
 struct PathReadouts {
   std::string speed;
   std::string currentTime;

@@ -35,7 +35,7 @@ void PathTrip::Add(const TrackPoint& point) {
   box.Widen(point.latitude, point.longitude);
 }
 
-/// At the mean of the speeds at both ends, over whole seconds.
+/// Adds a stretch driven at the mean of both speeds, over whole seconds.
 void PathTrip::AddStretch(std::int64_t units, float speedKmh) {
   const auto seconds = Saturated<std::int32_t>(units / FILE_TIME_PER_SECOND);
   elapsedSeconds = Saturated<std::int32_t>(std::int64_t{elapsedSeconds} + seconds);

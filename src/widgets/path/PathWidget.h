@@ -66,7 +66,7 @@ class PathWidget : public Widget {
   PathTrip trip;
   PathIndex index;
   PathLayer layer;
-  RECT pathArea = {};  ///< where the last frame had the path
+  RECT pathArea = {};  ///< area of the path in the last frame
   POINT pan = {};
   float zoom = 1;
   bool isCenterRequested = false;

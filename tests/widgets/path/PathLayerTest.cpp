@@ -1,5 +1,5 @@
-// The path as it is drawn, against the plain way: every point projected, one line through all of
-// them with its last pixel, clipped to the area. Not one pixel may differ.
+// The path as it is drawn, compared with the plain way: every point projected, one polyline through
+// all of them with its last pixel, clipped to the area. Not one pixel may differ.
 
 #include <gtest/gtest.h>
 

@@ -7,7 +7,7 @@
 
 namespace ferolin {
 
-/// A point in NMEA form, so many seconds into March 2024.
+/// A point in NMEA form, `second` seconds into March 2024.
 inline TrackPoint PathPointAt(float latitude, float longitude, float kmh, int second) {
   const auto part = [](int number) { return static_cast<WORD>(number); };
   const SYSTEMTIME time = {2024,
