@@ -83,7 +83,7 @@ void PathPanel::LayOutColumn(SIZE frame) {
   for (const Item item : ITEMS) {
     height += ItemHeight(item);
   }
-  const int gap = std::max<int>(0, (frame.cy - height) / (ITEM_COUNT + 1));
+  const int gap = std::max<int>(0, (frame.cy - height) / (static_cast<int>(ITEM_COUNT) + 1));
   const int textLeft = left + (isSpeedLarge ? LARGE_INSET : INSET);
   int top = gap;
   for (const Item item : ITEMS) {
