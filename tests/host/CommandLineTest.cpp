@@ -17,8 +17,8 @@ std::string ErrorOf(const std::vector<std::string>& arguments) {
 
 TEST(CommandLine, ShowsTheDemoByDefault) {
   const Options options = ParseOptions({});
-  EXPECT_EQ(options.action, Options::Action::RUN);
-  EXPECT_EQ(options.source, Options::Source::DEMO);
+  EXPECT_EQ(Options::Action::RUN, options.action);
+  EXPECT_EQ(Options::Source::DEMO, options.source);
   EXPECT_FALSE(options.rate);
   EXPECT_FALSE(options.json || options.raw || options.newTrip || options.writeKml);
   EXPECT_FALSE(options.limits);
@@ -27,37 +27,37 @@ TEST(CommandLine, ShowsTheDemoByDefault) {
 
 TEST(CommandLine, TakesAPortWithItsBaudRate) {
   const Options options = ParseOptions({"--port", "/dev/ttyUSB0", "--baud", "4800"});
-  EXPECT_EQ(options.source, Options::Source::PORT);
-  EXPECT_EQ(options.device, "/dev/ttyUSB0");
-  EXPECT_EQ(options.baud, 4800);
+  EXPECT_EQ(Options::Source::PORT, options.source);
+  EXPECT_EQ("/dev/ttyUSB0", options.device);
+  EXPECT_EQ(4800, options.baud);
 }
 
 TEST(CommandLine, LeavesOutValuesThatWereUsedBefore) {
   const Options port = ParseOptions({"--port", "--json"});
-  EXPECT_EQ(port.source, Options::Source::PORT);
-  EXPECT_EQ(port.device, "");
+  EXPECT_EQ(Options::Source::PORT, port.source);
+  EXPECT_EQ("", port.device);
   EXPECT_TRUE(port.json);
   const Options gpsd = ParseOptions({"--gpsd", "--kml"});
-  EXPECT_EQ(gpsd.source, Options::Source::GPSD);
-  EXPECT_EQ(gpsd.gpsd, "");
+  EXPECT_EQ(Options::Source::GPSD, gpsd.source);
+  EXPECT_EQ("", gpsd.gpsd);
   EXPECT_TRUE(gpsd.writeKml);
-  EXPECT_EQ(gpsd.kmlFolder, "");
+  EXPECT_EQ("", gpsd.kmlFolder);
 }
 
 TEST(CommandLine, TakesValuesBehindAnEqualsSign) {
   const Options options = ParseOptions({"--nmea=a=b.nmea", "--rate=max", "--sms-text=--"});
-  EXPECT_EQ(options.file, "a=b.nmea");
-  EXPECT_EQ(options.rate, 0);
-  EXPECT_EQ(options.smsText, "--");
+  EXPECT_EQ("a=b.nmea", options.file);
+  EXPECT_EQ(0, options.rate);
+  EXPECT_EQ("--", options.smsText);
 }
 
 TEST(CommandLine, TakesStandardInputAsAFile) {
-  EXPECT_EQ(ParseOptions({"--nmea", "-"}).file, "-");
+  EXPECT_EQ("-", ParseOptions({"--nmea", "-"}).file);
 }
 
 TEST(CommandLine, TakesRates) {
-  EXPECT_EQ(ParseOptions({"--rate", "10"}).rate, 10);
-  EXPECT_EQ(ParseOptions({"--rate", "0.5"}).rate, 0.5);
+  EXPECT_EQ(10, ParseOptions({"--rate", "10"}).rate);
+  EXPECT_EQ(0.5, ParseOptions({"--rate", "0.5"}).rate);
   for (const char* rate : {"0", "-1", "fast", "nan", "1e9", "10x"}) {
     EXPECT_NE(ErrorOf({"--rate", rate}), "(accepted)") << rate;
   }
@@ -66,11 +66,11 @@ TEST(CommandLine, TakesRates) {
 TEST(CommandLine, TakesUpToThreeLimits) {
   const Options options = ParseOptions({"--limit", "50", "--limit", "90:5"});
   ASSERT_TRUE(options.limits);
-  ASSERT_EQ(options.limits->size(), 2u);
-  EXPECT_EQ((*options.limits)[0].kmh, 50);
-  EXPECT_EQ((*options.limits)[0].band, 10);
-  EXPECT_EQ((*options.limits)[1].kmh, 90);
-  EXPECT_EQ((*options.limits)[1].band, 5);
+  ASSERT_EQ(2u, options.limits->size());
+  EXPECT_EQ(50, (*options.limits)[0].kmh);
+  EXPECT_EQ(10, (*options.limits)[0].band);
+  EXPECT_EQ(90, (*options.limits)[1].kmh);
+  EXPECT_EQ(5, (*options.limits)[1].band);
   EXPECT_NE(ErrorOf({"--limit", "1", "--limit", "2", "--limit", "3", "--limit", "4"}),
             "(accepted)");
 }
@@ -88,24 +88,24 @@ TEST(CommandLine, RefusesLimitsThatMakeNoSense) {
 }
 
 TEST(CommandLine, ChoosesTheLanguage) {
-  EXPECT_EQ(ParseOptions({"--lang", "ru"}).language, "RUS");
-  EXPECT_EQ(ParseOptions({"--lang", "en"}).language, "ENU");
+  EXPECT_EQ("RUS", ParseOptions({"--lang", "ru"}).language);
+  EXPECT_EQ("ENU", ParseOptions({"--lang", "en"}).language);
   EXPECT_NE(ErrorOf({"--lang", "de"}), "(accepted)");
 }
 
 TEST(CommandLine, SwitchesTheBeepOnAndOff) {
-  EXPECT_EQ(ParseOptions({"--beep-on-zero"}).beepOnZero, true);
-  EXPECT_EQ(ParseOptions({"--no-beep-on-zero"}).beepOnZero, false);
+  EXPECT_EQ(true, ParseOptions({"--beep-on-zero"}).beepOnZero);
+  EXPECT_EQ(false, ParseOptions({"--no-beep-on-zero"}).beepOnZero);
 }
 
 TEST(CommandLine, CollectsResets) {
-  EXPECT_EQ(ParseOptions({"--reset", "Distance", "--reset", "Max speed"}).resets,
-            (std::vector<std::string>{"Distance", "Max speed"}));
+  EXPECT_EQ((std::vector<std::string>{"Distance", "Max speed"}),
+            ParseOptions({"--reset", "Distance", "--reset", "Max speed"}).resets);
 }
 
 TEST(CommandLine, RefusesTextsThatTheSettingsFileCannotHold) {
   EXPECT_NE(ErrorOf({"--sms-text", "a[b"}), "(accepted)");
-  EXPECT_EQ(ParseOptions({"--sms-text", "%Speed% km/h"}).smsText, "%Speed% km/h");
+  EXPECT_EQ("%Speed% km/h", ParseOptions({"--sms-text", "%Speed% km/h"}).smsText);
 }
 
 TEST(CommandLine, NamesWhatIsWrong) {
@@ -117,51 +117,51 @@ TEST(CommandLine, NamesWhatIsWrong) {
 }
 
 TEST(CommandLine, TellsWhatAValueShouldBe) {
-  EXPECT_EQ(ErrorOf({"--dpi", "47"}), "--dpi: \"47\" is not a whole number from 48 to 480");
-  EXPECT_EQ(ErrorOf({"--lang", "de"}), "--lang: \"de\" is not \"en\" or \"ru\"");
-  EXPECT_EQ(ErrorOf({"--rate", "-1"}),
-            "--rate: \"-1\" is not \"max\" or a number from 0.01 to 10000");
+  EXPECT_EQ("--dpi: \"47\" is not a whole number from 48 to 480", ErrorOf({"--dpi", "47"}));
+  EXPECT_EQ("--lang: \"de\" is not \"en\" or \"ru\"", ErrorOf({"--lang", "de"}));
+  EXPECT_EQ("--rate: \"-1\" is not \"max\" or a number from 0.01 to 10000",
+            ErrorOf({"--rate", "-1"}));
 }
 
 TEST(CommandLine, TellsThatAValueIsMissing) {
-  EXPECT_EQ(ErrorOf({"--json", "--nmea"}), "--nmea needs FILE");
-  EXPECT_EQ(ErrorOf({"--nmea=", "--json"}), "--nmea needs FILE");
-  EXPECT_EQ(ErrorOf({"--nmea", ""}), "--nmea needs FILE");
-  EXPECT_EQ(ErrorOf({"--json=yes"}), "--json takes no value");
+  EXPECT_EQ("--nmea needs FILE", ErrorOf({"--json", "--nmea"}));
+  EXPECT_EQ("--nmea needs FILE", ErrorOf({"--nmea=", "--json"}));
+  EXPECT_EQ("--nmea needs FILE", ErrorOf({"--nmea", ""}));
+  EXPECT_EQ("--json takes no value", ErrorOf({"--json=yes"}));
 }
 
 TEST(CommandLine, TakesAnEmptyOptionalValueForNone) {
   const Options options = ParseOptions({"--kml=", "--port=", "--json"});
-  EXPECT_EQ(options.kmlFolder, "");
-  EXPECT_EQ(options.source, Options::Source::PORT);
-  EXPECT_EQ(options.device, "");
+  EXPECT_EQ("", options.kmlFolder);
+  EXPECT_EQ(Options::Source::PORT, options.source);
+  EXPECT_EQ("", options.device);
   EXPECT_TRUE(options.json);
-  EXPECT_EQ(ErrorOf({"--kml=", "drive"}),
-            "unexpected argument \"drive\"; a recording is played with --nmea drive");
+  EXPECT_EQ("unexpected argument \"drive\"; a recording is played with --nmea drive",
+            ErrorOf({"--kml=", "drive"}));
 }
 
 TEST(CommandLine, LetsALaterOptionOverrideAnEarlierOne) {
-  EXPECT_EQ(ParseOptions({"--mirror", "--no-mirror"}).picture.mirror, false);
-  EXPECT_EQ(ParseOptions({"--no-mirror", "--mirror"}).picture.mirror, true);
-  EXPECT_EQ(ParseOptions({"--no-window", "--window"}).windowUse, Options::WindowUse::ALWAYS);
-  EXPECT_EQ(ParseOptions({"--window", "--no-window"}).windowUse, Options::WindowUse::NEVER);
-  EXPECT_EQ(ParseOptions({"--rate", "2", "--rate", "3"}).rate, 3);
-  EXPECT_EQ(ParseOptions({"--limit", "50", "--limit", "none", "--limit", "70"}).limits->size(), 1u);
+  EXPECT_EQ(false, ParseOptions({"--mirror", "--no-mirror"}).picture.mirror);
+  EXPECT_EQ(true, ParseOptions({"--no-mirror", "--mirror"}).picture.mirror);
+  EXPECT_EQ(Options::WindowUse::ALWAYS, ParseOptions({"--no-window", "--window"}).windowUse);
+  EXPECT_EQ(Options::WindowUse::NEVER, ParseOptions({"--window", "--no-window"}).windowUse);
+  EXPECT_EQ(3, ParseOptions({"--rate", "2", "--rate", "3"}).rate);
+  EXPECT_EQ(1u, ParseOptions({"--limit", "50", "--limit", "none", "--limit", "70"}).limits->size());
 }
 
 TEST(CommandLine, ReadsNumbersAsDecimal) {
-  EXPECT_EQ(ParseOptions({"--dpi", "0100"}).dpi, 100);
+  EXPECT_EQ(100, ParseOptions({"--dpi", "0100"}).dpi);
   EXPECT_NE(ErrorOf({"--dpi", "0x60"}), "(accepted)");
 }
 
 TEST(CommandLine, SuggestsTheOptionThatWasMeant) {
-  EXPECT_EQ(ErrorOf({"--mirorr"}), "unknown option --mirorr; did you mean --mirror?");
-  EXPECT_EQ(ErrorOf({"--Port=/dev/ttyS0"}), "unknown option --Port; did you mean --port?");
-  EXPECT_EQ(ErrorOf({"--json", "--prot", "/dev/ttyS0"}),
-            "unknown option --prot; did you mean --port?");
-  EXPECT_EQ(ErrorOf({"-json"}), "unknown option -json; did you mean --json?");
-  EXPECT_EQ(ErrorOf({"--bogus"}), "unknown option --bogus (see --help)");
-  EXPECT_EQ(ErrorOf({"--"}), "unknown option -- (see --help)");
+  EXPECT_EQ("unknown option --mirorr; did you mean --mirror?", ErrorOf({"--mirorr"}));
+  EXPECT_EQ("unknown option --Port; did you mean --port?", ErrorOf({"--Port=/dev/ttyS0"}));
+  EXPECT_EQ("unknown option --prot; did you mean --port?",
+            ErrorOf({"--json", "--prot", "/dev/ttyS0"}));
+  EXPECT_EQ("unknown option -json; did you mean --json?", ErrorOf({"-json"}));
+  EXPECT_EQ("unknown option --bogus (see --help)", ErrorOf({"--bogus"}));
+  EXPECT_EQ("unknown option -- (see --help)", ErrorOf({"--"}));
 }
 
 TEST(CommandLine, RefusesWhatDoesNotGoTogether) {
@@ -184,13 +184,13 @@ TEST(CommandLine, OpensAWindowUnlessOtherOutputIsAskedFor) {
 
 TEST(CommandLine, TakesTheSizeOfThePicture) {
   const Options usual = ParseOptions({});
-  EXPECT_EQ(usual.size.width, 800);
-  EXPECT_EQ(usual.size.height, 480);
-  EXPECT_EQ(usual.dpi, 96);
+  EXPECT_EQ(800, usual.size.width);
+  EXPECT_EQ(480, usual.size.height);
+  EXPECT_EQ(96, usual.dpi);
   const Options options = ParseOptions({"--size", "240x320", "--dpi", "192"});
-  EXPECT_EQ(options.size.width, 240);
-  EXPECT_EQ(options.size.height, 320);
-  EXPECT_EQ(options.dpi, 192);
+  EXPECT_EQ(240, options.size.width);
+  EXPECT_EQ(320, options.size.height);
+  EXPECT_EQ(192, options.dpi);
   for (const char* size : {"240", "x", "240x", "x320", "240x320x", "0x0", "63x64", "64x4097"}) {
     EXPECT_NE(ErrorOf({"--size", size}), "(accepted)") << size;
   }
@@ -200,26 +200,26 @@ TEST(CommandLine, TakesTheSizeOfThePicture) {
 TEST(CommandLine, TurnsThePictureOrLeavesItAsBefore) {
   const Options::Picture as = ParseOptions({}).picture;
   EXPECT_FALSE(as.mirror || as.flip || as.rotate || as.invert);
-  EXPECT_EQ(as.view, "");
+  EXPECT_EQ("", as.view);
   const Options::Picture picture =
       ParseOptions({"--mirror", "--no-flip", "--rotate", "--no-invert", "--view", "Speed"}).picture;
-  EXPECT_EQ(picture.mirror, true);
-  EXPECT_EQ(picture.flip, false);
-  EXPECT_EQ(picture.rotate, true);
-  EXPECT_EQ(picture.invert, false);
-  EXPECT_EQ(picture.view, "Speed");
+  EXPECT_EQ(true, picture.mirror);
+  EXPECT_EQ(false, picture.flip);
+  EXPECT_EQ(true, picture.rotate);
+  EXPECT_EQ(false, picture.invert);
+  EXPECT_EQ("Speed", picture.view);
 }
 
 TEST(CommandLine, EndsAfterUpdates) {
-  EXPECT_EQ(ParseOptions({}).updates, 0u);
-  EXPECT_EQ(ParseOptions({"--updates", "5"}).updates, 5u);
+  EXPECT_EQ(0u, ParseOptions({}).updates);
+  EXPECT_EQ(5u, ParseOptions({"--updates", "5"}).updates);
   EXPECT_NE(ErrorOf({"--updates", "0"}), "(accepted)");
 }
 
 TEST(CommandLine, AnswersHelpAndVersion) {
-  EXPECT_EQ(ParseOptions({"--help"}).action, Options::Action::HELP);
-  EXPECT_EQ(ParseOptions({"-h"}).action, Options::Action::HELP);
-  EXPECT_EQ(ParseOptions({"--version"}).action, Options::Action::VERSION);
+  EXPECT_EQ(Options::Action::HELP, ParseOptions({"--help"}).action);
+  EXPECT_EQ(Options::Action::HELP, ParseOptions({"-h"}).action);
+  EXPECT_EQ(Options::Action::VERSION, ParseOptions({"--version"}).action);
 }
 
 TEST(CommandLine, NamesEveryOptionInTheHelp) {

@@ -96,8 +96,8 @@ TEST(DemoDrive, StopsOnTheWayAndIsAtRestAtBothEnds) {
     stops += states[i].speed == 0 && states[i - 1].speed > 0 ? 1 : 0;
   }
   EXPECT_GE(stops, 4);
-  EXPECT_EQ(states.front().speed, 0);
-  EXPECT_EQ(states.back().speed, 0);
+  EXPECT_EQ(0, states.front().speed);
+  EXPECT_EQ(0, states.back().speed);
 }
 
 TEST(DemoDrive, LosesTheFixInATunnelOnce) {
@@ -108,7 +108,7 @@ TEST(DemoDrive, LosesTheFixInATunnelOnce) {
     entries += !states[i].hasFix && states[i - 1].hasFix ? 1 : 0;
     inside += states[i].hasFix ? 0 : 1;
   }
-  EXPECT_EQ(entries, 1);
+  EXPECT_EQ(1, entries);
   EXPECT_GE(inside, 20);
   EXPECT_LE(inside, 60);
 }
@@ -117,7 +117,7 @@ TEST(DemoDrive, AllChecksumsAreRight) {
   DemoDrive drive(START);
   for (int second = 0; second < DemoDrive::GetLapSeconds(); ++second) {
     for (const NmeaSentence& each : SentencesOf(drive)) {
-      ASSERT_EQ(each.checksum, NmeaSentence::Checksum::RIGHT) << each.GetText();
+      ASSERT_EQ(NmeaSentence::Checksum::RIGHT, each.checksum) << each.GetText();
     }
     drive.Advance();
   }
@@ -129,19 +129,19 @@ TEST(DemoDrive, EndsAnEpochWithTheRmc) {
   for (const NmeaSentence& each : sentences) {
     names.push_back(each.name);
   }
-  EXPECT_EQ(names,
-            (std::vector<std::string>{"GPGGA", "GPGSA", "GPGSV", "GPGSV", "GPGSV", "GPRMC"}));
+  EXPECT_EQ((std::vector<std::string>{"GPGGA", "GPGSA", "GPGSV", "GPGSV", "GPGSV", "GPRMC"}),
+            names);
 }
 
 TEST(DemoDrive, TellsTimeDateAndPlaceOfTheStart) {
   // 55.7512 degrees are 55 degrees and 45.072 minutes, 37.5984 are 37 and 35.904.
   const NmeaSentence rmc = SentencesOf(DemoDrive(START)).back();
-  EXPECT_EQ(rmc.fields[0], "060000");
-  EXPECT_EQ(rmc.fields[1], "A");
-  EXPECT_EQ(rmc.fields[2], "5545.07200");
-  EXPECT_EQ(rmc.fields[4], "03735.90400");
-  EXPECT_EQ(rmc.fields[6], "000.00");
-  EXPECT_EQ(rmc.fields[8], "010624");
+  EXPECT_EQ("060000", rmc.fields[0]);
+  EXPECT_EQ("A", rmc.fields[1]);
+  EXPECT_EQ("5545.07200", rmc.fields[2]);
+  EXPECT_EQ("03735.90400", rmc.fields[4]);
+  EXPECT_EQ("000.00", rmc.fields[6]);
+  EXPECT_EQ("010624", rmc.fields[8]);
 }
 
 TEST(DemoDrive, KeepsTwelveSatellitesInPlausiblePlaces) {
@@ -156,7 +156,7 @@ TEST(DemoDrive, KeepsTwelveSatellitesInPlausiblePlaces) {
       if (each.name != "GPGSV") {
         continue;
       }
-      ASSERT_EQ(each.fields.size(), 19u);
+      ASSERT_EQ(19u, each.fields.size());
       for (std::size_t i = 3; i < each.fields.size(); i += 4) {
         const int elevation = std::stoi(each.fields[i + 1]);
         const int azimuth = std::stoi(each.fields[i + 2]);
@@ -171,7 +171,7 @@ TEST(DemoDrive, KeepsTwelveSatellitesInPlausiblePlaces) {
         }
       }
     }
-    ASSERT_EQ(received, used) << second;
+    ASSERT_EQ(used, received) << second;
     ASSERT_TRUE(drive.GetState().hasFix ? received >= 4 : received == 0) << second;
     drive.Advance();
   }
@@ -183,16 +183,16 @@ TEST(DemoDrive, HasNoPositionInTheTunnel) {
     drive.Advance();
   }
   const NmeaSentence rmc = SentencesOf(drive).back();
-  EXPECT_EQ(rmc.fields[1], "V");
-  EXPECT_EQ(rmc.fields[2], "");
-  EXPECT_EQ(rmc.fields[6], "");
+  EXPECT_EQ("V", rmc.fields[1]);
+  EXPECT_EQ("", rmc.fields[2]);
+  EXPECT_EQ("", rmc.fields[6]);
 }
 
 TEST(DemoDrive, IsTheSameEveryTime) {
   DemoDrive one(START);
   DemoDrive other(START);
   for (int second = 0; second < 300; ++second) {
-    ASSERT_EQ(one.GetSentences(), other.GetSentences());
+    ASSERT_EQ(other.GetSentences(), one.GetSentences());
     one.Advance();
     other.Advance();
   }
@@ -205,7 +205,7 @@ TEST(DemoDrive, GoesOnAfterALap) {
   }
   const DemoState end = drive.GetState();
   drive.Advance();
-  EXPECT_EQ(drive.GetState().second, end.second + 1);
+  EXPECT_EQ(end.second + 1, drive.GetState().second);
   EXPECT_LT(Distance(end, drive.GetState()), 5);
 }
 

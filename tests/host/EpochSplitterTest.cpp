@@ -23,15 +23,15 @@ class EpochSplitterTest : public testing::Test {
 
 TEST_F(EpochSplitterTest, CutsBehindTheRmc) {
   bridged.Add(GGA + END + RMC + END + GGA + END + GGA + END + LATER_RMC + END + GGA + END);
-  ASSERT_EQ(epochs.size(), 2u);
-  EXPECT_EQ(epochs[0].bytes, GGA + END + RMC + END);
-  EXPECT_EQ(epochs[0].updates, 1);
-  EXPECT_EQ(epochs[1].bytes, GGA + END + GGA + END + LATER_RMC + END);
+  ASSERT_EQ(2u, epochs.size());
+  EXPECT_EQ(GGA + END + RMC + END, epochs[0].bytes);
+  EXPECT_EQ(1, epochs[0].updates);
+  EXPECT_EQ(GGA + END + GGA + END + LATER_RMC + END, epochs[1].bytes);
   bridged.Finish();
-  ASSERT_EQ(epochs.size(), 3u);
-  EXPECT_EQ(epochs[2].bytes, GGA + END);
-  EXPECT_EQ(epochs[2].updates, 0);
-  EXPECT_EQ(bridged.GetSentences(), 6u);
+  ASSERT_EQ(3u, epochs.size());
+  EXPECT_EQ(GGA + END, epochs[2].bytes);
+  EXPECT_EQ(0, epochs[2].updates);
+  EXPECT_EQ(6u, bridged.GetSentences());
 }
 
 TEST_F(EpochSplitterTest, DoesNotCareHowTheBytesArrive) {
@@ -39,51 +39,51 @@ TEST_F(EpochSplitterTest, DoesNotCareHowTheBytesArrive) {
   for (const char byte : all) {
     bridged.Add(std::string(1, byte));
   }
-  ASSERT_EQ(epochs.size(), 2u);
-  EXPECT_EQ(epochs[0].bytes + epochs[1].bytes, all);
+  ASSERT_EQ(2u, epochs.size());
+  EXPECT_EQ(all, epochs[0].bytes + epochs[1].bytes);
 }
 
 TEST_F(EpochSplitterTest, MakesAnyLineEndCarriageReturnAndLineFeed) {
   bridged.Add(GGA + "\n" + GGA + "\r" + GGA + "\r\n" + RMC + "\n");
-  ASSERT_EQ(epochs.size(), 1u);
-  EXPECT_EQ(epochs[0].bytes, GGA + END + GGA + END + GGA + END + RMC + END);
+  ASSERT_EQ(1u, epochs.size());
+  EXPECT_EQ(GGA + END + GGA + END + GGA + END + RMC + END, epochs[0].bytes);
 }
 
 TEST_F(EpochSplitterTest, TakesALastSentenceWithoutLineEnd) {
   bridged.Add(RMC);
   EXPECT_TRUE(epochs.empty());
   bridged.Finish();
-  ASSERT_EQ(epochs.size(), 1u);
-  EXPECT_EQ(epochs[0].bytes, RMC + END);
+  ASSERT_EQ(1u, epochs.size());
+  EXPECT_EQ(RMC + END, epochs[0].bytes);
 }
 
 TEST_F(EpochSplitterTest, DropsAndCountsWhatIsNoSentence) {
   bridged.Add("****** program startup\r\n\r\n\xB5\x62\x01\x02\r\n!AIVDM,1\r\n$" +
               std::string(EpochSplitter::MAX_SENTENCE, 'x') + "\r\n$GP\x01\x02\r\n" + RMC + END);
-  ASSERT_EQ(epochs.size(), 1u);
-  EXPECT_EQ(epochs[0].bytes, RMC + END);
-  EXPECT_EQ(bridged.GetLinesDropped(), 5u);
+  ASSERT_EQ(1u, epochs.size());
+  EXPECT_EQ(RMC + END, epochs[0].bytes);
+  EXPECT_EQ(5u, bridged.GetLinesDropped());
 }
 
 TEST_F(EpochSplitterTest, FindsASentenceBehindALoggersTimeStamp) {
   bridged.Add("1700000000.25 " + RMC + END);
-  ASSERT_EQ(epochs.size(), 1u);
-  EXPECT_EQ(epochs[0].bytes, RMC + END);
+  ASSERT_EQ(1u, epochs.size());
+  EXPECT_EQ(RMC + END, epochs[0].bytes);
 }
 
 TEST_F(EpochSplitterTest, RewritesThroughTheBridgeAndKeepsTheFractionForThePace) {
   bridged.Add("$GNRMC,120000.25,A,1,N,2,E,3,4,020170,,\r\n");
-  ASSERT_EQ(epochs.size(), 1u);
-  EXPECT_EQ(epochs[0].bytes.substr(0, 14), "$GPRMC,120000,");
+  ASSERT_EQ(1u, epochs.size());
+  EXPECT_EQ("$GPRMC,120000,", epochs[0].bytes.substr(0, 14));
   // 2070-01-02: 100 years with 25 leap days (1972 to 2068) and one day; noon and a quarter second.
-  EXPECT_EQ(epochs[0].timeMs, (100LL * 365 + 25 + 1) * 86400000 + 43200250);
+  EXPECT_EQ((100LL * 365 + 25 + 1) * 86400000 + 43200250, epochs[0].timeMs);
 }
 
 TEST_F(EpochSplitterTest, TellsTheTimeOfDayWhenThereIsNoDate) {
   bridged.Add("$GPRMC,000102,V,,,,,,,,,\r\n$GPRMC,,V,,,,,,,010120,,\r\n");
-  ASSERT_EQ(epochs.size(), 2u);
-  EXPECT_EQ(epochs[0].timeMs, 62000);
-  EXPECT_EQ(epochs[1].timeMs, std::nullopt);
+  ASSERT_EQ(2u, epochs.size());
+  EXPECT_EQ(62000, epochs[0].timeMs);
+  EXPECT_EQ(std::nullopt, epochs[1].timeMs);
 }
 
 TEST_F(EpochSplitterTest, ExpectsNoUpdateOfAnRmcThatTheEngineWillNotTake) {
@@ -92,8 +92,8 @@ TEST_F(EpochSplitterTest, ExpectsNoUpdateOfAnRmcThatTheEngineWillNotTake) {
       "$GPRMC,1,2,3,4,5,6,7,8,9\r\n$GPRMCX,1,2,3,4,5,6,7,8,9,0\r\n$GNRMC,1,2,3,4,5,6,7,8,9,0\r\n");
   EXPECT_TRUE(epochs.empty());
   raw.Add("$GPRMC,1,2,3,4,5,6,7,8,9*00\r\n");
-  ASSERT_EQ(epochs.size(), 1u);
-  EXPECT_EQ(epochs[0].updates, 1);
+  ASSERT_EQ(1u, epochs.size());
+  EXPECT_EQ(1, epochs[0].updates);
 }
 
 TEST_F(EpochSplitterTest, NeverMakesAPieceLargerThanTheEnginesBuffer) {
@@ -103,16 +103,16 @@ TEST_F(EpochSplitterTest, NeverMakesAPieceLargerThanTheEnginesBuffer) {
   }
   all += RMC + END;
   bridged.Add(all);
-  ASSERT_EQ(epochs.size(), 3u);  // 300 * 19 + 38 = 5738 bytes
+  ASSERT_EQ(3u, epochs.size());  // 300 * 19 + 38 = 5738 bytes
   std::string together;
   for (const Epoch& each : epochs) {
     EXPECT_LE(each.bytes.size(), EpochSplitter::MAX_BYTES);
     EXPECT_TRUE(each.bytes.ends_with(END));
     together += each.bytes;
   }
-  EXPECT_EQ(together, all);
-  EXPECT_EQ(epochs[0].updates, 0);
-  EXPECT_EQ(epochs[2].updates, 1);
+  EXPECT_EQ(all, together);
+  EXPECT_EQ(0, epochs[0].updates);
+  EXPECT_EQ(1, epochs[2].updates);
 }
 
 TEST_F(EpochSplitterTest, ChangesNoByteWithoutABridge) {
@@ -123,21 +123,21 @@ TEST_F(EpochSplitterTest, ChangesNoByteWithoutABridge) {
   for (const Epoch& each : epochs) {
     together += each.bytes;
   }
-  EXPECT_EQ(together, odd);
+  EXPECT_EQ(odd, together);
 }
 
 TEST_F(EpochSplitterTest, ExpectsNoUpdateOfALineFeedOnlyRmcWithoutABridge) {
   raw.Add(RMC + "\n");
   raw.Finish();
-  ASSERT_EQ(epochs.size(), 1u);
-  EXPECT_EQ(epochs[0].updates, 0);
+  ASSERT_EQ(1u, epochs.size());
+  EXPECT_EQ(0, epochs[0].updates);
 }
 
 TEST_F(EpochSplitterTest, TellsHowFarItIsInTheSource) {
   const std::string first = "noise\r\n" + RMC + END;
   bridged.Add(first + GGA);
-  ASSERT_EQ(epochs.size(), 1u);
-  EXPECT_EQ(epochs[0].sourceOffset, first.size());
+  ASSERT_EQ(1u, epochs.size());
+  EXPECT_EQ(first.size(), epochs[0].sourceOffset);
 }
 
 }  // namespace

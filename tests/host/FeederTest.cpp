@@ -77,34 +77,34 @@ class FeederTest : public testing::Test {
 
 TEST_F(FeederTest, WritesTheNextEpochOnlyAfterTheAnswerToTheOneBefore) {
   Feed(GGA + RMC + GGA + RMC);
-  EXPECT_EQ(Receive(GGA.size() + RMC.size()), GGA + RMC);
+  EXPECT_EQ(GGA + RMC, Receive(GGA.size() + RMC.size()));
   EXPECT_TRUE(IsSilent());
   EXPECT_FALSE(ended);
   feeder->Answer();
-  EXPECT_EQ(Receive(GGA.size() + RMC.size()), GGA + RMC);
+  EXPECT_EQ(GGA + RMC, Receive(GGA.size() + RMC.size()));
   feeder->Answer();
   WaitForEnd();
-  EXPECT_EQ(feeder->GetReport().progress, 1.0);
-  EXPECT_EQ(feeder->GetReport().sentences, 4u);
-  EXPECT_EQ(feeder->GetReport().updatesMissed, 0u);
+  EXPECT_EQ(1.0, feeder->GetReport().progress);
+  EXPECT_EQ(4u, feeder->GetReport().sentences);
+  EXPECT_EQ(0u, feeder->GetReport().updatesMissed);
 }
 
 TEST_F(FeederTest, DoesNotHangOnSentencesWithoutAnUpdate) {
   Feed(GGA + GGA);
-  EXPECT_EQ(Receive(2 * GGA.size()), GGA + GGA);
+  EXPECT_EQ(GGA + GGA, Receive(2 * GGA.size()));
   WaitForEnd();
 }
 
 TEST_F(FeederTest, DoesNotHangWhenAnUpdateDoesNotCome) {
   Feed(RMC);
-  EXPECT_EQ(Receive(RMC.size()), RMC);
+  EXPECT_EQ(RMC, Receive(RMC.size()));
   WaitForEnd();
-  EXPECT_EQ(feeder->GetReport().updatesMissed, 1u);
+  EXPECT_EQ(1u, feeder->GetReport().updatesMissed);
 }
 
 TEST_F(FeederTest, WritesTogetherWhatAReceiverHasSentMeanwhile) {
   Feed(RMC + RMC + RMC, true);
-  EXPECT_EQ(Receive(3 * RMC.size()), RMC + RMC + RMC);
+  EXPECT_EQ(RMC + RMC + RMC, Receive(3 * RMC.size()));
   feeder->Answer();
   feeder->Answer();
   EXPECT_FALSE(ended);
@@ -114,7 +114,7 @@ TEST_F(FeederTest, WritesTogetherWhatAReceiverHasSentMeanwhile) {
 
 TEST_F(FeederTest, StopsWhileItWaitsForAnAnswer) {
   Feed(RMC + RMC);
-  EXPECT_EQ(Receive(RMC.size()), RMC);
+  EXPECT_EQ(RMC, Receive(RMC.size()));
   feeder->Stop();
   EXPECT_TRUE(IsSilent());
 }

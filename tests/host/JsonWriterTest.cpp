@@ -15,29 +15,30 @@ std::string Written(const std::string& value) {
 }
 
 TEST(JsonWriter, EscapesWhatJsonWants) {
-  EXPECT_EQ(Written("55°37'37'' NL"), "\"55°37'37'' NL\"");
-  EXPECT_EQ(Written("a\"b\\c"), "\"a\\\"b\\\\c\"");
-  EXPECT_EQ(Written("\n\r\t\x01\x1F"), "\"\\n\\r\\t\\u0001\\u001f\"");
+  EXPECT_EQ("\"55°37'37'' NL\"", Written("55°37'37'' NL"));
+  EXPECT_EQ("\"a\\\"b\\\\c\"", Written("a\"b\\c"));
+  EXPECT_EQ("\"\\n\\r\\t\\u0001\\u001f\"", Written("\n\r\t\x01\x1F"));
 }
 
 TEST(JsonWriter, ReplacesBytesThatAreNoUtf8) {
-  EXPECT_EQ(Written("a\xFFz"), "\"a\xEF\xBF\xBDz\"");
-  EXPECT_EQ(Written("\xD0"), "\"\xEF\xBF\xBD\"");
-  EXPECT_EQ(JsonEnd(0, {{"\xD0", "1"}}),
-            "{\"end\":true,\"updates\":0,\"registry\":{\"\xEF\xBF\xBD\":\"1\"}}\n");
+  EXPECT_EQ("\"a\xEF\xBF\xBDz\"", Written("a\xFFz"));
+  EXPECT_EQ("\"\xEF\xBF\xBD\"", Written("\xD0"));
+  EXPECT_EQ("{\"end\":true,\"updates\":0,\"registry\":{\"\xEF\xBF\xBD\":\"1\"}}\n",
+            JsonEnd(0, {{"\xD0", "1"}}));
 }
 
 TEST(JsonWriter, WritesAnUpdateInTheEnginesOrder) {
   const Update update = {12, 0.5, {{"GPS status", "OK"}, {"Speed", ""}, {"Altitude", "12.5 m"}}};
-  EXPECT_EQ(JsonUpdate(update),
-            "{\"update\":12,\"sensors\":{\"GPS status\":\"OK\",\"Speed\":\"\",\"Altitude\":\"12.5 "
-            "m\"}}\n");
+  EXPECT_EQ(
+      "{\"update\":12,\"sensors\":{\"GPS status\":\"OK\",\"Speed\":\"\",\"Altitude\":\"12.5 "
+      "m\"}}\n",
+      JsonUpdate(update));
 }
 
 TEST(JsonWriter, WritesTheEnd) {
-  EXPECT_EQ(JsonEnd(3, {{"Distance", "1.5"}, {"Путь", "2;3"}}),
-            "{\"end\":true,\"updates\":3,\"registry\":{\"Distance\":\"1.5\",\"Путь\":\"2;3\"}}\n");
-  EXPECT_EQ(JsonEnd(0, {}), "{\"end\":true,\"updates\":0,\"registry\":{}}\n");
+  EXPECT_EQ("{\"end\":true,\"updates\":3,\"registry\":{\"Distance\":\"1.5\",\"Путь\":\"2;3\"}}\n",
+            JsonEnd(3, {{"Distance", "1.5"}, {"Путь", "2;3"}}));
+  EXPECT_EQ("{\"end\":true,\"updates\":0,\"registry\":{}}\n", JsonEnd(0, {}));
 }
 
 }  // namespace

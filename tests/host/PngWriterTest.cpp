@@ -19,13 +19,14 @@ TEST(PngWriter, WritesEveryPixelFromTheTop) {
   png_image image = {};
   image.version = PNG_IMAGE_VERSION;
   ASSERT_NE(png_image_begin_read_from_file(&image, path.c_str()), 0) << image.message;
-  ASSERT_EQ(image.width, 2u);
-  ASSERT_EQ(image.height, 2u);
+  ASSERT_EQ(2u, image.width);
+  ASSERT_EQ(2u, image.height);
   image.format = PNG_FORMAT_RGB;
   std::array<std::uint8_t, 12> bytes = {};
   ASSERT_NE(png_image_finish_read(&image, nullptr, bytes.data(), 0, nullptr), 0);
-  EXPECT_EQ(bytes, (std::array<std::uint8_t, 12>{0xFF, 0, 0, 0, 0xFF, 0,  //
-                                                 0, 0, 0xFF, 0x12, 0x34, 0x56}));
+  EXPECT_EQ((std::array<std::uint8_t, 12>{0xFF, 0, 0, 0, 0xFF, 0,  //
+                                          0, 0, 0xFF, 0x12, 0x34, 0x56}),
+            bytes);
 }
 
 TEST(PngWriter, RefusesWhatCannotBeWritten) {

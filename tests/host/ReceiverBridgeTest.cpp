@@ -23,21 +23,21 @@ TEST(ReceiverBridge, LeavesWhatTheEngineKnowsUntouched) {
         "$GPGGA,235234,3925.9702,N,11945.9354,W,1,10,0.8,1378.6,M,-22.1,M,,*4D",
         "$GPGSV,3,1,12,04,16,162,46,07,84,207,48,08,34,135,45,09,17,315,38*74"}) {
     ReceiverBridge bridge;
-    EXPECT_EQ(bridge.Rewrite(text), text);
-    EXPECT_EQ(bridge.GetCounts(), ReceiverBridge::Counts());
+    EXPECT_EQ(text, bridge.Rewrite(text));
+    EXPECT_EQ(ReceiverBridge::Counts(), bridge.GetCounts());
   }
 }
 
 TEST(ReceiverBridge, LeavesOtherSentencesUntouched) {
   for (const std::string text : {"$GNZDA,1*00", "$PGRME,2.3,M*00", "$PARMC,x", "$", "$GN", "$*"}) {
-    EXPECT_EQ(Rewritten(text), text);
+    EXPECT_EQ(text, Rewritten(text));
   }
 }
 
 TEST(ReceiverBridge, RenamesEveryTalkerForTheSixTypes) {
   for (const std::string talker : {"GN", "GL", "GA", "GB", "BD", "GQ", "GI", "II"}) {
     for (const std::string type : {"RMC", "GGA", "GSA", "GLL"}) {
-      EXPECT_EQ(Rewritten(Sound("$" + talker + type + ",1,2")), Sound("$GP" + type + ",1,2"));
+      EXPECT_EQ(Sound("$GP" + type + ",1,2"), Rewritten(Sound("$" + talker + type + ",1,2")));
     }
   }
 }
@@ -48,50 +48,50 @@ TEST(ReceiverBridge, RemembersWhichTalkersItRenamed) {
   bridge.Rewrite("$GNGLL,1");
   bridge.Rewrite("$GLGSA,1");
   bridge.Rewrite("$GPGGA,1");
-  EXPECT_EQ(bridge.GetTalkers(), (std::set<std::string>{"GL", "GN"}));
-  EXPECT_EQ(bridge.GetCounts().talkers, 3u);
+  EXPECT_EQ((std::set<std::string>{"GL", "GN"}), bridge.GetTalkers());
+  EXPECT_EQ(3u, bridge.GetCounts().talkers);
 }
 
 TEST(ReceiverBridge, CutsFractionsOfSecondsAndKeepsTheDate) {
-  EXPECT_EQ(Rewritten(Sound("$GNRMC,053229.438,V,,,,,,,020315,,,N")),
-            Sound("$GPRMC,053229,V,,,,,,,020315,,,N"));
-  EXPECT_EQ(Rewritten(Sound("$GPRMC,235959.99,A,1,N,2,E,3,4,010100,,,A")),
-            Sound("$GPRMC,235959,A,1,N,2,E,3,4,010100,,,A"));
-  EXPECT_EQ(Rewritten(Sound("$GPRMC,235959.,A")), Sound("$GPRMC,235959,A"));
+  EXPECT_EQ(Sound("$GPRMC,053229,V,,,,,,,020315,,,N"),
+            Rewritten(Sound("$GNRMC,053229.438,V,,,,,,,020315,,,N")));
+  EXPECT_EQ(Sound("$GPRMC,235959,A,1,N,2,E,3,4,010100,,,A"),
+            Rewritten(Sound("$GPRMC,235959.99,A,1,N,2,E,3,4,010100,,,A")));
+  EXPECT_EQ(Sound("$GPRMC,235959,A"), Rewritten(Sound("$GPRMC,235959.,A")));
 }
 
 TEST(ReceiverBridge, LeavesTimesOfOtherSentencesAlone) {
   const std::string text = Sound("$GPGGA,053229.438,,,,,0,00,,,M,0.0,M,,0000");
-  EXPECT_EQ(Rewritten(text), text);
+  EXPECT_EQ(text, Rewritten(text));
 }
 
 TEST(ReceiverBridge, ToleratesAnRmcWithoutFields) {
-  EXPECT_EQ(Rewritten("$GPRMC"), "$GPRMC");
-  EXPECT_EQ(Rewritten("$GPRMC,"), "$GPRMC,");
+  EXPECT_EQ("$GPRMC", Rewritten("$GPRMC"));
+  EXPECT_EQ("$GPRMC,", Rewritten("$GPRMC,"));
 }
 
 TEST(ReceiverBridge, NeverMakesADamagedSentenceLookSound) {
   ReceiverBridge bridge;
-  EXPECT_EQ(bridge.Rewrite("$GNRMC,053229.438,V,,,,,,,020315,,,N*00"),
-            "$GNRMC,053229.438,V,,,,,,,020315,,,N*00");
-  EXPECT_EQ(bridge.GetCounts().damaged, 1u);
-  EXPECT_EQ(bridge.GetCounts().talkers, 0u);
+  EXPECT_EQ("$GNRMC,053229.438,V,,,,,,,020315,,,N*00",
+            bridge.Rewrite("$GNRMC,053229.438,V,,,,,,,020315,,,N*00"));
+  EXPECT_EQ(1u, bridge.GetCounts().damaged);
+  EXPECT_EQ(0u, bridge.GetCounts().talkers);
 }
 
 TEST(ReceiverBridge, FillsAShortSatelliteListUpToFour) {
   // Two satellites: fields for two more stay empty.
-  EXPECT_EQ(Rewritten(Sound("$GPGSV,1,1,02,05,10,020,30,06,40,050,")),
-            Sound(std::string("$GPGSV,1,1,02,05,10,020,30,06,40,050,") + NO_SATELLITES));
-  EXPECT_EQ(Rewritten(Sound("$GPGSV,1,1,00")),
-            Sound(std::string("$GPGSV,1,1,00") + NO_SATELLITES + NO_SATELLITES));
+  EXPECT_EQ(Sound(std::string("$GPGSV,1,1,02,05,10,020,30,06,40,050,") + NO_SATELLITES),
+            Rewritten(Sound("$GPGSV,1,1,02,05,10,020,30,06,40,050,")));
+  EXPECT_EQ(Sound(std::string("$GPGSV,1,1,00") + NO_SATELLITES + NO_SATELLITES),
+            Rewritten(Sound("$GPGSV,1,1,00")));
 }
 
 TEST(ReceiverBridge, TakesTheSignalNumberOffASatelliteList) {
-  EXPECT_EQ(Rewritten(Sound("$GPGSV,1,1,04,1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,1")),
-            Sound("$GPGSV,1,1,04,1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16"));
+  EXPECT_EQ(Sound("$GPGSV,1,1,04,1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16"),
+            Rewritten(Sound("$GPGSV,1,1,04,1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,1")));
   // The number of the signal, 6, must not become a satellite.
-  EXPECT_EQ(Rewritten(Sound("$GPGSV,1,1,01,05,10,020,30,6")),
-            Sound(std::string("$GPGSV,1,1,01,05,10,020,30") + ",,,," + NO_SATELLITES));
+  EXPECT_EQ(Sound(std::string("$GPGSV,1,1,01,05,10,020,30") + ",,,," + NO_SATELLITES),
+            Rewritten(Sound("$GPGSV,1,1,01,05,10,020,30,6")));
 }
 
 TEST(ReceiverBridge, KeepsSatellitesOfOtherSystemsApartFromThoseOfGps) {
@@ -107,32 +107,32 @@ TEST(ReceiverBridge, KeepsSatellitesOfOtherSystemsApartFromThoseOfGps) {
         Case{"GQ", "193", "193"}, Case{"GN", "05", "05"}}) {
     const std::string rewritten =
         Rewritten(Sound(std::string("$") + each.talker + "GSV,1,1,01," + each.own + ",40,100,33"));
-    EXPECT_EQ(rewritten.substr(0, rewritten.find(",40,")),
-              std::string("$GPGSV,1,1,01,") + each.apart)
+    EXPECT_EQ(std::string("$GPGSV,1,1,01,") + each.apart,
+              rewritten.substr(0, rewritten.find(",40,")))
         << each.talker;
   }
 }
 
 TEST(ReceiverBridge, PutsTheKnotsWhereTheEngineLooksForThem) {
-  EXPECT_EQ(Rewritten(Sound("$GPVTG,054.7,T,034.4,M,005.5,N,010.2,K,A")),
-            Sound("$GPVTG,054.7,034.4,005.5,010.2"));
-  EXPECT_EQ(Rewritten(Sound("$GNVTG,,T,,M,0.012,N,0.022,K,D")), Sound("$GPVTG,,,0.012,0.022"));
-  EXPECT_EQ(Rewritten(Sound("$GPVTG,054.7,T,034.4,M,005.5")), Sound("$GPVTG,054.7,034.4,005.5,"));
+  EXPECT_EQ(Sound("$GPVTG,054.7,034.4,005.5,010.2"),
+            Rewritten(Sound("$GPVTG,054.7,T,034.4,M,005.5,N,010.2,K,A")));
+  EXPECT_EQ(Sound("$GPVTG,,,0.012,0.022"), Rewritten(Sound("$GNVTG,,T,,M,0.012,N,0.022,K,D")));
+  EXPECT_EQ(Sound("$GPVTG,054.7,034.4,005.5,"), Rewritten(Sound("$GPVTG,054.7,T,034.4,M,005.5")));
 }
 
 TEST(ReceiverBridge, LeavesAVtgOfTheOldFormAlone) {
   const std::string text = Sound("$GPVTG,054.7,034.4,005.5,010.2");
-  EXPECT_EQ(Rewritten(text), text);
+  EXPECT_EQ(text, Rewritten(text));
 }
 
 TEST(ReceiverBridge, DropsAVtgWithoutSpeed) {
   ReceiverBridge bridge;
-  EXPECT_EQ(bridge.Rewrite(Sound("$GPVTG,,T,,M,,N,,K,N")), std::nullopt);
-  EXPECT_EQ(bridge.GetCounts().speedsDropped, 1u);
+  EXPECT_EQ(std::nullopt, bridge.Rewrite(Sound("$GPVTG,,T,,M,,N,,K,N")));
+  EXPECT_EQ(1u, bridge.GetCounts().speedsDropped);
 }
 
 TEST(ReceiverBridge, AddsAChecksumWhereItRewritesASentenceWithoutOne) {
-  EXPECT_EQ(Rewritten("$GNGLL,1,N"), Sound("$GPGLL,1,N"));
+  EXPECT_EQ(Sound("$GPGLL,1,N"), Rewritten("$GNGLL,1,N"));
 }
 
 }  // namespace

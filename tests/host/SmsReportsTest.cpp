@@ -6,14 +6,14 @@ namespace host {
 namespace {
 
 TEST(SmsReports, ReadTheReceiversClock) {
-  EXPECT_EQ(ParseClock("0:00:00"), 0);
-  EXPECT_EQ(ParseClock("9:05:07"), 9 * 3600 + 5 * 60 + 7);
-  EXPECT_EQ(ParseClock("23:59:59"), 86399);
+  EXPECT_EQ(0, ParseClock("0:00:00"));
+  EXPECT_EQ(9 * 3600 + 5 * 60 + 7, ParseClock("9:05:07"));
+  EXPECT_EQ(86399, ParseClock("23:59:59"));
 }
 
 TEST(SmsReports, TakeNothingElseForAClock) {
   for (const char* text : {"", "N/A", "12:30", "1:2:3:4", "1:2:", "a:b:c", "1:-2:3"}) {
-    EXPECT_EQ(ParseClock(text), std::nullopt) << text;
+    EXPECT_EQ(std::nullopt, ParseClock(text)) << text;
   }
 }
 

@@ -54,22 +54,23 @@ TEST(TerminalTable, LinesUpCyrillicAsLatin) {
       TerminalTable::LayOutReadouts(MakeUpdate("abc", "km").readouts, 80);
   const std::vector<std::string> cyrillic =
       TerminalTable::LayOutReadouts(MakeUpdate("абв", "км").readouts, 80);
-  ASSERT_EQ(latin.size(), cyrillic.size());
+  ASSERT_EQ(cyrillic.size(), latin.size());
   for (std::size_t i = 0; i < latin.size(); ++i) {
-    EXPECT_EQ(CountColumns(latin[i]), CountColumns(cyrillic[i]));
+    EXPECT_EQ(CountColumns(cyrillic[i]), CountColumns(latin[i]));
   }
 }
 
 TEST(TerminalTable, HasOneColumnOnANarrowTerminal) {
-  EXPECT_EQ(TerminalTable::LayOutReadouts(MakeUpdate("n", "v").readouts, 40).size(), 34u);
+  EXPECT_EQ(34u, TerminalTable::LayOutReadouts(MakeUpdate("n", "v").readouts, 40).size());
   EXPECT_LT(TerminalTable::LayOutReadouts(MakeUpdate("n", "v").readouts, 80).size(), 20u);
 }
 
 TEST(TerminalTable, PutsNameAndValueAtTheEndsOfACell) {
   // Cells of (80 - 4) / 2 = 38 columns; the first line holds sensors 0 and 11.
   const std::string line = TerminalTable::LayOutReadouts(MakeUpdate("Name", "v").readouts, 80)[0];
-  EXPECT_EQ(line, "Name0" + std::string(31, ' ') + "v0" + std::string(4, ' ') + "Name11" +
-                      std::string(29, ' ') + "v11");
+  EXPECT_EQ("Name0" + std::string(31, ' ') + "v0" + std::string(4, ' ') + "Name11" +
+                std::string(29, ' ') + "v11",
+            line);
 }
 
 TEST(TerminalTable, NamesSourceAndUpdate) {
@@ -80,16 +81,16 @@ TEST(TerminalTable, NamesSourceAndUpdate) {
 
 TEST(TerminalTable, ShowsProgressOnlyWhenThereIsAnEnd) {
   Update update = MakeUpdate("n", "v");
-  EXPECT_EQ(Joined(TerminalTable("x").LayOut(update, 80, 24)).find('['), std::string::npos);
+  EXPECT_EQ(std::string::npos, Joined(TerminalTable("x").LayOut(update, 80, 24)).find('['));
   update.progress = 0.25;
   EXPECT_NE(Joined(TerminalTable("x").LayOut(update, 80, 24)).find("25 %"), std::string::npos);
 }
 
 TEST(TerminalTable, DrawsABarOfTheShare) {
-  EXPECT_EQ(TerminalTable::Bar(0.5, 18), "[#####.....]  50 %");
-  EXPECT_EQ(TerminalTable::Bar(0, 12), "[....]   0 %");
-  EXPECT_EQ(TerminalTable::Bar(1, 12), "[####] 100 %");
-  EXPECT_EQ(TerminalTable::Bar(1.5, 12), "[####] 100 %");
+  EXPECT_EQ("[#####.....]  50 %", TerminalTable::Bar(0.5, 18));
+  EXPECT_EQ("[....]   0 %", TerminalTable::Bar(0, 12));
+  EXPECT_EQ("[####] 100 %", TerminalTable::Bar(1, 12));
+  EXPECT_EQ("[####] 100 %", TerminalTable::Bar(1.5, 12));
 }
 
 }  // namespace

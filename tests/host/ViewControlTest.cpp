@@ -104,108 +104,108 @@ TEST_F(ViewControlTest, BeginsWithTheChoices) {
   picture.mirror = true;
   picture.rotate = true;
   const ViewControl control = Make(picture);
-  EXPECT_EQ(fake.view, 2);
-  EXPECT_EQ(fake.mirror, 1);
-  EXPECT_EQ(fake.flip, 0);
-  EXPECT_EQ(fake.rotate, 1);
-  EXPECT_EQ(fake.invert, 0);
-  EXPECT_EQ(control.GetCurrentViewName(), "ViewC");
+  EXPECT_EQ(2, fake.view);
+  EXPECT_EQ(1, fake.mirror);
+  EXPECT_EQ(0, fake.flip);
+  EXPECT_EQ(1, fake.rotate);
+  EXPECT_EQ(0, fake.invert);
+  EXPECT_EQ("ViewC", control.GetCurrentViewName());
 }
 
 TEST_F(ViewControlTest, BeginsWithTheFirstViewWhenTheOneUsedLastIsGone) {
   Options::Picture picture;
   picture.view = "3";
   Make(picture);
-  EXPECT_EQ(fake.view, 0);
+  EXPECT_EQ(0, fake.view);
 }
 
 TEST_F(ViewControlTest, ArrowsWrapAround) {
   ViewControl control = Make();
   control.OnButton(FEROLIN_BUTTON_PREVIOUS_VIEW);
-  EXPECT_EQ(fake.view, 2);
+  EXPECT_EQ(2, fake.view);
   control.OnButton(FEROLIN_BUTTON_NEXT_VIEW);
-  EXPECT_EQ(fake.view, 0);
+  EXPECT_EQ(0, fake.view);
   control.OnButton(FEROLIN_BUTTON_NEXT_VIEW);
-  EXPECT_EQ(fake.view, 1);
+  EXPECT_EQ(1, fake.view);
 }
 
 TEST_F(ViewControlTest, ResetsEverySensor) {
   Make().OnButton(FEROLIN_BUTTON_RESET_ALL);
-  EXPECT_EQ(fake.resets, (std::vector<int>{0, 1, 2, 3}));
+  EXPECT_EQ((std::vector<int>{0, 1, 2, 3}), fake.resets);
 }
 
 TEST_F(ViewControlTest, SendsAReportOrSaysWhyNot) {
   ViewControl control = Make();
   control.OnButton(FEROLIN_BUTTON_SEND_SMS);
-  EXPECT_EQ(fake.calls, std::vector<std::string>{"sms"});
+  EXPECT_EQ(std::vector<std::string>{"sms"}, fake.calls);
   EXPECT_TRUE(said.empty());
   fake.hasSms = 0;
   control.OnButton(FEROLIN_BUTTON_SEND_SMS);
-  EXPECT_EQ(fake.calls.size(), 1u);
-  EXPECT_EQ(said.size(), 1u);
+  EXPECT_EQ(1u, fake.calls.size());
+  EXPECT_EQ(1u, said.size());
 }
 
 TEST_F(ViewControlTest, OptionsInvertColoursAndListTheKeys) {
   ViewControl control = Make();
   control.OnButton(FEROLIN_BUTTON_OPTIONS);
-  EXPECT_EQ(fake.invert, 1);
-  ASSERT_EQ(said.size(), 1u);
+  EXPECT_EQ(1, fake.invert);
+  ASSERT_EQ(1u, said.size());
   EXPECT_NE(said[0].find("H: mirror"), std::string::npos);
   control.OnButton(FEROLIN_BUTTON_OPTIONS);
-  EXPECT_EQ(fake.invert, 0);
+  EXPECT_EQ(0, fake.invert);
 }
 
 TEST_F(ViewControlTest, ClosesMirrorsAndRotates) {
   ViewControl control = Make();
   control.OnButton(FEROLIN_BUTTON_CLOSE);
-  EXPECT_EQ(closed, 1);
+  EXPECT_EQ(1, closed);
   control.OnButton(FEROLIN_BUTTON_FLIP_HORIZONTALLY);
-  EXPECT_EQ(fake.mirror, 1);
+  EXPECT_EQ(1, fake.mirror);
   control.OnButton(FEROLIN_BUTTON_ROTATE_SCREEN);
-  EXPECT_EQ(fake.rotate, 1);
+  EXPECT_EQ(1, fake.rotate);
   control.OnButton(FEROLIN_BUTTON_FLIP_HORIZONTALLY);
   control.OnButton(FEROLIN_BUTTON_ROTATE_SCREEN);
-  EXPECT_EQ(fake.mirror, 0);
-  EXPECT_EQ(fake.rotate, 0);
+  EXPECT_EQ(0, fake.mirror);
+  EXPECT_EQ(0, fake.rotate);
 }
 
 TEST_F(ViewControlTest, LeavesUnknownCodesAlone) {
   ViewControl control = Make();
   control.OnButton(FEROLIN_BUTTON_NONE);
   control.OnButton(FEROLIN_BUTTON_ZOOM_IN);
-  EXPECT_EQ(fake.view, 0);
-  EXPECT_EQ(closed, 0);
+  EXPECT_EQ(0, fake.view);
+  EXPECT_EQ(0, closed);
   EXPECT_TRUE(fake.calls.empty() && fake.resets.empty() && said.empty());
 }
 
 TEST_F(ViewControlTest, KeysDoAsTheHelpSays) {
   ViewControl control = Make();
   Press(control, handheld::KEY_RIGHT);
-  EXPECT_EQ(fake.view, 1);
+  EXPECT_EQ(1, fake.view);
   Press(control, handheld::KEY_LEFT);
-  EXPECT_EQ(fake.view, 0);
+  EXPECT_EQ(0, fake.view);
   for (const WPARAM key : {'H', 'V', 'R', 'I'}) {
     Press(control, key);
   }
-  EXPECT_EQ(fake.mirror + fake.flip + fake.rotate + fake.invert, 4);
+  EXPECT_EQ(4, fake.mirror + fake.flip + fake.rotate + fake.invert);
   Press(control, handheld::KEY_HOME);
   Press(control, handheld::KEY_DELETE);
-  EXPECT_EQ(fake.resets.size(), 2u * SENSORS);
+  EXPECT_EQ(2u * SENSORS, fake.resets.size());
   Press(control, 'F');
-  EXPECT_EQ(fullscreen, 1);
+  EXPECT_EQ(1, fullscreen);
   Press(control, 'Q');
   Press(control, handheld::KEY_ESCAPE);
-  EXPECT_EQ(closed, 2);
+  EXPECT_EQ(2, closed);
   fake.calls.clear();
   Press(control, 'S');
-  EXPECT_EQ(fake.calls, std::vector<std::string>{"sms"});
+  EXPECT_EQ(std::vector<std::string>{"sms"}, fake.calls);
 }
 
 TEST_F(ViewControlTest, ChangesThatKeepTheFramesShapeAreSeenAtOnce) {
   ViewControl control = Make();
   Press(control, 'B');
-  EXPECT_EQ(fake.calls,
-            (std::vector<std::string>{"double", "down -10000 -10000", "up -10000 -10000"}));
+  EXPECT_EQ((std::vector<std::string>{"double", "down -10000 -10000", "up -10000 -10000"}),
+            fake.calls);
 }
 
 TEST_F(ViewControlTest, HandsTouchesOn) {
@@ -213,7 +213,7 @@ TEST_F(ViewControlTest, HandsTouchesOn) {
   Send(control, WM_LBUTTONDOWN, 10, 20);
   Send(control, WM_MOUSEMOVE, -3, 300);
   Send(control, WM_LBUTTONUP, -5, 301);
-  EXPECT_EQ(fake.calls, (std::vector<std::string>{"down 10 20", "move -3 300", "up -5 301"}));
+  EXPECT_EQ((std::vector<std::string>{"down 10 20", "move -3 300", "up -5 301"}), fake.calls);
 }
 
 TEST_F(ViewControlTest, ADoubleClickTogglesTheBars) {
@@ -222,8 +222,9 @@ TEST_F(ViewControlTest, ADoubleClickTogglesTheBars) {
   Send(control, WM_LBUTTONUP, 10, 20);
   Send(control, WM_LBUTTONDBLCLK, 10, 20);
   Send(control, WM_LBUTTONUP, 10, 20);
-  EXPECT_EQ(fake.calls, (std::vector<std::string>{"down 10 20", "up 10 20", "double", "down 10 20",
-                                                  "up 10 20"}));
+  EXPECT_EQ(
+      (std::vector<std::string>{"down 10 20", "up 10 20", "double", "down 10 20", "up 10 20"}),
+      fake.calls);
 }
 
 TEST_F(ViewControlTest, AButtonTappedTwiceIsNoDoubleClick) {
@@ -233,13 +234,13 @@ TEST_F(ViewControlTest, AButtonTappedTwiceIsNoDoubleClick) {
   control.OnButton(FEROLIN_BUTTON_NEXT_VIEW);
   fake.calls.clear();
   Send(control, WM_LBUTTONDBLCLK, 10, 20);
-  EXPECT_EQ(fake.calls, std::vector<std::string>{"down 10 20"});
+  EXPECT_EQ(std::vector<std::string>{"down 10 20"}, fake.calls);
 }
 
 TEST_F(ViewControlTest, ClosingTheWindowEndsTheRun) {
   ViewControl control = Make();
   Send(control, WM_CLOSE, 0, 0);
-  EXPECT_EQ(closed, 1);
+  EXPECT_EQ(1, closed);
 }
 
 TEST_F(ViewControlTest, TellsThePictureAsItIsNow) {
@@ -247,11 +248,11 @@ TEST_F(ViewControlTest, TellsThePictureAsItIsNow) {
   control.OnButton(FEROLIN_BUTTON_NEXT_VIEW);
   control.OnButton(FEROLIN_BUTTON_ROTATE_SCREEN);
   const Options::Picture picture = control.GetPicture();
-  EXPECT_EQ(picture.view, "1");
-  EXPECT_EQ(picture.rotate, true);
-  EXPECT_EQ(picture.mirror, false);
-  EXPECT_EQ(picture.flip, false);
-  EXPECT_EQ(picture.invert, false);
+  EXPECT_EQ("1", picture.view);
+  EXPECT_EQ(true, picture.rotate);
+  EXPECT_EQ(false, picture.mirror);
+  EXPECT_EQ(false, picture.flip);
+  EXPECT_EQ(false, picture.invert);
 }
 
 }  // namespace

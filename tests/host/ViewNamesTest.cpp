@@ -36,27 +36,28 @@ std::string ErrorOf(const std::string& nameOrNumber) {
 }
 
 TEST(ViewNames, AreFoundInAnyCaseAndByNumber) {
-  EXPECT_EQ(FindView(ENGINE, "speed"), 1);
-  EXPECT_EQ(FindView(ENGINE, "Satellites"), 2);
-  EXPECT_EQ(FindView(ENGINE, "2"), 2);
+  EXPECT_EQ(1, FindView(ENGINE, "speed"));
+  EXPECT_EQ(2, FindView(ENGINE, "Satellites"));
+  EXPECT_EQ(2, FindView(ENGINE, "2"));
 }
 
 TEST(ViewNames, AreListedWhenThereIsNoSuchView) {
   for (const char* wrong : {"3", "-1", "Bogus", "1x"}) {
-    EXPECT_EQ(ErrorOf(wrong), "--view: there is no view \"" + std::string(wrong) +
-                                  "\" (views: Speedometer (0), Speed (1), Satellites (2))");
+    EXPECT_EQ("--view: there is no view \"" + std::string(wrong) +
+                  "\" (views: Speedometer (0), Speed (1), Satellites (2))",
+              ErrorOf(wrong));
   }
 }
 
 TEST(ViewNames, AreSuggested) {
-  EXPECT_EQ(ErrorOf("sped").substr(0, 52),
-            "--view: there is no view \"sped\"; did you mean Speed?");
+  EXPECT_EQ("--view: there is no view \"sped\"; did you mean Speed?",
+            ErrorOf("sped").substr(0, 52));
 }
 
 TEST(ViewNames, AreParsedAsNumbers) {
-  EXPECT_EQ(ParseViewNumber(ENGINE, "0"), 0);
+  EXPECT_EQ(0, ParseViewNumber(ENGINE, "0"));
   for (const char* wrong : {"3", "-1", "1x", "", "Speed"}) {
-    EXPECT_EQ(ParseViewNumber(ENGINE, wrong), std::nullopt) << wrong;
+    EXPECT_EQ(std::nullopt, ParseViewNumber(ENGINE, wrong)) << wrong;
   }
 }
 

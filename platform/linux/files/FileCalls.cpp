@@ -11,7 +11,7 @@
 #include "core/Descriptor.h"
 #include "core/Handles.h"
 #include "core/LastError.h"
-#include "files/File.h"
+#include "files/DiskFile.h"
 #include "files/FileShares.h"
 #include "files/Paths.h"
 #include "handheld.h"
@@ -43,7 +43,7 @@ HANDLE OpenFile(const std::string& path, DWORD access, DWORD shareMode, DWORD di
   if (!FileShares::Instance().Claim(id, access, shareMode)) {
     return Fail(ERROR_SHARING_VIOLATION, INVALID_HANDLE_VALUE);
   }
-  auto file = std::make_shared<File>(std::move(descriptor), id, access, shareMode);
+  auto file = std::make_shared<DiskFile>(std::move(descriptor), id, access, shareMode);
   // Emptied after the claim: a file that is held open elsewhere keeps its content.
   if (disposition == CREATE_ALWAYS && truncate(path.c_str(), 0) != 0) {
     file->HandleClosed();

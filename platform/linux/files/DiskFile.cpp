@@ -1,4 +1,4 @@
-#include "files/File.h"
+#include "files/DiskFile.h"
 
 #include <unistd.h>
 
@@ -9,17 +9,18 @@
 
 namespace handheld {
 
-File::File(Descriptor opened, FileShares::FileId fileId, DWORD wantedAccess, DWORD wantedShareMode)
+DiskFile::DiskFile(Descriptor opened, FileShares::FileId fileId, DWORD wantedAccess,
+                   DWORD wantedShareMode)
     : descriptor(std::move(opened)),
       id(std::move(fileId)),
       access(wantedAccess),
       shareMode(wantedShareMode) {}
 
-void File::HandleClosed() {
+void DiskFile::HandleClosed() {
   FileShares::Instance().Release(id, access, shareMode);
 }
 
-DWORD File::Read(void* buffer, DWORD size, DWORD& count) {
+DWORD DiskFile::Read(void* buffer, DWORD size, DWORD& count) {
   if ((access & GENERIC_READ) == 0) {
     return ERROR_ACCESS_DENIED;
   }
@@ -34,7 +35,7 @@ DWORD File::Read(void* buffer, DWORD size, DWORD& count) {
   return ERROR_SUCCESS;
 }
 
-DWORD File::Write(const void* data, DWORD size, DWORD& count) {
+DWORD DiskFile::Write(const void* data, DWORD size, DWORD& count) {
   if ((access & GENERIC_WRITE) == 0) {
     return ERROR_ACCESS_DENIED;
   }
@@ -52,7 +53,7 @@ DWORD File::Write(const void* data, DWORD size, DWORD& count) {
   return ERROR_SUCCESS;
 }
 
-DWORD File::Flush() {
+DWORD DiskFile::Flush() {
   if ((access & GENERIC_WRITE) == 0) {
     return ERROR_ACCESS_DENIED;
   }

@@ -8,10 +8,10 @@
 namespace handheld {
 
 /// Keeps its claim on the file until the handle is closed.
-class File : public Stream {
+class DiskFile : public Stream {
  public:
   /// `wantedAccess` and `wantedShareMode` are those of the claim that the caller has made.
-  File(Descriptor opened, FileShares::FileId fileId, DWORD wantedAccess, DWORD wantedShareMode);
+  DiskFile(Descriptor opened, FileShares::FileId fileId, DWORD wantedAccess, DWORD wantedShareMode);
 
   void HandleClosed() override;
   DWORD Read(void* buffer, DWORD size, DWORD& count) override;
