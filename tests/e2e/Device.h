@@ -48,7 +48,7 @@ class Device {
   /// Connects a receiver to a port such as "COM1".
   virtual std::unique_ptr<Receiver> Connect(const std::string& port) = 0;
 
-  /// Milliseconds on the device that pass within one real one; Sleep obeys.
+  /// Milliseconds of the device's time in one real millisecond; Sleep obeys.
   virtual void SetTimeRate(double rate) = 0;
   /// The device's clock stands at this UTC moment from now on, in the zone UTC.
   virtual void StopClockAt(const SYSTEMTIME& utc) = 0;
@@ -75,17 +75,17 @@ class Device {
     std::string recipient;
     std::string text;
   };
-  /// Those that are being sent are the last.
+  /// In order; a message that is still being sent counts.
   virtual std::vector<Sms> GetSmsSent() const = 0;
-  /// As long as it is busy, no message gets further than the first one from now on.
+  /// While busy, the library does not return from the next message.
   void MakeSmsBusy(bool isBusy) { WriteFile(RECORDING_SMS_BUSY, isBusy ? "busy" : ""); }
 
-  /// Makes the sibling library of the GPS API available. It answers the position set last, and none
-  /// before.
+  /// Makes the sibling library of the GPS API available. It answers the position set last, or none
+  /// while none was set.
   virtual void InstallGpsLibrary() = 0;
   virtual void SetGpsPosition(const GPS_POSITION& position) = 0;
-  /// Names of the library's functions, but for the one that asks for positions, in the order of
-  /// their calls.
+  /// Names of the library's functions in the order of their calls, without those that ask for a
+  /// position.
   virtual std::vector<std::string> GetGpsCalls() const = 0;
 
   /// Rows from the top, each pixel 0x00RRGGBB.

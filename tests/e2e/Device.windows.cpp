@@ -19,7 +19,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The fourth byte of a pixel is nobody's.
+/// The fourth byte of a pixel is unused.
 constexpr std::uint32_t COLOR_MASK = 0x00FFFFFF;
 
 std::wstring Wide(const std::string& ascii) {
@@ -48,7 +48,7 @@ class LineReceiver : public Receiver {
   SerialLine line;
 };
 
-/// Numbers of processes come again, and a test that was killed leaves its folder.
+/// Process numbers repeat, and a killed test leaves its folder behind.
 fs::path MakeFolder() {
   for (unsigned number = GetCurrentProcessId();; ++number) {
     const fs::path folder = fs::temp_directory_path() / ("ferolin-e2e-" + std::to_string(number));

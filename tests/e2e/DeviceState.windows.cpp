@@ -188,7 +188,7 @@ HBITMAP WINAPI CreateDIBSectionDouble(HDC dc, const BITMAPINFO* info, UINT usage
   return KeepCount(CreateDIBSection(dc, info, usage, bits, section, offset));
 }
 
-/// Forgotten first: what is deleted may be made again at once under the same handle.
+/// Called before the deletion: another thread may get the same handle right after it.
 void ForgetDrawingObject(HGDIOBJ object) {
   const Lock guard(theState->lock);
   theState->drawingObjects.erase(object);
@@ -224,7 +224,7 @@ WindowSurface MakeSurface(HWND window) {
   return surface;
 }
 
-/// Windows of one size are all that the suite has; frames are none of theirs.
+/// The suite's windows keep their size and have no frame, so one surface serves each.
 HDC WINAPI GetDCDouble(HWND window) {
   if (!IsWindow(window)) {
     return GetDC(window);

@@ -15,7 +15,7 @@
 
 namespace e2e {
 
-/// Excludes other threads while it lives: the engine's call the doubles.
+/// Excludes other threads while it lives: the engine's threads call the doubles as well.
 class Lock {
  public:
   explicit Lock(SRWLOCK& wanted) : lock(wanted) { AcquireSRWLockExclusive(&lock); }
@@ -46,13 +46,13 @@ struct DeviceState {
   BYTE batteryFlag = 0;
   BYTE batteryPercent = 80;
 
-  /// What to open for a port such as "COM1"; a port that is not here does not exist.
+  /// File to open for a port such as "COM1". Ports that are not listed do not exist.
   std::map<std::wstring, std::wstring> ports;
 
   double timeRate = 50;
   bool isClockStopped = false;
-  /// The moment that the clock stands at, or showed when the machine's showed `clockBaseReal`. In
-  /// 100 ns since 1601.
+  /// Device time at the machine's time `clockBaseReal`; a stopped clock stands there. Both in 100 ns
+  /// since 1601.
   ULONGLONG clockBase = 0;
   ULONGLONG clockBaseReal = 0;
   int zoneHours = 0;
@@ -68,7 +68,7 @@ struct DeviceState {
   std::map<HWND, WindowSurface> surfaces;
 };
 
-/// Of the one device that exists at a time; null without one.
+/// State of the one device that exists at a time; null without one.
 extern DeviceState* theState;
 
 /// The doubles, which work on `theState`.

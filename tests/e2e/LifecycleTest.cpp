@@ -98,8 +98,8 @@ TEST_F(Lifecycle, LeavesNoHandleOpen) {
     engine.reset();
     Start();
     EXPECT_EQ(1U, Send(Rmc("120000", "A", "10.0")));
-    engine->SetComPortName(TEXT("COM9"));  // not there: its reader ends by itself
-    // So does each of these, and leaves what the next one or the end has to close.
+    engine->SetComPortName(TEXT("COM9"));  // does not exist, so the reader ends by itself
+    // Each of these readers ends by itself as well; the next start or the unload closes its handle.
     for (int start = 0; start < 5; ++start) {
       Sleep(100);
       EXPECT_EQ(1, engine->StartCallBack(host->Get()));

@@ -33,7 +33,7 @@ void WINAPI StopGPSAPI() {
   Record("StopGPSAPI");
 }
 
-/// The position stays the one before while a new one is being written.
+/// Answers the previous position while a new one is being written.
 const GPS_POSITION* WINAPI GetGPSPos() {
   GPS_POSITION read;
   std::ifstream file(Path(RECORDING_GPS_POSITION), std::ios::binary);

@@ -17,7 +17,7 @@ class SerialLine {
   SerialLine(const SerialLine&) = delete;
   SerialLine& operator=(const SerialLine&) = delete;
 
-  /// What to open for the near end.
+  /// File name of the near end, for CreateFileW.
   const std::wstring& GetNearEnd() const { return nearEnd; }
   void Send(std::string_view bytes);
   int GetBaudRate() const;

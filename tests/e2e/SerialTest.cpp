@@ -8,8 +8,8 @@ namespace e2e {
 
 namespace {
 
-/// A source that is chosen anew takes over at once from a running reader, and only from one: the
-/// calls that the GPS API gets then tell whether the reader ran.
+/// A new source takes over at once from a running reader and only then: the calls of the GPS API
+/// tell whether the reader ran.
 class Serial : public EngineTest {
  protected:
   std::vector<std::string> GpsCallsAfterSwitch() {
@@ -52,10 +52,10 @@ TEST_F(Serial, ALineEndedByALineFeedAloneIsNeverTaken) {
 TEST_F(Serial, ASentenceSplitOverTwoReadsIsLostAndTheNextOneTaken) {
   Start();
   const std::string sentence = Rmc("120000", "A", "10.0");
-  // An accepted sentence in front shows when the first half has been read.
+  // The update of the sentence in front tells that the first half has been read.
   EXPECT_EQ(1U, Send(Rmc("115959", "A", "10.0") + sentence.substr(0, 30)));
   receiver->Send(sentence.substr(30));
-  // The first sentences behind it may go with it, depending on how the line delivers them.
+  // The first sentences behind it may be lost as well, depending on how the line delivers them.
   std::string time;
   for (int second = 10; second < 60 && time.empty(); ++second) {
     receiver->Send(Rmc("1300" + std::to_string(second), "A", "10.0"));
@@ -89,7 +89,7 @@ TEST_F(Serial, NoNotificationComesAfterAStop) {
   EXPECT_EQ(1U, Send(Rmc("120000", "A", "10.0")));
   EXPECT_EQ(1, engine->StopCallBack());
   receiver->Send(Rmc("120001", "A", "30.0"));
-  // Many times what a running reader needs for it.
+  // Many times as long as a running reader needs.
   EXPECT_EQ(0U, host->WaitFor(engine->GetWndMessageID(), 1, 500).size());
   EXPECT_EQ("18.5 km/h", engine->SensorValue(FEROLIN_SENSOR_SPEED));
 }

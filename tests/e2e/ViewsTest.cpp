@@ -84,7 +84,7 @@ class Views : public EngineTest {
     return FrameOf([&] { EXPECT_EQ(1U, Send(sentence)); });
   }
 
-  /// The frame that is drawn, some time, for what `act` does.
+  /// Calls `act` and waits for the frame that follows from it.
   Picture FrameOf(const std::function<void()>& act) {
     const HWND window = engine->GetRenderWindow();
     const std::uint64_t before = device->GetPictureVersion(window);
@@ -101,21 +101,21 @@ class Views : public EngineTest {
     }
   }
 
-  /// The same without the buttons, which would lie over it unchanged.
+  /// A frame without the buttons: flags do not transform these.
   Picture DrawBare() {
     Draw();
     engine->OnDoubleClick();
     return ShowAgain();
   }
 
-  /// The last frame once more, with the flags of now: a touch beside all buttons shows it again.
+  /// The last frame presented again with the current flags, by a touch beside all buttons.
   Picture ShowAgain() {
     engine->OnMouseDown(host->Get(), WIDTH / 2, HEIGHT / 2);
     engine->OnMouseUp(host->Get(), WIDTH / 2, HEIGHT / 2);
     return device->GetPicture(host->Get());
   }
 
-  /// Touches from one point to another and returns the codes that the host is told.
+  /// Strokes from one point to another and returns the codes posted to the host.
   std::vector<LPARAM> Stroke(POINT from, POINT to) {
     host->Take(engine->GetWndMessageID());
     engine->OnMouseDown(host->Get(), from.x, from.y);
@@ -310,12 +310,12 @@ TEST_F(Views, ASwipeAcrossMoreThanHalfOfTheWindowTurnsTheView) {
   EXPECT_EQ(std::vector<LPARAM>{}, Stroke({200, 100}, {70, 240}));
 }
 
-/// What has been moved with the finger looks as if it had been drawn there.
+/// A path moved with the finger equals one drawn at its new place.
 TEST_F(Views, ThePathFollowsTheFinger) {
   StartWith(FEROLIN_VIEW_PATH);
   for (int second = 0; second < 60; ++second) {
     // A winding road: a hundredth of a minute to the east each second, up and down. The buttons
-    // have gone at its end.
+    // are hidden at its end.
     const auto two = [](int value) { return (value < 10 ? "0" : "") + std::to_string(value); };
     Draw(Sentence("GPRMC,1200" + two(second) + ",A,4807." + two(38 + second * second % 29) +
                   "0,N,01131." + two(second) + "0,E,36.0,084.4,230324,,"));
@@ -329,7 +329,7 @@ TEST_F(Views, ThePathFollowsTheFinger) {
   engine->OnMouseUp(host->Get(), 120, 97);
   EXPECT_NE(before, dragged);
 
-  // Larger and as large again: all of it is drawn anew.
+  // Zooming in and out again draws the whole path anew.
   constexpr int UPPER_ROW = HEIGHT - BAR_END - BUTTON / 2;
   engine->OnDoubleClick();
   EXPECT_EQ(std::vector<LPARAM>{FEROLIN_BUTTON_ZOOM_IN}, Tap(150, UPPER_ROW));

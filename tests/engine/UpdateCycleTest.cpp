@@ -103,7 +103,8 @@ TEST_F(UpdateCycle, StartsNoReaderOnAPortWithoutSettings) {
   EXPECT_FALSE(engine.GetReader().IsRunning());
   EXPECT_EQ(handles + 1, handheld::HandlesAlive()) << "the port alone";
 
-  // None are needed for the speed that it has. Nobody else may open the port before it is closed.
+  // Keeping the port's own speed needs no settings. A start closes the port that a failed one left
+  // open: it cannot be opened twice.
   engine.GetReader().SetComPortSpeed(Reader::KEEP_PORT_SPEED);
   EXPECT_TRUE(engine.GetReader().Start());
   EXPECT_TRUE(engine.GetReader().IsRunning());

@@ -20,7 +20,7 @@ class GpsApiLibraryTest : public testing::Test {
   }
 };
 
-/// The stand-in, to ask what it was asked.
+/// The stand-in library, which counts its calls.
 class StandIn {
  public:
   StandIn() : module(LoadLibraryW(TEXT("Dastrel.DLL"))) {

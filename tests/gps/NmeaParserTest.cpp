@@ -65,7 +65,7 @@ class NmeaParserTest : public testing::Test {
     EXPECT_EQ(snr, satellite.snr) << index;
   }
 
-  /// The device's clock was taken.
+  /// Checks that the times are those of the device's clock.
   void ExpectDeviceTime() const {
     EXPECT_EQ(Fields(Moment(2024, 5, 6, 10, 8, 9, 250)), Fields(fix->localTime));
     EXPECT_EQ(Fields(Moment(2024, 5, 6, 7, 8, 9, 250)), Fields(fix->utcTime));

@@ -81,8 +81,8 @@ TEST_F(SerialPortTest, OpenPortIsNotShared) {
 
 TEST_F(SerialPortTest, OpenPortIsNotLentToReadersEither) {
   const testing_support::TempFolder folder;
-  // On this home no port is ever lent, whatever was asked for; a file of such a name is lent as
-  // asked for.
+  // This home shares no port, whatever the share mode says. A plain file with a port's name obeys
+  // the share mode.
   folder.Write("file:", "");
   port = OpenSerialPort(handheld::Utf8FromWide(folder.DevicePath("file")));
   ASSERT_NE(INVALID_HANDLE_VALUE, port);

@@ -394,8 +394,7 @@ TEST_F(IniStoreTest, HalfWrittenSaveIsNotTaken) {
 
 // ---- Anything at all ----
 
-/// Whatever a file holds, what is saved from it settles: from the second load on nothing changes
-/// any more.
+/// Whatever a file held at first, saving and loading it a second time changes nothing.
 TEST_F(IniStoreTest, RandomFilesAreReadAndSettle) {
   constexpr std::string_view LETTERS = "ab= \t[]#;\r\n\n\n\v\x01\xFF";
   std::mt19937 random(20);

@@ -26,7 +26,7 @@ void ProvideLibrary(const char* kind) {
   handheld::SetModuleDirectory(std::string(STAND_IN_FOLDER "/") + kind);
 }
 
-/// The stand-in library, to ask what was sent. Made before the reporter, so that it outlives it.
+/// The stand-in library, which records what is sent. Made before the reporter, it outlives it.
 class Outbox {
  public:
   using Messages = std::vector<std::pair<std::string, std::string>>;
@@ -65,7 +65,7 @@ class SmsReporterTest : public testing::Test {
  protected:
   void SetUp() override { Configure(""); }
 
-  /// The settings are these lines from now on.
+  /// Makes these lines the settings.
   void Configure(const std::string& lines) {
     folder.Write("settings.ini", lines.empty() ? "" : "[SMS]\n" + lines);
     ASSERT_TRUE(store.Load(folder.Path("settings.ini")));
@@ -269,7 +269,7 @@ TEST_F(SmsReporterTest, PlaceholdersMayTouch) {
   EXPECT_EQ("50.07.0050.0", MessageFrom("%Speed%%Altitude%%Speed%"));
 }
 
-/// Of two that share a sign the one that comes first in this order is replaced, wherever it stands.
+/// Of two placeholders that share a sign, the first in this order is replaced, wherever it stands.
 TEST_F(SmsReporterTest, PlaceholdersAreReplacedInTheirOrder) {
   fix.latitude = 5530.5F;
   fix.longitude = -1131.25F;
