@@ -91,7 +91,7 @@ std::shared_ptr<Bitmap> MakeSection(const BITMAPINFO* info) {
   if (!HasKnownMasks(*info) || header.biHeight == INT32_MIN) {
     return nullptr;
   }
-  const std::shared_ptr<Bitmap> bitmap = MakeBitmap(
+  std::shared_ptr<Bitmap> bitmap = MakeBitmap(
       header.biWidth, std::abs(header.biHeight),
       header.biBitCount == 16 ? PixelFormat::RGB555 : PixelFormat::ARGB8888, header.biHeight < 0);
   if (bitmap != nullptr) {
@@ -104,7 +104,7 @@ std::shared_ptr<Bitmap> MakeSection(const BITMAPINFO* info) {
 std::shared_ptr<Bitmap> MakeCompatible(const DeviceContext& context, int width, int height) {
   const bool isEmpty = width == 0 || height == 0;
   const bool isMonochrome = isEmpty || (context.IsMemory() && context.bitmap->bitsPerPixel == 1);
-  const std::shared_ptr<Bitmap> bitmap =
+  std::shared_ptr<Bitmap> bitmap =
       isEmpty ? MakeBitmap(1, 1, PixelFormat::ARGB8888, true)
               : MakeBitmap(std::abs(width), std::abs(height), context.GetRaster().format, true);
   if (bitmap == nullptr) {

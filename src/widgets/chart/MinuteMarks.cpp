@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <ranges>
 
 #include "render/Canvas.h"
 
@@ -43,8 +44,8 @@ void MinuteMarks::MeasureCharacters(Canvas& canvas, HFONT font) {
 /// A label reaches at least to its line, so a column from `nextRight` on has no room for one.
 void MinuteMarks::Add(LONG x, std::span<const TrackPoint> points) {
   bool hasLine = false;
-  for (auto point = points.rbegin(); point != points.rend(); ++point) {
-    if (point->time.wSecond != 0) {
+  for (const TrackPoint& point : std::ranges::reverse_view(points)) {
+    if (point.time.wSecond != 0) {
       continue;
     }
     if (!hasLine) {
@@ -53,7 +54,7 @@ void MinuteMarks::Add(LONG x, std::span<const TrackPoint> points) {
     if (x >= nextRight) {
       return;
     }
-    AddLabel(x, point->time);
+    AddLabel(x, point.time);
   }
 }
 

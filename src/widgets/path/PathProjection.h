@@ -50,13 +50,16 @@ class PathProjection {
   struct Axis {
     static constexpr double ROUNDER = 1LL << 33;
 
+    /// The pixel in the middle, the left or upper one of two.
+    static LONG Middle(LONG low, LONG high) { return (low + high) / 2; }
+
     Axis() = default;
     /// `centre` lies `pan` pixels from the middle of the area.
     Axis(LONG low, LONG high, double scale, double centre, LONG pan)
         : low(low),
           high(high),
           scale(scale),
-          offset((low + high) / 2 - centre * scale + ROUNDER),
+          offset(Middle(low, high) - centre * scale + ROUNDER),
           pan(pan) {}
 
     double PlaceOf(double number) const { return number * scale + offset - (ROUNDER - pan); }
