@@ -34,7 +34,7 @@
 //               the buffer is left alone and 0 returned;
 //       length: the text's length is returned in any case, and it is copied if it is shorter than
 //               the buffer;
-//       clear:  the buffer (if its size is not 0) is emptied first and then filled if the text
+//       clear:  the buffer (if its size is above 0) is emptied first and then filled if the text
 //               fits; no result.
 #pragma once
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <ranges>
 
 #include "render/Canvas.h"
 
@@ -44,7 +43,8 @@ void MinuteMarks::MeasureCharacters(Canvas& canvas, HFONT font) {
 /// A label reaches at least to its line, so a column from `nextRight` on has no room for one.
 void MinuteMarks::Add(LONG x, std::span<const TrackPoint> points) {
   bool hasLine = false;
-  for (const TrackPoint& point : std::ranges::reverse_view(points)) {
+  for (std::size_t left = points.size(); left > 0; --left) {
+    const TrackPoint& point = points[left - 1];
     if (point.time.wSecond != 0) {
       continue;
     }
