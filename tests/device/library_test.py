@@ -17,6 +17,7 @@ import unittest
 
 TOP = pathlib.Path(__file__).resolve().parents[2]
 LARGEST_SIZE = 200 * 1024
+EARLIEST_SYSTEM = 4.2
 # Every instruction of ARMv4 in ARM state, before suffix and condition.
 ARMV4_INSTRUCTIONS = ("""adc add and asr b bic bl bx cmn cmp eor ldm ldr lsl lsr mla mov mrs msr mul mvn nop orr pop push
                          ror rrx rsb rsc sbc smlal smull stm str sub svc swp swpb teq tst umlal umull""").split()
@@ -38,17 +39,21 @@ def exported_names():
     return [line.strip() for line in text.split("EXPORTS")[1].splitlines() if line.strip()]
 
 
-def importable_names():
-    """(library, name) for all that the import list allows."""
-    library = None
-    names = set()
-    for line in (TOP / "platform/device/Imports.def").read_text().splitlines():
-        words = line.split("#")[0].split()
-        if words and not line[0].isspace():
-            library = words[0]
-        elif words:
-            names.add((library, words[0]))
-    return names
+class SystemExports:
+    """What the system's libraries export: system-exports.txt, as sets of (library, function)."""
+
+    def __init__(self):
+        library = None
+        self.everywhere = set()
+        self.somewhere = set()
+        for line in (TOP / "tests/device/system-exports.txt").read_text().splitlines():
+            words = line.split("#")[0].split()
+            if words and not line[0].isspace():
+                library = words[0]
+            elif words:
+                function, first_version, *parts = words
+                is_everywhere = float(first_version) <= EARLIEST_SYSTEM and not parts
+                (self.everywhere if is_everywhere else self.somewhere).add((library, function))
 
 
 class Library:
@@ -123,7 +128,7 @@ class LibraryTest(unittest.TestCase):
 
     def check_imports(self, library):
         imports = library.imports()
-        self.assertEqual(set(), set(imports) - importable_names())
+        self.assertEqual(set(), set(imports) - SystemExports().everywhere)
         self.assertEqual(len(imports), len(set(imports)))
         self.assertIn(("COREDLL.dll", "CreateFileW"), imports)
 
@@ -147,7 +152,7 @@ class LibraryTest(unittest.TestCase):
     def test_exports_are_the_59_in_their_order(self):
         self.check_exports(self.library)
 
-    def test_imports_are_functions_of_the_earliest_device(self):
+    def test_imports_are_functions_that_every_system_has(self):
         self.check_imports(self.library)
 
     def test_differs_between_two_bases_in_the_fixups_only(self):
@@ -196,15 +201,37 @@ class LibraryTest(unittest.TestCase):
 
     # The loader on the whole library.
 
-    def load(self, path):
-        """Runs one short test of the end-to-end suite on the library."""
+    def load(self, path, lacking=""):
+        """Runs one short test of the end-to-end suite on the library, on a device that lacks some functions."""
+        environment = os.environ | {"FEROLIN_DLL": str(path), "FEROLIN_DEVICE_LACKS": lacking}
         return subprocess.run([*self.loader, "--gtest_filter=Exports.*Sensor*:Serial.*Ten*"], capture_output=True,
-                              text=True, env=os.environ | {"FEROLIN_DLL": str(path)}, check=False)
+                              text=True, env=environment, check=False)
 
     def test_loads(self):
         result = self.load(self.library.path)
         self.assertEqual(0, result.returncode, result.stdout + result.stderr)
         self.assertNotIn(" 0 tests", result.stdout)
+
+    def test_loads_where_only_some_systems_have_a_function(self):
+        """Each is asked for by its name and in its library: the loader says which of them it refused."""
+        late = SystemExports().somewhere
+        functions = sorted(function for _, function in late)
+        result = self.load(self.library.path, lacking=" ".join(functions))
+        self.assertEqual(0, result.returncode, result.stdout + result.stderr)
+        refused = set(re.findall(r"^The device lacks (\S+)$", result.stderr, re.MULTILINE))
+        self.assertEqual({"AlphaBlend", "CoCreateInstance", "CoInitializeEx", "CoUninitialize",
+                          "GetSystemPowerStatusEx", "PlaySoundW", "ReleasePowerRequirement",
+                          "SetPowerRequirement"}, refused)
+
+    def test_loads_without_com(self):
+        result = self.load(self.library.path, lacking="ole32.dll")
+        self.assertEqual(0, result.returncode, result.stdout + result.stderr)
+        self.assertIn("The device lacks ole32.dll", result.stderr)
+
+    def test_does_not_load_without_a_function_that_every_system_has(self):
+        result = self.load(self.library.path, lacking="StretchBlt")
+        self.assertNotEqual(0, result.returncode)
+        self.assertIn("imports StretchBlt from COREDLL.dll", result.stderr)
 
     # Damage.
 
@@ -257,6 +284,15 @@ class LibraryTest(unittest.TestCase):
         result = self.load(path)
         self.assertNotEqual(0, result.returncode)
         self.assertIn("imports CreateFileV from COREDLL.dll", result.stderr)
+
+    def test_notices_an_import_that_only_some_systems_have(self):
+        for name in (b"AlphaBlend", b"PlaySoundW"):
+            def rename(content, name=name):
+                self.assertEqual(1, content.count(b"\0StretchBlt\0"))
+                content[:] = content.replace(b"\0StretchBlt\0", b"\0" + name + b"\0")
+
+            with self.assertRaisesRegex(AssertionError, name.decode()):
+                self.check_imports(Library(self.damaged(rename)))
 
     def test_notices_entries_that_do_not_align_the_stack(self):
         def leave_out(content):

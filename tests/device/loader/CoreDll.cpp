@@ -2,6 +2,7 @@
 
 #include <crt.h>
 #include <dlfcn.h>
+#include <strings.h>
 #include <windows.h>
 
 #include <algorithm>
@@ -10,8 +11,11 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 #include <map>
 #include <memory>
+#include <set>
+#include <sstream>
 #include <string_view>
 
 #include "Crossing.h"
@@ -61,22 +65,50 @@ int PrintPacked(char* out, std::size_t size, const char* format, ...) {
   return length <= size ? static_cast<int>(length) : -1;
 }
 
-// Libraries: COREDLL itself can be asked for.
+// Libraries: the device's own can be asked for.
 
 int coreDll;
-const auto CORE_DLL = reinterpret_cast<HMODULE>(&coreDll);
+int ole32;
+const std::map<std::string, HMODULE> OWN_LIBRARIES = {
+    {"coredll.dll", reinterpret_cast<HMODULE>(&coreDll)},
+    {"ole32.dll", reinterpret_cast<HMODULE>(&ole32)},
+};
+/// All other functions are COREDLL's.
+const std::set<std::string_view> OLE32_FUNCTIONS = {"CoCreateInstance", "CoInitializeEx",
+                                                    "CoUninitialize"};
 
-HMODULE LoadLibraryOrCoreDll(LPCWSTR name) {
-  return name != nullptr && std::u16string_view(name) == u"coredll.dll" ? CORE_DLL
-                                                                        : LoadLibraryW(name);
+/// True for what the environment variable FEROLIN_DEVICE_LACKS names, separated by spaces. Says so,
+/// that a test can tell what was asked for.
+bool IsLacking(const std::string& name) {
+  const char* lacking = std::getenv("FEROLIN_DEVICE_LACKS");
+  std::istringstream names(lacking != nullptr ? lacking : "");
+  if (std::find(std::istream_iterator<std::string>(names), {}, name) ==
+      std::istream_iterator<std::string>()) {
+    return false;
+  }
+  std::fprintf(stderr, "The device lacks %s\n", name.c_str());
+  return true;
+}
+
+std::string Narrow(std::u16string_view wide) {
+  return {wide.begin(), wide.end()};
+}
+
+HMODULE LoadDeviceLibrary(LPCWSTR name) {
+  const auto own = name != nullptr ? OWN_LIBRARIES.find(Narrow(name)) : OWN_LIBRARIES.end();
+  if (own == OWN_LIBRARIES.end()) {
+    return LoadLibraryW(name);
+  }
+  return IsLacking(own->first) ? nullptr : own->second;
 }
 
 FARPROC FindProcedure(HMODULE module, LPCWSTR name) {
-  if (module != CORE_DLL) {
-    return GetProcAddressW(module, name);
+  for (const auto& [library, own] : OWN_LIBRARIES) {
+    if (module == own) {
+      return reinterpret_cast<FARPROC>(FindDeviceFunction(library, Narrow(name)));
+    }
   }
-  const std::u16string_view wide = name;
-  return reinterpret_cast<FARPROC>(FindDeviceFunction({wide.begin(), wide.end()}));
+  return GetProcAddressW(module, name);
 }
 
 [[noreturn]] void EndByException(DWORD code) {
@@ -90,19 +122,19 @@ void* AddressOf(Function* function) {
 }
 
 const std::map<std::string_view, void*> ADAPTED = {
-    {"CreateThread", AddressOf(StartThread)},
-    {"GetProcAddressW", AddressOf(FindProcedure)},
-    {"LoadLibraryW", AddressOf(LoadLibraryOrCoreDll)},
-    {"RaiseException", AddressOf(EndByException)},
-    {"_atoi64", AddressOf(CrtParseInt64)},
-    {"_msize", AddressOf(CrtBlockSize)},
-    {"_snprintf", AddressOf(PrintPacked)},
-    {"atof", AddressOf(CrtParseDouble)},
+    {"CreateThread", AddressOf(StartThread)},       {"GetProcAddressW", AddressOf(FindProcedure)},
+    {"LoadLibraryW", AddressOf(LoadDeviceLibrary)}, {"RaiseException", AddressOf(EndByException)},
+    {"_atoi64", AddressOf(CrtParseInt64)},          {"_msize", AddressOf(CrtBlockSize)},
+    {"_snprintf", AddressOf(PrintPacked)},          {"atof", AddressOf(CrtParseDouble)},
 };
 
 }  // namespace
 
-void* FindDeviceFunction(const std::string& name) {
+void* FindDeviceFunction(const std::string& library, const std::string& name) {
+  const char* owner = OLE32_FUNCTIONS.contains(name) ? "ole32.dll" : "coredll.dll";
+  if (strcasecmp(owner, library.c_str()) != 0 || IsLacking(name)) {
+    return nullptr;
+  }
   static std::map<std::string, void*> known;
   const auto before = known.find(name);
   if (before != known.end()) {

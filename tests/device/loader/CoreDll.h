@@ -3,6 +3,7 @@
 
 #include <string>
 
-/// Address to be called for a function of the device; null when there is none of that name. Most
-/// are the Linux home's; those whose arguments the device passes in another way are adapted.
-void* FindDeviceFunction(const std::string& name);
+/// Address to be called for a function of one of the device's libraries; null when that library has
+/// none of that name. Most are the Linux home's; those whose arguments the device passes in another
+/// way are adapted. What the environment variable FEROLIN_DEVICE_LACKS names is not found.
+void* FindDeviceFunction(const std::string& library, const std::string& name);

@@ -56,9 +56,7 @@ extern "C" [[gnu::visibility("hidden")]] BOOL WINAPI DllMain(HINSTANCE module, D
                                                              LPVOID) {
   if (reason == DLL_PROCESS_ATTACH) {
     try {
-      image = std::make_unique<PeImage>(
-          LibraryPath(),
-          [](const std::string&, const std::string& name) { return FindDeviceFunction(name); });
+      image = std::make_unique<PeImage>(LibraryPath(), FindDeviceFunction);
       FindExports();
       AnnounceRange();
     } catch (const std::runtime_error& error) {
