@@ -18,6 +18,9 @@ import unittest
 TOP = pathlib.Path(__file__).resolve().parents[2]
 LARGEST_SIZE = 200 * 1024
 EARLIEST_SYSTEM = 4.2
+# The device gives a thread's stack one page of 4 KB at a time, each when the one before it overflows: a function whose
+# frame is larger than a page can step over the next one.
+LARGEST_FRAME = 2048
 # Every instruction of ARMv4 in ARM state, before suffix and condition.
 ARMV4_INSTRUCTIONS = ("""adc add and asr b bic bl bx cmn cmp eor ldm ldr lsl lsr mla mov mrs msr mul mvn nop orr pop push
                          ror rrx rsb rsc sbc smlal smull stm str sub svc swp swpb teq tst umlal umull""").split()
@@ -54,6 +57,36 @@ class SystemExports:
                 function, first_version, *parts = words
                 is_everywhere = float(first_version) <= EARLIEST_SYSTEM and not parts
                 (self.everywhere if is_everywhere else self.somewhere).add((library, function))
+
+
+def stack_frames(image):
+    """Bytes by which each function moves the stack pointer, as its disassembly has it: at most, since all moves are
+    added up, also those of paths that exclude each other. Infinite when it moves by what only the run will tell."""
+    listing = run("arm-none-eabi-objdump", "-d", "--section=.text", image)
+    frames = {}
+    for line in listing.splitlines():
+        if label := re.match(r"[0-9a-f]+ <(.+)>:$", line):
+            function = label[1]
+            frames[function] = 0
+        elif instruction := re.match(r"\s*[0-9a-f]+:\t[0-9a-f ]+\t(\S+)\s*([^;@]*)", line):
+            frames[function] += stack_move(instruction[1], instruction[2].strip())
+    return frames
+
+
+def stack_move(name, operands):
+    """Bytes by which one instruction makes the stack grow, 0 when it gives back. Infinite for one that is unknown."""
+    if name.startswith("push"):
+        return 4 * len(re.findall(r"\w+", operands))
+    if before := re.search(r"\[sp, #-(\d+)\]!", operands):
+        return int(before[1])
+    if move := re.fullmatch(r"sp, sp, #(\d+)", operands):
+        return {"sub": int(move[1]), "bic": int(move[1]), "add": 0}.get(name[:3], float("inf"))
+    # What lies in r4 or fp was the stack pointer before: this gives back.
+    if re.fullmatch(r"mov\w* sp, (r4|fp)|sub\w* sp, fp, #\d+", f"{name} {operands}"):
+        return 0
+    # Storing and loading at the stack pointer leaves it where it is.
+    is_moving = re.match(r"sp,", operands) and name[:3] not in ("stm", "ldm", "cmp", "tst") or "sp!" in operands
+    return float("inf") if is_moving else 0
 
 
 class Library:
@@ -144,6 +177,10 @@ class LibraryTest(unittest.TestCase):
                      if memory[address:address + 4] != moved.memory[address:address + 4]]
         self.assertEqual([], [hex(address) for address in different])
 
+    def check_frames(self, image):
+        large = {function: size for function, size in stack_frames(image).items() if size > LARGEST_FRAME}
+        self.assertEqual({}, large)
+
     # The tests.
 
     def test_headers_name_the_device(self):
@@ -154,6 +191,14 @@ class LibraryTest(unittest.TestCase):
 
     def test_imports_are_functions_that_every_system_has(self):
         self.check_imports(self.library)
+
+    def test_stack_frames_are_smaller_than_a_page(self):
+        self.check_frames(self.image)
+        frames = stack_frames(self.image)
+        self.assertGreater(len(frames), 500)
+        # Holds a WIN32_FIND_DATAW of 560 bytes.
+        largest = max(size for function, size in frames.items() if "FindFreeName" in function)
+        self.assertGreater(largest, 560)
 
     def test_differs_between_two_bases_in_the_fixups_only(self):
         self.check_fixups(self.library, self.moved)
@@ -293,6 +338,23 @@ class LibraryTest(unittest.TestCase):
 
             with self.assertRaisesRegex(AssertionError, name.decode()):
                 self.check_imports(Library(self.damaged(rename)))
+
+    def compiled(self, function):
+        """An object file with one function more."""
+        file = tempfile.NamedTemporaryFile(suffix=".o")
+        self.addCleanup(file.close)
+        subprocess.run(["arm-none-eabi-g++", "-O2", "-marm", "-march=armv4t", "-xc++", "-c", "-o", file.name, "-"],
+                       input="void Fill(char* out); " + function, text=True, check=True)
+        return file.name
+
+    def test_notices_a_large_stack_frame(self):
+        self.check_frames(self.compiled("void Small() { char text[1900]; Fill(text); }"))
+        for function in ("void Large() { char text[4096]; Fill(text); }",
+                         "void JustTooLarge() { char text[2044]; Fill(text); }",
+                         "void OddlyLarge() { char text[70001]; Fill(text); }",
+                         "void Unknown(int size) { Fill(static_cast<char*>(__builtin_alloca(size))); }"):
+            with self.assertRaises(AssertionError, msg=function):
+                self.check_frames(self.compiled(function))
 
     def test_notices_entries_that_do_not_align_the_stack(self):
         def leave_out(content):
