@@ -25,9 +25,22 @@ constexpr std::array KINDS = {
     Kind{&Counts::speeds, "VTG speeds are moved to where the engine reads them",
          "VTG speeds moved"},
     Kind{&Counts::speedsDropped, nullptr, "VTG sentences without a speed left out"},
-    Kind{&Counts::damaged, "sentences with a wrong checksum are passed unchanged",
-         "sentences with a wrong checksum passed unchanged"},
 };
+
+/// A kind of damage, by Damage: in the announcement, and in the sum behind "with".
+struct DamageWords {
+  const char* news;
+  const char* sum;
+};
+
+constexpr std::array<DamageWords, DAMAGE_KINDS> DAMAGES = {{
+    {"wrong checksum", "a wrong checksum"},
+    {"characters that no sentence has", "characters that no sentence has"},
+    {"a date that does not exist", "a date that does not exist"},
+    {"a time that does not exist", "a time that does not exist"},
+    {"a speed that cannot be", "a speed that cannot be"},
+    {"a position that does not exist", "a position that does not exist"},
+}};
 
 std::string Sum(const char* what, std::uint64_t count) {
   return std::string(what) + ": " + std::to_string(count);
@@ -39,6 +52,21 @@ std::string Join(const std::set<std::string>& talkers) {
     text += (text.empty() ? "" : ", ") + each;
   }
   return text;
+}
+
+/// "3 sentences were dropped: 2 with a wrong checksum, 1 with a date that does not exist"; empty
+/// without any.
+std::string SumUpDamaged(const Counts& counts) {
+  std::uint64_t total = 0;
+  std::string list;
+  for (std::size_t kind = 0; kind < DAMAGE_KINDS; ++kind) {
+    if (const std::uint64_t count = counts.damaged[kind]; count > 0) {
+      total += count;
+      list += (list.empty() ? "" : ", ") + std::to_string(count) + " with " + DAMAGES[kind].sum;
+    }
+  }
+  const char* what = total == 1 ? " sentence was dropped: " : " sentences were dropped: ";
+  return total == 0 ? "" : std::to_string(total) + what + list;
 }
 
 }  // namespace
@@ -58,6 +86,12 @@ std::vector<std::string> BridgeNotices::TakeNews(const Feeder::Report& report) {
       news.emplace_back(kind.news);
     }
   }
+  for (std::size_t kind = 0; kind < DAMAGE_KINDS; ++kind) {
+    if (report.bridge.damaged[kind] > 0 && last.bridge.damaged[kind] == 0) {
+      news.push_back(std::string("a damaged sentence was dropped (") + DAMAGES[kind].news +
+                     "); more are only counted");
+    }
+  }
   last = report;
   return news;
 }
@@ -68,6 +102,9 @@ std::vector<std::string> BridgeNotices::SumUp(const Feeder::Report& report) {
     if (report.bridge.*kind.count > 0) {
       sums.push_back(Sum(kind.sum, report.bridge.*kind.count));
     }
+  }
+  if (const std::string damaged = SumUpDamaged(report.bridge); !damaged.empty()) {
+    sums.push_back(damaged);
   }
   if (report.linesDropped > 0) {
     sums.push_back(Sum("lines left out because they are no sentences", report.linesDropped));

@@ -1,10 +1,9 @@
 #include "sources/EpochSplitter.h"
 
 #include <algorithm>
-#include <charconv>
-#include <chrono>
 
 #include "sources/NmeaSentence.h"
+#include "sources/NmeaTime.h"
 
 namespace host {
 
@@ -36,63 +35,14 @@ std::string_view FindSentence(std::string_view line) {
   return start == std::string_view::npos ? std::string_view() : line.substr(start, end - start);
 }
 
-bool IsPrintable(std::string_view text) {
-  return std::all_of(text.begin(), text.end(),
-                     [](char character) { return character >= ' ' && character <= '~'; });
-}
-
-/// The two digits at `position` as a number; -1 when they are no digits.
-int TwoDigits(std::string_view text, std::size_t position) {
-  int value = -1;
-  if (text.size() >= position + 2) {
-    const char* start = text.data() + position;
-    if (std::from_chars(start, start + 2, value).ptr != start + 2) {
-      return -1;
-    }
-  }
-  return value;
-}
-
-std::optional<std::int64_t> TimeOfDayMs(std::string_view time) {
-  const int hour = TwoDigits(time, 0);
-  const int minute = TwoDigits(time, 2);
-  const int second = TwoDigits(time, 4);
-  if (hour < 0 || minute < 0 || second < 0) {
-    return std::nullopt;
-  }
-  std::int64_t ms = ((hour * 60LL + minute) * 60 + second) * 1000;
-  if (time.size() > 7 && time[6] == '.') {
-    std::string fraction(time.substr(7, 3));
-    fraction.resize(3, '0');
-    int thousandths = 0;
-    std::from_chars(fraction.data(), fraction.data() + fraction.size(), thousandths);
-    ms += thousandths;
-  }
-  return ms;
-}
-
-std::int64_t DateMs(std::string_view date) {
-  const int day = TwoDigits(date, 0);
-  const int month = TwoDigits(date, 2);
-  const int year = TwoDigits(date, 4);
-  const std::chrono::year_month_day civil(std::chrono::year(2000 + year),
-                                          std::chrono::month(static_cast<unsigned>(month)),
-                                          std::chrono::day(static_cast<unsigned>(day)));
-  if (day < 0 || month < 0 || year < 0 || !civil.ok()) {
-    return 0;
-  }
-  return std::chrono::duration_cast<std::chrono::milliseconds>(
-             std::chrono::sys_days(civil).time_since_epoch())
-      .count();
-}
-
 std::optional<std::int64_t> TimeMs(std::string_view rmc) {
   const NmeaSentence sentence(rmc);
   if (sentence.fields.size() <= RMC_DATE) {
     return std::nullopt;
   }
-  const std::optional<std::int64_t> time = TimeOfDayMs(sentence.fields[RMC_TIME]);
-  return time ? std::optional(DateMs(sentence.fields[RMC_DATE]) + *time) : std::nullopt;
+  const std::optional<std::int64_t> time = ParseNmeaTime(sentence.fields[RMC_TIME]);
+  const std::int64_t date = ParseNmeaDate(sentence.fields[RMC_DATE]).value_or(0);
+  return time ? std::optional(date + *time) : std::nullopt;
 }
 
 }  // namespace
@@ -139,8 +89,7 @@ void EpochSplitter::TakeBridged(std::string_view bytes) {
     return;
   }
   const std::size_t start = text.rfind('$');
-  if (start == std::string_view::npos || text.size() - start > MAX_SENTENCE ||
-      !IsPrintable(text.substr(start))) {
+  if (start == std::string_view::npos || text.size() - start > MAX_SENTENCE) {
     ++linesDropped;
     return;
   }

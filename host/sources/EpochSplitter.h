@@ -26,8 +26,8 @@ struct Epoch {
 
 /// The engine updates itself at every RMC. It reads at most 2048 bytes at a time and needs whole
 /// sentences that end in CR LF. With a bridge, the bridge rewrites the sentences, every line end
-/// becomes CR LF, and lines that are no sentences (text of a logging program, binary messages) are
-/// dropped and counted. Without a bridge no byte is changed.
+/// becomes CR LF, damaged sentences are dropped, and lines that are no sentences (text of a logging
+/// program, binary messages) are dropped and counted. Without a bridge no byte is changed.
 class EpochSplitter {
  public:
   /// Buffer size of the engine's reader.

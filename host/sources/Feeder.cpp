@@ -76,6 +76,7 @@ void Feeder::Run() {
     } else {
       splitter.Finish();
     }
+    PublishCounts();
     goOn = FeedQueue() && bytes.has_value();
   }
   end();
@@ -87,7 +88,7 @@ bool Feeder::FeedQueue() {
     if (!WaitForTurn(epoch)) {
       return false;
     }
-    Publish(epoch);
+    PublishProgress(epoch);
     prepare(epoch);
     Expect(epoch.updates);
     const bool taken =
@@ -177,17 +178,21 @@ bool Feeder::Pause(Clock::duration duration) {
   return !changed.wait_for(lock, duration, [this] { return stopped; });
 }
 
-void Feeder::Publish(const Epoch& epoch) {
+void Feeder::PublishCounts() {
+  const std::lock_guard lock(mutex);
+  report.bridge = bridge.GetCounts();
+  report.talkers = bridge.GetTalkers();
+  report.sentences = splitter.GetSentences();
+  report.linesDropped = splitter.GetLinesDropped();
+}
+
+void Feeder::PublishProgress(const Epoch& epoch) {
   const std::optional<std::uint64_t> size = source.GetSize();
   const std::lock_guard lock(mutex);
   if (size) {
     report.progress =
         *size == 0 ? 1.0 : static_cast<double>(epoch.sourceOffset) / static_cast<double>(*size);
   }
-  report.bridge = bridge.GetCounts();
-  report.talkers = bridge.GetTalkers();
-  report.sentences = splitter.GetSentences();
-  report.linesDropped = splitter.GetLinesDropped();
 }
 
 }  // namespace host

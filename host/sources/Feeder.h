@@ -74,7 +74,8 @@ class Feeder {
   bool WaitUntilRead();
   /// Waits for this time. False when the feeder was stopped.
   bool Pause(Clock::duration duration);
-  void Publish(const Epoch& epoch);
+  void PublishCounts();
+  void PublishProgress(const Epoch& epoch);
 
   NmeaSource& source;
   const PseudoTerminal& line;

@@ -101,11 +101,11 @@ void RemoveUnits(NmeaSentence& vtg) {
 
 std::optional<std::string> ReceiverBridge::Rewrite(std::string_view text) {
   NmeaSentence sentence(text);
-  if (!IsKnown(sentence)) {
-    return std::string(text);
+  if (const std::optional<Damage> damage = SentenceCheck::Find(text, sentence)) {
+    ++counts.damaged[static_cast<std::size_t>(*damage)];
+    return std::nullopt;
   }
-  if (sentence.checksum == NmeaSentence::Checksum::WRONG) {
-    ++counts.damaged;
+  if (!IsKnown(sentence)) {
     return std::string(text);
   }
   if (IsVtgWithoutSpeed(sentence)) {

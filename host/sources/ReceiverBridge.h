@@ -1,6 +1,7 @@
 // Converts the sentences of today's receivers to those that the engine understands.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <set>
@@ -8,6 +9,7 @@
 #include <string_view>
 
 #include "sources/NmeaSentence.h"
+#include "sources/SentenceCheck.h"
 
 namespace host {
 
@@ -25,8 +27,7 @@ namespace host {
 ///               form. A VTG without a speed is dropped, because it would erase the speed of the
 ///               RMC.
 ///
-/// All other sentences pass unchanged. So does one with a wrong checksum: a new checksum would hide
-/// the damage.
+/// All other sentences pass unchanged. Damaged sentences of all kinds are dropped.
 class ReceiverBridge {
  public:
   struct Counts {
@@ -35,7 +36,8 @@ class ReceiverBridge {
     std::uint64_t times = 0;
     std::uint64_t speeds = 0;
     std::uint64_t speedsDropped = 0;
-    std::uint64_t damaged = 0;
+    /// Damaged sentences dropped, by Damage.
+    std::array<std::uint64_t, DAMAGE_KINDS> damaged = {};
 
     bool operator==(const Counts&) const = default;
   };

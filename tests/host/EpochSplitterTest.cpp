@@ -59,10 +59,19 @@ TEST_F(EpochSplitterTest, TakesALastSentenceWithoutLineEnd) {
 
 TEST_F(EpochSplitterTest, DropsAndCountsWhatIsNoSentence) {
   bridged.Add("****** program startup\r\n\r\n\xB5\x62\x01\x02\r\n!AIVDM,1\r\n$" +
-              std::string(EpochSplitter::MAX_SENTENCE, 'x') + "\r\n$GP\x01\x02\r\n" + RMC + END);
+              std::string(EpochSplitter::MAX_SENTENCE, 'x') + "\r\n" + RMC + END);
   ASSERT_EQ(1u, epochs.size());
   EXPECT_EQ(RMC + END, epochs[0].bytes);
-  EXPECT_EQ(5u, bridged.GetLinesDropped());
+  EXPECT_EQ(4u, bridged.GetLinesDropped());
+}
+
+TEST_F(EpochSplitterTest, LeavesDamagedSentencesOutAndDoesNotWaitForTheirUpdate) {
+  bridged.Add("$GP\x01\x02\r\n" + RMC + "*00" + END + GGA + END);
+  bridged.Finish();
+  ASSERT_EQ(1u, epochs.size());
+  EXPECT_EQ(GGA + END, epochs[0].bytes);
+  EXPECT_EQ(0, epochs[0].updates);
+  EXPECT_EQ(0u, bridged.GetLinesDropped());
 }
 
 TEST_F(EpochSplitterTest, FindsASentenceBehindALoggersTimeStamp) {
@@ -124,6 +133,14 @@ TEST_F(EpochSplitterTest, ChangesNoByteWithoutABridge) {
     together += each.bytes;
   }
   EXPECT_EQ(odd, together);
+}
+
+TEST_F(EpochSplitterTest, PassesDamagedSentencesOnWithoutABridge) {
+  const std::string damaged = "$GPRMC,256161,A,9100,N,2,E,3,4,310220,,*00" + END;
+  raw.Add(damaged);
+  ASSERT_EQ(1u, epochs.size());
+  EXPECT_EQ(damaged, epochs[0].bytes);
+  EXPECT_EQ(1, epochs[0].updates);
 }
 
 TEST_F(EpochSplitterTest, ExpectsNoUpdateOfALineFeedOnlyRmcWithoutABridge) {

@@ -95,6 +95,12 @@ TEST_F(FeederTest, DoesNotHangOnSentencesWithoutAnUpdate) {
   WaitForEnd();
 }
 
+TEST_F(FeederTest, CountsDamageEvenWhenNothingIsLeft) {
+  Feed("$GPGGA*00\r\n");
+  WaitForEnd();
+  EXPECT_EQ(1u, feeder->GetReport().bridge.damaged[static_cast<std::size_t>(Damage::CHECKSUM)]);
+}
+
 TEST_F(FeederTest, DoesNotHangWhenAnUpdateDoesNotCome) {
   Feed(RMC);
   EXPECT_EQ(RMC, Receive(RMC.size()));

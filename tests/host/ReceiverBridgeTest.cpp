@@ -29,7 +29,7 @@ TEST(ReceiverBridge, LeavesWhatTheEngineKnowsUntouched) {
 }
 
 TEST(ReceiverBridge, LeavesOtherSentencesUntouched) {
-  for (const std::string text : {"$GNZDA,1*00", "$PGRME,2.3,M*00", "$PARMC,x", "$", "$GN", "$*"}) {
+  for (const std::string text : {"$GNZDA,1", "$PGRME,2.3,M", "$PARMC,x", "$", "$GN", "$*00"}) {
     EXPECT_EQ(text, Rewritten(text));
   }
 }
@@ -37,17 +37,17 @@ TEST(ReceiverBridge, LeavesOtherSentencesUntouched) {
 TEST(ReceiverBridge, RenamesEveryTalkerForTheSixTypes) {
   for (const std::string talker : {"GN", "GL", "GA", "GB", "BD", "GQ", "GI", "II"}) {
     for (const std::string type : {"RMC", "GGA", "GSA", "GLL"}) {
-      EXPECT_EQ(Sound("$GP" + type + ",1,2"), Rewritten(Sound("$" + talker + type + ",1,2")));
+      EXPECT_EQ(Sound("$GP" + type + ",,"), Rewritten(Sound("$" + talker + type + ",,")));
     }
   }
 }
 
 TEST(ReceiverBridge, RemembersWhichTalkersItRenamed) {
   ReceiverBridge bridge;
-  bridge.Rewrite("$GNGGA,1");
+  bridge.Rewrite("$GNGGA,");
   bridge.Rewrite("$GNGLL,1");
   bridge.Rewrite("$GLGSA,1");
-  bridge.Rewrite("$GPGGA,1");
+  bridge.Rewrite("$GPGGA,");
   EXPECT_EQ((std::set<std::string>{"GL", "GN"}), bridge.GetTalkers());
   EXPECT_EQ(3u, bridge.GetCounts().talkers);
 }
@@ -70,12 +70,17 @@ TEST(ReceiverBridge, ToleratesAnRmcWithoutFields) {
   EXPECT_EQ("$GPRMC,", Rewritten("$GPRMC,"));
 }
 
-TEST(ReceiverBridge, NeverMakesADamagedSentenceLookSound) {
+TEST(ReceiverBridge, DropsAndCountsDamagedSentencesByKind) {
   ReceiverBridge bridge;
-  EXPECT_EQ("$GNRMC,053229.438,V,,,,,,,020315,,,N*00",
-            bridge.Rewrite("$GNRMC,053229.438,V,,,,,,,020315,,,N*00"));
-  EXPECT_EQ(1u, bridge.GetCounts().damaged);
-  EXPECT_EQ(0u, bridge.GetCounts().talkers);
+  for (const std::string text :
+       {"$GNRMC,053229.438,V,,,,,,,020315,,,N*00", "$GNZDA,1*00", "$GPGLL,9100,N,1,E"}) {
+    EXPECT_EQ(std::nullopt, bridge.Rewrite(text)) << text;
+  }
+  ReceiverBridge::Counts expected;
+  expected.damaged[static_cast<std::size_t>(Damage::CHECKSUM)] = 2;
+  expected.damaged[static_cast<std::size_t>(Damage::POSITION)] = 1;
+  EXPECT_EQ(expected, bridge.GetCounts());
+  EXPECT_TRUE(bridge.GetTalkers().empty());
 }
 
 TEST(ReceiverBridge, FillsAShortSatelliteListUpToFour) {

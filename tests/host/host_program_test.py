@@ -46,9 +46,9 @@ def clock(second):
     return "%02d%02d%02d" % (second // 3600, second // 60 % 60, second % 60)
 
 
-def rmc(second, knots, talker="GP", fraction="", status="A"):
-    return sentence("%sRMC,%s%s,%s,5545.0000,N,03736.0000,E,%.2f,090.0,010624,,,A"
-                    % (talker, clock(second), fraction, status, knots))
+def rmc(second, knots, talker="GP", fraction="", status="A", date="010624"):
+    return sentence("%sRMC,%s%s,%s,5545.0000,N,03736.0000,E,%.2f,090.0,%s,,,A"
+                    % (talker, clock(second), fraction, status, knots, date))
 
 
 def gga(second, talker="GP", altitude=150.0):
@@ -179,7 +179,7 @@ class Recording(HostTest):
         self.assertIn("they are no sentences: 2", said)
 
     def test_takes_an_epoch_larger_than_the_engines_buffer(self):
-        noise = "".join(sentence("GPGLL,5545.0000,N,03736.0000,E,%06d,A" % i) + "\r\n"
+        noise = "".join(sentence("GPGLL,5545.0000,N,03736.0000,E,%s,A" % clock(i)) + "\r\n"
                         for i in range(200))
         text = "".join(noise + rmc(21600 + i, 10.0 + i) + "\r\n" for i in range(4))
         updates, _, _ = self.replay(text)
@@ -235,6 +235,65 @@ class Bridge(HostTest):
         self.assertEqual({sensors["Speed"] for sensors in updates}, {"18.5 km/h"})
         self.assertAlmostEqual(float(registry["Max speed"]), 18.52, places=3)
         self.assertIn("VTG speeds moved: 3", said)
+
+
+class Damage(HostTest):
+    """What a damaged sentence does to the trip: ten seconds at 36 km/h are 100 m."""
+
+    KNOTS = 36 / 1.852
+
+    def replay_with(self, *damaged, at=5):
+        """The trip with these sentences instead of the one of second `at`."""
+        lines = [rmc(21600 + second, self.KNOTS) for second in range(11)]
+        lines[at:at + 1] = damaged
+        return self.replay("".join(line + "\r\n" for line in lines))
+
+    def check_dropped(self, damaged, words):
+        updates, registry, said = self.replay_with(damaged)
+        self.assertEqual(len(updates), 10)
+        self.assertAlmostEqual(float(registry["Distance"]), 0.1, places=4)
+        self.assertEqual(registry["Elapsed"], "10")
+        self.assertAlmostEqual(float(registry["Max speed"]), 36, places=1)
+        self.assertIn("a damaged sentence was dropped (%s)" % words, said)
+        self.assertIn("1 sentence was dropped: 1 with", said)
+
+    def test_a_wrong_checksum_stays_out(self):
+        self.check_dropped(rmc(21605, 90.0)[:-2] + "00", "wrong checksum")
+
+    def test_a_date_that_does_not_exist_stays_out(self):
+        self.check_dropped(rmc(21605, 10.0, date="310224"), "a date that does not exist")
+
+    def test_a_time_that_does_not_exist_stays_out(self):
+        self.check_dropped(rmc(25 * 3600, 10.0), "a time that does not exist")
+
+    def test_a_speed_that_cannot_be_stays_out(self):
+        self.check_dropped(rmc(21605, 1100.0), "a speed that cannot be")
+
+    def test_a_position_that_does_not_exist_stays_out(self):
+        body = rmc(21605, 10.0).replace("5545.0000", "9145.0000")[1:].partition("*")[0]
+        self.check_dropped(sentence(body), "a position that does not exist")
+
+    def test_control_characters_stay_out(self):
+        self.check_dropped(rmc(21605, 10.0).replace("A,5545", "A,\x0055"),
+                           "characters that no sentence has")
+
+    def test_is_told_once_and_summed_up(self):
+        wrong = rmc(21605, 10.0)[:-2] + "00"
+        _, _, said = self.replay_with(wrong, wrong, rmc(21605, 10.0, date="010024"))
+        self.assertEqual(said.count("(wrong checksum); more are only counted"), 1)
+        self.assertIn("3 sentences were dropped: 2 with a wrong checksum, "
+                      "1 with a date that does not exist", said)
+
+    def test_without_a_checksum_a_sentence_is_sound(self):
+        updates, _, said = self.replay_with(rmc(21605, 10.0).partition("*")[0] + ",")
+        self.assertEqual(len(updates), 11)
+        self.assertNotIn("dropped", said)
+
+    def test_goes_through_when_raw(self):
+        text = rmc(21605, 1100.0)[:-2] + "00\r\n"
+        updates, _, said = self.replay(text, "--raw")
+        self.assertEqual(updates[0]["Speed"], "2037.2 km/h")
+        self.assertNotIn("dropped", said)
 
 
 class Language(HostTest):

@@ -1,0 +1,45 @@
+#include <gtest/gtest.h>
+
+#include "sources/BridgeNotices.h"
+
+namespace host {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+std::uint64_t& CountOf(Feeder::Report& report, Damage damage) {
+  return report.bridge.damaged[static_cast<std::size_t>(damage)];
+}
+
+TEST(BridgeNotices, SayNothingOfSoundInput) {
+  EXPECT_EQ(Texts(), BridgeNotices().TakeNews(Feeder::Report()));
+  EXPECT_EQ(Texts(), BridgeNotices::SumUp(Feeder::Report()));
+}
+
+TEST(BridgeNotices, TellTheFirstDamageOfEachKind) {
+  BridgeNotices notices;
+  Feeder::Report report;
+  CountOf(report, Damage::CHECKSUM) = 1;
+  EXPECT_EQ(Texts{"a damaged sentence was dropped (wrong checksum); more are only counted"},
+            notices.TakeNews(report));
+  CountOf(report, Damage::CHECKSUM) = 2;
+  EXPECT_EQ(Texts(), notices.TakeNews(report));
+  CountOf(report, Damage::DATE) = 1;
+  EXPECT_EQ(
+      Texts{"a damaged sentence was dropped (a date that does not exist); more are only counted"},
+      notices.TakeNews(report));
+}
+
+TEST(BridgeNotices, SumUpDamageByKind) {
+  Feeder::Report report;
+  CountOf(report, Damage::DATE) = 1;
+  EXPECT_EQ(Texts{"1 sentence was dropped: 1 with a date that does not exist"},
+            BridgeNotices::SumUp(report));
+  CountOf(report, Damage::CHECKSUM) = 2;
+  EXPECT_EQ(Texts{"3 sentences were dropped: 2 with a wrong checksum, 1 with a date that does not "
+                  "exist"},
+            BridgeNotices::SumUp(report));
+}
+
+}  // namespace
+}  // namespace host
