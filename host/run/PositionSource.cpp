@@ -6,6 +6,7 @@
 
 #include "base/HostError.h"
 #include "handheld.h"
+#include "run/TripStretch.h"
 #include "sources/DemoSource.h"
 #include "sources/PortSource.h"
 #include "sources/RecordingClock.h"
@@ -133,6 +134,9 @@ void PositionSource::Stop() {
 
 void PositionSource::Answer() {
   if (feeder) {
+    if (feeder->TakeStretchStart()) {
+      StartStretch(engine);
+    }
     feeder->Answer();
   }
 }

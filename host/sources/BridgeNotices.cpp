@@ -73,7 +73,7 @@ std::string SumUpDamaged(const Counts& counts) {
 
 std::vector<std::string> BridgeNotices::TakeNews(const Feeder::Report& report) {
   std::vector<std::string> news;
-  if (report.bridge == last.bridge) {
+  if (report.bridge == last.bridge && report.clockJumps == last.clockJumps) {
     return news;
   }
   if (report.talkers != last.talkers) {
@@ -92,6 +92,10 @@ std::vector<std::string> BridgeNotices::TakeNews(const Feeder::Report& report) {
                      "); more are only counted");
     }
   }
+  if (report.clockJumps > 0 && last.clockJumps == 0) {
+    news.emplace_back(
+        "the receiver's clock jumped: the trip goes on without the step; more are only counted");
+  }
   last = report;
   return news;
 }
@@ -108,6 +112,9 @@ std::vector<std::string> BridgeNotices::SumUp(const Feeder::Report& report) {
   }
   if (report.linesDropped > 0) {
     sums.push_back(Sum("lines left out because they are no sentences", report.linesDropped));
+  }
+  if (report.clockJumps > 0) {
+    sums.push_back(Sum("jumps of the receiver's clock", report.clockJumps));
   }
   if (report.updatesMissed > 0) {
     sums.push_back(Sum("positions that the engine did not take", report.updatesMissed));

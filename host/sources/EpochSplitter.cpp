@@ -13,7 +13,9 @@ constexpr std::string_view RMC_NAME = "$GPRMC";
 /// Number of separators (commas and the star) that the engine needs in an RMC.
 constexpr std::ptrdiff_t RMC_SEPARATORS = 10;
 constexpr std::size_t RMC_TIME = 0;
+constexpr std::size_t RMC_STATUS = 1;
 constexpr std::size_t RMC_DATE = 8;
+constexpr std::size_t RMC_FIELDS = 11;
 
 bool IsSeparator(char character) {
   return character == ',' || character == '*';
@@ -43,6 +45,24 @@ std::optional<std::int64_t> TimeMs(std::string_view rmc) {
   const std::optional<std::int64_t> time = ParseNmeaTime(sentence.fields[RMC_TIME]);
   const std::int64_t date = ParseNmeaDate(sentence.fields[RMC_DATE]).value_or(0);
   return time ? std::optional(date + *time) : std::nullopt;
+}
+
+/// Milliseconds since 1970; nothing without a date.
+std::optional<std::int64_t> FullTimeMs(const NmeaSentence& rmc) {
+  const std::optional<std::int64_t> time = ParseNmeaTime(rmc.fields[RMC_TIME]);
+  const std::optional<std::int64_t> date = ParseNmeaDate(rmc.fields[RMC_DATE]);
+  return time && date ? std::optional(*date + *time) : std::nullopt;
+}
+
+/// An RMC of the same time that has no fix.
+NmeaSentence WithoutFix(const NmeaSentence& rmc) {
+  NmeaSentence result;
+  result.name = rmc.name;
+  result.fields.resize(RMC_FIELDS);
+  result.fields[RMC_TIME] = rmc.fields[RMC_TIME];
+  result.fields[RMC_STATUS] = 'V';
+  result.fields[RMC_DATE] = rmc.fields[RMC_DATE];
+  return result;
 }
 
 }  // namespace
@@ -95,8 +115,22 @@ void EpochSplitter::TakeBridged(std::string_view bytes) {
   }
   const std::string_view original = text.substr(start);
   if (const std::optional<std::string> sentence = bridge->Rewrite(original)) {
+    WatchClock(*sentence);
     Append(*sentence + "\r\n", *sentence, original);
   }
+}
+
+void EpochSplitter::WatchClock(const std::string& sentence) {
+  const std::optional<std::int64_t> moment =
+      MakesUpdate(sentence) ? FullTimeMs(NmeaSentence(sentence)) : std::nullopt;
+  if (!moment || !clock.Jumps(*moment)) {
+    return;
+  }
+  ++clockJumps;
+  Flush();
+  epoch.startsStretch = true;
+  const std::string gap = WithoutFix(NmeaSentence(sentence)).GetText();
+  Append(gap + "\r\n", gap, gap);
 }
 
 void EpochSplitter::Append(std::string_view bytes, std::string_view sentence,

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "sources/ClockWatch.h"
 #include "sources/ReceiverBridge.h"
 
 namespace host {
@@ -20,6 +21,8 @@ struct Epoch {
   /// Time stamp of the RMC in milliseconds: since 1970 if it has a date, else since midnight.
   /// Nothing without a time.
   std::optional<std::int64_t> timeMs;
+  /// The receiver's clock has jumped: the piece is one RMC without a fix, made by the splitter.
+  bool startsStretch = false;
   /// Bytes from the start of the source to the end of this piece.
   std::uint64_t sourceOffset = 0;
 };
@@ -27,7 +30,9 @@ struct Epoch {
 /// The engine updates itself at every RMC. It reads at most 2048 bytes at a time and needs whole
 /// sentences that end in CR LF. With a bridge, the bridge rewrites the sentences, every line end
 /// becomes CR LF, damaged sentences are dropped, and lines that are no sentences (text of a logging
-/// program, binary messages) are dropped and counted. Without a bridge no byte is changed.
+/// program, binary messages) are dropped and counted. Before the first RMC after a jump of the
+/// receiver's clock comes one without a fix, so that the engine adds nothing to the trip for the
+/// jump. Without a bridge no byte is changed.
 class EpochSplitter {
  public:
   /// Buffer size of the engine's reader.
@@ -49,12 +54,14 @@ class EpochSplitter {
 
   /// Lines that were no sentences; empty lines do not count.
   std::uint64_t GetLinesDropped() const { return linesDropped; }
+  std::uint64_t GetClockJumps() const { return clockJumps; }
   /// Sentences delivered.
   std::uint64_t GetSentences() const { return sentences; }
 
  private:
   void TakeLine(std::string_view bytes);
   void TakeBridged(std::string_view bytes);
+  void WatchClock(const std::string& sentence);
   void Append(std::string_view bytes, std::string_view sentence, std::string_view original);
   void Flush();
 
@@ -63,6 +70,8 @@ class EpochSplitter {
   std::string line;
   Epoch epoch;
   std::uint64_t offset = 0;
+  ClockWatch clock;
+  std::uint64_t clockJumps = 0;
   std::uint64_t linesDropped = 0;
   std::uint64_t sentences = 0;
 };

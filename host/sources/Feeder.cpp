@@ -1,6 +1,7 @@
 #include "sources/Feeder.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace host {
 
@@ -62,6 +63,11 @@ void Feeder::Answer() {
   changed.notify_all();
 }
 
+bool Feeder::TakeStretchStart() {
+  const std::lock_guard lock(mutex);
+  return std::exchange(startsStretch, false);
+}
+
 Feeder::Report Feeder::GetReport() const {
   const std::lock_guard lock(mutex);
   return report;
@@ -90,7 +96,7 @@ bool Feeder::FeedQueue() {
     }
     PublishProgress(epoch);
     prepare(epoch);
-    Expect(epoch.updates);
+    Expect(epoch);
     const bool taken =
         Write(epoch.bytes) && (epoch.updates > 0 ? WaitForAnswer() : WaitUntilRead());
     if (!taken) {
@@ -103,7 +109,8 @@ bool Feeder::FeedQueue() {
 Epoch Feeder::TakeEpoch() {
   Epoch epoch = std::move(queue.front());
   queue.pop_front();
-  while (source.IsLive() && !queue.empty() &&
+  while (source.IsLive() && !queue.empty() && !epoch.startsStretch &&
+         !queue.front().startsStretch &&
          epoch.bytes.size() + queue.front().bytes.size() <= EpochSplitter::MAX_BYTES) {
     epoch.bytes += queue.front().bytes;
     epoch.updates += queue.front().updates;
@@ -146,9 +153,10 @@ bool Feeder::Write(const std::string& bytes) {
 }
 
 /// Late answers to earlier updates do not count for the coming one.
-void Feeder::Expect(int updates) {
+void Feeder::Expect(const Epoch& epoch) {
   const std::lock_guard lock(mutex);
-  expected = std::max(expected, answered) + static_cast<std::uint64_t>(updates);
+  expected = std::max(expected, answered) + static_cast<std::uint64_t>(epoch.updates);
+  startsStretch = epoch.startsStretch;
 }
 
 bool Feeder::WaitForAnswer() {
@@ -184,6 +192,7 @@ void Feeder::PublishCounts() {
   report.talkers = bridge.GetTalkers();
   report.sentences = splitter.GetSentences();
   report.linesDropped = splitter.GetLinesDropped();
+  report.clockJumps = splitter.GetClockJumps();
 }
 
 void Feeder::PublishProgress(const Epoch& epoch) {

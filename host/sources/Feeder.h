@@ -22,7 +22,7 @@ namespace host {
 /// Writes one epoch and waits until the host has answered its update before it writes the next one,
 /// so that no update is missed, however fast the source is. The wait for an update that does not
 /// come is limited. Epochs that a receiver has sent during the wait are written together, so that
-/// the receiver is never ahead.
+/// the receiver is never ahead; one that starts a stretch is always written by itself.
 ///
 /// Works on a thread of its own, which owns the source, the line and the bridge while it runs. All
 /// methods are for the host's thread.
@@ -37,6 +37,7 @@ class Feeder {
     std::set<std::string> talkers;
     std::uint64_t sentences = 0;
     std::uint64_t linesDropped = 0;
+    std::uint64_t clockJumps = 0;
     /// Expected updates that did not come.
     std::uint64_t updatesMissed = 0;
   };
@@ -57,6 +58,10 @@ class Feeder {
   /// Call when the host has read an update of the engine.
   void Answer();
 
+  /// True once after the engine has read that the receiver's clock jumped, and before it reads on:
+  /// ask at an update, before the answer to it.
+  bool TakeStretchStart();
+
   Report GetReport() const;
 
  private:
@@ -69,7 +74,7 @@ class Feeder {
   /// Time from the last turn to this epoch's.
   Clock::duration StepTo(const Epoch& epoch) const;
   bool Write(const std::string& bytes);
-  void Expect(int updates);
+  void Expect(const Epoch& epoch);
   bool WaitForAnswer();
   bool WaitUntilRead();
   /// Waits for this time. False when the feeder was stopped.
@@ -94,6 +99,7 @@ class Feeder {
   bool stopped = false;
   std::uint64_t expected = 0;
   std::uint64_t answered = 0;
+  bool startsStretch = false;
   Report report;
   std::thread thread;
 };

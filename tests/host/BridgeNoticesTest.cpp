@@ -30,6 +30,18 @@ TEST(BridgeNotices, TellTheFirstDamageOfEachKind) {
       notices.TakeNews(report));
 }
 
+TEST(BridgeNotices, TellTheFirstJumpOfTheClockAndSumUpAll) {
+  BridgeNotices notices;
+  Feeder::Report report;
+  report.clockJumps = 1;
+  EXPECT_EQ(Texts{"the receiver's clock jumped: the trip goes on without the step; more are only "
+                  "counted"},
+            notices.TakeNews(report));
+  report.clockJumps = 2;
+  EXPECT_EQ(Texts(), notices.TakeNews(report));
+  EXPECT_EQ(Texts{"jumps of the receiver's clock: 2"}, BridgeNotices::SumUp(report));
+}
+
 TEST(BridgeNotices, SumUpDamageByKind) {
   Feeder::Report report;
   CountOf(report, Damage::DATE) = 1;

@@ -105,6 +105,41 @@ TEST_F(EpochSplitterTest, ExpectsNoUpdateOfAnRmcThatTheEngineWillNotTake) {
   EXPECT_EQ(1, epochs[0].updates);
 }
 
+TEST_F(EpochSplitterTest, PutsAnRmcWithoutAFixBeforeTheFirstOneOfANewTime) {
+  const std::string jumped = "$GNRMC,120003.5,A,1,N,2,E,3,4,010121,,";
+  bridged.Add(RMC + END + GGA + END + jumped + END);
+  ASSERT_EQ(4u, epochs.size());
+  EXPECT_FALSE(epochs[0].startsStretch);
+  EXPECT_EQ(GGA + END, epochs[1].bytes);
+  EXPECT_FALSE(epochs[1].startsStretch);
+  EXPECT_EQ(NmeaSentence("$GPRMC,120003,V,,,,,,,010121,,").GetText() + END, epochs[2].bytes);
+  EXPECT_TRUE(epochs[2].startsStretch);
+  EXPECT_EQ(1, epochs[2].updates);
+  EXPECT_EQ("$GPRMC,120003,A,", epochs[3].bytes.substr(0, 16));
+  EXPECT_FALSE(epochs[3].startsStretch);
+  EXPECT_EQ(1u, bridged.GetClockJumps());
+}
+
+TEST_F(EpochSplitterTest, GoesOnAcrossAGapOfReception) {
+  bridged.Add(RMC + END + "$GPRMC,,V,,,,,,,,,\r\n$GPRMC,125959,A,1,N,2,E,3,4,010120,,\r\n");
+  EXPECT_EQ(3u, epochs.size());
+  EXPECT_EQ(0u, bridged.GetClockJumps());
+}
+
+TEST_F(EpochSplitterTest, DoesNotJudgeATimeWithoutADate) {
+  bridged.Add(RMC + END + "$GPRMC,090000,V,,,,,,,,,\r\n" + LATER_RMC + END);
+  EXPECT_EQ(3u, epochs.size());
+  EXPECT_EQ(0u, bridged.GetClockJumps());
+}
+
+TEST_F(EpochSplitterTest, LetsTheClockJumpWithoutABridge) {
+  const std::string all = RMC + END + "$GPRMC,120003,A,1,N,2,E,3,4,010180,,\r\n";
+  raw.Add(all);
+  ASSERT_EQ(2u, epochs.size());
+  EXPECT_EQ(all, epochs[0].bytes + epochs[1].bytes);
+  EXPECT_FALSE(epochs[1].startsStretch);
+}
+
 TEST_F(EpochSplitterTest, NeverMakesAPieceLargerThanTheEnginesBuffer) {
   std::string all;
   for (int i = 0; i < 300; ++i) {

@@ -118,6 +118,25 @@ TEST_F(FeederTest, WritesTogetherWhatAReceiverHasSentMeanwhile) {
   WaitForEnd();
 }
 
+TEST_F(FeederTest, WritesTheStartOfAStretchByItselfAndTellsItOnce) {
+  const std::string late = "$GPRMC,120001,A,1,N,2,E,3,4,010121,,\r\n";
+  const std::string gap = NmeaSentence("$GPRMC,120001,V,,,,,,,010121,,").GetText() + "\r\n";
+  Feed(RMC + RMC + late + late, true);
+  EXPECT_EQ(RMC + RMC, Receive(2 * RMC.size()));
+  EXPECT_TRUE(IsSilent());
+  EXPECT_FALSE(feeder->TakeStretchStart());
+  feeder->Answer();
+  feeder->Answer();
+  EXPECT_EQ(gap, Receive(gap.size()));
+  EXPECT_TRUE(IsSilent());
+  EXPECT_TRUE(feeder->TakeStretchStart());
+  EXPECT_FALSE(feeder->TakeStretchStart());
+  feeder->Answer();
+  EXPECT_EQ(late + late, Receive(2 * late.size()));
+  EXPECT_FALSE(feeder->TakeStretchStart());
+  EXPECT_EQ(1u, feeder->GetReport().clockJumps);
+}
+
 TEST_F(FeederTest, StopsWhileItWaitsForAnAnswer) {
   Feed(RMC + RMC);
   EXPECT_EQ(RMC, Receive(RMC.size()));

@@ -296,6 +296,73 @@ class Damage(HostTest):
         self.assertNotIn("dropped", said)
 
 
+class ClockJump(HostTest):
+    """What a jump of the receiver's clock does to the trip: each second at 36 km/h makes 10 m."""
+
+    KNOTS = 36 / 1.852
+
+    def check_trip(self, moments, metres, seconds, jumps):
+        """Fixes at these moments: seconds of the day and dates."""
+        text = "".join(rmc(second, self.KNOTS, date=date) + "\r\n" for second, date in moments)
+        updates, registry, said = self.replay(text)
+        self.assertEqual(len(updates), len(moments) + jumps)
+        self.assertAlmostEqual(float(registry["Distance"]), metres / 1000, delta=metres / 1e6)
+        self.assertEqual(registry["Elapsed"], str(seconds))
+        self.assertEqual(registry["Average speed"].partition(";")[2], str(seconds))
+        self.assertEqual(said.count("the receiver's clock jumped"), 1 if jumps > 0 else 0)
+        self.assertEqual("jumps of the receiver's clock: %d" % jumps in said, jumps > 0)
+
+    def test_one_wrong_date_adds_nothing(self):
+        moments = [(21600 + i, "010624") for i in range(11)]
+        moments[5] = (21605, "010654")
+        # Without the steps to the wrong one and back.
+        self.check_trip(moments, 80, 8, 2)
+
+    def test_a_rollover_at_the_start_adds_nothing(self):
+        moments = [(21600 + i, "161004" if i < 3 else "010624") for i in range(11)]
+        self.check_trip(moments, 90, 9, 1)
+
+    def test_a_clock_of_1980_at_the_start_adds_nothing(self):
+        moments = [(21600 + i, "060180" if i < 3 else "010624") for i in range(11)]
+        self.check_trip(moments, 90, 9, 1)
+
+    def test_a_step_back_of_a_minute_adds_nothing(self):
+        moments = [(21600 + i - (60 if i > 4 else 0), "010624") for i in range(11)]
+        self.check_trip(moments, 90, 9, 1)
+
+    def test_a_gap_of_reception_is_counted_as_before(self):
+        # 36 km in an hour, and 10 m in each of four more seconds.
+        moments = [(second, "010624") for second in (21600, 21601, 21602, 25202, 25203, 25204)]
+        self.check_trip(moments, 36040, 3604, 0)
+
+    def test_midnight_is_no_jump(self):
+        moments = [(86398, "311223"), (86399, "311223"), (0, "010124"), (1, "010124")]
+        self.check_trip(moments, 30, 3, 0)
+
+    def test_a_step_back_makes_no_record(self):
+        # 0 to 100 km/h in twenty seconds, of which the clock hides ten.
+        kmh = [0, 0] + [5 * i for i in range(1, 24)]
+        text = "".join(rmc(21600 + i - (10 if i > 11 else 0), speed / 1.852) + "\r\n"
+                       for i, speed in enumerate(kmh))
+        registry = self.replay(text)[1]
+        self.assertNotEqual(registry["Accel. 0-30 km/h"], "30;-9999")
+        self.assertEqual(registry["Accel. 0-100 km/h"], "100;-9999")
+
+    def test_keeps_the_figures_of_the_trip_before(self):
+        first = [(21600 + i, "010624") for i in range(11)]
+        self.check_trip(first, 100, 10, 0)
+        again = [(21600 + i, "010634") for i in range(4)] + [(21600 + i, "010624") for i in range(4)]
+        self.check_trip(again, 160, 16, 1)
+
+    def test_is_left_alone_when_raw(self):
+        text = "".join(rmc(21600 + i, self.KNOTS, date=date) + "\r\n"
+                       for i, date in enumerate(["010623", "010624"]))
+        updates, registry, said = self.replay(text, "--raw")
+        self.assertEqual(len(updates), 2)
+        self.assertGreater(float(registry["Distance"]), 300000)
+        self.assertNotIn("jump", said)
+
+
 class Language(HostTest):
     def check_russian(self, updates):
         self.assertEqual(updates[-1]["Скорость"], "18.5 км/ч")

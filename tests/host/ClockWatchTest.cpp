@@ -1,0 +1,48 @@
+#include <gtest/gtest.h>
+
+#include "sources/ClockWatch.h"
+
+namespace host {
+namespace {
+
+constexpr std::int64_t SECOND = 1000;
+constexpr std::int64_t HOUR = 3600 * SECOND;
+constexpr std::int64_t YEAR = 8766 * HOUR;
+constexpr std::int64_t START = 50 * YEAR;
+
+/// Whether the clock jumps when it makes this step.
+bool Jumps(std::int64_t stepMs) {
+  ClockWatch clock;
+  EXPECT_FALSE(clock.Jumps(START));
+  return clock.Jumps(START + stepMs);
+}
+
+TEST(ClockWatch, TakesItsTimeFromTheFirstTimeStamp) {
+  ClockWatch clock;
+  EXPECT_FALSE(clock.Jumps(START));
+  EXPECT_FALSE(clock.Jumps(START + SECOND));
+}
+
+TEST(ClockWatch, AcceptsGapsOfUpToAnHour) {
+  EXPECT_FALSE(Jumps(0));
+  EXPECT_FALSE(Jumps(HOUR));
+  EXPECT_TRUE(Jumps(HOUR + 1));
+  EXPECT_TRUE(Jumps(20 * YEAR));
+}
+
+TEST(ClockWatch, AcceptsStepsBackOfUpToFiveSeconds) {
+  EXPECT_FALSE(Jumps(-5 * SECOND));
+  EXPECT_TRUE(Jumps(-5 * SECOND - 1));
+  EXPECT_TRUE(Jumps(-40 * YEAR));
+}
+
+TEST(ClockWatch, GoesOnFromTheNewTime) {
+  ClockWatch clock;
+  clock.Jumps(START);
+  EXPECT_TRUE(clock.Jumps(START + YEAR));
+  EXPECT_FALSE(clock.Jumps(START + YEAR + SECOND));
+  EXPECT_TRUE(clock.Jumps(START));
+}
+
+}  // namespace
+}  // namespace host
