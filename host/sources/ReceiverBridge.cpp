@@ -8,6 +8,9 @@ namespace host {
 
 namespace {
 
+/// The star and two digits.
+constexpr std::size_t CHECKSUM_LENGTH = 3;
+
 constexpr std::array<std::string_view, 6> KNOWN_TYPES = {"RMC", "GGA", "GSA", "GSV", "GLL", "VTG"};
 
 /// `offset` is added to the satellite numbers 1 to `ownLast` of this system.
@@ -83,6 +86,12 @@ bool RenumberSatellites(NmeaSentence& sentence) {
   return changed;
 }
 
+/// The sentence up to its checksum, if it has one.
+std::string_view WithoutTail(std::string_view text) {
+  const std::size_t star = text.find('*');
+  return star == std::string_view::npos ? text : text.substr(0, star + CHECKSUM_LENGTH);
+}
+
 bool HasUnits(const NmeaSentence& vtg) {
   return vtg.fields.size() > VTG_KNOTS && vtg.fields[VTG_TRUE_UNIT] == "T";
 }
@@ -105,6 +114,7 @@ std::optional<std::string> ReceiverBridge::Rewrite(std::string_view text) {
     ++counts.damaged[static_cast<std::size_t>(*damage)];
     return std::nullopt;
   }
+  text = WithoutTail(text);
   if (!IsKnown(sentence)) {
     return std::string(text);
   }

@@ -27,7 +27,8 @@ namespace host {
 ///               form. A VTG without a speed is dropped, because it would erase the speed of the
 ///               RMC.
 ///
-/// All other sentences pass unchanged. Damaged sentences of all kinds are dropped.
+/// All other sentences pass unchanged. Damaged sentences of all types are dropped, and what stands
+/// behind a checksum is cut.
 class ReceiverBridge {
  public:
   struct Counts {

@@ -178,6 +178,15 @@ TEST_F(EpochSplitterTest, PassesDamagedSentencesOnWithoutABridge) {
   EXPECT_EQ(1, epochs[0].updates);
 }
 
+TEST_F(EpochSplitterTest, ExpectsNoUpdateOfAnRmcWithoutFields) {
+  const std::string empty = NmeaSentence("$GPRMC").GetText();
+  bridged.Add(empty + "**********" + END);
+  bridged.Finish();
+  ASSERT_EQ(1u, epochs.size());
+  EXPECT_EQ(empty + END, epochs[0].bytes);
+  EXPECT_EQ(0, epochs[0].updates);
+}
+
 TEST_F(EpochSplitterTest, ExpectsNoUpdateOfALineFeedOnlyRmcWithoutABridge) {
   raw.Add(RMC + "\n");
   raw.Finish();

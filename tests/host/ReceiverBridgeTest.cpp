@@ -65,6 +65,14 @@ TEST(ReceiverBridge, LeavesTimesOfOtherSentencesAlone) {
   EXPECT_EQ(text, Rewritten(text));
 }
 
+// The engine would read fields behind the checksum, which does not guard them.
+TEST(ReceiverBridge, CutsWhatStandsBehindTheChecksum) {
+  const std::string rmc = Sound("$GPRMC,120000,A,1,N,2,E,3,4,010120");
+  EXPECT_EQ(rmc, Rewritten(rmc + ",1700000000.25"));
+  EXPECT_EQ(Sound("$GPRMC"), Rewritten(Sound("$GPRMC") + ",256161,A,1,N,2,E,3,4,310220,,"));
+  EXPECT_EQ(Sound("$GPZDA"), Rewritten(Sound("$GPZDA") + " "));
+}
+
 TEST(ReceiverBridge, ToleratesAnRmcWithoutFields) {
   EXPECT_EQ("$GPRMC", Rewritten("$GPRMC"));
   EXPECT_EQ("$GPRMC,", Rewritten("$GPRMC,"));
