@@ -32,6 +32,26 @@ TEST_F(Blits, Invert) {
   EXPECT_EQ(RGB(255, 255, 0), target.At(1, 0));
 }
 
+/// The row is longer than what a processor converts at once, and not a multiple of it.
+TEST_F(Blits, WidenEveryColour) {
+  constexpr int COLOURS = 1 << 15;
+  Section narrow(COLOURS + 5, -1, 16);
+  Section wide(COLOURS + 5, -1);
+  for (int x = 0; x < COLOURS + 5; ++x) {
+    narrow.Words()[x] = static_cast<std::uint16_t>(x % COLOURS);
+  }
+  BitBlt(wide.dc, 0, 0, COLOURS + 5, 1, narrow.dc, 0, 0, SRCCOPY);
+  for (unsigned x = 0; x < COLOURS + 5; ++x) {
+    const unsigned red = x / 1024 % 32;
+    const unsigned green = x / 32 % 32;
+    const unsigned blue = x % 32;
+    // The upper three of the five bits follow them once more.
+    ASSERT_EQ((red * 8 + red / 4) << 16 | (green * 8 + green / 4) << 8 | (blue * 8 + blue / 4),
+              wide.Longs()[x] & 0xFFFFFF)
+        << x;
+  }
+}
+
 TEST_F(Blits, DoubleEveryPixel) {
   EXPECT_TRUE(StretchBlt(target.dc, 0, 0, 4, 2, source.dc, 0, 0, 2, 1, SRCCOPY));
   for (int y = 0; y < 2; ++y) {

@@ -44,7 +44,7 @@ const Pixel* GatherRow(const AxisMap& columns, const Pixel* row, std::vector<Pix
 }
 
 template <typename To, typename From>
-void ConvertRow(To* to, const From* from, int count, To flip) {
+[[gnu::always_inline]] inline void ConvertPixels(To* to, const From* from, int count, To flip) {
   for (int i = 0; i < count; ++i) {
     if constexpr (std::is_same_v<To, From>) {
       to[i] = from[i] ^ flip;
@@ -55,6 +55,35 @@ void ConvertRow(To* to, const From* from, int count, To flip) {
     }
   }
 }
+
+#ifdef __x86_64__
+
+/// For processors with vectors of 32 bytes. Each frame is widened from 16 to 32 bits, which takes
+/// little more than half the time with them.
+template <typename To, typename From>
+[[gnu::target("avx2")]] void ConvertPixelsInLongVectors(To* to, const From* from, int count,
+                                                        To flip) {
+  ConvertPixels(to, from, count, flip);
+}
+
+template <typename To, typename From>
+void ConvertRow(To* to, const From* from, int count, To flip) {
+  static const bool hasLongVectors = __builtin_cpu_supports("avx2") != 0;
+  if (hasLongVectors) {
+    ConvertPixelsInLongVectors(to, from, count, flip);
+  } else {
+    ConvertPixels(to, from, count, flip);
+  }
+}
+
+#else
+
+template <typename To, typename From>
+void ConvertRow(To* to, const From* from, int count, To flip) {
+  ConvertPixels(to, from, count, flip);
+}
+
+#endif
 
 template <typename To, typename From>
 void StretchRows(const Raster& target, const AxisMap& columns, const AxisMap& rows,

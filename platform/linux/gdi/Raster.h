@@ -25,13 +25,12 @@ constexpr int RowBytes(int width, PixelFormat format) {
   return (width * BytesPerPixel(format) + 3) & ~3;
 }
 
-/// 5 bits stretched to 8: 0 and 31 become 0 and 255.
-constexpr std::uint32_t Widen5(std::uint32_t value) {
-  return (value << 3) | (value >> 2);
-}
-
+/// Each 5 bits stretched to 8: 0 and 31 become 0 and 255. The upper three bits of a value are also
+/// its lowest, for all three values at once.
 constexpr std::uint32_t ArgbFrom555(std::uint32_t pixel) {
-  return (Widen5((pixel >> 10) & 31) << 16) | (Widen5((pixel >> 5) & 31) << 8) | Widen5(pixel & 31);
+  const std::uint32_t upper =
+      ((pixel & 0x7C00) << 9) | ((pixel & 0x03E0) << 6) | ((pixel & 0x001F) << 3);
+  return upper | ((upper >> 5) & 0x00070707);
 }
 
 constexpr std::uint16_t Rgb555FromArgb(std::uint32_t argb) {
