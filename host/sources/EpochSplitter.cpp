@@ -91,6 +91,9 @@ void EpochSplitter::Finish() {
     TakeLine(line);
     line.clear();
   }
+  if (fixes != nullptr) {
+    fixes->Finish();
+  }
   Flush();
 }
 
@@ -115,6 +118,9 @@ void EpochSplitter::TakeBridged(std::string_view bytes) {
   }
   const std::string_view original = text.substr(start);
   if (const std::optional<std::string> sentence = bridge->Rewrite(original)) {
+    if (fixes != nullptr) {
+      fixes->Add(original);
+    }
     WatchClock(*sentence);
     Append(*sentence + "\r\n", *sentence, original);
   }

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "sources/ClockWatch.h"
+#include "sources/FixReader.h"
 #include "sources/ReceiverBridge.h"
 
 namespace host {
@@ -46,6 +47,10 @@ class EpochSplitter {
   /// calls from Add and Finish.
   EpochSplitter(ReceiverBridge* bridge, Deliver deliver);
 
+  /// Also gives `reader` the sentences as the receiver sent them; it outlives the splitter. Needs a
+  /// bridge, which finds the damaged ones.
+  void ReadFixesWith(FixReader& reader) { fixes = &reader; }
+
   /// Adds the next bytes of the source.
   void Add(std::string_view bytes);
 
@@ -67,6 +72,8 @@ class EpochSplitter {
 
   ReceiverBridge* bridge;
   Deliver deliver;
+  /// Null when nobody wants fixes.
+  FixReader* fixes = nullptr;
   std::string line;
   Epoch epoch;
   std::uint64_t offset = 0;

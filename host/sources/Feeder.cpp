@@ -32,11 +32,17 @@ Feeder::Feeder(NmeaSource& source, const PseudoTerminal& line, Bridge bridgeUse,
       prepare(std::move(beforeEpoch)),
       end(std::move(onEnd)),
       splitter(bridgeUse == Bridge::ON ? &bridge : nullptr,
-               [this](Epoch epoch) { queue.push_back(std::move(epoch)); }),
+               [this](Epoch epoch) { Queue(std::move(epoch)); }),
+      fixReader([this](const Fix& fix) { OnFix(fix); }),
       patience(LONGEST_PATIENCE) {}
 
 Feeder::~Feeder() {
   Stop();
+}
+
+void Feeder::TellFixes(std::function<void(const Fix&)> take) {
+  takeFix = std::move(take);
+  splitter.ReadFixesWith(fixReader);
 }
 
 void Feeder::Start() {
@@ -83,37 +89,57 @@ void Feeder::Run() {
       splitter.Finish();
     }
     PublishCounts();
-    goOn = FeedQueue() && bytes.has_value();
+    const bool isFed = FeedQueue();
+    goOn = isFed && bytes.has_value();
+    if (isFed && !bytes) {
+      std::for_each(fixes.begin(), fixes.end(), takeFix);
+    }
   }
   end();
 }
 
+void Feeder::Queue(Epoch epoch) {
+  queue.push_back({std::move(epoch), std::exchange(fixes, {})});
+}
+
+void Feeder::OnFix(const Fix& fix) {
+  if (source.IsLive()) {
+    takeFix(fix);
+  } else {
+    fixes.push_back(fix);
+  }
+}
+
 bool Feeder::FeedQueue() {
   while (!queue.empty()) {
-    const Epoch epoch = TakeEpoch();
-    if (!WaitForTurn(epoch)) {
+    const std::vector<Fix> played = std::exchange(queue.front().fixes, {});
+    if (!Feed(TakeEpoch())) {
       return false;
     }
-    PublishProgress(epoch);
-    prepare(epoch);
-    Expect(epoch);
-    const bool taken =
-        Write(epoch.bytes) && (epoch.updates > 0 ? WaitForAnswer() : WaitUntilRead());
-    if (!taken) {
-      return false;
-    }
+    std::for_each(played.begin(), played.end(), takeFix);
   }
   return true;
 }
 
+/// False when the feeder was stopped.
+bool Feeder::Feed(const Epoch& epoch) {
+  if (!WaitForTurn(epoch)) {
+    return false;
+  }
+  PublishProgress(epoch);
+  prepare(epoch);
+  Expect(epoch);
+  return Write(epoch.bytes) && (epoch.updates > 0 ? WaitForAnswer() : WaitUntilRead());
+}
+
 Epoch Feeder::TakeEpoch() {
-  Epoch epoch = std::move(queue.front());
+  Epoch epoch = std::move(queue.front().epoch);
   queue.pop_front();
   while (source.IsLive() && !queue.empty() && !epoch.startsStretch &&
-         !queue.front().startsStretch &&
-         epoch.bytes.size() + queue.front().bytes.size() <= EpochSplitter::MAX_BYTES) {
-    epoch.bytes += queue.front().bytes;
-    epoch.updates += queue.front().updates;
+         !queue.front().epoch.startsStretch &&
+         epoch.bytes.size() + queue.front().epoch.bytes.size() <= EpochSplitter::MAX_BYTES) {
+    epoch.bytes += queue.front().epoch.bytes;
+    epoch.updates += queue.front().epoch.updates;
     queue.pop_front();
   }
   return epoch;

@@ -11,8 +11,11 @@
 #include <set>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "sources/EpochSplitter.h"
+#include "sources/Fix.h"
+#include "sources/FixReader.h"
 #include "sources/NmeaSource.h"
 #include "sources/PseudoTerminal.h"
 #include "sources/ReceiverBridge.h"
@@ -51,6 +54,10 @@ class Feeder {
   Feeder& operator=(const Feeder&) = delete;
   ~Feeder();
 
+  /// Gives `take` each fix on the feeder's thread: that of a receiver at once, that of a recording
+  /// when it is played. Needs the bridge. Call before Start.
+  void TellFixes(std::function<void(const Fix&)> take);
+
   void Start();
   /// Returns when the thread has ended. Does nothing when it was not started or has ended.
   void Stop();
@@ -67,8 +74,17 @@ class Feeder {
  private:
   using Clock = std::chrono::steady_clock;
 
+  /// With the fixes that were complete when the epoch was.
+  struct Piece {
+    Epoch epoch;
+    std::vector<Fix> fixes;
+  };
+
   void Run();
+  void Queue(Epoch epoch);
+  void OnFix(const Fix& fix);
   bool FeedQueue();
+  bool Feed(const Epoch& epoch);
   Epoch TakeEpoch();
   bool WaitForTurn(const Epoch& epoch);
   /// Time from the last turn to this epoch's.
@@ -89,7 +105,12 @@ class Feeder {
   const std::function<void()> end;
   ReceiverBridge bridge;
   EpochSplitter splitter;
-  std::deque<Epoch> queue;
+  std::deque<Piece> queue;
+  /// Empty when nobody wants fixes.
+  std::function<void(const Fix&)> takeFix;
+  FixReader fixReader;
+  /// Fixes of the epoch that is not complete yet.
+  std::vector<Fix> fixes;
   std::optional<std::int64_t> lastTimeMs;
   Clock::time_point lastTurn;
   Clock::duration patience;

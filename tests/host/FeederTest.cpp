@@ -41,6 +41,7 @@ class FeederTest : public testing::Test {
     source = std::make_unique<TextSource>(text, live);
     feeder = std::make_unique<Feeder>(
         *source, line, Feeder::Bridge::ON, 0, [](const Epoch&) {}, [this] { ended = true; });
+    feeder->TellFixes([this](const Fix&) { ++fixes; });
     feeder->Start();
   }
 
@@ -73,6 +74,7 @@ class FeederTest : public testing::Test {
   std::unique_ptr<NmeaSource> source;
   std::unique_ptr<Feeder> feeder;
   std::atomic<bool> ended = false;
+  std::atomic<int> fixes = 0;
 };
 
 TEST_F(FeederTest, WritesTheNextEpochOnlyAfterTheAnswerToTheOneBefore) {
@@ -135,6 +137,27 @@ TEST_F(FeederTest, WritesTheStartOfAStretchByItselfAndTellsItOnce) {
   EXPECT_EQ(late + late, Receive(2 * late.size()));
   EXPECT_FALSE(feeder->TakeStretchStart());
   EXPECT_EQ(1u, feeder->GetReport().clockJumps);
+}
+
+TEST_F(FeederTest, TellsTheFixesOfARecordingWhenTheyArePlayed) {
+  Feed(GGA + RMC + GGA + RMC + GGA + RMC);
+  EXPECT_EQ(GGA + RMC, Receive(GGA.size() + RMC.size()));
+  EXPECT_EQ(0, fixes);
+  feeder->Answer();
+  EXPECT_EQ(GGA + RMC, Receive(GGA.size() + RMC.size()));
+  EXPECT_LE(fixes, 1);
+  feeder->Answer();
+  EXPECT_EQ(GGA + RMC, Receive(GGA.size() + RMC.size()));
+  feeder->Answer();
+  WaitForEnd();
+  EXPECT_EQ(3, fixes);
+}
+
+TEST_F(FeederTest, TellsTheFixesOfAReceiverAtOnce) {
+  Feed(RMC + RMC + RMC, true);
+  EXPECT_EQ(RMC + RMC + RMC, Receive(3 * RMC.size()));
+  EXPECT_FALSE(ended);
+  EXPECT_EQ(3, fixes);
 }
 
 TEST_F(FeederTest, StopsWhileItWaitsForAnAnswer) {
