@@ -55,6 +55,9 @@ HostWindow::Event HostWindow::Wait(DWORD milliseconds) const {
       }
       if (isOurs && message.message == update) {
         onButton(message.lParam);
+      } else if (message.message == WM_PAINT) {
+        // Comes again until the window has answered. The engine draws into it by itself.
+        DispatchMessageW(&message);
       } else if (!isOurs && message.hwnd != nullptr) {
         onOther(message);
       }

@@ -127,6 +127,9 @@ void WINAPI InitializeCriticalSection(CRITICAL_SECTION* section);
 void WINAPI EnterCriticalSection(CRITICAL_SECTION* section);
 void WINAPI LeaveCriticalSection(CRITICAL_SECTION* section);
 void WINAPI DeleteCriticalSection(CRITICAL_SECTION* section);
+/// Opens the mutex of that name, which sets the last error to ERROR_ALREADY_EXISTS, or makes one. It
+/// exists until all of its handles are closed. Used for its name only: nothing waits for it.
+HANDLE WINAPI CreateMutexW(SECURITY_ATTRIBUTES* security, BOOL isOwner, LPCWSTR name);
 }
 
 // Time.
@@ -140,7 +143,12 @@ BOOL WINAPI FileTimeToLocalFileTime(const FILETIME* utc, FILETIME* local);
 BOOL WINAPI LocalFileTimeToFileTime(const FILETIME* local, FILETIME* utc);
 }
 
-// Modules.
+// Programs and modules.
+
+extern "C" {
+/// Entry of a program. `show` is a command for ShowWindow.
+int WINAPI wWinMain(HINSTANCE instance, HINSTANCE previous, LPWSTR commandLine, int show);
+}
 
 constexpr DWORD DLL_PROCESS_DETACH = 0;
 constexpr DWORD DLL_PROCESS_ATTACH = 1;

@@ -158,6 +158,8 @@ BOOL WINAPI RoundRect(HDC dc, int left, int top, int right, int bottom, int corn
                       int cornerHeight);
 COLORREF WINAPI SetPixel(HDC dc, int x, int y, COLORREF color);
 COLORREF WINAPI GetPixel(HDC dc, int x, int y);
+/// Completes all drawing of the calling thread: pixels of sections may be read afterwards.
+BOOL WINAPI GdiFlush();
 }
 
 // Regions.
@@ -178,6 +180,7 @@ int WINAPI SelectClipRgn(HDC dc, HRGN region);
 
 constexpr int LF_FACESIZE = 32;
 constexpr LONG FW_NORMAL = 400;
+constexpr LONG FW_BOLD = 700;
 
 struct LOGFONTW {
   /// Positive: height of the character cell. Negative: height of the em square.
@@ -204,6 +207,8 @@ constexpr int OPAQUE = 2;
 
 constexpr UINT DT_NOCLIP = 0x0100;
 constexpr UINT DT_CALCRECT = 0x0400;
+/// "&" is a character like any other.
+constexpr UINT DT_NOPREFIX = 0x0800;
 
 extern "C" {
 int WINAPI AddFontResourceW(LPCWSTR fileName);

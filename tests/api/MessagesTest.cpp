@@ -87,6 +87,16 @@ TEST(Messages, HaveOneNumberForAName) {
   EXPECT_EQ(0U, RegisterWindowMessageW(TEXT("")));
 }
 
+TEST(Messages, OfKeysAreTranslated) {
+  MSG message = {};
+  for (const UINT key : {WM_KEYDOWN, WM_KEYUP}) {
+    message.message = key;
+    EXPECT_TRUE(TranslateMessage(&message));
+  }
+  message.message = OWN_MESSAGE;
+  EXPECT_FALSE(TranslateMessage(&message));
+}
+
 TEST(Messages, ThatDoNotComeEndTheWaitAtItsTime) {
   TakeAll();
   EXPECT_EQ(static_cast<DWORD>(WAIT_TIMEOUT),

@@ -7,13 +7,19 @@ namespace api {
 /// A window of the calling thread, hidden until it is shown.
 class Window {
  public:
-  explicit Window(int x = 0, int y = 0, int width = 100, int height = 50, HWND owner = nullptr) {
+  explicit Window(int x = 0, int y = 0, int width = 100, int height = 50, HWND owner = nullptr)
+      : Window(TEXT("FerolinApi"), DefWindowProcW, nullptr, {x, y, x + width, y + height}, owner) {}
+  /// All windows of a class name have the procedure and background of the first.
+  Window(LPCWSTR className, WNDPROC procedure, HBRUSH background,
+         const RECT& rect = {0, 0, 100, 50}, HWND owner = nullptr) {
     WNDCLASSW windowClass = {};
-    windowClass.lpfnWndProc = DefWindowProcW;
-    windowClass.lpszClassName = TEXT("FerolinApi");
+    windowClass.lpfnWndProc = procedure;
+    windowClass.hbrBackground = background;
+    windowClass.lpszClassName = className;
     RegisterClassW(&windowClass);
-    window = CreateWindowExW(0, TEXT("FerolinApi"), TEXT("Title"), WS_POPUP, x, y, width, height,
-                             owner, nullptr, nullptr, nullptr);
+    window = CreateWindowExW(0, className, TEXT("Title"), WS_POPUP, rect.left, rect.top,
+                             rect.right - rect.left, rect.bottom - rect.top, owner, nullptr,
+                             nullptr, nullptr);
   }
   ~Window() { Destroy(); }
   Window(const Window&) = delete;

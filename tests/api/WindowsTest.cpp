@@ -81,6 +81,41 @@ TEST(Windows, ThatAreGoneAnswerNothing) {
   EXPECT_EQ(0, title[0]);
 }
 
+TEST(Windows, AreFoundByClassAndTitle) {
+  Window window(TEXT("FerolinApiFound"), DefWindowProcW, nullptr);
+  EXPECT_EQ(window.Get(), FindWindowW(TEXT("FerolinApiFound"), nullptr));
+  EXPECT_EQ(window.Get(), FindWindowW(TEXT("FEROLINAPIFOUND"), TEXT("Title")));
+  EXPECT_EQ(nullptr, FindWindowW(TEXT("FerolinApiFound"), TEXT("Other")));
+  EXPECT_EQ(nullptr, FindWindowW(TEXT("FerolinApiNowhere"), nullptr));
+  window.Destroy();
+  EXPECT_EQ(nullptr, FindWindowW(TEXT("FerolinApiFound"), nullptr));
+}
+
+TEST(Windows, HaveTheMouseOneAtATime) {
+  const Window first;
+  Window second;
+  EXPECT_EQ(nullptr, SetCapture(first.Get()));
+  EXPECT_EQ(first.Get(), SetCapture(second.Get()));
+  second.Destroy();
+  EXPECT_EQ(nullptr, SetCapture(first.Get()));
+  EXPECT_TRUE(ReleaseCapture());
+  EXPECT_EQ(nullptr, SetCapture(first.Get()));
+  ReleaseCapture();
+}
+
+TEST(Windows, FillAScreenThatHasASize) {
+  EXPECT_GT(GetSystemMetrics(SM_CXSCREEN), 0);
+  EXPECT_GT(GetSystemMetrics(SM_CYSCREEN), 0);
+  EXPECT_EQ(0, GetSystemMetrics(-1));
+}
+
+TEST(Windows, ThatAreGoneComeNotToTheFront) {
+  Window window;
+  const HWND gone = window.Get();
+  window.Destroy();
+  EXPECT_FALSE(SetForegroundWindow(gone));
+}
+
 TEST(Windows, NoneIsNoWindow) {
   RECT rect = {};
   EXPECT_FALSE(IsWindow(nullptr));

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
+#include <iterator>
 
 #include "Section.h"
 
@@ -339,6 +341,41 @@ TEST(TextState, AnswersWhatWasThereBefore) {
   EXPECT_EQ(RGB(0, 0, 0), SetTextColor(section.dc, RED));
   EXPECT_EQ(RED, SetTextColor(section.dc, GREEN));
   EXPECT_EQ(nullptr, CreateFontIndirectW(nullptr));
+}
+
+/// Width of a text in Liberation Serif with an em square of 256 pixels.
+LONG WidthOf(LPCWSTR text, LONG weight, UINT format = 0) {
+  const Section section(4, 4);
+  LOGFONTW description = {};
+  description.lfHeight = -256;
+  description.lfWeight = weight;
+  constexpr WCHAR FACE[] = TEXT("Liberation Serif");
+  std::copy(std::begin(FACE), std::end(FACE), description.lfFaceName);
+  const HFONT font = CreateFontIndirectW(&description);
+  const HGDIOBJ before = SelectObject(section.dc, font);
+  RECT rect = {};
+  DrawTextW(section.dc, text, -1, &rect, DT_CALCRECT | format);
+  SelectObject(section.dc, before);
+  DeleteObject(font);
+  return rect.right;
+}
+
+TEST(TextWeight, ChoosesTheBoldFace) {
+  // "n" is 1024 units of 2048 wide in the regular font, 1139 in the bold one.
+  EXPECT_EQ(128, WidthOf(TEXT("n"), FW_NORMAL));
+  EXPECT_EQ(142, WidthOf(TEXT("n"), FW_BOLD));
+  EXPECT_EQ(128, WidthOf(TEXT("n"), 550));
+  EXPECT_EQ(142, WidthOf(TEXT("n"), 551));
+}
+
+TEST(TextState, AmpersandsAreCharactersWhenAskedFor) {
+  EXPECT_EQ(128, WidthOf(TEXT("&n"), FW_NORMAL));
+  EXPECT_EQ(WidthOf(TEXT("&&n"), FW_NORMAL), WidthOf(TEXT("&n"), FW_NORMAL, DT_NOPREFIX));
+  EXPECT_GT(WidthOf(TEXT("&n"), FW_NORMAL, DT_NOPREFIX), 128);
+}
+
+TEST(Drawing, CanBeCompleted) {
+  EXPECT_TRUE(GdiFlush());
 }
 
 TEST(TextState, NoTextTakesNoRoom) {

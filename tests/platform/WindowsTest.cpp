@@ -161,6 +161,32 @@ TEST_F(Windows, NeedAPlaceForTheirRectangles) {
   DestroyWindow(window);
 }
 
+TEST_F(Windows, FillTheScreenThatIsMeasured) {
+  handheld::SetScreen(480, 640, 192);
+  EXPECT_EQ(480, GetSystemMetrics(SM_CXSCREEN));
+  EXPECT_EQ(640, GetSystemMetrics(SM_CYSCREEN));
+}
+
+TEST_F(Windows, OfTheSameClassAreFoundTheLatestFirst) {
+  const HWND first = Create();
+  const HWND second = Create();
+  EXPECT_EQ(second, FindWindowW(u"Test", nullptr));
+  DestroyWindow(second);
+  EXPECT_EQ(first, FindWindowW(u"Test", nullptr));
+  EXPECT_EQ(first, FindWindowW(nullptr, u"Speed"));
+  EXPECT_TRUE(SetForegroundWindow(first));
+  DestroyWindow(first);
+}
+
+TEST_F(Windows, HaveTheMouseOnlyInTheirOwnThread) {
+  const HWND window = Create();
+  std::thread([window] {
+    EXPECT_EQ(nullptr, SetCapture(window));
+    EXPECT_EQ(nullptr, SetCapture(window));
+  }).join();
+  DestroyWindow(window);
+}
+
 TEST_F(Windows, StandInTheTable) {
   const HWND window = Create(WS_VISIBLE);
   auto& table = handheld::WindowTable::Instance();

@@ -37,8 +37,10 @@ HGDIOBJ Exchange(std::shared_ptr<Kind>& place, const std::shared_ptr<Object>& ob
 Target DeviceContext::GetDrawingTarget() const {
   const Raster& raster = GetRaster();
   Target target = {raster, raster.GetBounds()};
-  if (clip) {
-    target.clip = Intersect(target.clip, *clip);
+  for (const std::optional<RECT>& limit : {visible, clip}) {
+    if (limit) {
+      target.clip = Intersect(target.clip, *limit);
+    }
   }
   if (IsEmpty(target.clip)) {
     target.clip = {0, 0, 0, 0};

@@ -30,6 +30,9 @@ struct DeviceContext : Object {
   std::shared_ptr<Pen> pen;
   std::shared_ptr<Brush> brush;
   std::shared_ptr<Font> font;
+  /// Part of the window that can be drawn into: what WM_PAINT asked for. No value means all of it.
+  std::optional<RECT> visible;
+  /// Chosen by the program, within the visible part.
   std::optional<RECT> clip;
   POINT position = {0, 0};
   COLORREF textColor = RGB(0, 0, 0);

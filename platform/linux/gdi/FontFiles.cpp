@@ -5,6 +5,7 @@
 
 #include <map>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "gdi/RegisteredFonts.h"
@@ -46,13 +47,22 @@ FontFile FindAdded(const std::string& faceName) {
   return {};
 }
 
+/// Face that fontconfig does not know as a substitute; empty for all others. The widths of these two
+/// are within 2 % of each other.
+std::string SubstituteFor(const std::string& faceName) {
+  return strcasecmp(faceName.c_str(), "Tahoma") == 0 ? "DejaVu Sans Condensed" : "";
+}
+
 /// Fontconfig substitutes fonts of the same proportions for well-known faces.
-FontFile FindInstalled(const std::string& faceName) {
+FontFile FindInstalled(const std::string& faceName, FontWeight weight) {
   const Pattern wanted(FcPatternCreate());
-  if (!faceName.empty()) {
-    FcPatternAddString(wanted.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(faceName.c_str()));
+  for (const std::string& name : {faceName, SubstituteFor(faceName)}) {
+    if (!name.empty()) {
+      FcPatternAddString(wanted.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(name.c_str()));
+    }
   }
-  FcPatternAddInteger(wanted.get(), FC_WEIGHT, FC_WEIGHT_REGULAR);
+  FcPatternAddInteger(wanted.get(), FC_WEIGHT,
+                      weight == FontWeight::BOLD ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR);
   FcPatternAddBool(wanted.get(), FC_SCALABLE, FcTrue);
   FcConfigSubstitute(nullptr, wanted.get(), FcMatchPattern);
   FcDefaultSubstitute(wanted.get());
@@ -69,15 +79,17 @@ FontFile FindInstalled(const std::string& faceName) {
 
 }  // namespace
 
-FontFile FindFontFile(const std::u16string& faceName) {
+FontFile FindFontFile(const std::u16string& faceName, FontWeight weight) {
   const std::string name = Utf8FromWide(faceName);
   if (FontFile added = FindAdded(name); !added.path.empty()) {
     return added;
   }
-  static std::map<std::string, FontFile>& installed = *new std::map<std::string, FontFile>;
-  auto found = installed.find(name);
+  using Key = std::pair<std::string, FontWeight>;
+  static std::map<Key, FontFile>& installed = *new std::map<Key, FontFile>;
+  const Key key(name, weight);
+  auto found = installed.find(key);
   if (found == installed.end()) {
-    found = installed.emplace(name, FindInstalled(name)).first;
+    found = installed.emplace(key, FindInstalled(name, weight)).first;
   }
   return found->second;
 }

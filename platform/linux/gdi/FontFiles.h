@@ -16,8 +16,10 @@ struct FontFile {
   }
 };
 
-/// File of the face with this name: one added with AddFontResourceW, else the closest one
-/// installed. Empty path without any font. The caller holds FontLock.
-FontFile FindFontFile(const std::u16string& faceName);
+enum class FontWeight { REGULAR, BOLD };
+
+/// File of the face with this name: one added with AddFontResourceW, whatever its weight, else the closest
+/// one installed. Empty path without any font. The caller holds FontLock.
+FontFile FindFontFile(const std::u16string& faceName, FontWeight weight);
 
 }  // namespace handheld::gdi

@@ -224,6 +224,9 @@ void SizedFont::TakeCoverage(Glyph& glyph, const FT_Bitmap& bitmap) {
 
 namespace {
 
+/// Greater weights choose the bold face.
+constexpr LONG HEAVIEST_REGULAR = 550;
+
 /// One SizedFont serves all equal descriptions.
 std::shared_ptr<SizedFont> Find(const LOGFONTW& description) {
   using Key = std::tuple<FontFile, LONG, LONG>;
@@ -232,7 +235,9 @@ std::shared_ptr<SizedFont> Find(const LOGFONTW& description) {
   const std::u16string name(
       description.lfFaceName,
       std::find(description.lfFaceName, description.lfFaceName + LF_FACESIZE, u'\0'));
-  const Key key(FindFontFile(name), description.lfHeight, description.lfEscapement);
+  const FontWeight weight =
+      description.lfWeight > HEAVIEST_REGULAR ? FontWeight::BOLD : FontWeight::REGULAR;
+  const Key key(FindFontFile(name, weight), description.lfHeight, description.lfEscapement);
   if (const auto found = fonts.find(key); found != fonts.end()) {
     return found->second;
   }

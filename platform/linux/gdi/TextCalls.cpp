@@ -32,8 +32,10 @@ bool IsTrail(char16_t unit) {
   return unit >= 0xDC00 && unit < 0xE000;
 }
 
-/// Splits at CR, LF or both. "&" marks a shortcut and is not shown; "&&" shows "&".
-std::vector<Line> SplitLines(std::u16string_view text) {
+enum class Ampersand { MARKS_SHORTCUT, IS_CHARACTER };
+
+/// Splits at CR, LF or both. An "&" that marks a shortcut is not shown; "&&" then shows "&".
+std::vector<Line> SplitLines(std::u16string_view text, Ampersand ampersand) {
   std::vector<Line> lines;
   bool isLineOpen = false;
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -48,7 +50,8 @@ std::vector<Line> SplitLines(std::u16string_view text) {
       isLineOpen = false;
       continue;
     }
-    if (text[i] == u'&' && ++i == text.size()) {
+    const bool isMark = text[i] == u'&' && ampersand == Ampersand::MARKS_SHORTCUT;
+    if (isMark && ++i == text.size()) {
       break;
     }
     char32_t character = text[i];
@@ -195,7 +198,8 @@ int WINAPI DrawTextW(HDC dc, LPCWSTR text, int length, RECT* rect, UINT format) 
     const std::u16string_view whole =
         length < 0 ? std::u16string_view(text)
                    : std::u16string_view(text, static_cast<std::size_t>(length));
-    const std::vector<Line> lines = SplitLines(whole);
+    const std::vector<Line> lines = SplitLines(
+        whole, (format & DT_NOPREFIX) != 0 ? Ampersand::IS_CHARACTER : Ampersand::MARKS_SHORTCUT);
     const std::lock_guard lock(FontLock());
     SizedFont& font = SizedFontOf(*context->font);
     return isDrawing ? Draw(*context, font, lines, *rect, format) : Measure(font, lines, *rect);

@@ -129,6 +129,12 @@ BOOL WINAPI GetMessageW(MSG* message, HWND window, UINT first, UINT last) {
   });
 }
 
+BOOL WINAPI TranslateMessage(const MSG* message) {
+  return message != nullptr && (message->message == WM_KEYDOWN || message->message == WM_KEYUP)
+             ? TRUE
+             : FALSE;
+}
+
 LRESULT WINAPI DispatchMessageW(const MSG* message) {
   if (message == nullptr || message->hwnd == nullptr) {
     return 0;

@@ -63,25 +63,72 @@ void MessageQueue::PostQuit(int exitCode) {
   arrival.notify_all();
 }
 
+void MessageQueue::RequestPaint(HWND window) {
+  {
+    const std::lock_guard lock(mutex);
+    if (std::find(paints.begin(), paints.end(), window) != paints.end()) {
+      return;
+    }
+    paints.push_back(window);
+    hasUnseen = true;
+  }
+  arrival.notify_all();
+}
+
+void MessageQueue::CancelPaint(HWND window) {
+  const std::lock_guard lock(mutex);
+  std::erase(paints, window);
+}
+
+void MessageQueue::SetTimer(HWND window, UINT_PTR number, DWORD periodMs) {
+  {
+    const std::lock_guard lock(mutex);
+    timers.Set(window, number, periodMs);
+  }
+  // The thread may be waiting until a later moment.
+  arrival.notify_all();
+}
+
+bool MessageQueue::KillTimer(HWND window, UINT_PTR number) {
+  const std::lock_guard lock(mutex);
+  return timers.Kill(window, number);
+}
+
 void MessageQueue::DropWindow(HWND window) {
   const std::lock_guard lock(mutex);
   std::erase_if(messages, [window](const MSG& message) { return message.hwnd == window; });
+  std::erase(paints, window);
+  timers.DropWindow(window);
 }
 
 std::optional<MSG> MessageQueue::TakeLocked(const Filter& filter, bool remove) {
   hasUnseen = false;
-  const auto found = std::find_if(messages.begin(), messages.end(),
-                                  [&](const MSG& message) { return filter.Admits(message); });
-  if (found != messages.end()) {
-    const MSG message = *found;
-    if (remove) {
-      messages.erase(found);
-    }
+  if (auto message = TakePosted(filter, remove)) {
     return message;
   }
-  if (!quitCode) {
+  if (quitCode) {
+    return TakeQuit(remove);
+  }
+  if (auto message = FindPaint(filter)) {
+    return message;
+  }
+  return timers.FindDue([&filter](const MSG& message) { return filter.Admits(message); }, remove);
+}
+
+std::optional<MSG> MessageQueue::TakePosted(const Filter& filter, bool remove) {
+  const auto found = std::find_if(messages.begin(), messages.end(),
+                                  [&](const MSG& message) { return filter.Admits(message); });
+  if (found == messages.end()) {
     return std::nullopt;
   }
+  const MSG message = *found;
+  if (remove) {
+    messages.erase(found);
+  }
+  return message;
+}
+
+std::optional<MSG> MessageQueue::TakeQuit(bool remove) {
   MSG quit = {};
   quit.message = WM_QUIT;
   quit.wParam = static_cast<WPARAM>(*quitCode);
@@ -90,6 +137,33 @@ std::optional<MSG> MessageQueue::TakeLocked(const Filter& filter, bool remove) {
     quitCode.reset();
   }
   return quit;
+}
+
+std::optional<MSG> MessageQueue::FindPaint(const Filter& filter) const {
+  for (const HWND window : paints) {
+    MSG paint = {};
+    paint.hwnd = window;
+    paint.message = WM_PAINT;
+    paint.time = Clock::Instance().GetTicks();
+    if (filter.Admits(paint)) {
+      return paint;
+    }
+  }
+  return std::nullopt;
+}
+
+void MessageQueue::WaitForChange(std::unique_lock<std::mutex>& lock, const Filter& filter,
+                                 Deadline deadline) {
+  const auto isWanted = [&filter](const MSG& message) { return filter.Admits(message); };
+  if (const auto untilTimer = timers.GetWait(isWanted)) {
+    const auto due = std::chrono::steady_clock::now() + *untilTimer;
+    deadline = std::min(deadline.value_or(due), due);
+  }
+  if (deadline) {
+    arrival.wait_until(lock, *deadline);
+  } else {
+    arrival.wait(lock);
+  }
 }
 
 std::optional<MSG> MessageQueue::Take(const Filter& filter, bool remove) {
@@ -103,19 +177,23 @@ MSG MessageQueue::AwaitAndTake(const Filter& filter) {
     if (const auto message = TakeLocked(filter, true)) {
       return *message;
     }
-    arrival.wait(lock);
+    WaitForChange(lock, filter, std::nullopt);
   }
 }
 
 bool MessageQueue::Await(bool onlyUnseen, Deadline deadline) {
   std::unique_lock lock(mutex);
   const auto isThere = [&] {
-    return onlyUnseen ? hasUnseen : !messages.empty() || quitCode.has_value();
+    const bool isPending =
+        onlyUnseen ? hasUnseen : !messages.empty() || quitCode.has_value() || !paints.empty();
+    return isPending || timers.FindDue([](const MSG&) { return true; }, false).has_value();
   };
-  if (deadline) {
-    return arrival.wait_until(lock, *deadline, isThere);
+  while (!isThere()) {
+    if (deadline && std::chrono::steady_clock::now() >= *deadline) {
+      return false;
+    }
+    WaitForChange(lock, {}, deadline);
   }
-  arrival.wait(lock, isThere);
   return true;
 }
 

@@ -10,6 +10,9 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <vector>
+
+#include "windows/Timers.h"
 
 namespace handheld {
 
@@ -36,7 +39,16 @@ class MessageQueue {
   void Post(const MSG& message);
   void PostQuit(int exitCode);
 
-  /// Drops the messages of a destroyed window.
+  /// WM_PAINT for the window comes behind all posted messages, again and again until cancelled.
+  void RequestPaint(HWND window);
+  void CancelPaint(HWND window);
+
+  /// WM_TIMER comes behind all other messages.
+  void SetTimer(HWND window, UINT_PTR number, DWORD periodMs);
+  /// False when there is no such timer.
+  bool KillTimer(HWND window, UINT_PTR number);
+
+  /// Drops the messages and timers of a destroyed window.
   void DropWindow(HWND window);
 
   /// First message that the filter admits. WM_QUIT passes every filter, after all other messages.
@@ -51,11 +63,19 @@ class MessageQueue {
 
  private:
   std::optional<MSG> TakeLocked(const Filter& filter, bool remove);
+  std::optional<MSG> TakePosted(const Filter& filter, bool remove);
+  std::optional<MSG> TakeQuit(bool remove);
+  std::optional<MSG> FindPaint(const Filter& filter) const;
+  /// Waits until something arrives, a timer that the filter admits is due, or the deadline passes.
+  void WaitForChange(std::unique_lock<std::mutex>& lock, const Filter& filter, Deadline deadline);
 
   std::mutex mutex;
   std::condition_variable arrival;
   std::deque<MSG> messages;
   std::optional<int> quitCode;
+  /// Windows that are to be drawn.
+  std::vector<HWND> paints;
+  Timers timers;
   bool hasUnseen = false;
 };
 

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "core/LastError.h"
 #include "handheld.h"
@@ -32,6 +33,23 @@ RECT Place(int x, int y, int width, int height) {
   return rect;
 }
 
+/// Top-level window of this class and title, the latest of them. Null stands for any.
+HWND FindLatest(LPCWSTR className, LPCWSTR title) {
+  WindowTable& table = WindowTable::Instance();
+  const auto windowClass =
+      className != nullptr ? WindowClasses::Instance().Find(className) : std::nullopt;
+  if (className != nullptr && !windowClass) {
+    return nullptr;
+  }
+  const std::vector<HWND> handles = table.GetAll();
+  const auto found = std::find_if(handles.rbegin(), handles.rend(), [&](HWND handle) {
+    const auto window = table.Find(handle);
+    return window && (!windowClass || window->atom == windowClass->atom) &&
+           (title == nullptr || window->title == WideText(title));
+  });
+  return found == handles.rend() ? nullptr : *found;
+}
+
 /// Calls the window procedure directly when the window belongs to this thread.
 void Tell(const Window& window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (window.queue == MessageQueue::OfThisThread()) {
@@ -41,6 +59,9 @@ void Tell(const Window& window, UINT message, WPARAM wParam, LPARAM lParam) {
 
 void Show(const Window& window, bool isVisible) {
   WindowTable::Instance().SetVisible(window.handle, isVisible);
+  if (isVisible && !window.isVisible) {
+    WindowTable::Instance().Invalidate(window.handle, std::nullopt, true);
+  }
   if (isVisible && !window.wasShown) {
     Tell(window, WM_SIZE, 0, PackSize(window.rect));
   }
@@ -50,9 +71,8 @@ HWND Create(LPCWSTR className, LPCWSTR title, DWORD style, const RECT& rect, HWN
   if (className == nullptr) {
     return Fail<HWND>(ERROR_CANNOT_FIND_WINDOW_CLASS, nullptr);
   }
-  Window window;
-  window.procedure = WindowClasses::Instance().Find(className);
-  if (window.procedure == nullptr) {
+  const auto windowClass = WindowClasses::Instance().Find(className);
+  if (!windowClass) {
     return Fail<HWND>(ERROR_CANNOT_FIND_WINDOW_CLASS, nullptr);
   }
   WindowTable& table = WindowTable::Instance();
@@ -60,6 +80,10 @@ HWND Create(LPCWSTR className, LPCWSTR title, DWORD style, const RECT& rect, HWN
     return Fail<HWND>(ERROR_INVALID_WINDOW_HANDLE, nullptr);
   }
 
+  Window window;
+  window.procedure = windowClass->procedure;
+  window.atom = windowClass->atom;
+  window.background = windowClass->background;
   window.queue = MessageQueue::OfThisThread();
   window.title = WideText(title);
   window.style = style;
@@ -84,6 +108,21 @@ void Destroy(const Window& window) {
   table.Remove(window.handle);
 }
 
+/// Window of this thread that has the mouse. The display sends all of its input to its one window,
+/// so that only the answers of the calls depend on it.
+thread_local HWND capture = nullptr;
+
+/// False when the window's class has no background.
+bool FillBackground(HWND handle, HDC dc) {
+  const auto window = WindowTable::Instance().Find(handle);
+  if (!window || window->background == nullptr) {
+    return false;
+  }
+  RECT client = {};
+  GetClientRect(handle, &client);
+  return FillRect(dc, &client, window->background) != 0;
+}
+
 std::optional<Window> FindOrFail(HWND handle) {
   auto window = WindowTable::Instance().Find(handle);
   if (!window) {
@@ -102,8 +141,7 @@ ATOM WINAPI RegisterClassW(const WNDCLASSW* windowClass) {
         WideLength(windowClass->lpszClassName) == 0) {
       return Fail<ATOM>(ERROR_INVALID_PARAMETER, 0);
     }
-    const ATOM atom =
-        WindowClasses::Instance().Register(windowClass->lpszClassName, windowClass->lpfnWndProc);
+    const ATOM atom = WindowClasses::Instance().Register(*windowClass);
     return atom != 0 ? atom : Fail<ATOM>(ERROR_CLASS_ALREADY_EXISTS, 0);
   });
 }
@@ -148,6 +186,15 @@ BOOL WINAPI IsWindowVisible(HWND window) {
     const auto found = FindOrFail(window);
     return found && found->isVisible ? TRUE : FALSE;
   });
+}
+
+HWND WINAPI FindWindowW(LPCWSTR className, LPCWSTR title) {
+  return Guarded<HWND>(nullptr, [&] { return FindLatest(className, title); });
+}
+
+BOOL WINAPI SetForegroundWindow(HWND window) {
+  // Windows do not cover each other here.
+  return Guarded<BOOL>(FALSE, [&] { return FindOrFail(window) ? TRUE : FALSE; });
 }
 
 BOOL WINAPI GetClientRect(HWND window, RECT* rect) {
@@ -201,11 +248,50 @@ HWND WINAPI GetParent(HWND window) {
   });
 }
 
-LRESULT WINAPI DefWindowProcW(HWND window, UINT message, WPARAM, LPARAM) {
-  if (message == WM_CLOSE) {
-    DestroyWindow(window);
+int WINAPI GetSystemMetrics(int index) {
+  const Screen screen = CurrentScreen();
+  switch (index) {
+    case SM_CXSCREEN:
+      return screen.width;
+    case SM_CYSCREEN:
+      return screen.height;
+    default:
+      return 0;
   }
-  return 0;
+}
+
+HWND WINAPI SetCapture(HWND window) {
+  return Guarded<HWND>(nullptr, [&]() -> HWND {
+    const auto found = FindOrFail(window);
+    if (!found || found->queue != MessageQueue::OfThisThread()) {
+      return nullptr;
+    }
+    const HWND before = std::exchange(capture, window);
+    return IsWindow(before) ? before : nullptr;
+  });
+}
+
+BOOL WINAPI ReleaseCapture() {
+  capture = nullptr;
+  return TRUE;
+}
+
+LRESULT WINAPI DefWindowProcW(HWND window, UINT message, WPARAM wParam, LPARAM) {
+  switch (message) {
+    case WM_CLOSE:
+      DestroyWindow(window);
+      return 0;
+    case WM_PAINT: {
+      PAINTSTRUCT paint;
+      BeginPaint(window, &paint);
+      EndPaint(window, &paint);
+      return 0;
+    }
+    case WM_ERASEBKGND:
+      return FillBackground(window, reinterpret_cast<HDC>(wParam)) ? 1 : 0;
+    default:
+      return 0;
+  }
 }
 
 }  // extern "C"

@@ -1,5 +1,7 @@
 #include "windows/WindowClasses.h"
 
+#include <algorithm>
+
 #include "text/WideText.h"
 
 namespace handheld {
@@ -15,23 +17,29 @@ WindowClasses& WindowClasses::Instance() {
   return classes;
 }
 
-ATOM WindowClasses::Register(const std::u16string& name, WNDPROC procedure) {
+ATOM WindowClasses::Register(const WNDCLASSW& description) {
+  const std::u16string name = FoldCase(description.lpszClassName);
   const std::lock_guard lock(mutex);
+  if (std::any_of(classes.begin(), classes.end(),
+                  [&name](const Class& known) { return known.name == name; })) {
+    return 0;
+  }
   const ATOM atom = static_cast<ATOM>(FIRST_ATOM + classes.size());
-  return classes.emplace(FoldCase(name), Class{atom, procedure}).second ? atom : ATOM{0};
+  classes.push_back({name, atom, description.lpfnWndProc, description.hbrBackground});
+  return atom;
 }
 
-WNDPROC WindowClasses::Find(LPCWSTR name) const {
+std::optional<WindowClasses::Class> WindowClasses::Find(LPCWSTR name) const {
   const auto number = reinterpret_cast<ULONG_PTR>(name);
   const bool isAtom = HIWORD(number) == 0 && number <= 0xFFFF;
   const std::u16string folded = isAtom ? std::u16string() : FoldCase(name);
   const std::lock_guard lock(mutex);
-  for (const auto& [className, entry] : classes) {
-    if (isAtom ? entry.atom == number : className == folded) {
-      return entry.procedure;
+  for (const Class& known : classes) {
+    if (isAtom ? known.atom == number : known.name == folded) {
+      return known;
     }
   }
-  return nullptr;
+  return std::nullopt;
 }
 
 }  // namespace handheld

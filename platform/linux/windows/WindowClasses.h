@@ -3,9 +3,10 @@
 
 #include <windows.h>
 
-#include <map>
 #include <mutex>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace handheld {
 
@@ -14,20 +15,23 @@ class WindowClasses {
  public:
   static WindowClasses& Instance();
 
-  /// Atom of the new class; 0 when the name is taken.
-  ATOM Register(const std::u16string& name, WNDPROC procedure);
-
-  /// `name` is a text or an atom. Null for an unknown class.
-  WNDPROC Find(LPCWSTR name) const;
-
- private:
   struct Class {
-    ATOM atom;
-    WNDPROC procedure;
+    /// Folded to one letter case.
+    std::u16string name;
+    ATOM atom = 0;
+    WNDPROC procedure = nullptr;
+    HBRUSH background = nullptr;
   };
 
+  /// Atom of the new class; 0 when the name is taken.
+  ATOM Register(const WNDCLASSW& description);
+
+  /// `name` is a text or an atom. No value for an unknown class.
+  std::optional<Class> Find(LPCWSTR name) const;
+
+ private:
   mutable std::mutex mutex;
-  std::map<std::u16string, Class> classes;
+  std::vector<Class> classes;
 };
 
 }  // namespace handheld

@@ -1,8 +1,38 @@
 #include "windows/WindowTable.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace handheld {
+
+namespace {
+
+bool IsEmpty(const RECT& rect) {
+  return rect.left >= rect.right || rect.top >= rect.bottom;
+}
+
+RECT Intersect(const RECT& one, const RECT& other) {
+  return {std::max(one.left, other.left), std::max(one.top, other.top),
+          std::min(one.right, other.right), std::min(one.bottom, other.bottom)};
+}
+
+/// Smallest rectangle around both, of which the second is not empty.
+RECT Unite(const RECT& one, const RECT& other) {
+  if (IsEmpty(one)) {
+    return other;
+  }
+  return {std::min(one.left, other.left), std::min(one.top, other.top),
+          std::max(one.right, other.right), std::max(one.bottom, other.bottom)};
+}
+
+/// Takes note that nothing is to be drawn.
+void Settle(Window& window) {
+  window.invalid = {};
+  window.isEraseDue = false;
+  window.queue->CancelPaint(window.handle);
+}
+
+}  // namespace
 
 WindowTable& WindowTable::Instance() {
   static WindowTable& table = *new WindowTable;
@@ -79,6 +109,9 @@ bool WindowTable::SetVisible(HWND handle, bool isVisible) {
   }
   found->second.isVisible = isVisible;
   found->second.wasShown |= isVisible;
+  if (!isVisible) {
+    Settle(found->second);
+  }
   return true;
 }
 
@@ -90,6 +123,35 @@ bool WindowTable::SetRect(HWND handle, const RECT& rect) {
   }
   found->second.rect = rect;
   return true;
+}
+
+bool WindowTable::Invalidate(HWND handle, const std::optional<RECT>& part, bool erase) {
+  const std::lock_guard lock(mutex);
+  const auto found = windows.find(handle);
+  if (found == windows.end()) {
+    return false;
+  }
+  Window& window = found->second;
+  const RECT client = {0, 0, window.rect.right - window.rect.left,
+                       window.rect.bottom - window.rect.top};
+  const RECT added = Intersect(part.value_or(client), client);
+  if (window.isVisible && !IsEmpty(added)) {
+    window.invalid = Unite(window.invalid, added);
+    window.isEraseDue |= erase;
+    window.queue->RequestPaint(handle);
+  }
+  return true;
+}
+
+std::optional<Window> WindowTable::Validate(HWND handle) {
+  const std::lock_guard lock(mutex);
+  const auto found = windows.find(handle);
+  if (found == windows.end()) {
+    return std::nullopt;
+  }
+  const Window before = found->second;
+  Settle(found->second);
+  return before;
 }
 
 }  // namespace handheld

@@ -20,6 +20,10 @@ struct Window {
   WNDPROC procedure = nullptr;
   /// Queue of the creating thread. Only that thread runs the procedure and may destroy the window.
   std::shared_ptr<MessageQueue> queue;
+  /// Of its class.
+  ATOM atom = 0;
+  /// Fills the background; null leaves that to the window.
+  HBRUSH background = nullptr;
   std::u16string title;
   DWORD style = 0;
   /// On the screen, in pixels.
@@ -29,6 +33,10 @@ struct Window {
   bool wasShown = false;
   /// Parent or owner, which takes this window along when destroyed. Null without one.
   HWND parent = nullptr;
+  /// Bounds of what WM_PAINT asks for, within the client area; all sides 0 for nothing.
+  RECT invalid = {};
+  /// True when the background is to be filled before.
+  bool isEraseDue = false;
 };
 
 /// All windows of all threads. Windows are handed out as copies; a handle is never used twice.
@@ -57,6 +65,13 @@ class WindowTable {
   /// False for an unknown window. The caller sends WM_SIZE where it is due.
   bool SetVisible(HWND handle, bool isVisible);
   bool SetRect(HWND handle, const RECT& rect);
+
+  /// Adds a part of the client area to what is to be drawn; no value means all of it. Does nothing
+  /// to hidden windows. False for an unknown window.
+  bool Invalidate(HWND handle, const std::optional<RECT>& part, bool erase);
+  /// Takes note that nothing is to be drawn. Returns the window as it was before; no value for an
+  /// unknown one.
+  std::optional<Window> Validate(HWND handle);
 
  private:
   mutable std::mutex mutex;

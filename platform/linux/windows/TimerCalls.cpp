@@ -1,0 +1,34 @@
+#include "core/LastError.h"
+#include "windows/WindowTable.h"
+
+namespace handheld {
+
+extern "C" {
+
+UINT_PTR WINAPI SetTimer(HWND handle, UINT_PTR timer, UINT milliseconds, TIMERPROC procedure) {
+  return Guarded<UINT_PTR>(0, [&]() -> UINT_PTR {
+    const auto window = WindowTable::Instance().Find(handle);
+    if (!window) {
+      return Fail<UINT_PTR>(ERROR_INVALID_WINDOW_HANDLE, 0);
+    }
+    if (procedure != nullptr) {
+      return Fail<UINT_PTR>(ERROR_INVALID_PARAMETER, 0);
+    }
+    window->queue->SetTimer(handle, timer, milliseconds);
+    return timer != 0 ? timer : 1;
+  });
+}
+
+BOOL WINAPI KillTimer(HWND handle, UINT_PTR timer) {
+  return Guarded<BOOL>(FALSE, [&] {
+    const auto window = WindowTable::Instance().Find(handle);
+    if (!window) {
+      return Fail(ERROR_INVALID_WINDOW_HANDLE, FALSE);
+    }
+    return window->queue->KillTimer(handle, timer) ? TRUE : Fail(ERROR_INVALID_PARAMETER, FALSE);
+  });
+}
+
+}  // extern "C"
+
+}  // namespace handheld
