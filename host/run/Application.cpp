@@ -23,14 +23,20 @@ namespace host {
 
 namespace {
 
+// The engine's buffers for paths are short, and its letters those of one code page: it sees these
+// folders, wherever the user's lie.
+constexpr const WCHAR* HOME_ON_DEVICE = u"\\Ferolin";
+constexpr const WCHAR* TRACKS_ON_DEVICE = u"\\Tracks";
+
 std::unique_ptr<NmeaSource> OpenRecording(const Options& options) {
   return options.source == Options::Source::FILE ? std::make_unique<FileSource>(options.file)
                                                  : nullptr;
 }
 
 void PrepareDevice(const Options& options, const HomeFolder& home) {
+  handheld::MapPath(HOME_ON_DEVICE, home.GetPath());
   handheld::SetModuleDirectory(home.GetPath());
-  handheld::AddLibraryDirectory(home.GetLibraryFolder());
+  handheld::SetLibraryDirectory(home.GetLibraryFolder());
   handheld::SetScreen(options.size.width, options.size.height, options.dpi);
   if (!options.language.empty()) {
     handheld::SetLanguage(options.language.c_str());
@@ -56,7 +62,8 @@ std::optional<TrackFolder> OpenTrackFolder(Options& options, const EngineLibrary
   TrackFolder folder(hasOwnFolder ? options.kmlFolder : home.GetPath() + "/Tracks");
   if (hasOwnFolder) {
     options.kmlFolder = folder.GetPath().string();
-    engine().SetLogFolder(handheld::DevicePath(options.kmlFolder).c_str());
+    handheld::MapPath(TRACKS_ON_DEVICE, options.kmlFolder);
+    engine().SetLogFolder(TRACKS_ON_DEVICE);
   }
   engine().SetWriteKML(1);
   return folder;

@@ -7,6 +7,7 @@
 #include <filesystem>
 
 #include "base/HostError.h"
+#include "run/WritableFolder.h"
 
 namespace host {
 
@@ -67,16 +68,10 @@ void LinkSharedFiles(const fs::path& from, const fs::path& to) {
 
 HomeFolder::HomeFolder(const std::string& asked) {
   const fs::path library = FindLibraryFolder();
-  const fs::path home = Choose(asked, library);
-  std::error_code error;
-  fs::create_directories(home, error);
-  if (!fs::is_directory(home, error) || !IsWritable(home)) {
-    throw HostError("cannot write to the folder " + home.string());
-  }
-  const fs::path absolute = fs::canonical(home, error);
-  LinkSharedFiles(library, absolute);
+  const fs::path home = MakeWritableFolder(Choose(asked, library), "cannot write to the folder");
+  LinkSharedFiles(library, home);
   libraryFolder = library.string();
-  path = absolute.string();
+  path = home.string();
 }
 
 }  // namespace host

@@ -1,22 +1,13 @@
 #include "run/TrackFolder.h"
 
-#include <unistd.h>
-
-#include "base/HostError.h"
+#include "run/WritableFolder.h"
 
 namespace host {
 
 namespace fs = std::filesystem;
 
-TrackFolder::TrackFolder(const std::string& path) {
-  std::error_code error;
-  fs::create_directories(path, error);
-  folder = fs::canonical(path, error);
-  if (error || !fs::is_directory(folder, error) || access(folder.c_str(), W_OK | X_OK) != 0) {
-    throw HostError("cannot write tracks to " + path);
-  }
-  before = List();
-}
+TrackFolder::TrackFolder(const std::string& path)
+    : folder(MakeWritableFolder(path, "cannot write tracks to")), before(List()) {}
 
 std::set<fs::path> TrackFolder::List() const {
   std::set<fs::path> files;

@@ -89,12 +89,20 @@ void MapSerialPort(const std::string& port, const std::string& devicePath);
 /// Pretended folder of loaded libraries (a Linux path): GetModuleFileNameW returns this folder and
 /// the library's file name. Empty at start, which means the library's real folder.
 void SetModuleDirectory(const std::string& path);
-/// Further folder in which LoadLibraryW looks for libraries named without a path (a Linux path).
-/// The folder of the running program and the module directory are always searched.
-void AddLibraryDirectory(const std::string& path);
+/// Folder in which LoadLibraryW looks first for libraries named without a path (a Linux path);
+/// empty for none. The folder of the running program is always searched, the module directory
+/// never.
+void SetLibraryDirectory(const std::string& path);
 
-/// A Linux path in the device's spelling (backslashes) and back. File names are looked up without
-/// regard to case.
+// Files.
+
+/// Makes a device path such as "\\Ferolin" stand for a Linux file or folder with all that lies
+/// below. An engine in a mapped folder sees a short plain path, whatever the real one is like. An
+/// empty Linux path removes the mapping. Linux paths are absolute and do not end in a slash.
+void MapPath(const std::u16string& devicePath, const std::string& linuxPath);
+
+/// A Linux path in the device's spelling (mapped, or with backslashes) and back. File names are
+/// looked up without regard to case.
 std::u16string DevicePath(const std::string& path);
 std::string LinuxPath(const std::u16string& devicePath);
 

@@ -71,6 +71,7 @@ class LinuxDevice : public Device {
     // Loaded from there, it finds none of the siblings that lie beside it in the build.
     fs::create_symlink(ENGINE_LIBRARY, folder / "libferolin.so");
     handheld::SetModuleDirectory(folder.string());
+    handheld::SetLibraryDirectory(folder.string());
     handheld::SetLanguage("ENU");
     handheld::SetLocaleFailing(false);
     handheld::SetTimeZone("UTC0");
@@ -86,6 +87,7 @@ class LinuxDevice : public Device {
 
   ~LinuxDevice() override {
     handheld::SetModuleDirectory("");
+    handheld::SetLibraryDirectory("");
     std::error_code ignored;
     fs::remove_all(folder, ignored);
   }

@@ -12,11 +12,11 @@ namespace {
 
 class GpsApiLibraryTest : public testing::Test {
  protected:
-  void TearDown() override { handheld::SetModuleDirectory(""); }
+  void TearDown() override { handheld::SetLibraryDirectory(""); }
 
   /// From now on the library found is the one in this folder.
   static void Provide(const char* kind) {
-    handheld::SetModuleDirectory(std::string(STAND_IN_FOLDER "/") + kind);
+    handheld::SetLibraryDirectory(std::string(STAND_IN_FOLDER "/") + kind);
   }
 };
 

@@ -534,7 +534,8 @@ class Errors(HostTest):
         result = subprocess.run([self.program, "--home", "/proc/home"], capture_output=True,
                                 encoding="utf-8", timeout=PATIENCE, check=False)
         self.assertEqual(result.returncode, 1)
-        self.assertEqual(result.stderr, "ferolin-host: cannot write to the folder /proc/home\n")
+        self.assertEqual(result.stderr, "ferolin-host: cannot write to the folder /proc/home: "
+                         "No such file or directory\n")
 
     def test_tracks_that_cannot_be_written(self):
         self.check(1, "cannot write tracks to /proc/tracks", "--kml", "/proc/tracks")

@@ -36,7 +36,7 @@ std::u16string PathOf(HMODULE module) {
 class ModulesTest : public testing::Test {
  protected:
   ModulesTest() {
-    handheld::AddLibraryDirectory(TEST_MODULES);
+    handheld::SetLibraryDirectory(TEST_MODULES);
     detachments.clear();
   }
 };
@@ -58,15 +58,24 @@ TEST_F(ModulesTest, AreFoundByPath) {
   FreeLibrary(again);
 }
 
-TEST_F(ModulesTest, AreFoundInTheModuleDirectoryWhateverTheirCase) {
+TEST_F(ModulesTest, AreFoundInTheLibraryDirectoryWhateverTheirCase) {
   const TempFolder folder;
   std::filesystem::copy_file(std::string(TEST_MODULES) + "/libplain.so",
                              folder.Path("libPlain2.so"));
   EXPECT_EQ(nullptr, LoadLibraryW(u"plain2.dll"));
-  handheld::SetModuleDirectory(folder.Path());
+  handheld::SetLibraryDirectory(folder.Path());
   const HMODULE module = LoadLibraryW(u"plain2.dll");
   EXPECT_NE(nullptr, module);
   FreeLibrary(module);
+}
+
+/// Users' files lie there.
+TEST_F(ModulesTest, AreNotLookedForInTheModuleDirectory) {
+  const TempFolder folder;
+  std::filesystem::copy_file(std::string(TEST_MODULES) + "/libplain.so",
+                             folder.Path("libplain2.so"));
+  handheld::SetModuleDirectory(folder.Path());
+  EXPECT_EQ(nullptr, LoadLibraryW(u"plain2.dll"));
   handheld::SetModuleDirectory("");
 }
 
@@ -156,6 +165,16 @@ TEST_F(ModulesTest, SeemToLieInTheModuleDirectory) {
   FreeLibrary(module);
 }
 
+TEST_F(ModulesTest, SeemToLieInAMappedFolder) {
+  const HMODULE module = LoadLibraryW(u"Probe.dll");
+  handheld::SetModuleDirectory("/home/a\\b");
+  handheld::MapPath(u"\\Ferolin", "/home/a\\b");
+  EXPECT_EQ(u"\\Ferolin\\libprobe.so", PathOf(module));
+  handheld::MapPath(u"\\Ferolin", "");
+  handheld::SetModuleDirectory("");
+  FreeLibrary(module);
+}
+
 TEST_F(ModulesTest, TheNullModuleIsTheProgram) {
   EXPECT_EQ(handheld::DevicePath(std::filesystem::canonical("/proc/self/exe").string()),
             PathOf(nullptr));
@@ -207,7 +226,7 @@ TEST_F(ModulesTest, AreLoadedAndFreedByManyThreads) {
 
 TEST(ModulesDeathTest, AreDetachedWhenTheProcessEnds) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
-  handheld::AddLibraryDirectory(TEST_MODULES);
+  handheld::SetLibraryDirectory(TEST_MODULES);
   EXPECT_EXIT(ExitWithLibraryLoaded(u"Probe.dll"), testing::ExitedWithCode(0),
               "detached, ending 1, statics alive 1");
 }
@@ -215,7 +234,7 @@ TEST(ModulesDeathTest, AreDetachedWhenTheProcessEnds) {
 /// The outer library may still use the inner one.
 TEST(ModulesDeathTest, AreDetachedBeforeThoseThatTheyHaveLoadedThemselves) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
-  handheld::AddLibraryDirectory(TEST_MODULES);
+  handheld::SetLibraryDirectory(TEST_MODULES);
   EXPECT_EXIT(ExitWithLibraryLoaded(u"Outer.dll"), testing::ExitedWithCode(0),
               "outer detached, statics alive 1\ndetached, ending 1, statics alive 1");
 }

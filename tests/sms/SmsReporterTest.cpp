@@ -23,7 +23,7 @@ using testing_support::Moment;
 using testing_support::TempFolder;
 
 void ProvideLibrary(const char* kind) {
-  handheld::SetModuleDirectory(std::string(STAND_IN_FOLDER "/") + kind);
+  handheld::SetLibraryDirectory(std::string(STAND_IN_FOLDER "/") + kind);
 }
 
 /// The stand-in library, which records what is sent. Made before the reporter, it outlives it.
@@ -40,7 +40,7 @@ class Outbox {
   }
   ~Outbox() {
     FreeLibrary(module);
-    handheld::SetModuleDirectory("");
+    handheld::SetLibraryDirectory("");
   }
 
   /// Recipient and text of everything sent so far.
@@ -104,7 +104,7 @@ TEST(SmsReporterWithoutLibraryTest, LibraryWithoutTheEntryMakesEverySendANoOp) {
   ProvideLibrary("empty");
   const EditableFix fix;
   SmsReporter reporter(fix);
-  handheld::SetModuleDirectory("");
+  handheld::SetLibraryDirectory("");
   EXPECT_FALSE(reporter.CanSend());
   reporter.SetParams(TEXT("111"), "text", 1, true, false);
   reporter.MakeReport().Send();

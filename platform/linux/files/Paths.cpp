@@ -3,9 +3,9 @@
 #include <dirent.h>
 #include <sys/stat.h>
 
-#include <algorithm>
 #include <memory>
 
+#include "files/PathMap.h"
 #include "handheld.h"
 #include "text/WideText.h"
 
@@ -92,15 +92,15 @@ Location Locate(LPCWSTR devicePath) {
 }
 
 std::u16string DevicePath(const std::string& path) {
-  std::u16string wide = WideFromUtf8(path);
-  std::replace(wide.begin(), wide.end(), u'/', u'\\');
-  return wide;
+  return PathMap::Instance().ToDevice(path);
 }
 
 std::string LinuxPath(const std::u16string& devicePath) {
-  std::string path = Utf8FromWide(devicePath);
-  std::replace(path.begin(), path.end(), '\\', '/');
-  return path;
+  return PathMap::Instance().ToLinux(devicePath);
+}
+
+void MapPath(const std::u16string& devicePath, const std::string& linuxPath) {
+  PathMap::Instance().Set(devicePath, linuxPath);
 }
 
 }  // namespace handheld

@@ -18,8 +18,8 @@ void SetModuleDirectory(const std::string& path) {
   Modules::Instance().SetDirectory(path);
 }
 
-void AddLibraryDirectory(const std::string& path) {
-  Modules::Instance().AddSearchFolder(path);
+void SetLibraryDirectory(const std::string& path) {
+  Modules::Instance().SetLibraryDirectory(path);
 }
 
 extern "C" {

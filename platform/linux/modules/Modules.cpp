@@ -83,9 +83,9 @@ void Modules::SetDirectory(const std::string& path) {
   directory = path;
 }
 
-void Modules::AddSearchFolder(const std::string& path) {
+void Modules::SetLibraryDirectory(const std::string& path) {
   const std::lock_guard lock(mutex);
-  searchFolders.push_back(path);
+  libraryDirectory = path;
 }
 
 void Modules::RegisterEntry(ModuleEntry entry) {
@@ -104,10 +104,9 @@ std::vector<std::string> Modules::GetSearchFolders() const {
   std::vector<std::string> folders;
   {
     const std::lock_guard lock(mutex);
-    if (!directory.empty()) {
-      folders.push_back(directory);
+    if (!libraryDirectory.empty()) {
+      folders.push_back(libraryDirectory);
     }
-    folders.insert(folders.end(), searchFolders.begin(), searchFolders.end());
   }
   folders.push_back(FolderOf(ProgramPath()));
   return folders;

@@ -23,7 +23,7 @@ class Modules {
   static Modules& Instance();
 
   void SetDirectory(const std::string& path);
-  void AddSearchFolder(const std::string& path);
+  void SetLibraryDirectory(const std::string& path);
 
   void RegisterEntry(ModuleEntry entry);
   void UnregisterEntry(ModuleEntry entry);
@@ -66,7 +66,7 @@ class Modules {
   std::vector<ModulePointer> modules;
   std::map<HMODULE, ModuleEntry> entries;
   std::string directory;
-  std::vector<std::string> searchFolders;
+  std::string libraryDirectory;
   std::uint64_t loads = 0;
 };
 

@@ -1,0 +1,48 @@
+#include "run/WritableFolder.h"
+
+#include <limits.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "base/HostError.h"
+
+namespace host {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Linux takes paths up to PATH_MAX; the longest of a file in the folder must fit.
+bool HasRoomForNames(const fs::path& folder) {
+  return folder.native().size() + sizeof '/' + NAME_MAX < PATH_MAX;
+}
+
+/// 0 when files can be written to the folder, else the error number.
+int FindError(const fs::path& folder) {
+  std::error_code error;
+  if (!fs::is_directory(folder, error)) {
+    return error ? error.value() : ENOTDIR;
+  }
+  if (!HasRoomForNames(folder)) {
+    return ENAMETOOLONG;
+  }
+  return access(folder.c_str(), W_OK | X_OK) == 0 ? 0 : errno;
+}
+
+}  // namespace
+
+fs::path MakeWritableFolder(const std::string& path, const std::string& trouble) {
+  std::error_code creation;
+  fs::create_directories(path, creation);
+  std::error_code error;
+  fs::path folder = fs::canonical(path, error);
+  const int number = creation ? creation.value() : error ? error.value() : FindError(folder);
+  if (number != 0) {
+    throw HostError(trouble + " " + path + ": " + std::strerror(number));
+  }
+  return folder;
+}
+
+}  // namespace host

@@ -1,0 +1,13 @@
+// Folders that files are written to.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace host {
+
+/// Makes the folder where it is missing and returns its absolute path without links. Throws
+/// HostError, a text of `trouble`, the path and the reason, when nothing can be written there.
+std::filesystem::path MakeWritableFolder(const std::string& path, const std::string& trouble);
+
+}  // namespace host
