@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 
@@ -67,6 +70,41 @@ TEST_F(Files, KeepTheirContentWhenTheyCannotBeEmptied) {
   EXPECT_EQ(INVALID_HANDLE_VALUE, Create("a.txt"));
   EXPECT_EQ("abc", folder.Read("a.txt"));
   CloseHandle(reader);
+}
+
+TEST_F(Files, APipeIsNoFileAndDoesNotHoldUpTheCaller) {
+  ASSERT_EQ(0, mkfifo(folder.Path("pipe").c_str(), 0666));
+  EXPECT_EQ(INVALID_HANDLE_VALUE, Open("pipe"));
+  EXPECT_EQ(ERROR_ACCESS_DENIED, GetLastError());
+  EXPECT_EQ(INVALID_HANDLE_VALUE, Create("pipe"));
+}
+
+TEST_F(Files, CreatingDoesNotWriteThroughALink) {
+  folder.Write("target", "precious");
+  std::filesystem::create_symlink(folder.Path("target"), folder.Path("settings.new"));
+  std::filesystem::create_symlink(folder.Path("nowhere"), folder.Path("dangling.new"));
+  EXPECT_EQ(INVALID_HANDLE_VALUE, Create("settings.new"));
+  EXPECT_EQ(INVALID_HANDLE_VALUE, Create("dangling.new"));
+  EXPECT_EQ("precious", folder.Read("target"));
+  EXPECT_FALSE(folder.Has("nowhere"));
+}
+
+/// Runs as an ordinary user, whom modes bind.
+TEST_F(Files, CreatingDoesNotEmptyAFileThatCannotBeRead) {
+  folder.Write("unread", "precious");
+  std::filesystem::permissions(folder.Path("unread"), std::filesystem::perms(0222));
+  std::filesystem::permissions(folder.Path(), std::filesystem::perms(0777));
+  constexpr uid_t NOBODY = 65534;
+  EXPECT_EXIT(
+      {
+        if (geteuid() == 0 && setuid(NOBODY) != 0) {
+          std::_Exit(2);
+        }
+        std::_Exit(Create("unread") == INVALID_HANDLE_VALUE ? 0 : 1);
+      },
+      testing::ExitedWithCode(0), "");
+  std::filesystem::permissions(folder.Path("unread"), std::filesystem::perms(0666));
+  EXPECT_EQ("precious", folder.Read("unread"));
 }
 
 TEST_F(Files, MoveToAnotherSpellingOfTheirName) {

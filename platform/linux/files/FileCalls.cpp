@@ -26,16 +26,32 @@ int OpenFlags(DWORD access, DWORD disposition) {
   const bool reads = (access & GENERIC_READ) != 0;
   const bool writes = (access & GENERIC_WRITE) != 0;
   const int mode = reads && writes ? O_RDWR : writes ? O_WRONLY : O_RDONLY;
-  return mode | O_CLOEXEC | O_NOCTTY | (disposition == CREATE_ALWAYS ? O_CREAT : 0);
+  // O_NONBLOCK: opening a pipe must not wait for its other end. O_NOFOLLOW: what is written must
+  // not end in another file by a link that somebody planted.
+  const int creation = disposition == CREATE_ALWAYS ? O_CREAT | O_NOFOLLOW : 0;
+  return mode | O_CLOEXEC | O_NOCTTY | O_NONBLOCK | creation;
+}
+
+/// Folders have no bytes, and a pipe's never end. Devices such as /dev/null pass.
+bool CanBeAFile(const struct stat& status) {
+  return S_ISREG(status.st_mode) || S_ISCHR(status.st_mode);
+}
+
+/// Emptying a file that cannot be read would lose what the caller has never seen.
+bool MayBeEmptied(const std::string& path) {
+  return euidaccess(path.c_str(), R_OK) == 0 || errno == ENOENT;
 }
 
 HANDLE OpenFile(const std::string& path, DWORD access, DWORD shareMode, DWORD disposition) {
+  if (disposition == CREATE_ALWAYS && !MayBeEmptied(path)) {
+    return Fail(ErrorFromErrno(errno), INVALID_HANDLE_VALUE);
+  }
   Descriptor descriptor(open(path.c_str(), OpenFlags(access, disposition), 0666));
   struct stat status;
   if (!descriptor.IsOpen() || fstat(descriptor.GetNumber(), &status) != 0) {
     return Fail(ErrorFromErrno(errno), INVALID_HANDLE_VALUE);
   }
-  if (S_ISDIR(status.st_mode)) {
+  if (!CanBeAFile(status)) {
     return Fail(ERROR_ACCESS_DENIED, INVALID_HANDLE_VALUE);
   }
 
@@ -45,7 +61,7 @@ HANDLE OpenFile(const std::string& path, DWORD access, DWORD shareMode, DWORD di
   }
   auto file = std::make_shared<DiskFile>(std::move(descriptor), id, access, shareMode);
   // Emptied after the claim: a file that is held open elsewhere keeps its content.
-  if (disposition == CREATE_ALWAYS && truncate(path.c_str(), 0) != 0) {
+  if (disposition == CREATE_ALWAYS && S_ISREG(status.st_mode) && truncate(path.c_str(), 0) != 0) {
     file->HandleClosed();
     return Fail(ErrorFromErrno(errno), INVALID_HANDLE_VALUE);
   }
