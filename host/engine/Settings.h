@@ -16,8 +16,8 @@ class Settings {
   /// Empty when there is no value.
   std::string Get(const std::string& key) const;
 
-  /// Stores an empty value for one that the file cannot hold: with "[", control characters, or
-  /// letters that the device's code page lacks.
+  /// Takes any value. What the file cannot hold, such as letters that the device's code page lacks,
+  /// is written as "%C5%82".
   void Set(const std::string& key, const std::string& value) const;
 
  private:

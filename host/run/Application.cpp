@@ -14,6 +14,7 @@
 #include "run/Choices.h"
 #include "run/HomeFolder.h"
 #include "run/HostRun.h"
+#include "run/SettingsFile.h"
 #include "run/SignalWatcher.h"
 #include "run/TrackFolder.h"
 #include "sources/FileSource.h"
@@ -84,18 +85,21 @@ void Play(Options options, StandardOutput& output, Messages& messages) {
   std::unique_ptr<NmeaSource> recording = OpenRecording(options);
   const HomeFolder home(options.home);
   PrepareDevice(options, home);
+  SettingsFile settings(home.GetPath(), HOME_ON_DEVICE, messages);
   std::optional<TrackFolder> tracks;
   {
     const EngineLibrary engine;
+    settings.OnEngineLoaded();
     const Choices choices(engine);
     Complete(options, engine, choices);
     tracks = OpenTrackFolder(options, engine, home);
     HostRun(engine, options, choices, std::move(recording), signals, output, messages).Run();
   }
-  // The engine writes the track when it is unloaded.
+  // The engine writes its track and its settings when it is unloaded.
   if (tracks) {
     SayTracks(*tracks, messages);
   }
+  settings.Keep();
 }
 
 void Run(const std::vector<std::string>& arguments, Messages& messages) {

@@ -1,0 +1,107 @@
+#include "run/SettingsFile.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <utility>
+
+#include "base/HostError.h"
+#include "base/SafeFile.h"
+#include "handheld.h"
+#include "run/SettingsSpellings.h"
+
+namespace host {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* FOLDER_NAME = ".ferolin-settings";
+constexpr const char* SAVED_NAME = "TachyMo.ini";
+constexpr const char16_t* DEVICE_NAME = u"\\TachyMo.ini";
+constexpr const char16_t* SAVING_SUFFIX = u".new";
+
+bool MayAccess(const fs::path& path, int mode) {
+  return euidaccess(path.c_str(), mode) == 0 || errno == ENOENT;
+}
+
+}  // namespace
+
+SettingsFile::SettingsFile(const fs::path& home, const std::u16string& deviceHome,
+                           Messages& messages)
+    : messages(messages),
+      file(FindSettingsFile(home, messages)),
+      folder(home / FOLDER_NAME),
+      saved(folder / SAVED_NAME),
+      deviceFile(deviceHome + DEVICE_NAME) {
+  Check();
+  PrepareSaving();
+  std::error_code error;
+  const bool isThere = canRead && fs::exists(file, error);
+  handheld::MapPath(deviceFile, (isThere ? file : saved).string());
+  // The engine saves under this name first. One that lies in the home folder is not its own.
+  handheld::MapPath(deviceFile + SAVING_SUFFIX, saved.string() + ".new");
+}
+
+SettingsFile::~SettingsFile() {
+  try {
+    Keep();
+  } catch (const std::exception& error) {
+    messages.Say(error.what());
+  }
+}
+
+void SettingsFile::Check() {
+  canRead = MayAccess(file, R_OK);
+  if (!canRead) {
+    GiveUp("the settings in " + file.string() + " cannot be read: " + std::strerror(errno));
+  } else if (!MayAccess(file, W_OK)) {
+    GiveUp("the settings in " + file.string() + " cannot be written: " + std::strerror(errno));
+  }
+}
+
+/// The folder may be left from a run that was cut off, or be a link that somebody planted.
+void SettingsFile::PrepareSaving() {
+  std::error_code error;
+  fs::remove_all(folder, error);
+  if (mkdir(folder.c_str(), S_IRWXU) != 0 && canKeep) {
+    GiveUp("cannot make the folder " + folder.string() + ": " + std::strerror(errno));
+  }
+}
+
+void SettingsFile::GiveUp(const std::string& trouble) {
+  canKeep = false;
+  messages.Say(trouble + "; settings are not kept");
+}
+
+void SettingsFile::OnEngineLoaded() {
+  isLoaded = true;
+  handheld::MapPath(deviceFile, saved.string());
+  std::error_code error;
+  fs::remove(saved, error);
+}
+
+void SettingsFile::Keep() {
+  if (!std::exchange(isLoaded, false)) {
+    return;
+  }
+  std::ifstream stream(saved, std::ios::binary);
+  const std::string settings{std::istreambuf_iterator<char>(stream), {}};
+  const bool isSaved = stream.is_open() && !stream.bad();
+  stream.close();
+  std::error_code error;
+  fs::remove_all(folder, error);
+  if (!canKeep) {
+    throw HostError("settings were not kept");
+  }
+  if (!isSaved) {
+    throw HostError("settings were not kept: cannot write to " + folder.parent_path().string());
+  }
+  ReplaceFile(file, settings);
+}
+
+}  // namespace host

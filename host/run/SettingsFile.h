@@ -1,0 +1,51 @@
+// The settings file of the home folder.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "base/Messages.h"
+
+namespace host {
+
+/// Stands between the engine and the user's file. The engine reads the file itself, but saves into
+/// a folder aside. From there its settings get into the file so that mode, owner and links stay,
+/// and a power cut leaves the old or the new ones whole.
+class SettingsFile {
+ public:
+  /// To be made before the engine is loaded; the device knows its folder as `deviceHome`. A file
+  /// that cannot be read or written is left alone, and the user is told that settings are not kept.
+  /// Throws HostError when something that is no settings file has its name. `messages` outlives it.
+  SettingsFile(const std::filesystem::path& home, const std::u16string& deviceHome,
+               Messages& messages);
+  SettingsFile(const SettingsFile&) = delete;
+  SettingsFile& operator=(const SettingsFile&) = delete;
+  /// Keeps the settings if that was not done, and tells what goes wrong.
+  ~SettingsFile();
+
+  /// To be called once the engine is loaded: it has read its settings and gets them no more.
+  void OnEngineLoaded();
+
+  /// To be called once the engine is unloaded: it has saved its settings. Throws HostError when
+  /// they are lost.
+  void Keep();
+
+ private:
+  void Check();
+  void PrepareSaving();
+  void GiveUp(const std::string& trouble);
+
+  Messages& messages;
+  /// The user's file; it may be missing.
+  const std::filesystem::path file;
+  /// What the engine saves into, empty but for a save.
+  const std::filesystem::path folder;
+  const std::filesystem::path saved;
+  const std::u16string deviceFile;
+  bool canRead = true;
+  bool canKeep = true;
+  /// An engine was loaded whose settings are not kept yet.
+  bool isLoaded = false;
+};
+
+}  // namespace host
