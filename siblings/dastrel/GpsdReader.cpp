@@ -6,9 +6,9 @@
 #include <string>
 #include <utility>
 
+#include "common/GpsdAddress.h"
+#include "common/GpsdConnection.h"
 #include "common/WakeEvent.h"
-#include "dastrel/GpsdAddress.h"
-#include "dastrel/GpsdConnection.h"
 #include "dastrel/LatestPosition.h"
 
 namespace dastrel {
@@ -25,7 +25,7 @@ constexpr std::chrono::seconds STOP_PATIENCE{2};
 /// State that one run of the thread shares with the callers.
 class GpsdReader::Session {
  public:
-  explicit Session(GpsdAddress gpsd) : address(std::move(gpsd)) {}
+  explicit Session(siblings::GpsdAddress gpsd) : address(std::move(gpsd)) {}
 
   void Run() noexcept;
 
@@ -48,7 +48,7 @@ class GpsdReader::Session {
   void ForgetPosition();
   void SetEnded();
 
-  const GpsdAddress address;
+  const siblings::GpsdAddress address;
   siblings::WakeEvent stop;
   std::mutex mutex;
   std::condition_variable ending;
@@ -73,7 +73,7 @@ void GpsdReader::Session::Follow() {
 }
 
 void GpsdReader::Session::FollowOneConnection() {
-  GpsdConnection connection(stop);
+  siblings::GpsdConnection connection(stop);
   if (!connection.Open(address)) {
     return;
   }
@@ -109,7 +109,8 @@ void GpsdReader::Start(const char* address) noexcept {
     if (session) {
       return;
     }
-    auto started = std::make_shared<Session>(GpsdAddress::FromText(address ? address : ""));
+    auto started = std::make_shared<Session>(
+        siblings::GpsdAddress::FromText(address ? address : ""));
     thread = std::thread([started] { started->Run(); });
     session = std::move(started);
   } catch (const std::exception&) {

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "dastrel/GpsdAddress.h"
+#include "common/GpsdAddress.h"
 
-namespace dastrel {
+namespace siblings {
 namespace {
 
 struct Case {
@@ -30,4 +30,4 @@ constexpr Case CASES[] = {
 INSTANTIATE_TEST_SUITE_P(Texts, GpsdAddressTest, testing::ValuesIn(CASES));
 
 }  // namespace
-}  // namespace dastrel
+}  // namespace siblings

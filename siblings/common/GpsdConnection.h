@@ -3,17 +3,17 @@
 #include <string>
 
 #include "common/WakeEvent.h"
-#include "dastrel/GpsdAddress.h"
+#include "common/GpsdAddress.h"
 
 struct addrinfo;
 
-namespace dastrel {
+namespace siblings {
 
 /// A connection to gpsd that reads its reports line by line. Used by one thread. Every wait ends at
 /// once when the stop event is raised, except the look-up of a host name.
 class GpsdConnection {
  public:
-  explicit GpsdConnection(const siblings::WakeEvent& stopEvent) : stop(stopEvent) {}
+  explicit GpsdConnection(const WakeEvent& stopEvent) : stop(stopEvent) {}
   ~GpsdConnection();
   GpsdConnection(const GpsdConnection&) = delete;
   GpsdConnection& operator=(const GpsdConnection&) = delete;
@@ -30,9 +30,9 @@ class GpsdConnection {
   bool Await(short events, int timeoutMs) const;
   bool Watch();
 
-  const siblings::WakeEvent& stop;
+  const WakeEvent& stop;
   int descriptor = -1;
   std::string received;
 };
 
-}  // namespace dastrel
+}  // namespace siblings

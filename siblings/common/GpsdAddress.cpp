@@ -1,6 +1,6 @@
-#include "dastrel/GpsdAddress.h"
+#include "common/GpsdAddress.h"
 
-namespace dastrel {
+namespace siblings {
 namespace {
 
 void SetUnlessEmpty(std::string& target, std::string_view text) {
@@ -33,4 +33,4 @@ GpsdAddress GpsdAddress::FromText(std::string_view text) {
   return address;
 }
 
-}  // namespace dastrel
+}  // namespace siblings

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace dastrel {
+namespace siblings {
 
 /// Host and port of gpsd.
 struct GpsdAddress {
@@ -16,4 +16,4 @@ struct GpsdAddress {
   static GpsdAddress FromText(std::string_view text);
 };
 
-}  // namespace dastrel
+}  // namespace siblings

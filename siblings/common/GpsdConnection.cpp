@@ -1,4 +1,4 @@
-#include "dastrel/GpsdConnection.h"
+#include "common/GpsdConnection.h"
 
 #include <netdb.h>
 #include <netinet/in.h>
@@ -12,7 +12,7 @@
 #include <memory>
 #include <string_view>
 
-namespace dastrel {
+namespace siblings {
 namespace {
 
 constexpr int CONNECT_TIMEOUT_MS = 5000;
@@ -137,4 +137,4 @@ bool GpsdConnection::Watch() {
   return sent == static_cast<ssize_t>(WATCH_REQUEST.size());
 }
 
-}  // namespace dastrel
+}  // namespace siblings
