@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cerrno>
+#include <cstring>
 #include <memory>
 #include <string_view>
 
@@ -19,7 +20,6 @@ constexpr int CONNECT_TIMEOUT_MS = 5000;
 constexpr int WAIT_FOREVER = -1;
 /// The longest reports of gpsd have about 10 KB; longer lines come from another service.
 constexpr std::size_t LONGEST_LINE = 256 * 1024;
-constexpr std::string_view WATCH_REQUEST = "?WATCH={\"enable\":true,\"json\":true};\n";
 
 using AddressList = std::unique_ptr<addrinfo, decltype(&freeaddrinfo)>;
 
@@ -69,13 +69,14 @@ GpsdConnection::~GpsdConnection() {
   }
 }
 
-bool GpsdConnection::Open(const GpsdAddress& address) {
+bool GpsdConnection::Open(const GpsdAddress& address, std::string_view request) {
   const AddressList candidates = Candidates(address);
+  error = "unknown host";
   for (const addrinfo* candidate = candidates.get(); candidate && !stop.IsRaised();
        candidate = candidate->ai_next) {
     if (ConnectTo(*candidate)) {
       KeepAlive(descriptor);
-      return Watch();
+      return Send(request);
     }
   }
   return false;
@@ -107,13 +108,17 @@ bool GpsdConnection::ReadLine(std::string& line) {
 bool GpsdConnection::ConnectTo(const addrinfo& candidate) {
   descriptor = socket(candidate.ai_family, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
   if (descriptor < 0) {
+    error = std::strerror(errno);
     return false;
   }
-  const bool atOnce = connect(descriptor, candidate.ai_addr, candidate.ai_addrlen) == 0;
-  if (atOnce || (errno == EINPROGRESS && Await(POLLOUT, CONNECT_TIMEOUT_MS) &&
-                 PendingError(descriptor) == 0)) {
+  int failure = connect(descriptor, candidate.ai_addr, candidate.ai_addrlen) == 0 ? 0 : errno;
+  if (failure == EINPROGRESS) {
+    failure = Await(POLLOUT, CONNECT_TIMEOUT_MS) ? PendingError(descriptor) : ETIMEDOUT;
+  }
+  if (failure == 0) {
     return true;
   }
+  error = std::strerror(failure);
   close(descriptor);
   descriptor = -1;
   return false;
@@ -131,10 +136,10 @@ bool GpsdConnection::Await(short events, int timeoutMs) const {
   return ready > 0 && !stop.IsRaised();
 }
 
-bool GpsdConnection::Watch() {
+bool GpsdConnection::Send(std::string_view request) const {
   // So few bytes fit into the buffer of a fresh connection.
-  const ssize_t sent = send(descriptor, WATCH_REQUEST.data(), WATCH_REQUEST.size(), MSG_NOSIGNAL);
-  return sent == static_cast<ssize_t>(WATCH_REQUEST.size());
+  const ssize_t sent = send(descriptor, request.data(), request.size(), MSG_NOSIGNAL);
+  return sent == static_cast<ssize_t>(request.size());
 }
 
 }  // namespace siblings

@@ -4,11 +4,13 @@
 #include <condition_variable>
 #include <exception>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "common/GpsdAddress.h"
 #include "common/GpsdConnection.h"
 #include "common/WakeEvent.h"
+#include "dastrel/GpsdReport.h"
 #include "dastrel/LatestPosition.h"
 
 namespace dastrel {
@@ -16,7 +18,10 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
+constexpr std::string_view WATCH_REQUEST = "?WATCH={\"enable\":true,\"json\":true};\n";
 constexpr int RECONNECT_PAUSE_MS = 1000;
+/// Lines in a row without sense after which the other side is no gpsd.
+constexpr int MOST_NONSENSE = 20;
 /// Longest wait for the thread. It ends within milliseconds unless the resolver blocks it.
 constexpr std::chrono::seconds STOP_PATIENCE{2};
 
@@ -74,17 +79,16 @@ void GpsdReader::Session::Follow() {
 
 void GpsdReader::Session::FollowOneConnection() {
   siblings::GpsdConnection connection(stop);
-  if (!connection.Open(address)) {
+  if (!connection.Open(address, WATCH_REQUEST)) {
     return;
   }
-  // On the heap: too large for a thread's stack.
-  const auto data = std::make_unique<gps_data_t>();
   std::string line;
-  while (connection.ReadLine(line)) {
-    data->set = 0;
-    gps_unpack(line.data(), data.get());
+  int nonsense = 0;
+  while (nonsense < MOST_NONSENSE && connection.ReadLine(line)) {
+    const GpsdReport report = GpsdReport::Parse(line);
+    nonsense = report.isSensible ? 0 : nonsense + 1;
     const std::lock_guard lock(mutex);
-    latest.Update(*data, Clock::now());
+    latest.Update(report, Clock::now());
   }
 }
 
@@ -109,8 +113,8 @@ void GpsdReader::Start(const char* address) noexcept {
     if (session) {
       return;
     }
-    auto started = std::make_shared<Session>(
-        siblings::GpsdAddress::FromText(address ? address : ""));
+    auto started =
+        std::make_shared<Session>(siblings::GpsdAddress::FromText(address ? address : ""));
     thread = std::thread([started] { started->Run(); });
     session = std::move(started);
   } catch (const std::exception&) {

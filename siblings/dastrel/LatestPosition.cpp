@@ -19,9 +19,9 @@ constexpr int STATUS_SIMULATED = 8;
 
 GPS_FIX_TYPE FixTypeOf(int mode) {
   switch (mode) {
-    case MODE_2D:
+    case GpsdFix::MODE_2D:
       return GPS_FIX_2D;
-    case MODE_3D:
+    case GpsdFix::MODE_3D:
       return GPS_FIX_3D;
     default:
       return GPS_FIX_UNKNOWN;
@@ -44,9 +44,8 @@ GPS_FIX_QUALITY QualityOf(int status) {
   }
 }
 
-SYSTEMTIME SystemTimeOf(const timespec& time) {
+SYSTEMTIME SystemTimeOf(std::chrono::sys_time<std::chrono::milliseconds> moment) {
   using namespace std::chrono;
-  const sys_time<milliseconds> moment{seconds{time.tv_sec} + milliseconds{time.tv_nsec / 1000000}};
   const auto midnight = floor<days>(moment);
   const year_month_day date{midnight};
   const hh_mm_ss clock{moment - midnight};
@@ -88,23 +87,24 @@ bool IsFresh(const std::optional<T>& report, LatestPosition::TimePoint now,
 
 }  // namespace
 
-void LatestPosition::Update(const gps_data_t& data, TimePoint now) {
-  if (data.set & MODE_SET) {
-    fix = {data.fix, now};
+void LatestPosition::Update(const GpsdReport& report, TimePoint now) {
+  if (report.fix) {
+    fix = {*report.fix, now};
   }
-  if (!(data.set & SATELLITE_SET)) {
+  if (!report.sky) {
     return;
   }
+  const GpsdSky& view = *report.sky;
   // gpsd sends dilutions and satellites together or one after the other; only a sky view with
   // neither means that nothing is received.
   const bool hasDilutions =
-      std::isfinite(data.dop.hdop) || std::isfinite(data.dop.pdop) || std::isfinite(data.dop.vdop);
-  const bool hasSatellites = data.satellites_visible > 0;
+      std::isfinite(view.hdop) || std::isfinite(view.pdop) || std::isfinite(view.vdop);
+  const bool hasSatellites = !view.satellites.empty();
   if (hasDilutions || !hasSatellites) {
-    dilutions = {data.dop, now};
+    dilutions = {{view.pdop, view.hdop, view.vdop}, now};
   }
   if (hasSatellites || !hasDilutions) {
-    sky = {SkyOf(data), now};
+    sky = {SkyOf(view), now};
   }
 }
 
@@ -127,32 +127,33 @@ GPS_POSITION LatestPosition::At(TimePoint now) const {
 /// Selects up to 12 satellites for the record, as receivers of several constellations see 40: first
 /// the used ones, then the strongest of the rest. Both groups keep the receiver's order, so that
 /// entries do not change places with every signal.
-LatestPosition::Sky LatestPosition::SkyOf(const gps_data_t& data) {
-  const satellite_t* const seen = data.skyview;
-  std::vector<int> best;
-  for (int i = 0; i < std::min(data.satellites_visible, MAXCHANNELS); i++) {
-    if (seen[i].PRN > 0) {
+LatestPosition::Sky LatestPosition::SkyOf(const GpsdSky& view) {
+  const std::vector<GpsdSatellite>& seen = view.satellites;
+  Sky sky;
+  std::vector<std::size_t> best;
+  for (std::size_t i = 0; i < seen.size(); i++) {
+    if (seen[i].prn > 0) {
       best.push_back(i);
+      sky.usedCount += seen[i].isUsed ? 1 : 0;
     }
   }
-  const auto snr = [seen](int i) { return seen[i].ss > 0 ? seen[i].ss : 0; };
-  std::stable_sort(best.begin(), best.end(), [&](int a, int b) {
-    return seen[a].used != seen[b].used ? seen[a].used : snr(a) > snr(b);
+  const auto signal = [&seen](std::size_t i) { return seen[i].signal > 0 ? seen[i].signal : 0; };
+  std::stable_sort(best.begin(), best.end(), [&](std::size_t a, std::size_t b) {
+    return seen[a].isUsed != seen[b].isUsed ? seen[a].isUsed : signal(a) > signal(b);
   });
-  Sky sky;
   best.resize(std::min(best.size(), sky.satellites.size()));
-  std::sort(best.begin(), best.end(),
-            [seen](int a, int b) { return seen[a].used != seen[b].used ? seen[a].used : a < b; });
-  for (const int i : best) {
+  std::sort(best.begin(), best.end(), [&seen](std::size_t a, std::size_t b) {
+    return seen[a].isUsed != seen[b].isUsed ? seen[a].isUsed : a < b;
+  });
+  for (const std::size_t i : best) {
     sky.satellites[sky.listed++] = seen[i];
   }
-  sky.usedCount = data.satellites_used;
   return sky;
 }
 
-void LatestPosition::WriteFix(const gps_fix_t& fix, GPS_POSITION& record) {
-  if (fix.time.tv_sec > 0) {
-    record.stUTCTime = SystemTimeOf(fix.time);
+void LatestPosition::WriteFix(const GpsdFix& fix, GPS_POSITION& record) {
+  if (fix.time) {
+    record.stUTCTime = SystemTimeOf(*fix.time);
     record.dwValidFields |= GPS_VALID_UTC_TIME;
   }
   record.FixType = FixTypeOf(fix.mode);
@@ -163,14 +164,16 @@ void LatestPosition::WriteFix(const gps_fix_t& fix, GPS_POSITION& record) {
   Store(fix.latitude, record.dblLatitude, GPS_VALID_LATITUDE, record);
   Store(fix.longitude, record.dblLongitude, GPS_VALID_LONGITUDE, record);
   Store(fix.speed * KNOTS_PER_METRE_PER_SECOND, record.flSpeed, GPS_VALID_SPEED, record);
-  Store(fix.track, record.flHeading, GPS_VALID_HEADING, record);
+  Store(fix.course, record.flHeading, GPS_VALID_HEADING, record);
   if (record.FixType == GPS_FIX_3D) {
-    Store(fix.altMSL, record.flAltitudeWRTSeaLevel, GPS_VALID_ALTITUDE_WRT_SEA_LEVEL, record);
-    Store(fix.altHAE, record.flAltitudeWRTEllipsoid, GPS_VALID_ALTITUDE_WRT_ELLIPSOID, record);
+    Store(fix.seaLevelAltitude, record.flAltitudeWRTSeaLevel, GPS_VALID_ALTITUDE_WRT_SEA_LEVEL,
+          record);
+    Store(fix.ellipsoidAltitude, record.flAltitudeWRTEllipsoid, GPS_VALID_ALTITUDE_WRT_ELLIPSOID,
+          record);
   }
 }
 
-void LatestPosition::WriteDilutions(const dop_t& dilutions, GPS_POSITION& record) {
+void LatestPosition::WriteDilutions(const Dilutions& dilutions, GPS_POSITION& record) {
   Store(dilutions.pdop, record.flPositionDilutionOfPrecision,
         GPS_VALID_POSITION_DILUTION_OF_PRECISION, record);
   Store(dilutions.hdop, record.flHorizontalDilutionOfPrecision,
@@ -184,11 +187,11 @@ void LatestPosition::WriteSky(const Sky& sky, GPS_POSITION& record) {
   record.dwSatellitesInView = static_cast<DWORD>(sky.listed);
   record.dwValidFields |= GPS_VALID_SATELLITE_COUNT | GPS_VALID_SATELLITES_USED_PRNS |
                           GPS_VALID_SATELLITES_IN_VIEW | GPS_VALID_SATELLITES_IN_VIEW_PRNS;
-  for (int i = 0; i < sky.listed; i++) {
-    const satellite_t& satellite = sky.satellites[i];
-    const auto prn = static_cast<DWORD>(satellite.PRN);
+  for (std::size_t i = 0; i < sky.listed; i++) {
+    const GpsdSatellite& satellite = sky.satellites[i];
+    const auto prn = static_cast<DWORD>(satellite.prn);
     record.rgdwSatellitesInViewPRNs[i] = prn;
-    if (satellite.used) {
+    if (satellite.isUsed) {
       // The used satellites come first, so their list has no gaps.
       record.rgdwSatellitesUsedPRNs[i] = prn;
     }
@@ -196,7 +199,7 @@ void LatestPosition::WriteSky(const Sky& sky, GPS_POSITION& record) {
                GPS_VALID_SATELLITES_IN_VIEW_ELEVATION, record);
     StoreWhole(satellite.azimuth, record.rgdwSatellitesInViewAzimuth[i],
                GPS_VALID_SATELLITES_IN_VIEW_AZIMUTH, record);
-    StoreWhole(satellite.ss, record.rgdwSatellitesInViewSignalToNoiseRatio[i],
+    StoreWhole(satellite.signal, record.rgdwSatellitesInViewSignalToNoiseRatio[i],
                GPS_VALID_SATELLITES_IN_VIEW_SIGNAL_TO_NOISE_RATIO, record);
   }
 }

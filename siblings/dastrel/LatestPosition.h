@@ -1,11 +1,12 @@
 #pragma once
 
-#include <gps.h>
 #include <gpsapi.h>
 
 #include <array>
 #include <chrono>
 #include <optional>
+
+#include "dastrel/GpsdReport.h"
 
 namespace dastrel {
 
@@ -19,9 +20,8 @@ class LatestPosition {
   static constexpr std::chrono::seconds FIX_LIFETIME{5};
   static constexpr std::chrono::seconds SKY_LIFETIME{15};
 
-  /// Takes over a report just unpacked into `data`, whose `set` was 0 before: a position (TPV) or a
-  /// sky view (SKY). Ignores other reports.
-  void Update(const gps_data_t& data, TimePoint now);
+  /// Takes over a position or a sky view. Ignores other reports.
+  void Update(const GpsdReport& report, TimePoint now);
 
   /// Forgets everything; for a lost connection.
   void Clear() { *this = {}; }
@@ -30,10 +30,16 @@ class LatestPosition {
   GPS_POSITION At(TimePoint now) const;
 
  private:
+  struct Dilutions {
+    double pdop;
+    double hdop;
+    double vdop;
+  };
+
   struct Sky {
     int usedCount = 0;
-    int listed = 0;
-    std::array<satellite_t, GPS_MAX_SATELLITES> satellites = {};
+    std::size_t listed = 0;
+    std::array<GpsdSatellite, GPS_MAX_SATELLITES> satellites = {};
   };
 
   template <typename T>
@@ -42,13 +48,13 @@ class LatestPosition {
     TimePoint time;
   };
 
-  static Sky SkyOf(const gps_data_t& data);
-  static void WriteFix(const gps_fix_t& fix, GPS_POSITION& record);
-  static void WriteDilutions(const dop_t& dilutions, GPS_POSITION& record);
+  static Sky SkyOf(const GpsdSky& view);
+  static void WriteFix(const GpsdFix& fix, GPS_POSITION& record);
+  static void WriteDilutions(const Dilutions& dilutions, GPS_POSITION& record);
   static void WriteSky(const Sky& sky, GPS_POSITION& record);
 
-  std::optional<Dated<gps_fix_t>> fix;
-  std::optional<Dated<dop_t>> dilutions;
+  std::optional<Dated<GpsdFix>> fix;
+  std::optional<Dated<Dilutions>> dilutions;
   std::optional<Dated<Sky>> sky;
 };
 

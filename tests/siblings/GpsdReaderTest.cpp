@@ -138,6 +138,48 @@ TEST(GpsdReaderTest, EndlessLineIsNotTakenForGpsd) {
   EXPECT_TRUE(server.Accept()) << "it must have hung up and called again";
 }
 
+TEST(GpsdReaderTest, LinesOnWhichLibgpsHangsDoNoHarm) {
+  Server server;
+  GpsdReader reader;
+  reader.Start(server.Address().c_str());
+  ASSERT_TRUE(server.Accept());
+  server.Say(R"({"class":"DEVICES","devices":[{"class":"DEVICE")"
+             "\r\n"
+             R"({"clas":"DEVICES","devices":[{"class":"DEVICE","path":"/dev/x"}]})"
+             "\r\n"
+             R"({"class":"TPV","mode":3,"lat":1.5})"
+             "\r\n");
+  EXPECT_TRUE(Arrives(reader, 1.5));
+}
+
+TEST(GpsdReaderTest, HangsUpOnAServiceThatIsNotGpsd) {
+  Server server;
+  GpsdReader reader;
+  reader.Start(server.Address().c_str());
+  ASSERT_TRUE(server.Accept());
+  server.Say("{\"class\":\"TPV\",\"mode\":3,\"lat\":1.5}\r\n");
+  ASSERT_TRUE(Arrives(reader, 1.5));
+  for (int i = 0; i < 20; i++) {
+    server.Say("220 mail.example ESMTP\r\n");
+  }
+  // Well before the five seconds for which a silent receiver is believed.
+  EXPECT_TRUE(Arrives(reader, 0, 3s));
+  EXPECT_TRUE(server.Accept()) << "it must have hung up and called again";
+}
+
+TEST(GpsdReaderTest, APollGetsTheNewestOfManyPositions) {
+  Server server;
+  GpsdReader reader;
+  reader.Start(server.Address().c_str());
+  ASSERT_TRUE(server.Accept());
+  std::string reports;
+  for (int latitude = 1; latitude <= 80; latitude++) {
+    reports += "{\"class\":\"TPV\",\"mode\":3,\"lat\":" + std::to_string(latitude) + "}\r\n";
+  }
+  server.Say(reports);
+  EXPECT_TRUE(Arrives(reader, 80));
+}
+
 TEST(GpsdReaderTest, StopsWhileTheOtherSideIsSilent) {
   Server server;
   GpsdReader reader;

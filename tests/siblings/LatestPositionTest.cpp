@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -17,16 +16,11 @@ constexpr DWORD SATELLITES_KNOWN = GPS_VALID_SATELLITE_COUNT | GPS_VALID_SATELLI
 class LatestPositionTest : public testing::Test {
  protected:
   /// Passes on a report in the form in which gpsd writes it.
-  void Told(std::string report) {
-    data->set = 0;
-    gps_unpack(report.data(), data.get());
-    latest.Update(*data, now);
-  }
+  void Told(const std::string& report) { latest.Update(GpsdReport::Parse(report), now); }
 
   GPS_POSITION Record() const { return latest.At(now); }
 
   LatestPosition latest;
-  std::unique_ptr<gps_data_t> data = std::make_unique<gps_data_t>();
   LatestPosition::TimePoint now = LatestPosition::TimePoint(1000s);
 };
 
