@@ -71,7 +71,7 @@ ferolin_folder(siblings/parlex USES platform/api platform/linux siblings/common)
 ferolin_folder(host/base)
 ferolin_folder(host/commandline USES host/base)
 ferolin_folder(host/engine USES include platform/api platform/linux host/base)
-ferolin_folder(host/sources USES platform/api platform/linux host/base)
+ferolin_folder(host/sources USES platform/api platform/linux siblings/common host/base)
 ferolin_folder(host/window
   USES include platform/api platform/linux platform/linux/display host/base host/commandline
        host/engine)

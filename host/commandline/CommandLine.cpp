@@ -61,6 +61,12 @@ void CheckCombinations(const Options& options) {
   if (options.baud && options.source != Options::Source::PORT) {
     throw UsageError("--baud goes with --port");
   }
+  if (options.gpsApi && options.source != Options::Source::GPSD) {
+    throw UsageError("--gps-api goes with --gpsd");
+  }
+  if (options.gpsApi && options.raw) {
+    throw UsageError("--gps-api and --raw: the GPS API has no sentences");
+  }
   const bool isSheet = !options.contactSheetFile.empty();
   const bool isSheetAlone = options.framesFolder.empty() && options.shotFile.empty() &&
                             options.windowUse != Options::WindowUse::ALWAYS;

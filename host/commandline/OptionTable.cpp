@@ -61,6 +61,11 @@ void OptionTable::AddSources() {
                      ChooseSource("--gpsd", Options::Source::GPSD);
                      options.gpsd = text;
                    });
+  AddFlag(
+      "--gps-api",
+      "with --gpsd: let the engine poll gpsd once a second through the device's GPS API; without "
+      "this option it gets the receiver's sentences at their own rate",
+      Assign(options.gpsApi, true));
   AddValue("--nmea", "FILE", "a recording of NMEA sentences; - reads standard input",
            [this](const std::string& text) {
              ChooseSource("--nmea", Options::Source::FILE);

@@ -51,6 +51,8 @@ struct Options {
   std::string file;
   /// "host:port"; empty: the usual one. Kept.
   std::string gpsd;
+  /// Whether the engine polls gpsd through the device's GPS API instead of reading its sentences.
+  bool gpsApi = false;
 
   /// Speed relative to real time; 0 is as fast as possible. Nothing: chosen by what is played and
   /// where it is shown.

@@ -8,6 +8,7 @@
 #include "handheld.h"
 #include "run/TripStretch.h"
 #include "sources/DemoSource.h"
+#include "sources/GpsdSource.h"
 #include "sources/PortSource.h"
 #include "sources/RecordingClock.h"
 
@@ -78,10 +79,18 @@ void PositionSource::OpenPort() {
   engine().SetComPortName(ENGINE_PORT_NAME);
 }
 
-void PositionSource::OpenGpsd() const {
+void PositionSource::OpenGpsd() {
+  if (options.gpsApi) {
+    OpenGpsApi();
+  } else {
+    Feed(std::make_unique<GpsdSource>(options.gpsd));
+  }
+}
+
+void PositionSource::OpenGpsApi() const {
   const HMODULE library = LoadLibraryW(GPS_LIBRARY);
   if (library == nullptr) {
-    throw HostError("cannot use gpsd: there is no library for it beside the engine");
+    throw HostError("cannot use the GPS API: there is no library for it beside the engine");
   }
   FreeLibrary(library);
   if (!options.gpsd.empty()) {

@@ -42,7 +42,8 @@ class PositionSource {
 
  private:
   void OpenPort();
-  void OpenGpsd() const;
+  void OpenGpsd();
+  void OpenGpsApi() const;
   void Feed(std::unique_ptr<NmeaSource> toFeed);
   std::unique_ptr<NmeaSource> MakeDemo() const;
 

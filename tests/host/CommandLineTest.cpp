@@ -37,7 +37,9 @@ TEST(CommandLine, LeavesOutValuesThatWereUsedBefore) {
   EXPECT_EQ(Options::Source::PORT, port.source);
   EXPECT_EQ("", port.device);
   EXPECT_TRUE(port.json);
+  EXPECT_TRUE(ParseOptions({"--gpsd", "--gps-api"}).gpsApi);
   const Options gpsd = ParseOptions({"--gpsd", "--kml"});
+  EXPECT_FALSE(gpsd.gpsApi);
   EXPECT_EQ(Options::Source::GPSD, gpsd.source);
   EXPECT_EQ("", gpsd.gpsd);
   EXPECT_TRUE(gpsd.writeKml);
@@ -170,6 +172,8 @@ TEST(CommandLine, RefusesWhatDoesNotGoTogether) {
   EXPECT_NE(ErrorOf({"--contact-sheet", "a", "--shot", "b"}), "(accepted)");
   EXPECT_NE(ErrorOf({"--contact-sheet", "a", "--window"}), "(accepted)");
   EXPECT_NE(ErrorOf({"--port", "x", "--rate", "2"}), "(accepted)");
+  EXPECT_EQ("--gps-api goes with --gpsd", ErrorOf({"--port", "x", "--gps-api"}));
+  EXPECT_NE(ErrorOf({"--gpsd", "--gps-api", "--raw"}), "(accepted)");
 }
 
 TEST(CommandLine, OpensAWindowUnlessOtherOutputIsAskedFor) {
@@ -228,6 +232,7 @@ TEST(CommandLine, NamesEveryOptionInTheHelp) {
                            "--port [DEVICE]",
                            "--baud N",
                            "--gpsd [HOST:PORT]",
+                           "--gps-api",
                            "--nmea FILE",
                            "--rate N|max",
                            "--raw",

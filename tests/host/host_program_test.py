@@ -163,6 +163,15 @@ class Recording(HostTest):
         # Five steps of a second at five times the speed take at least a second.
         self.assertGreaterEqual(time.monotonic() - started, 1.0)
 
+    def test_measures_an_acceleration_at_ten_positions_a_second(self):
+        # Starts at 0.3 s and gains 10 km/h a second: 100 km/h after exactly ten seconds.
+        text = "".join(
+            rmc(21600 + tenth // 10, max(tenth - 3, 0) / 1.852, fraction=".%d" % (tenth % 10))
+            + "\r\n" for tenth in range(120))
+        updates, _, _ = self.replay(text)
+        self.assertEqual(len(updates), 120)
+        self.assertEqual(updates[-1]["Accel. 0-100 km/h"], "10.00 s")
+
     def test_takes_line_feeds_alone_for_line_ends(self):
         updates, _, _ = self.replay(recording([10.0] * 5, end="\n"))
         self.assertEqual(len(updates), 5)

@@ -1,0 +1,40 @@
+#include "sources/GpsdSource.h"
+
+namespace host {
+
+namespace {
+
+constexpr std::string_view REQUEST = "?WATCH={\"enable\":true,\"nmea\":true};\n";
+constexpr int RECONNECT_PAUSE_MS = 1000;
+
+}  // namespace
+
+GpsdSource::GpsdSource(const std::string& address)
+    : address(siblings::GpsdAddress::FromText(address)) {}
+
+std::optional<std::string> GpsdSource::Read() {
+  while (!stop.IsRaised()) {
+    if (connection == nullptr && !Connect()) {
+      stop.WaitFor(RECONNECT_PAUSE_MS);
+      continue;
+    }
+    std::string line;
+    if (!connection->ReadLine(line)) {
+      connection.reset();
+    } else if (!line.starts_with('{')) {
+      return line;
+    }
+  }
+  return std::nullopt;
+}
+
+bool GpsdSource::Connect() {
+  auto opening = std::make_unique<siblings::GpsdConnection>(stop);
+  if (!opening->Open(address, REQUEST)) {
+    return false;
+  }
+  connection = std::move(opening);
+  return true;
+}
+
+}  // namespace host
