@@ -33,6 +33,40 @@ TEST_F(CodePages, WesternHasItsOwnLetters) {
   EXPECT_EQ(u"é€", std::u16string(wide, 2));
 }
 
+/// The 128 characters of the bytes from 0x80, control characters left out.
+std::u16string UpperHalf() {
+  std::u16string all;
+  for (int byte = 0x80; byte < 0x100; ++byte) {
+    const char text = static_cast<char>(byte);
+    char16_t wide = 0;
+    EXPECT_EQ(1, MultiByteToWideChar(CP_ACP, 0, &text, 1, &wide, 1));
+    char back = 0;
+    EXPECT_EQ(1, WideCharToMultiByte(CP_ACP, 0, &wide, 1, &back, 1, nullptr, nullptr));
+    EXPECT_EQ(text, back) << byte;
+    if (wide > 0x9F) {
+      all += wide;
+    } else {
+      EXPECT_EQ(byte, wide);
+    }
+  }
+  return all;
+}
+
+TEST_F(CodePages, CyrillicHasOneUnassignedByte) {
+  EXPECT_EQ(
+      u"ЂЃ‚ѓ„…†‡€‰Љ‹ЊЌЋЏђ‘’“”•–—™љ›њќћџ\u00A0ЎўЈ¤Ґ¦§Ё©Є«¬\u00AD®Ї°±Ііґµ¶·ё№є»јЅѕї"
+      u"АБВГДЕЖЗИЙКЛМНОПРСТУФХЦЧШЩЪЫЬЭЮЯабвгдежзийклмнопрстуфхцчшщъыьэюя",
+      UpperHalf());
+}
+
+TEST_F(CodePages, WesternHasFiveUnassignedBytes) {
+  handheld::SetCodePage(1252);
+  EXPECT_EQ(
+      u"€‚ƒ„…†‡ˆ‰Š‹ŒŽ‘’“”•–—˜™š›œžŸ\u00A0¡¢£¤¥¦§¨©ª«¬\u00AD®¯°±²³´µ¶·¸¹º»¼½¾¿"
+      u"ÀÁÂÃÄÅÆÇÈÉÊËÌÍÎÏÐÑÒÓÔÕÖ×ØÙÚÛÜÝÞßàáâãäåæçèéêëìíîïðñòóôõö÷øùúûüýþÿ",
+      UpperHalf());
+}
+
 TEST_F(CodePages, NeedAPlaceOfItsOwnForTheText) {
   char16_t wide[2] = {};
   EXPECT_EQ(0, MultiByteToWideChar(CP_ACP, 0, "a", 1, nullptr, 2));

@@ -1,7 +1,5 @@
 #include "text/CodePages.h"
 
-#include <iconv.h>
-
 #include <algorithm>
 #include <atomic>
 
@@ -16,6 +14,45 @@ namespace {
 
 constexpr UINT CYRILLIC = 1251;
 constexpr UINT WESTERN = 1252;
+
+// What the bytes from 0x80 stand for, as far as it follows no rule.
+
+constexpr std::array<WCHAR, 64> CYRILLIC_SPECIAL = {
+    0x0402, 0x0403, 0x201A, 0x0453, 0x201E, 0x2026, 0x2020, 0x2021, 0x20AC, 0x2030, 0x0409,
+    0x2039, 0x040A, 0x040C, 0x040B, 0x040F, 0x0452, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x0098, 0x2122, 0x0459, 0x203A, 0x045A, 0x045C, 0x045B, 0x045F, 0x00A0,
+    0x040E, 0x045E, 0x0408, 0x00A4, 0x0490, 0x00A6, 0x00A7, 0x0401, 0x00A9, 0x0404, 0x00AB,
+    0x00AC, 0x00AD, 0x00AE, 0x0407, 0x00B0, 0x00B1, 0x0406, 0x0456, 0x0491, 0x00B5, 0x00B6,
+    0x00B7, 0x0451, 0x2116, 0x0454, 0x00BB, 0x0458, 0x0405, 0x0455, 0x0457,
+};
+constexpr WCHAR CYRILLIC_CAPITAL_A = 0x0410;
+
+constexpr std::array<WCHAR, 32> WESTERN_SPECIAL = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
+};
+
+constexpr CodePage::UpperHalf MakeCyrillic() {
+  CodePage::UpperHalf upper = {};
+  for (std::size_t i = 0; i < upper.size(); ++i) {
+    upper[i] = i < CYRILLIC_SPECIAL.size()
+                   ? CYRILLIC_SPECIAL[i]
+                   : static_cast<WCHAR>(CYRILLIC_CAPITAL_A + (i - CYRILLIC_SPECIAL.size()));
+  }
+  return upper;
+}
+
+constexpr CodePage::UpperHalf MakeWestern() {
+  CodePage::UpperHalf upper = {};
+  for (std::size_t i = 0; i < upper.size(); ++i) {
+    upper[i] = i < WESTERN_SPECIAL.size() ? WESTERN_SPECIAL[i] : static_cast<WCHAR>(0x80 + i);
+  }
+  return upper;
+}
+
+constexpr CodePage CYRILLIC_PAGE(MakeCyrillic());
+constexpr CodePage WESTERN_PAGE(MakeWestern());
 
 /// 0 until set: the language decides.
 std::atomic<UINT> chosenCodePage{0};
@@ -42,44 +79,23 @@ int Converted(int length, int size) {
 
 }  // namespace
 
-CodePage::CodePage(const char* iconvName) {
-  const iconv_t converter = iconv_open("UTF-16LE", iconvName);
-  for (std::size_t i = 0; i < wide.size(); ++i) {
-    char byte = static_cast<char>(i);
-    unsigned char unit[4] = {};
-    char* from = &byte;
-    char* to = reinterpret_cast<char*>(unit);
-    std::size_t fromLeft = 1;
-    std::size_t toLeft = sizeof(unit);
-    const bool isAssigned = converter != reinterpret_cast<iconv_t>(-1) &&
-                            iconv(converter, &from, &fromLeft, &to, &toLeft) == 0;
-    wide[i] = static_cast<WCHAR>(isAssigned ? unit[0] | unit[1] << 8 : static_cast<int>(i));
-    bytes.emplace(wide[i], static_cast<unsigned char>(i));
-  }
-  if (converter != reinterpret_cast<iconv_t>(-1)) {
-    iconv_close(converter);
-  }
-}
-
 const CodePage* CodePage::Find(UINT number) {
-  static const CodePage& cyrillic = *new CodePage("CP1251");
-  static const CodePage& western = *new CodePage("CP1252");
   switch (number == CP_ACP ? AnsiCodePage() : number) {
     case CYRILLIC:
-      return &cyrillic;
+      return &CYRILLIC_PAGE;
     case WESTERN:
-      return &western;
+      return &WESTERN_PAGE;
     default:
       return nullptr;
   }
 }
 
 int CodePage::Narrow(WCHAR unit) const {
-  if (unit < 0x80) {
+  if (unit < FIRST_UPPER) {
     return unit;
   }
-  const auto found = bytes.find(unit);
-  return found == bytes.end() ? -1 : found->second;
+  const auto found = std::find(upper.begin(), upper.end(), unit);
+  return found == upper.end() ? -1 : static_cast<int>(FIRST_UPPER + (found - upper.begin()));
 }
 
 UINT AnsiCodePage() {

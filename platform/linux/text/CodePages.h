@@ -6,7 +6,6 @@
 #include <array>
 #include <cstdint>
 #include <string>
-#include <unordered_map>
 
 namespace handheld {
 
@@ -17,15 +16,21 @@ class CodePage {
   /// `number` is 1251, 1252 or CP_ACP (the device's own); null for any other.
   static const CodePage* Find(UINT number);
 
-  explicit CodePage(const char* iconvName);
+  /// Wide units of the bytes from 0x80; those below are ASCII.
+  using UpperHalf = std::array<WCHAR, 128>;
+  static constexpr int FIRST_UPPER = 0x80;
 
-  WCHAR Widen(char byte) const { return wide[static_cast<unsigned char>(byte)]; }
+  explicit constexpr CodePage(const UpperHalf& upper) : upper(upper) {}
+
+  WCHAR Widen(char byte) const {
+    const auto number = static_cast<unsigned char>(byte);
+    return number < FIRST_UPPER ? static_cast<WCHAR>(number) : upper[number - FIRST_UPPER];
+  }
   /// Byte for a wide unit; -1 when the code page lacks it.
   int Narrow(WCHAR unit) const;
 
  private:
-  std::array<WCHAR, 256> wide = {};
-  std::unordered_map<WCHAR, unsigned char> bytes;
+  UpperHalf upper;
 };
 
 /// Number of the device's own code page.
