@@ -187,6 +187,13 @@ TEST_F(Windows, HaveTheMouseOnlyInTheirOwnThread) {
   DestroyWindow(window);
 }
 
+TEST_F(Windows, ThatAreGoneAreNotUpdated) {
+  const HWND window = Create();
+  DestroyWindow(window);
+  EXPECT_FALSE(UpdateWindow(window));
+  EXPECT_EQ(ERROR_INVALID_WINDOW_HANDLE, GetLastError());
+}
+
 TEST_F(Windows, StandInTheTable) {
   const HWND window = Create(WS_VISIBLE);
   auto& table = handheld::WindowTable::Instance();
