@@ -210,8 +210,9 @@ FEROLIN_API void WINAPI SetCurRenderWidget(int index);
 /// Window drawn into; null at start and without an engine.
 FEROLIN_API HWND WINAPI GetRenderWindow(void);
 
-/// Chooses the window to draw into. The next update draws it. Set null before the window is
-/// destroyed.
+/// Chooses the window to draw into. The next update draws it. Waits for a frame that is being
+/// drawn: nothing is drawn into the window set before once this has returned. Set null before the
+/// window is destroyed.
 FEROLIN_API void WINAPI SetRenderWindow(HWND window);
 
 /// Whether the picture is flipped top to bottom. These eight need no engine. Setters keep the low

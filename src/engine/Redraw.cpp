@@ -50,13 +50,20 @@ DWORD WINAPI Redraw::ThreadProc(LPVOID argument) {
   return 0;
 }
 
-/// A view that has just become current shows its buttons for a while.
+/// The lock makes it wait for a frame that is being drawn into the window so far.
+void Redraw::SetRenderWindow(HWND window) {
+  const LockGuard guard(dataLock);
+  renderWindow = window;
+}
+
+/// A view that has just become current shows its buttons for a while. The window is read under the
+/// lock, so that no frame lands in one that was taken away.
 void Redraw::DrawFrame() {
   const int index = curRenderWidget;
-  const HWND window = renderWindow;
   Widget* widget = widgets.Get(index);
+  const LockGuard guard(dataLock);
+  const HWND window = renderWindow;
   if (IsShown(window) && widget != nullptr) {
-    const LockGuard guard(dataLock);
     if (index != lastDrawnWidget) {
       widget->ShowBars();
     }

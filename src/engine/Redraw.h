@@ -22,7 +22,8 @@ class Redraw {
   Redraw& operator=(const Redraw&) = delete;
 
   HWND GetRenderWindow() const { return renderWindow; }
-  void SetRenderWindow(HWND window) { renderWindow = window; }
+  /// Returns when no frame is being drawn into the window set before. Any thread.
+  void SetRenderWindow(HWND window);
 
   /// Index of the view to draw; -1 for none.
   int GetCurRenderWidget() const { return curRenderWidget; }
@@ -46,7 +47,7 @@ class Redraw {
   const WidgetTable& widgets;
   Lock& dataLock;
   HANDLE redrawThread = INVALID_HANDLE_VALUE;  ///< thread of the last frame; guarded by redrawLock
-  SharedWord<HWND> renderWindow = nullptr;
+  SharedWord<HWND> renderWindow = nullptr;  ///< written under the data lock
   SharedWord<std::int32_t> curRenderWidget = -1;
   /// View that was current at the last frame, whether or not it was drawn. Redraw threads only.
   SharedWord<std::int32_t> lastDrawnWidget = -1;

@@ -116,6 +116,23 @@ TEST_F(AttachedEngine, UpdatesSensorsViewsMessagesSoundsHostPowerAndFrameInThisO
   EXPECT_EQ(others, Steps(firstOther, steps.end()));
 }
 
+TEST_F(AttachedEngine, DrawsNothingIntoAWindowThatWasTakenAway) {
+  Attach();
+  theEngine->OnUpdate(Rmc("120000", "10").c_str());
+  SetRenderWindow(window);
+  SetCurRenderWidget(FEROLIN_VIEW_FULL_SCREEN_SPEED);
+  {
+    // The frame that was asked for cannot begin before the window is taken away.
+    const LockGuard guard(theEngine->GetDataLock());
+    theEngine->RequestRedraw();
+    constexpr DWORD LONG_ENOUGH_MS = 1000;  // of the device's time: 20 ms
+    Sleep(LONG_ENOUGH_MS);
+    SetRenderWindow(nullptr);
+  }
+  theEngine->GetRedraw().Wait();
+  EXPECT_EQ(0U, handheld::WindowPixelsVersion(window));
+}
+
 TEST_F(AttachedEngine, ChangesNothingElseForARejectedSentence) {
   Attach();
   StartCallBack(window);
