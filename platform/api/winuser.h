@@ -43,10 +43,12 @@ struct WNDCLASSW {
 
 constexpr UINT WM_DESTROY = 0x0002;
 constexpr UINT WM_SIZE = 0x0005;
+constexpr UINT WM_ACTIVATE = 0x0006;
 constexpr UINT WM_PAINT = 0x000F;
 constexpr UINT WM_CLOSE = 0x0010;
 constexpr UINT WM_QUIT = 0x0012;
 constexpr UINT WM_ERASEBKGND = 0x0014;
+constexpr UINT WM_SETTINGCHANGE = 0x001A;
 constexpr UINT WM_KEYDOWN = 0x0100;
 constexpr UINT WM_KEYUP = 0x0101;
 constexpr UINT WM_TIMER = 0x0113;
@@ -54,6 +56,20 @@ constexpr UINT WM_MOUSEMOVE = 0x0200;
 constexpr UINT WM_LBUTTONDOWN = 0x0201;
 constexpr UINT WM_LBUTTONUP = 0x0202;
 constexpr UINT WM_LBUTTONDBLCLK = 0x0203;
+constexpr UINT WM_POWERBROADCAST = 0x0218;
+/// wParam of WM_POWERBROADCAST: the machine has woken up.
+constexpr WPARAM PBT_APMRESUMEAUTOMATIC = 0x0012;
+
+// Keys: wParam of WM_KEYDOWN and WM_KEYUP. Letters and digits have the codes of their characters.
+constexpr int VK_BACK = 0x08;
+constexpr int VK_RETURN = 0x0D;
+constexpr int VK_ESCAPE = 0x1B;
+constexpr int VK_HOME = 0x24;
+constexpr int VK_LEFT = 0x25;
+constexpr int VK_UP = 0x26;
+constexpr int VK_RIGHT = 0x27;
+constexpr int VK_DOWN = 0x28;
+constexpr int VK_DELETE = 0x2E;
 
 /// Class style: the second of two quick clicks comes as WM_LBUTTONDBLCLK.
 constexpr UINT CS_DBLCLKS = 0x0008;
@@ -81,6 +97,8 @@ HWND WINAPI CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR title, DWO
                             HINSTANCE instance, LPVOID parameter);
 BOOL WINAPI DestroyWindow(HWND window);
 BOOL WINAPI ShowWindow(HWND window, int command);
+/// Also makes WM_SIZE come when the size changes.
+BOOL WINAPI MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint);
 BOOL WINAPI IsWindow(HWND window);
 BOOL WINAPI IsWindowVisible(HWND window);
 /// The latest window of this class and title; null stands for any. Null when there is none.

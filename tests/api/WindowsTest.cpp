@@ -38,6 +38,29 @@ TEST(Windows, KeepPlaceAndTitle) {
   EXPECT_EQ(0, title[2]);
 }
 
+LPARAM sizeTold = 0;
+
+LRESULT CALLBACK NoteSize(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_SIZE) {
+    sizeTold = lParam;
+  }
+  return DefWindowProcW(window, message, wParam, lParam);
+}
+
+TEST(Windows, AreToldOfTheirNewSizeWhenTheyAreMoved) {
+  const Window window(TEXT("FerolinApiMoved"), &NoteSize, nullptr, {10, 20, 110, 70});
+  ShowWindow(window.Get(), SW_SHOW);
+  sizeTold = 0;
+  EXPECT_TRUE(MoveWindow(window.Get(), 5, 6, 100, 50, TRUE));
+  EXPECT_EQ(0, sizeTold);
+  EXPECT_TRUE(MoveWindow(window.Get(), 0, 0, 80, 60, TRUE));
+  EXPECT_EQ(60 << 16 | 80, sizeTold);
+  RECT rect = {};
+  EXPECT_TRUE(GetWindowRect(window.Get(), &rect));
+  EXPECT_EQ(80, rect.right);
+  EXPECT_EQ(60, rect.bottom);
+}
+
 TEST(Windows, TellWhetherTheyWereShownBefore) {
   const Window window;
   EXPECT_FALSE(IsWindowVisible(window.Get()));

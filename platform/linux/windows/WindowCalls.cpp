@@ -177,6 +177,27 @@ BOOL WINAPI ShowWindow(HWND window, int command) {
   });
 }
 
+BOOL WINAPI MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint) {
+  return Guarded<BOOL>(FALSE, [&] {
+    const auto found = FindOrFail(window);
+    if (!found) {
+      return FALSE;
+    }
+    const RECT& before = found->rect;
+    const RECT after = {x, y, x + std::max(width, 0), y + std::max(height, 0)};
+    const bool isResized = after.right - after.left != before.right - before.left ||
+                           after.bottom - after.top != before.bottom - before.top;
+    WindowTable::Instance().SetRect(window, after);
+    if (repaint && found->isVisible) {
+      WindowTable::Instance().Invalidate(window, std::nullopt, true);
+    }
+    if (isResized) {
+      Tell(*found, WM_SIZE, 0, PackSize(after));
+    }
+    return TRUE;
+  });
+}
+
 BOOL WINAPI IsWindow(HWND window) {
   return Guarded<BOOL>(FALSE, [&] { return WindowTable::Instance().Find(window) ? TRUE : FALSE; });
 }
