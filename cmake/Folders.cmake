@@ -40,6 +40,17 @@ ferolin_folder(src/engine
        src/render src/widgets src/widgets/dial src/widgets/speed src/widgets/satellites
        src/widgets/path src/widgets/chart)
 
+# The application
+ferolin_folder(app/engine USES platform/api include src/base)
+ferolin_folder(app/text USES platform/api src/base)
+ferolin_folder(app/drawing USES platform/api src/base)
+ferolin_folder(app/receiver USES platform/api include src/base app/engine app/text)
+ferolin_folder(app/pages
+  USES platform/api include src/base app/engine app/text app/drawing app/receiver)
+ferolin_folder(app/window
+  USES platform/api include src/base app/engine app/text app/drawing app/receiver app/pages)
+ferolin_folder(app USES platform/api app/window)
+
 # The homes
 ferolin_folder(platform/shared USES platform/api)
 ferolin_folder(platform/device USES platform/api include)

@@ -1,0 +1,8 @@
+#include <windows.h>
+
+#include "window/Application.h"
+
+/// The command line is not read.
+int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, LPWSTR, int) {
+  return app::RunApplication(instance);
+}

@@ -1,0 +1,43 @@
+// What the pages show and change.
+#pragma once
+
+#include "engine/LoadedEngine.h"
+#include "receiver/Receiver.h"
+
+namespace app {
+
+/// For the engine's thread. The engine outlives it.
+class Session {
+ public:
+  explicit Session(const LoadedEngine& engine) : engine(engine), receiver(engine) {}
+  Session(const Session&) = delete;
+
+  const LoadedEngine& engine;
+  Receiver receiver;
+
+  bool isLightTheme = false;
+  /// Whether a report was sent since the page of SMS was opened.
+  bool isReportSent = false;
+
+  // Wishes of the user that the application fulfils once it has the touch dealt with.
+  bool wantsToQuit = false;
+  /// To see the views although no position came yet.
+  bool wantsViews = false;
+
+  // The engine takes all choices of SMS reports together.
+
+  struct SmsChoices {
+    WideString recipients;
+    WideString text;
+    int intervalMinutes;
+    bool isAutomatic;
+    bool onlyAfterMoving;
+  };
+  SmsChoices GetSmsChoices() const;
+  void SetSmsChoices(const SmsChoices& choices) const;
+
+  /// Starts all read-outs afresh.
+  void ResetAll() const;
+};
+
+}  // namespace app

@@ -1,0 +1,18 @@
+// The serial ports of the device.
+#pragma once
+
+#include <vector>
+
+#include "base/WideString.h"
+
+namespace app {
+
+using ferolin::WideString;
+
+/// Whether there is a port with that name, such as "COM1". One that is in use counts.
+bool IsSerialPort(const WideString& name);
+
+/// Numbers of the ports COM0 to COM31 that exist, in order.
+std::vector<int> FindSerialPorts();
+
+}  // namespace app

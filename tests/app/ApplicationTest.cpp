@@ -1,0 +1,154 @@
+#include "ApplicationTest.h"
+
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+namespace app {
+
+namespace {
+
+constexpr int HEADER = 48;
+constexpr int ROW = 48;
+constexpr int GAP = 12;
+constexpr int STEP_BUTTON = 50;
+
+LPARAM PackPoint(int x, int y) {
+  return static_cast<LPARAM>(static_cast<DWORD>(y & 0xFFFF) << 16 | static_cast<DWORD>(x & 0xFFFF));
+}
+
+int MiddleOfRow(int row, int gapsBefore) {
+  return HEADER + (row - gapsBefore) * ROW + gapsBefore * GAP + ROW / 2;
+}
+
+}  // namespace
+
+std::string Sentence(std::string_view body) {
+  unsigned checksum = 0;
+  for (const char character : body) {
+    checksum ^= static_cast<unsigned char>(character);
+  }
+  char ending[8];
+  std::snprintf(ending, sizeof ending, "*%02X\r\n", checksum);
+  return "$" + std::string(body) + ending;
+}
+
+std::string Rmc(std::string_view time, std::string_view status, std::string_view knots) {
+  return Sentence("GPRMC," + std::string(time) + "," + std::string(status) +
+                  ",4807.038,N,01131.000,E," + std::string(knots) + ",084.4,230324,,");
+}
+
+ApplicationTest::ApplicationTest() : device(e2e::Device::Make()) {
+  constexpr double SOMEWHAT_FASTER = 5;
+  device->SetTimeRate(SOMEWHAT_FASTER);
+  for (const auto& entry : std::filesystem::directory_iterator(ASSETS_FOLDER "/Pics")) {
+    std::ifstream file(entry.path(), std::ios::binary);
+    device->WriteFile("Pics/" + entry.path().filename().string(),
+                      std::string(std::istreambuf_iterator<char>(file), {}));
+  }
+  receiver = device->Connect("COM1");
+}
+
+ApplicationTest::~ApplicationTest() {
+  Quit();
+}
+
+void ApplicationTest::Start(int width, int height) {
+  application = std::make_unique<Application>();
+  ASSERT_TRUE(application->Start(nullptr));
+  MoveWindow(GetWindow(), 0, 0, width, height, TRUE);
+  Pump();
+}
+
+void ApplicationTest::StartWithPosition(int width, int height) {
+  device->WriteFile("TachyMo.ini",
+                    "[Application]\r\nUseGpsApi=0\r\nPort=COM1\r\nBaudRate=4800\r\n");
+  Start(width, height);
+  SendPosition("120000", "12:00:00");
+  ASSERT_TRUE(WaitUntil([&] { return GetEngine().GetCurRenderWidget() != FEROLIN_VIEW_NONE; }));
+}
+
+void ApplicationTest::Quit() {
+  if (IsRunning()) {
+    Post(WM_CLOSE, 0, 0);
+    EXPECT_FALSE(IsRunning());
+  }
+  application.reset();
+}
+
+void ApplicationTest::Pump() {
+  MSG message;
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) && message.message != WM_QUIT) {
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+}
+
+bool ApplicationTest::WaitUntil(const std::function<bool()>& isSo) {
+  using Clock = std::chrono::steady_clock;
+  const auto deadline = Clock::now() + std::chrono::seconds(10);
+  Pump();
+  while (!isSo() && Clock::now() < deadline) {
+    MsgWaitForMultipleObjectsEx(0, nullptr, 20, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+    Pump();
+  }
+  return isSo();
+}
+
+void ApplicationTest::Post(UINT message, WPARAM wParam, LPARAM lParam) {
+  PostMessageW(GetWindow(), message, wParam, lParam);
+  Pump();
+}
+
+void ApplicationTest::PostMouse(UINT message, int x, int y) {
+  Post(message, 0, PackPoint(x, y));
+}
+
+void ApplicationTest::Tap(int x, int y) {
+  Press(x, y);
+  Release(x, y);
+}
+
+void ApplicationTest::DoubleTap(int x, int y) {
+  Tap(x, y);
+  PostMouse(WM_LBUTTONDBLCLK, x, y);
+  Release(x, y);
+}
+
+void ApplicationTest::TapRow(int row, int gapsBefore) {
+  Tap(WIDTH / 2, MiddleOfRow(row, gapsBefore));
+}
+
+void ApplicationTest::TapStep(int row, int direction, int gapsBefore) {
+  const int x = WIDTH - STEP_BUTTON / 2 - 8 - (direction < 0 ? STEP_BUTTON + 4 : 0);
+  Tap(x, MiddleOfRow(row, gapsBefore));
+}
+
+void ApplicationTest::OpenSettings() {
+  if (GetEngine().GetCurRenderWidget() == FEROLIN_VIEW_NONE) {
+    TapRow(rows::WAITING_SETTINGS, 1);
+  } else {
+    Key(VK_RETURN);
+  }
+}
+
+std::uint32_t ApplicationTest::GetPixel(int x, int y) const {
+  const e2e::Device::Picture picture = GetPicture();
+  return picture.pixels.at(static_cast<std::size_t>(y * picture.width + x));
+}
+
+void ApplicationTest::SendPosition(std::string_view time, const std::string& shownTime,
+                                   std::string_view knots) {
+  Send(Rmc(time, "A", knots));
+  EXPECT_TRUE(WaitUntil([&] { return GetValue(FEROLIN_SENSOR_CURRENT_TIME) == shownTime; }));
+}
+
+std::string ApplicationTest::GetValue(int sensor) const {
+  char text[256] = {};
+  GetEngine().GetSensorValue(sensor, text, sizeof text);
+  return text;
+}
+
+}  // namespace app

@@ -1,0 +1,177 @@
+// All pages in all sizes and both languages, compared with pictures that were looked at.
+
+#include <stdlib.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "ApplicationTest.h"
+#include "widgets/Golden.h"
+
+namespace app {
+
+namespace {
+
+using handheld::Pixels;
+
+struct Size {
+  int width;
+  int height;
+  int dpi;
+};
+
+struct Shown {
+  Size size;
+  bool isRussian;
+};
+
+/// Pages side by side, six in a row.
+class Sheet {
+ public:
+  explicit Sheet(const Size& size) : size(size) {}
+
+  void Add(const Pixels& page) { pages.push_back(page); }
+
+  Pixels Join() const {
+    constexpr int COLUMNS = 6;
+    constexpr int SPACE = 4;
+    constexpr std::uint32_t GREY = 0x00808080;
+    const int lines = (static_cast<int>(pages.size()) + COLUMNS - 1) / COLUMNS;
+    Pixels sheet;
+    sheet.width = COLUMNS * (size.width + SPACE);
+    sheet.height = lines * (size.height + SPACE);
+    sheet.rows.assign(static_cast<std::size_t>(sheet.width * sheet.height), GREY);
+    int index = 0;
+    for (const Pixels& page : pages) {
+      const int left = index % COLUMNS * (size.width + SPACE);
+      const int top = index / COLUMNS * (size.height + SPACE);
+      for (int y = 0; y < page.height; ++y) {
+        std::copy_n(page.rows.begin() + y * page.width, page.width,
+                    sheet.rows.begin() + (top + y) * sheet.width + left);
+      }
+      ++index;
+    }
+    return sheet;
+  }
+
+ private:
+  Size size;
+  std::vector<Pixels> pages;
+};
+
+class PagePictures : public ApplicationTest, public testing::WithParamInterface<Shown> {
+ protected:
+  PagePictures() {
+    setenv("FONTCONFIG_FILE", FONTS_FILE, 1);
+    const Size size = GetParam().size;
+    handheld::SetScreen(size.width, size.height, size.dpi);
+    if (GetParam().isRussian) {
+      device->SetRussian();
+    }
+    device->InstallSmsLibrary();
+    device->SetZone(0);
+  }
+
+  ~PagePictures() override { handheld::SetScreen(240, 320, 96); }
+
+  void ForgetFocus() { Tap(GetParam().size.width - 1, 1); }
+
+  /// Opens the row that the focus reaches with so many steps down, and forgets the focus.
+  void OpenRow(int steps) {
+    ForgetFocus();
+    for (int step = 0; step < steps; ++step) {
+      Key(VK_DOWN);
+    }
+    Key(VK_RETURN);
+  }
+
+  void Take(Sheet& sheet) {
+    EXPECT_EQ(0, application->CountClippedTexts());
+    sheet.Add(handheld::WindowPixels(GetWindow()));
+  }
+
+  void TakePage(Sheet& sheet, int steps) {
+    OpenRow(steps);
+    Take(sheet);
+    Key(VK_ESCAPE);
+  }
+};
+
+constexpr Size SIZES[] = {
+    {176, 220, 96}, {240, 320, 96}, {320, 240, 96}, {480, 640, 192}, {800, 480, 96}};
+
+std::vector<Shown> AllShown() {
+  std::vector<Shown> all;
+  for (const Size& size : SIZES) {
+    all.push_back({size, false});
+    all.push_back({size, true});
+  }
+  return all;
+}
+
+std::string NameOf(const Shown& shown) {
+  return std::to_string(shown.size.width) + "x" + std::to_string(shown.size.height) +
+         (shown.isRussian ? "-RUS" : "-ENU");
+}
+
+TEST_P(PagePictures, AreThoseThatWereLookedAt) {
+  Sheet sheet(GetParam().size);
+  device->WriteFile("TachyMo.ini",
+                    "[Application]\r\nUseGpsApi=0\r\nPort=COM1\r\nBaudRate=4800\r\n"
+                    "[SMS]\r\n");
+  application = std::make_unique<Application>();
+  ASSERT_TRUE(application->Start(nullptr));
+  Pump();
+  GetEngine().SetSMSParams(TEXT("+79161234567,+79031112233"),
+                           TEXT("I am at %Latitude% %Longitude%, %Speed% km/h: %GoogleMaps%"), 10,
+                           1, 1);
+  GetEngine().SetSpeedEvent(0, 60, 5, 1);
+  GetEngine().SetSpeedEvent(1, 90, 10, 1);
+  GetEngine().SetSpeedEvent(2, 110, 10, 0);
+  EXPECT_TRUE(WaitUntil([&] { return GetEngine().GetSpeedEventsCount() == 3; }));
+  ForgetFocus();
+  Take(sheet);
+  SendPosition("120000", "12:00:00");
+  ASSERT_TRUE(WaitUntil([&] { return GetEngine().GetCurRenderWidget() != FEROLIN_VIEW_NONE; }));
+  OpenSettings();
+  Take(sheet);
+  Key(VK_UP);  // to the last row, with the focus
+  Take(sheet);
+  for (const int page : {rows::LIMITS, rows::READOUTS, rows::RESET}) {
+    TakePage(sheet, page + 1);
+  }
+  OpenRow(rows::RESET + 1);
+  OpenRow(1);
+  Take(sheet);  // waits for the second tap
+  Key(VK_ESCAPE);
+  OpenRow(rows::RECEIVER + 1);
+  Take(sheet);
+  TakePage(sheet, 3);
+  TakePage(sheet, 4);
+  Key(VK_ESCAPE);
+  TakePage(sheet, rows::PICTURE + 1);
+  OpenRow(rows::SMS + 1);
+  Take(sheet);
+  Key(VK_UP);
+  Take(sheet);
+  TakePage(sheet, 1);
+  Key(VK_ESCAPE);
+  TakePage(sheet, rows::ABOUT + 1);
+  OpenRow(rows::THEME + 1);
+  ForgetFocus();
+  Take(sheet);
+  TakePage(sheet, rows::LIMITS + 1);
+  OpenRow(rows::SMS + 1);
+  TakePage(sheet, 1);
+  ferolin::ExpectGolden("pages-" + NameOf(GetParam()), sheet.Join());
+}
+
+INSTANTIATE_TEST_SUITE_P(Sizes, PagePictures, testing::ValuesIn(AllShown()), [](const auto& shown) {
+  std::string name = NameOf(shown.param);
+  std::erase(name, '-');
+  return name;
+});
+
+}  // namespace
+
+}  // namespace app
