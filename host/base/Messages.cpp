@@ -12,6 +12,11 @@ void Messages::Say(const std::string& text) {
   }
 }
 
+void Messages::SayLoss(const std::string& text) {
+  hasLosses = true;
+  Say(text);
+}
+
 void Messages::Release() {
   isHeld = false;
   for (const std::string& text : held) {

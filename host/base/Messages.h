@@ -11,6 +11,10 @@ class Messages {
  public:
   void Say(const std::string& text);
 
+  /// Says what was lost or went wrong; the program goes on, and its exit status tells.
+  void SayLoss(const std::string& text);
+  bool HasLosses() const { return hasLosses; }
+
   /// Collects messages from now on, while a table fills the screen.
   void Hold() { isHeld = true; }
   /// Prints the collected messages, and later ones at once.
@@ -18,6 +22,7 @@ class Messages {
 
  private:
   bool isHeld = false;
+  bool hasLosses = false;
   std::vector<std::string> held;
 };
 

@@ -5,6 +5,7 @@
 
 #include "base/HostError.h"
 #include "base/Suggestion.h"
+#include "commandline/CommandTable.h"
 #include "commandline/HelpFormatter.h"
 #include "commandline/OptionTable.h"
 
@@ -12,8 +13,16 @@ namespace host {
 
 namespace {
 
+const CLI::Option* FindOption(const CLI::App& app, const std::string& name) {
+  const CLI::Option* found = app.get_option_no_throw(name);
+  for (const CLI::App* command : app.get_subcommands({})) {
+    found = found != nullptr ? found : FindOption(*command, name);
+  }
+  return found;
+}
+
 bool TakesValue(const CLI::App& app, const std::string& name) {
-  const CLI::Option* option = app.get_option_no_throw(name);
+  const CLI::Option* option = FindOption(app, name);
   return option != nullptr && option->get_items_expected_max() > 0;
 }
 
@@ -35,7 +44,7 @@ std::vector<std::string> SplitEmptyValues(const CLI::App& app,
 
 std::string SuggestOption(const CLI::App& app, const std::string& name) {
   std::vector<std::string> names;
-  for (const CLI::Option* option : app.get_options()) {
+  for (const CLI::Option* option : CommandTable::FindOptions(app)) {
     names.push_back(option->get_lnames().front());
   }
   const std::size_t start = std::min(name.find_first_not_of('-'), name.size());
@@ -44,7 +53,8 @@ std::string SuggestOption(const CLI::App& app, const std::string& name) {
 }
 
 void RefuseUnknown(const CLI::App& app) {
-  const std::vector<std::string> unknown = app.remaining();
+  constexpr bool WITH_COMMANDS = true;
+  const std::vector<std::string> unknown = app.remaining(WITH_COMMANDS);
   if (unknown.empty()) {
     return;
   }
@@ -52,6 +62,9 @@ void RefuseUnknown(const CLI::App& app) {
   if (first.starts_with("-")) {
     const std::string name = first.substr(0, first.find('='));
     throw UsageError("unknown option " + name + SuggestOption(app, name));
+  }
+  if (!app.get_subcommands().empty()) {
+    throw UsageError("unexpected argument \"" + first + "\" (see --help)");
   }
   throw UsageError("unexpected argument \"" + first + "\"; a recording is played with --nmea " +
                    first);
@@ -84,17 +97,21 @@ Options ParseOptions(const std::vector<std::string>& arguments) {
   CLI::App app;
   Options options;
   const OptionTable table(app, options);
+  const CommandTable commands(app, options);
   std::vector<std::string> toParse = SplitEmptyValues(app, arguments);
   std::reverse(toParse.begin(), toParse.end());  // CLI11 takes arguments off the end
   try {
     app.parse(toParse);
   } catch (const CLI::ArgumentMismatch&) {
-    // The last option lacks its value; all other mismatches are refused by OptionTable.
-    throw UsageError(table.DescribeMissingValue(arguments.back()));
+    // The last option lacks its value; all other mismatches are refused by the tables.
+    const CLI::Option* option = FindOption(app, arguments.back());
+    throw UsageError(arguments.back() + " needs " +
+                     (option == nullptr ? "a value" : option->get_option_text()));
   } catch (const CLI::ParseError& error) {
     throw UsageError(error.what());
   }
   RefuseUnknown(app);
+  commands.Check();
   if (options.action == Options::Action::RUN) {
     CheckCombinations(options);
   }

@@ -14,6 +14,7 @@ constexpr std::size_t WIDTH = 92;
 
 constexpr const char* INTRODUCTION =
     R"(Usage: ferolin-host [OPTION]...
+       ferolin-host drives | drives delete N | export last|N|all [--home DIR] [OPTION]...
 A GPS speedometer: shows speed, trip and position from a GPS receiver, a recording or a
 simulated drive. Without options it shows the simulated drive, in a window if there is a
 display. Options marked (kept) stay in force for later runs.
@@ -30,6 +31,13 @@ Keys in the window (changes to the picture are kept):
 A double click or double tap shows or hides the buttons, a swipe changes the view. The button
 with the gear inverts the colours and lists these keys on standard error.
 
+Drives from a receiver are kept as they are driven, also when the power is cut:
+  drives                    list them; times are local
+  drives delete N           delete drive N after asking; --yes does not ask
+  export last|N|all         write the last drive, drive N or all drives as --gpx FILE, --kml FILE,
+                            --csv FILE or --geojson FILE; - is standard output. Without one of
+                            these: as GPX to standard output
+
 Examples:
   ferolin-host                              watch the simulated drive
   ferolin-host --port /dev/ttyUSB0 --baud 4800
@@ -39,6 +47,7 @@ Examples:
                                             any receiver that gpsd knows, with warnings
   ferolin-host --nmea drive.nmea --rate 10  a recording, ten times as fast
   ferolin-host --fullscreen --mirror        a head-up display
+  ferolin-host export last --gpx drive.gpx  the drive of today, for a map
   ferolin-host --updates 300 --view Speed --shot speed.png
                                             a picture of the simulated drive
   ferolin-host --nmea drive.nmea --new-trip --json | tail -1

@@ -151,6 +151,10 @@ void OptionTable::AddTrip() {
   AddValue("--reset", "NAME",
            "start one read-out from zero, such as \"Max speed\"; may be given several times",
            [this](const std::string& text) { options.resets.push_back(text); });
+  AddFlag("--keep",
+          "keep the drive also when it is the demo or a recording; drives from a receiver are "
+          "always kept",
+          Assign(options.keep, true));
   AddOptionalValue("--kml", "FOLDER",
                    "write the route as a KML file at the end; without FOLDER into the folder used "
                    "last, at first the folder Tracks",

@@ -11,7 +11,7 @@ namespace host {
 /// Options that are kept between runs are empty when the user does not give them; Choices fills
 /// them in.
 struct Options {
-  enum class Action { RUN, HELP, VERSION };
+  enum class Action { RUN, HELP, VERSION, LIST_DRIVES, DELETE_DRIVE, EXPORT_DRIVES };
   enum class Source { DEMO, PORT, FILE, GPSD };
   enum class WindowUse { IF_PRESENT, ALWAYS, NEVER };
 
@@ -37,10 +37,24 @@ struct Options {
     std::optional<bool> invert;
   };
 
+  /// What to do with kept drives.
+  struct Drives {
+    /// "last", "all" or a number.
+    std::string which;
+    /// Whether to delete without asking.
+    bool isConfirmed = false;
+    // Files to export to; "-" is standard output, empty: none.
+    std::string gpxFile;
+    std::string kmlFile;
+    std::string csvFile;
+    std::string geoJsonFile;
+  };
+
   /// Number of limits that the engine keeps between runs.
   static constexpr std::size_t LIMITS = 3;
 
   Action action = Action::RUN;
+  Drives drives;
 
   Source source = Source::DEMO;
   /// Path of the serial device. Kept.
@@ -81,6 +95,8 @@ struct Options {
   bool writeKml = false;
   /// Empty: the engine's own folder. Kept.
   std::string kmlFolder;
+  /// Whether to keep the drive also when it is the demo or a recording.
+  bool keep = false;
   bool newTrip = false;
   /// Names of the sensors to start from zero.
   std::vector<std::string> resets;

@@ -12,6 +12,7 @@
 #include "handheld.h"
 #include "outputs/StandardOutput.h"
 #include "run/Choices.h"
+#include "run/DriveCommands.h"
 #include "run/HomeFolder.h"
 #include "run/HostRun.h"
 #include "run/SettingsFile.h"
@@ -93,7 +94,9 @@ void Play(Options options, StandardOutput& output, Messages& messages) {
     const Choices choices(engine);
     Complete(options, engine, choices);
     tracks = OpenTrackFolder(options, engine, home);
-    HostRun(engine, options, choices, std::move(recording), signals, output, messages).Run();
+    HostRun(engine, options, home.GetPath(), choices, std::move(recording), signals, output,
+            messages)
+        .Run();
   }
   // The engine writes its track and its settings when it is unloaded.
   if (tracks) {
@@ -112,6 +115,11 @@ void Run(const std::vector<std::string>& arguments, Messages& messages) {
     case Options::Action::VERSION:
       output.Write("ferolin-host " FEROLIN_VERSION "\n");
       break;
+    case Options::Action::LIST_DRIVES:
+    case Options::Action::DELETE_DRIVE:
+    case Options::Action::EXPORT_DRIVES:
+      DriveCommands(HomeFolder(options.home).GetPath(), output, messages).Run(options);
+      break;
     case Options::Action::RUN:
       Play(options, output, messages);
       break;
@@ -127,7 +135,7 @@ int RunApplication(const std::vector<std::string>& arguments) {
   Messages messages;
   try {
     Run(arguments, messages);
-    return 0;
+    return messages.HasLosses() ? HostError::FAILURE : 0;
   } catch (const HostError& error) {
     messages.Say(error.what());
     return error.GetExitStatus();

@@ -22,9 +22,9 @@ PositionSource::Audience FindAudience(const Options& options, const ViewWindow* 
 
 }  // namespace
 
-HostRun::HostRun(const EngineLibrary& engine, const Options& options, const Choices& choices,
-                 std::unique_ptr<NmeaSource> recording, SignalWatcher& signals,
-                 StandardOutput& standard, Messages& messages)
+HostRun::HostRun(const EngineLibrary& engine, const Options& options, const std::string& home,
+                 const Choices& choices, std::unique_ptr<NmeaSource> recording,
+                 SignalWatcher& signals, StandardOutput& standard, Messages& messages)
     : engine(engine),
       options(options),
       choices(choices),
@@ -34,6 +34,7 @@ HostRun::HostRun(const EngineLibrary& engine, const Options& options, const Choi
       trip(engine, options.source),
       window(engine().GetWndMessageID()),
       views(ViewWindow::Open(engine, options, window, messages)),
+      drive(options, home, messages),
       source(engine, options, std::move(recording), FindAudience(options, views.get()),
              [this] { window.Post(HostWindow::Event::SOURCE_ENDED); }),
       pictures(OpenPictures(options, engine, views.get())),
@@ -65,6 +66,7 @@ void HostRun::Run() {
 void HostRun::Start() {
   source.Open();
   choices.Keep(options);
+  drive.Start(source);
   update.readouts = engine.GetReadouts();
   output = OpenOutput(options, engine, views.get(), standard, messages);
   summary.Start();
@@ -103,6 +105,7 @@ void HostRun::ShowUpdate() {
   output->Show(update);
   reports.OnUpdate(update);
   summary.OnUpdate();
+  drive.SayNews();
   const bool hasAllPictures = pictures != nullptr && pictures->OnUpdate();
   isComplete = hasAllPictures || update.number == options.updates;
   // The device remembers every message; over a day that is a lot.
@@ -116,6 +119,7 @@ void HostRun::Finish() {
   update.readouts = engine.GetReadouts();
   output->Finish(update, engine.GetStates());
   messages.Release();
+  drive.Finish();
   trip.Store();
   if (views) {
     choices.KeepPicture(views->GetPicture());

@@ -11,6 +11,7 @@
 #include "outputs/Pictures.h"
 #include "outputs/StandardOutput.h"
 #include "run/Choices.h"
+#include "run/DriveKeeping.h"
 #include "run/PositionSource.h"
 #include "run/RunSummary.h"
 #include "run/SignalWatcher.h"
@@ -25,11 +26,11 @@ namespace host {
 /// Starts the source and the engine, shows every update, and keeps trip and choices at the end.
 class HostRun {
  public:
-  /// `options` are complete: kept choices are filled in. `recording` is the opened file when one is
+  /// `options` are complete: kept choices are filled in. `home` is the folder of drives. `recording` is the opened file when one is
   /// played, else null. All other arguments outlive the run. Throws HostError.
-  HostRun(const EngineLibrary& engine, const Options& options, const Choices& choices,
-          std::unique_ptr<NmeaSource> recording, SignalWatcher& signals, StandardOutput& standard,
-          Messages& messages);
+  HostRun(const EngineLibrary& engine, const Options& options, const std::string& home,
+          const Choices& choices, std::unique_ptr<NmeaSource> recording, SignalWatcher& signals,
+          StandardOutput& standard, Messages& messages);
   HostRun(const HostRun&) = delete;
   HostRun& operator=(const HostRun&) = delete;
   ~HostRun();
@@ -54,6 +55,7 @@ class HostRun {
   HostWindow window;
   /// Null when no views are drawn.
   std::unique_ptr<ViewWindow> views;
+  DriveKeeping drive;
   PositionSource source;
   /// Null when none are written.
   std::unique_ptr<Pictures> pictures;

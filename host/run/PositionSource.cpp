@@ -129,6 +129,14 @@ std::unique_ptr<NmeaSource> PositionSource::MakeDemo() const {
                                       pace > 0 ? DemoSource::Laps::ENDLESS : DemoSource::Laps::ONE);
 }
 
+bool PositionSource::TellFixes(std::function<void(const Fix&)> take) {
+  const bool arePassed = feeder != nullptr && !options.raw;
+  if (arePassed) {
+    feeder->TellFixes(std::move(take));
+  }
+  return arePassed;
+}
+
 void PositionSource::Start() {
   if (feeder) {
     feeder->Start();

@@ -8,6 +8,7 @@
 #include "commandline/Options.h"
 #include "engine/EngineLibrary.h"
 #include "sources/Feeder.h"
+#include "sources/Fix.h"
 #include "sources/NmeaSource.h"
 #include "sources/PseudoTerminal.h"
 
@@ -29,6 +30,10 @@ class PositionSource {
 
   /// Connects the engine with the source. Throws HostError when that fails.
   void Open();
+
+  /// Gives `take` each fix that the receiver sends, on another thread. False when its sentences do
+  /// not pass through the host. Call between Open and Start.
+  bool TellFixes(std::function<void(const Fix&)> take);
 
   /// Starts feeding the engine, which must be reading.
   void Start();

@@ -53,6 +53,44 @@ TEST(CommandLine, TakesValuesBehindAnEqualsSign) {
   EXPECT_EQ("--", options.smsText);
 }
 
+TEST(CommandLine, TakesTheCommandsForDrives) {
+  const Options list = ParseOptions({"--home", "/h", "drives"});
+  EXPECT_EQ(Options::Action::LIST_DRIVES, list.action);
+  EXPECT_EQ("/h", list.home);
+  EXPECT_EQ("/h", ParseOptions({"drives", "--home", "/h"}).home);
+  const Options remove = ParseOptions({"drives", "delete", "12", "--yes"});
+  EXPECT_EQ(Options::Action::DELETE_DRIVE, remove.action);
+  EXPECT_EQ("12", remove.drives.which);
+  EXPECT_TRUE(remove.drives.isConfirmed);
+  EXPECT_FALSE(ParseOptions({"drives", "delete", "12"}).drives.isConfirmed);
+}
+
+TEST(CommandLine, TakesAnExportToSeveralFiles) {
+  const Options options = ParseOptions({"export", "last", "--gpx", "a.gpx", "--csv=-"});
+  EXPECT_EQ(Options::Action::EXPORT_DRIVES, options.action);
+  EXPECT_EQ("last", options.drives.which);
+  EXPECT_EQ("a.gpx", options.drives.gpxFile);
+  EXPECT_EQ("-", options.drives.csvFile);
+  EXPECT_EQ("", options.drives.kmlFile);
+  const Options map = ParseOptions({"export", "all", "--kml", "a.kml", "--geojson", "a.json"});
+  EXPECT_EQ("a.kml", map.drives.kmlFile);
+  EXPECT_EQ("a.json", map.drives.geoJsonFile);
+  EXPECT_FALSE(map.writeKml);
+}
+
+TEST(CommandLine, RefusesCommandsThatMakeNoSense) {
+  EXPECT_EQ("drives delete needs N, the number of a drive", ErrorOf({"drives", "delete"}));
+  EXPECT_EQ("drives delete needs N, the number of a drive", ErrorOf({"drives", "delete", "x"}));
+  EXPECT_EQ("export needs last, all or N, the number of a drive", ErrorOf({"export"}));
+  EXPECT_EQ("export needs last, all or N, the number of a drive", ErrorOf({"export", "-"}));
+  EXPECT_EQ("--json does not go with drives", ErrorOf({"--json", "drives"}));
+  EXPECT_EQ("--demo does not go with export", ErrorOf({"export", "last", "--demo"}));
+  EXPECT_EQ("unexpected argument \"last\" (see --help)", ErrorOf({"drives", "last"}));
+  EXPECT_EQ("unknown option --gxp; did you mean --gpx?", ErrorOf({"export", "1", "--gxp"}));
+  EXPECT_EQ("--gpx needs FILE", ErrorOf({"export", "1", "--gpx"}));
+  EXPECT_EQ("--gpx needs FILE", ErrorOf({"export", "1", "--gpx="}));
+}
+
 TEST(CommandLine, TakesStandardInputAsAFile) {
   EXPECT_EQ("-", ParseOptions({"--nmea", "-"}).file);
 }

@@ -1,0 +1,54 @@
+#include "drives/DriveList.h"
+
+#include <array>
+
+#include "base/DisplayText.h"
+#include "drives/DriveTexts.h"
+
+namespace host {
+
+namespace {
+
+constexpr double MS_PER_HOUR = 3600000;
+
+/// Widths of the columns that are aligned at their right, and the blanks before each.
+constexpr std::array<std::size_t, 6> WIDTHS = {5, 18, 10, 11, 12, 12};
+
+using Row = std::array<std::string, WIDTHS.size()>;
+
+std::string Line(const Row& row) {
+  std::string line;
+  for (std::size_t i = 0; i < row.size(); ++i) {
+    line += PadLeft(row[i], WIDTHS[i]);
+  }
+  return line;
+}
+
+std::string DescribeSpeed(double kmh) {
+  return DescribeNumber(kmh, 1) + " km/h";
+}
+
+double AverageKmh(const Drive& drive) {
+  const double hours = static_cast<double>(drive.endMs - drive.startMs) / MS_PER_HOUR;
+  return hours > 0 ? drive.distanceKm / hours : 0;
+}
+
+}  // namespace
+
+std::string ListDrives(const std::vector<Drive>& drives) {
+  std::string list = Line({"Drive", "Start", "Duration", "Distance", "Highest", "Average"}) + "\n";
+  for (const Drive& drive : drives) {
+    list += Line({std::to_string(drive.number), DescribeMoment(drive.startMs),
+                  DescribeDuration(drive.endMs - drive.startMs), DescribeDistance(drive.distanceKm),
+                  DescribeSpeed(drive.highestKmh), DescribeSpeed(AverageKmh(drive))}) +
+            (drive.isEnded ? "" : "  (not ended)") + "\n";
+  }
+  return list;
+}
+
+std::string DescribeDrive(const Drive& drive) {
+  return "drive " + std::to_string(drive.number) + " of " + DescribeDay(drive.startMs) + ", " +
+         DescribeDistance(drive.distanceKm);
+}
+
+}  // namespace host

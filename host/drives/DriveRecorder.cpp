@@ -1,0 +1,135 @@
+#include "drives/DriveRecorder.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace host {
+
+namespace {
+
+std::int64_t NowMs() {
+  const auto now = std::chrono::system_clock::now().time_since_epoch();
+  return std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
+}
+
+bool HasPosition(const Fix& fix) {
+  return fix.hasFix && fix.latitude && fix.longitude;
+}
+
+}  // namespace
+
+DriveRecorder::DriveRecorder(std::unique_ptr<DriveStore> store, std::string source)
+    : store(std::move(store)),
+      source(std::move(source)),
+      endedDrives(this->store->EndOpenDrives()),
+      thread([this] { Run(); }) {}
+
+DriveRecorder::~DriveRecorder() {
+  Finish();
+}
+
+void DriveRecorder::Take(Fix fix) {
+  fix.timeMs = fix.timeMs.value_or(NowMs());
+  {
+    const std::lock_guard lock(mutex);
+    waiting.push_back(fix);
+  }
+  changed.notify_all();
+}
+
+void DriveRecorder::Finish() {
+  {
+    const std::lock_guard lock(mutex);
+    stopped = true;
+  }
+  changed.notify_all();
+  if (thread.joinable()) {
+    thread.join();
+  }
+}
+
+std::optional<std::string> DriveRecorder::TakeProblem() {
+  const std::lock_guard lock(mutex);
+  return std::exchange(problem, std::nullopt);
+}
+
+std::uint64_t DriveRecorder::CountLost() const {
+  const std::lock_guard lock(mutex);
+  return lost;
+}
+
+Drive DriveRecorder::Progress::GetDrive() const {
+  Drive drive;
+  drive.number = number;
+  totals.PutInto(drive);
+  return drive;
+}
+
+std::optional<Drive> DriveRecorder::GetDrive() const {
+  return progress.number == 0 ? std::nullopt : std::optional(progress.GetDrive());
+}
+
+void DriveRecorder::Run() {
+  bool isLast = false;
+  while (!isLast) {
+    std::unique_lock lock(mutex);
+    changed.wait(lock, [this] { return stopped || !waiting.empty(); });
+    changed.wait_for(lock, COMMIT_INTERVAL, [this] { return stopped; });
+    isLast = stopped;
+    std::vector<Fix> batch = std::exchange(waiting, {});
+    lock.unlock();
+    if (!Write(batch, isLast)) {
+      Hold(std::move(batch));
+    }
+  }
+  const std::lock_guard lock(mutex);
+  lost += waiting.size();
+}
+
+bool DriveRecorder::Write(const std::vector<Fix>& batch, bool isLast) {
+  Progress next = progress;
+  std::string failure;
+  try {
+    store->InTransaction([&] {
+      for (const Fix& fix : batch) {
+        Add(next, fix);
+      }
+      if (isLast && next.number != 0) {
+        store->End(next.GetDrive());
+      }
+    });
+    progress = next;
+  } catch (const HostError& error) {
+    failure = error.what();
+  }
+  const std::lock_guard lock(mutex);
+  if (!failure.empty() && !hasProblem) {
+    problem = failure;
+  }
+  hasProblem = !failure.empty();
+  return failure.empty();
+}
+
+void DriveRecorder::Add(Progress& next, const Fix& fix) {
+  if (next.number == 0 && !HasPosition(fix)) {
+    return;
+  }
+  if (next.number == 0) {
+    next.number = store->Begin(source, fix.timeMs.value_or(0));
+  }
+  store->Add(next.number, ++next.positions, fix);
+  next.totals.Add(fix);
+}
+
+/// The oldest fixes are given up when there are too many.
+void DriveRecorder::Hold(std::vector<Fix> batch) {
+  const std::lock_guard lock(mutex);
+  batch.insert(batch.end(), waiting.begin(), waiting.end());
+  const std::size_t excess = batch.size() - std::min(batch.size(), MOST_HELD);
+  batch.erase(batch.begin(), batch.begin() + static_cast<std::ptrdiff_t>(excess));
+  lost += excess;
+  waiting = std::move(batch);
+}
+
+}  // namespace host

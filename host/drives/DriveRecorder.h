@@ -1,0 +1,89 @@
+// Keeps a drive while it is driven.
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "drives/Drive.h"
+#include "drives/DriveStore.h"
+#include "drives/DriveTotals.h"
+#include "sources/Fix.h"
+
+namespace host {
+
+/// Writes fixes to the disk on a thread of its own, so that a slow disk never holds up the engine.
+/// The drive begins with the first fix that has a position; without one nothing is kept. While the
+/// disk takes nothing, fixes are held in memory for a while.
+class DriveRecorder {
+ public:
+  /// A fix is on the disk so long after it came, and the time of the write. With the second in which
+  /// the next one comes, not more than three seconds are lost.
+  static constexpr std::chrono::milliseconds COMMIT_INTERVAL{1500};
+  /// Fixes held while the disk takes nothing: ten minutes at ten a second.
+  static constexpr std::size_t MOST_HELD = 6000;
+
+  /// Ends the drives of `store` that a power cut has left open. `source` is where positions come
+  /// from, for the user. Throws HostError when the store cannot be used.
+  DriveRecorder(std::unique_ptr<DriveStore> store, std::string source);
+  DriveRecorder(const DriveRecorder&) = delete;
+  DriveRecorder& operator=(const DriveRecorder&) = delete;
+  ~DriveRecorder();
+
+  /// Drives that ended without warning before.
+  const std::vector<Drive>& GetEndedDrives() const { return endedDrives; }
+
+  /// Takes the next fix, on any thread. One without a time gets that of the computer.
+  void Take(Fix fix);
+
+  /// Writes what is left and ends the drive. No fix may come any more.
+  void Finish();
+
+  /// Why fixes are not written at present, once for each time that begins; nothing without news.
+  std::optional<std::string> TakeProblem();
+
+  /// Fixes that were given up.
+  std::uint64_t CountLost() const;
+
+  /// The drive as it was written; nothing when there was none. For after Finish.
+  std::optional<Drive> GetDrive() const;
+
+ private:
+  /// What of the drive is on the disk.
+  struct Progress {
+    /// 0 before the drive begins.
+    std::int64_t number = 0;
+    std::int64_t positions = 0;
+    DriveTotals totals;
+
+    Drive GetDrive() const;
+  };
+
+  void Run();
+  /// Writes the batch or nothing.
+  bool Write(const std::vector<Fix>& batch, bool isLast);
+  void Add(Progress& next, const Fix& fix);
+  void Hold(std::vector<Fix> batch);
+
+  const std::unique_ptr<DriveStore> store;
+  const std::string source;
+  std::vector<Drive> endedDrives;
+  Progress progress;
+
+  mutable std::mutex mutex;
+  std::condition_variable changed;
+  std::vector<Fix> waiting;
+  bool stopped = false;
+  bool hasProblem = false;
+  std::optional<std::string> problem;
+  std::uint64_t lost = 0;
+  std::thread thread;
+};
+
+}  // namespace host

@@ -1,0 +1,65 @@
+#include "drives/DriveSchema.h"
+
+#include <array>
+
+#include "drives/Statement.h"
+
+namespace host {
+
+namespace {
+
+/// Times are UTC in milliseconds since 1970. `end_ms` and the sums are NULL while a drive goes on.
+/// Positions of a drive count from 1; coordinates are in degrees, altitudes in metres.
+constexpr const char* DRIVES = R"(
+CREATE TABLE drives (
+  number INTEGER PRIMARY KEY AUTOINCREMENT,
+  source TEXT NOT NULL,
+  start_ms INTEGER NOT NULL,
+  end_ms INTEGER,
+  distance_km REAL,
+  highest_kmh REAL
+);
+CREATE TABLE positions (
+  drive INTEGER NOT NULL REFERENCES drives (number) ON DELETE CASCADE,
+  number INTEGER NOT NULL,
+  time_ms INTEGER NOT NULL,
+  has_fix INTEGER NOT NULL,
+  latitude REAL,
+  longitude REAL,
+  altitude REAL,
+  speed_kmh REAL,
+  course REAL,
+  hdop REAL,
+  satellites INTEGER,
+  PRIMARY KEY (drive, number)
+) WITHOUT ROWID;
+)";
+
+/// The step at index 0 makes version 1.
+constexpr std::array STEPS = {DRIVES};
+
+std::size_t GetVersion(Database& database) {
+  Statement statement(database, "PRAGMA user_version");
+  statement.Next();
+  return static_cast<std::size_t>(statement.GetInteger(0).value_or(0));
+}
+
+}  // namespace
+
+void MigrateDrives(Database& database) {
+  if (GetVersion(database) == STEPS.size()) {
+    return;
+  }
+  database.InTransaction([&database] {
+    std::size_t version = GetVersion(database);
+    if (version > STEPS.size()) {
+      throw HostError(database.GetPath() + " is of a newer version of this program");
+    }
+    for (; version < STEPS.size(); ++version) {
+      database.Execute(STEPS[version]);
+    }
+    database.Execute(("PRAGMA user_version = " + std::to_string(version)).c_str());
+  });
+}
+
+}  // namespace host

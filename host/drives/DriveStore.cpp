@@ -1,0 +1,117 @@
+#include "drives/DriveStore.h"
+
+#include "drives/DriveSchema.h"
+#include "drives/DriveTotals.h"
+
+namespace host {
+
+namespace {
+
+Database& Migrate(Database& database) {
+  MigrateDrives(database);
+  return database;
+}
+
+/// The row's columns from `column` on.
+Fix ReadFix(const Statement& row) {
+  Fix fix;
+  int column = 0;
+  fix.timeMs = row.GetInteger(column++);
+  fix.hasFix = row.GetInteger(column++).value_or(0) != 0;
+  fix.latitude = row.GetReal(column++);
+  fix.longitude = row.GetReal(column++);
+  fix.altitude = row.GetReal(column++);
+  fix.speedKmh = row.GetReal(column++);
+  fix.course = row.GetReal(column++);
+  fix.hdop = row.GetReal(column++);
+  if (const std::optional<std::int64_t> satellites = row.GetInteger(column)) {
+    fix.satellites = static_cast<int>(*satellites);
+  }
+  return fix;
+}
+
+}  // namespace
+
+DriveStore::DriveStore(const std::string& folder, Database::Missing missing)
+    : database(folder, FILE_NAME, missing),
+      addPosition(Migrate(database),
+                  "INSERT INTO positions VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)") {}
+
+std::int64_t DriveStore::Begin(const std::string& source, std::int64_t startMs) {
+  Statement(database, "INSERT INTO drives (source, start_ms) VALUES (?, ?)")
+      .With(source, startMs)
+      .Run();
+  return sqlite3_last_insert_rowid(database.Get());
+}
+
+void DriveStore::Add(std::int64_t drive, std::int64_t number, const Fix& fix) {
+  addPosition
+      .With(drive, number, fix.timeMs, fix.hasFix, fix.latitude, fix.longitude, fix.altitude,
+            fix.speedKmh, fix.course, fix.hdop, fix.satellites)
+      .Run();
+}
+
+void DriveStore::End(const Drive& drive) {
+  Statement(database,
+            "UPDATE drives SET start_ms = ?, end_ms = ?, distance_km = ?, highest_kmh = ? "
+            "WHERE number = ?")
+      .With(drive.startMs, drive.endMs, drive.distanceKm, drive.highestKmh, drive.number)
+      .Run();
+}
+
+std::vector<Drive> DriveStore::EndOpenDrives() {
+  std::vector<Drive> open;
+  InTransaction([this, &open] {
+    open = Read("SELECT * FROM drives WHERE end_ms IS NULL ORDER BY number");
+    for (const Drive& drive : open) {
+      End(drive);
+    }
+  });
+  return open;
+}
+
+std::vector<Drive> DriveStore::List() {
+  return Read("SELECT * FROM drives ORDER BY number");
+}
+
+std::vector<Drive> DriveStore::Read(const char* sql) {
+  std::vector<Drive> drives;
+  Statement row(database, sql);
+  while (row.Next()) {
+    Drive drive;
+    drive.number = row.GetInteger(0).value_or(0);
+    drive.source = row.GetText(1);
+    drive.startMs = row.GetInteger(2).value_or(0);
+    drive.isEnded = row.GetInteger(3).has_value();
+    drive.endMs = row.GetInteger(3).value_or(drive.startMs);
+    drive.distanceKm = row.GetReal(4).value_or(0);
+    drive.highestKmh = row.GetReal(5).value_or(0);
+    if (!drive.isEnded) {
+      AddUp(drive);
+    }
+    drives.push_back(drive);
+  }
+  return drives;
+}
+
+void DriveStore::AddUp(Drive& drive) {
+  DriveTotals totals;
+  ForEachPosition(drive.number, [&totals](const Fix& fix) { totals.Add(fix); });
+  totals.PutInto(drive);
+}
+
+void DriveStore::ForEachPosition(std::int64_t drive, const std::function<void(const Fix&)>& take) {
+  Statement row(database,
+                "SELECT time_ms, has_fix, latitude, longitude, altitude, speed_kmh, course, hdop, "
+                "satellites FROM positions WHERE drive = ? ORDER BY number");
+  row.With(drive);
+  while (row.Next()) {
+    take(ReadFix(row));
+  }
+}
+
+void DriveStore::Delete(std::int64_t drive) {
+  Statement(database, "DELETE FROM drives WHERE number = ?").With(drive).Run();
+}
+
+}  // namespace host

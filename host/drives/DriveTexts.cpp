@@ -1,0 +1,90 @@
+#include "drives/DriveTexts.h"
+
+#include <array>
+#include <charconv>
+#include <chrono>
+#include <cstdio>
+#include <ctime>
+
+namespace host {
+
+namespace {
+
+constexpr std::array MONTHS = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                               "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+constexpr int FIRST_YEAR = 1900;
+constexpr std::int64_t MS_PER_SECOND = 1000;
+
+std::tm LocalTime(std::int64_t timeMs) {
+  const auto seconds = static_cast<std::time_t>(timeMs / MS_PER_SECOND);
+  std::tm local = {};
+  localtime_r(&seconds, &local);
+  return local;
+}
+
+std::string TwoDigits(std::int64_t number) {
+  return (number < 10 ? "0" : "") + std::to_string(number);
+}
+
+}  // namespace
+
+std::string DescribeDay(std::int64_t timeMs) {
+  const std::tm local = LocalTime(timeMs);
+  return std::to_string(local.tm_mday) + " " + MONTHS[static_cast<std::size_t>(local.tm_mon)];
+}
+
+std::string DescribeClock(std::int64_t timeMs) {
+  const std::tm local = LocalTime(timeMs);
+  return TwoDigits(local.tm_hour) + ":" + TwoDigits(local.tm_min) + ":" + TwoDigits(local.tm_sec);
+}
+
+std::string DescribeMoment(std::int64_t timeMs) {
+  const std::tm local = LocalTime(timeMs);
+  return std::to_string(local.tm_year + FIRST_YEAR) + "-" + TwoDigits(local.tm_mon + 1) + "-" +
+         TwoDigits(local.tm_mday) + " " + TwoDigits(local.tm_hour) + ":" + TwoDigits(local.tm_min);
+}
+
+std::string DescribeDuration(std::int64_t durationMs) {
+  const std::int64_t seconds = durationMs / MS_PER_SECOND;
+  return std::to_string(seconds / 3600) + ":" + TwoDigits(seconds / 60 % 60) + ":" +
+         TwoDigits(seconds % 60);
+}
+
+std::string DescribeDistance(double km) {
+  if (km < 1) {
+    return DescribeNumber(km * 1000, 0) + " m";
+  }
+  return DescribeNumber(km, km < 10 ? 2 : 1) + " km";
+}
+
+std::string DescribeUtc(const std::optional<std::int64_t>& timeMs) {
+  if (!timeMs) {
+    return {};
+  }
+  const std::chrono::sys_time<std::chrono::milliseconds> moment{std::chrono::milliseconds(*timeMs)};
+  const auto day = std::chrono::floor<std::chrono::days>(moment);
+  const std::chrono::year_month_day date(day);
+  const std::chrono::hh_mm_ss time(moment - day);
+  std::array<char, 32> buffer;
+  const int length = std::snprintf(
+      buffer.data(), buffer.size(), "%04d-%02u-%02uT%02d:%02d:%02d.%03dZ",
+      static_cast<int>(date.year()), static_cast<unsigned>(date.month()),
+      static_cast<unsigned>(date.day()), static_cast<int>(time.hours().count()),
+      static_cast<int>(time.minutes().count()), static_cast<int>(time.seconds().count()),
+      static_cast<int>(time.subseconds().count()));
+  return {buffer.data(), static_cast<std::size_t>(length)};
+}
+
+std::string DescribeCoordinate(const std::optional<double>& degrees) {
+  constexpr int DECIMALS = 8;
+  return degrees ? DescribeNumber(*degrees, DECIMALS) : std::string();
+}
+
+std::string DescribeNumber(double value, int decimals) {
+  std::array<char, 400> buffer;  // holds every double
+  const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                    std::chars_format::fixed, decimals);
+  return {buffer.data(), result.ptr};
+}
+
+}  // namespace host

@@ -1,0 +1,36 @@
+// Drives in words.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace host {
+
+// Times are UTC in milliseconds since 1970, shown in the user's time zone.
+
+/// "21 Nov".
+std::string DescribeDay(std::int64_t timeMs);
+
+/// "17:42:03".
+std::string DescribeClock(std::int64_t timeMs);
+
+/// "2026-11-21 17:42".
+std::string DescribeMoment(std::int64_t timeMs);
+
+/// "1:02:03".
+std::string DescribeDuration(std::int64_t durationMs);
+
+/// "47.2 km", "4.72 km" or "472 m", as the trip's distance is shown.
+std::string DescribeDistance(double km);
+
+/// "2026-11-21T16:42:03.250Z"; empty for a missing time.
+std::string DescribeUtc(const std::optional<std::int64_t>& timeMs);
+
+/// Degrees with eight decimals, which is about a millimetre; empty for a missing value.
+std::string DescribeCoordinate(const std::optional<double>& degrees);
+
+/// With a point and so many decimals, in any locale.
+std::string DescribeNumber(double value, int decimals);
+
+}  // namespace host

@@ -1,0 +1,65 @@
+#include "run/DriveKeeping.h"
+
+#include "base/HostError.h"
+#include "drives/DriveTexts.h"
+
+namespace host {
+
+DriveKeeping::DriveKeeping(const Options& options, const std::string& home, Messages& messages)
+    : options(options), messages(messages) {
+  if (!IsLive(options.source) && !options.keep) {
+    return;
+  }
+  try {
+    Open(home);
+  } catch (const HostError& error) {
+    messages.SayLoss(std::string("this drive is not kept: ") + error.what());
+  }
+}
+
+void DriveKeeping::Open(const std::string& home) {
+  auto store = std::make_unique<DriveStore>(home, Database::Missing::CREATE);
+  recorder = std::make_unique<DriveRecorder>(std::move(store), DescribeSource(options));
+  for (const Drive& drive : recorder->GetEndedDrives()) {
+    messages.Say("the drive of " + DescribeDay(drive.startMs) + ", " +
+                 DescribeDistance(drive.distanceKm) + ", ended without warning at " +
+                 DescribeClock(drive.endMs) + "; kept");
+  }
+}
+
+void DriveKeeping::Start(PositionSource& source) {
+  if (!recorder) {
+    return;
+  }
+  if (!source.TellFixes([this](const Fix& fix) { recorder->Take(fix); })) {
+    messages.Say("this drive is not kept: the receiver's sentences do not pass through here");
+    recorder.reset();
+  }
+}
+
+void DriveKeeping::SayNews() {
+  if (!recorder) {
+    return;
+  }
+  if (const std::optional<std::string> problem = recorder->TakeProblem()) {
+    messages.Say("this drive cannot be kept at present: " + *problem);
+  }
+}
+
+void DriveKeeping::Finish() {
+  if (!recorder) {
+    return;
+  }
+  recorder->Finish();
+  SayNews();
+  if (const std::uint64_t lost = recorder->CountLost(); lost > 0) {
+    messages.SayLoss("positions of this drive that were not kept: " + std::to_string(lost));
+  }
+  if (const std::optional<Drive> drive = recorder->GetDrive()) {
+    messages.Say("kept as drive " + std::to_string(drive->number) + ": " +
+                 DescribeDistance(drive->distanceKm) + " in " +
+                 DescribeDuration(drive->endMs - drive->startMs));
+  }
+}
+
+}  // namespace host

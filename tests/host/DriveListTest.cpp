@@ -1,0 +1,28 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <ctime>
+
+#include "drives/DriveList.h"
+
+namespace host {
+namespace {
+
+// 21 November 2026, 17:42:03 UTC.
+constexpr std::int64_t START_MS = (20778LL * 86400 + 63723) * 1000;
+
+TEST(DriveList, HasALineForEachDrive) {
+  setenv("TZ", "UTC0", 1);
+  tzset();
+  const Drive whole = {7, "gpsd", true, START_MS, START_MS + 2 * 3600000, 90.25, 131};
+  const Drive open = {12, "gpsd", false, START_MS, START_MS, 0, 0};
+  EXPECT_EQ(
+      "Drive             Start  Duration   Distance     Highest     Average\n"
+      "    7  2026-11-21 17:42   2:00:00    90.2 km  131.0 km/h   45.1 km/h\n"
+      "   12  2026-11-21 17:42   0:00:00        0 m    0.0 km/h    0.0 km/h  (not ended)\n",
+      ListDrives({whole, open}));
+  EXPECT_EQ("drive 7 of 21 Nov, 90.2 km", DescribeDrive(whole));
+}
+
+}  // namespace
+}  // namespace host
