@@ -56,6 +56,16 @@ bool ParsePlainDecimal(const char* text, double& value) {
   return true;
 }
 
+/// Reads digits, as many as surely fit; false when the text is anything else.
+bool ParsePlainInt(const char* text, int& value) {
+  constexpr int MAX_DIGITS = std::numeric_limits<int>::digits10;
+  int count = 0;
+  for (value = 0; IsDigit(*text) && count < MAX_DIGITS; ++text, ++count) {
+    value = value * 10 + (*text - '0');
+  }
+  return *text == '\0' && count > 0;
+}
+
 const char* SkipBlanks(const char* text) {
   return text + std::strspn(text, " \t\n\v\f\r");
 }
@@ -82,6 +92,10 @@ std::int64_t ParseInt64(const char* text) {
 }
 
 int ParseInt(const char* text) {
+  int plain = 0;
+  if (ParsePlainInt(text, plain)) {
+    return plain;
+  }
   const std::int64_t value = ParseInt64(text);
   if (value < std::numeric_limits<int>::min()) {
     return std::numeric_limits<int>::min();

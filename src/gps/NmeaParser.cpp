@@ -34,6 +34,8 @@ int ParsePair(std::string_view digits, std::size_t position) {
   return ParseInt(pair);
 }
 
+constexpr std::size_t NAME_SIZE = sizeof "$GPRMC";
+
 constexpr std::size_t TIME_LENGTH = 6;  // hhmmss
 constexpr std::size_t DATE_LENGTH = 6;  // ddmmyy
 constexpr int FIRST_YEAR_OF_1900S = 90;
@@ -45,7 +47,7 @@ constexpr int SATELLITES_PER_SENTENCE = 4;
 }  // namespace
 
 struct FixRecord::SentenceKind {
-  const char* name;
+  char name[NAME_SIZE];
   int minimumFields;
   void (FixRecord::*parse)();
   int result;
@@ -62,7 +64,7 @@ int FixRecord::ParseSentence(const char* sentence) {
   }
   const int count = SplitFields(sentence);
   for (const SentenceKind& kind : KINDS) {
-    if (std::strcmp(Field(0), kind.name) == 0) {
+    if (std::memcmp(Field(0), kind.name, NAME_SIZE) == 0) {
       if (count < kind.minimumFields) {
         return 0;
       }
@@ -77,12 +79,14 @@ int FixRecord::ParseSentence(const char* sentence) {
 /// text behind the last one is kept in the next buffer, but not counted.
 int FixRecord::SplitFields(const char* sentence) {
   for (int count = 0; count < FIELD_COUNT; ++count) {
-    auto& field = fields[static_cast<std::size_t>(count)];
-    const std::size_t length = std::strcspn(sentence, ",*");
-    const std::size_t kept = std::min<std::size_t>(length, FIELD_SIZE - 1);
-    std::memcpy(field.data(), sentence, kept);
-    field[kept] = '\0';
-    sentence += length;
+    char* end = fields[static_cast<std::size_t>(count)].data();
+    const char* const last = end + FIELD_SIZE - 1;
+    for (; *sentence != ',' && *sentence != '*' && *sentence != '\0'; ++sentence) {
+      if (end != last) {
+        *end++ = *sentence;
+      }
+    }
+    *end = '\0';
     if (*sentence == '\0') {
       return count;
     }

@@ -117,6 +117,16 @@ TEST(ParseIntTest, NumbersOutOfRangeAreTheNearestInRange) {
   EXPECT_EQ(LARGEST_INT, ParseInt("2147483648"));
   EXPECT_EQ(SMALLEST_INT, ParseInt("-2147483649"));
   EXPECT_EQ(8, ParseInt("08"));
+  EXPECT_EQ(999999999, ParseInt("999999999"));
+  EXPECT_EQ(1999999999, ParseInt("1999999999"));
+  EXPECT_EQ(7, ParseInt("0000000000007"));
+}
+
+TEST(ParseIntTest, ReadsWhatAWholeNumberOf64BitsIsReadFrom) {
+  EXPECT_EQ(0, ParseInt(""));
+  EXPECT_EQ(-8, ParseInt(" -8"));
+  EXPECT_EQ(46, ParseInt("46.5"));
+  EXPECT_EQ(4, ParseInt("4A"));
 }
 
 }  // namespace
