@@ -8,6 +8,8 @@ namespace ferolin {
 
 namespace {
 
+constexpr std::size_t MAX_INTEGER = sizeof "-2147483648" - 1;
+
 /// Writes into the caller's buffer; text that does not fit is dropped.
 class Output {
  public:
@@ -18,7 +20,7 @@ class Output {
   void Append(const char* conversion, const FormatArgument& argument) {
     switch (argument.kind) {
       case FormatArgument::Kind::INTEGER:
-        Printed(CrtPrintInt(buffer + length, size - length, conversion, argument.integer));
+        AppendInteger(conversion, argument.integer);
         break;
       case FormatArgument::Kind::REAL:
         Printed(CrtPrintDouble(buffer + length, size - length, conversion, argument.real));
@@ -35,6 +37,34 @@ class Output {
   }
 
  private:
+  /// Prints "%i" and "%0<digit>i", which is nearly all, without the run-time.
+  void AppendInteger(const char* conversion, int value) {
+    const bool isFilled = conversion[1] == '0' && conversion[2] >= '1' && conversion[2] <= '9';
+    if (conversion[isFilled ? 3 : 1] != 'i') {
+      Printed(CrtPrintInt(buffer + length, size - length, conversion, value));
+      return;
+    }
+    char text[MAX_INTEGER];
+    char* const end = text + MAX_INTEGER;
+    char* start = end;
+    // As unsigned, which has room for the smallest number without its sign.
+    auto rest = static_cast<unsigned>(value);
+    if (value < 0) {
+      rest = 0 - rest;
+    }
+    for (; rest != 0 || start == end; rest /= 10) {
+      *--start = static_cast<char>('0' + rest % 10);
+    }
+    const std::ptrdiff_t digits = isFilled ? conversion[2] - '0' - (value < 0 ? 1 : 0) : 0;
+    while (end - start < digits) {
+      *--start = '0';
+    }
+    if (value < 0) {
+      *--start = '-';
+    }
+    Append(std::string_view(start, static_cast<std::size_t>(end - start)));
+  }
+
   std::size_t Room() const { return size - 1 - length; }
   void Printed(int count) {
     length += std::min(static_cast<std::size_t>(std::max(count, 0)), Room());

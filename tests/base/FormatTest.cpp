@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <limits>
 #include <string>
 
 #include "base/Format.h"
@@ -22,6 +23,20 @@ TEST(FormatTest, WholeNumbers) {
 TEST(FormatTest, WholeNumbersAreFilledWithZeros) {
   EXPECT_EQ("9:05:00", Format("%i:%02i:%02i", 9, 5, 0));
   EXPECT_EQ("Track0037.kml", Format("Track%04i.kml", 37));
+}
+
+TEST(FormatTest, WholeNumbersOfAllSizes) {
+  EXPECT_EQ("0 -1 2147483647 -2147483648",
+            Format("%i %i %i %i", 0, -1, std::numeric_limits<int>::max(),
+                   std::numeric_limits<int>::min()));
+}
+
+TEST(FormatTest, ZerosFillBehindTheSign) {
+  EXPECT_EQ("-5 -05 -12 00 1234567", Format("%02i %03i %02i %02i %04i", -5, -5, -12, 0, 1234567));
+}
+
+TEST(FormatTest, OtherWaysToPrintWholeNumbersAreTheRunTimes) {
+  EXPECT_EQ("  7|007|0000000012", Format("%3i|%.3i|%010i", 7, 7, 12));
 }
 
 TEST(FormatTest, FixedDecimals) {
