@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <string>
 #include <string_view>
 
 #include "base/CodePage.h"
@@ -27,6 +28,10 @@ constexpr std::string_view HEADER =
     "\t\t<tessellate>1</tessellate>\n"
     "\t\t<altitudeMode>clampToGround</altitudeMode>\n"
     "\t\t<coordinates>\n";
+
+/// Lines are written together once they are this long: a call of the file system costs more
+/// than printing a line.
+constexpr std::size_t BLOCK_SIZE = 4096;
 
 constexpr std::string_view FOOTER =
     "\t\t</coordinates>\n"
@@ -68,6 +73,7 @@ WideString FindFreeName(const WideString& folder) {
 /// Writes the points whose latitude, longitude and altitude all differ from those of the point
 /// written before, so that standing still and driving along a line leave few points.
 bool WritePoints(const File& file, const TrackStore& track) {
+  std::string lines;
   float lastLatitude = MISSING_FLOAT;
   float lastLongitude = MISSING_FLOAT;
   float lastAltitude = MISSING_FLOAT;
@@ -81,14 +87,18 @@ bool WritePoints(const File& file, const TrackStore& track) {
     if (latitude == lastLatitude || longitude == lastLongitude || point.altitude == lastAltitude) {
       continue;
     }
-    if (!file.Write(Format("\t\t\t%f,%f,%f\n", longitude, latitude, point.altitude))) {
-      return false;
+    lines += Format("\t\t\t%f,%f,%f\n", longitude, latitude, point.altitude);
+    if (lines.size() >= BLOCK_SIZE) {
+      if (!file.Write(lines)) {
+        return false;
+      }
+      lines.clear();
     }
     lastLatitude = latitude;
     lastLongitude = longitude;
     lastAltitude = point.altitude;
   }
-  return true;
+  return lines.empty() || file.Write(lines);
 }
 
 }  // namespace
