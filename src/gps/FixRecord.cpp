@@ -18,12 +18,17 @@ const SatelliteInfo* FixRecord::GetSatellite(unsigned index) const {
 
 void FixRecord::SetUtcTime(const SYSTEMTIME& utc) {
   utcTime = utc;
-  localTime = LocalFromUtc(utc);
+  SetLocalTime(LocalFromUtc(utc));
 }
 
 void FixRecord::SetDeviceTime() {
-  localTime = DeviceTime();
+  SetLocalTime(DeviceTime());
   utcTime = UtcFromLocal(localTime);
+}
+
+void FixRecord::SetLocalTime(const SYSTEMTIME& local) {
+  localTime = local;
+  localFileTime = FileTimeOf(local);
 }
 
 void FixRecord::DeriveSpeedKmh() {

@@ -66,6 +66,8 @@ class FixRecord {
   const SYSTEMTIME& GetUtcTime() const { return utcTime; }
   /// The same moment in the device's time zone; zero until the first update.
   const SYSTEMTIME& GetLocalTime() const { return localTime; }
+  /// File time of GetLocalTime; 0 when that is no date.
+  std::int64_t GetLocalFileTime() const { return localFileTime; }
 
   /// The route so far.
   const TrackStore& GetTrack() const { return track; }
@@ -99,6 +101,8 @@ class FixRecord {
   std::uint8_t fixValid = 0;
   std::array<SatelliteInfo, SATELLITE_COUNT> satellites;
 
+  void SetLocalTime(const SYSTEMTIME& local);
+
  private:
   struct SentenceKind;
 
@@ -130,6 +134,9 @@ class FixRecord {
   void SetDeviceTime();
   void DeriveSpeedKmh();
   void AppendTrackPoint();
+
+  /// Kept because half of the sensors ask for it at every update.
+  std::int64_t localFileTime = 0;
 };
 
 }  // namespace ferolin

@@ -46,7 +46,7 @@ void AccelSensor::Update(const FixRecord& fix) {
   if (!FixCounts(fix)) {
     return;
   }
-  const std::int64_t time = FileTimeOf(fix.GetLocalTime());
+  const std::int64_t time = fix.GetLocalFileTime();
   if (std::fabs(fix.GetSpeedKmh()) < 1.0F) {
     startTime = time;
   }

@@ -39,7 +39,7 @@ void AverageSpeedSensor::Update(const FixRecord& fix) {
     lastSpeed = MISSING_FLOAT;
     return;
   }
-  const std::int64_t time = FileTimeOf(fix.GetLocalTime());
+  const std::int64_t time = fix.GetLocalFileTime();
   if (!IsMissing(lastSpeed) && lastTime != 0 && time >= lastTime) {
     const std::int64_t step = (time - lastTime) / FILE_TIME_PER_SECOND;
     seconds = SaturatedSum(seconds, step);

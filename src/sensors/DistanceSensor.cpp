@@ -1,6 +1,5 @@
 #include "sensors/DistanceSensor.h"
 
-#include "base/DeviceTime.h"
 #include "base/Number.h"
 #include "gps/FixRecord.h"
 #include "sensors/LocalizedText.h"
@@ -28,7 +27,7 @@ void DistanceSensor::Update(const FixRecord& fix) {
     lastSpeed = MISSING_FLOAT;
     return;
   }
-  const std::int64_t time = FileTimeOf(fix.GetLocalTime());
+  const std::int64_t time = fix.GetLocalFileTime();
   if (!IsMissing(lastSpeed) && lastTime != 0 && time >= lastTime) {
     const float seconds = static_cast<float>(time - lastTime) * 1e-7F;
     const double hours = static_cast<double>(seconds) * HOURS_PER_SECOND;

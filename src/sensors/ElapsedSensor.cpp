@@ -27,7 +27,7 @@ void ElapsedSensor::Update(const FixRecord& fix) {
   if (!FixCounts(fix)) {
     return;
   }
-  const std::int64_t time = FileTimeOf(fix.GetLocalTime());
+  const std::int64_t time = fix.GetLocalFileTime();
   if (lastTime != 0 && time > lastTime) {
     seconds = SaturatedSum(seconds, (time - lastTime) / FILE_TIME_PER_SECOND);
     ShowTime();

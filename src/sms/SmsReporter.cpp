@@ -116,7 +116,7 @@ SmsReport SmsReporter::Tick() {
   if (!enabled || interval < 1) {
     return {};
   }
-  const std::int64_t now = FileTimeOf(fix.GetLocalTime());
+  const std::int64_t now = fix.GetLocalFileTime();
   const bool isDue = IsDue(now);
   lastTime = now;
   lastLongitude = fix.GetLongitude();

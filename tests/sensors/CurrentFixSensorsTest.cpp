@@ -71,11 +71,11 @@ TEST_F(CurrentFixSensorsTest, MissingSatellitesUsedAreZero) {
 // ---- Current time ----
 
 TEST_F(CurrentFixSensorsTest, CurrentTimePadsMinutesAndSeconds) {
-  fix.localTime = testing_support::Moment(2024, 5, 6, 9, 5, 7);
+  fix.SetLocalTime(testing_support::Moment(2024, 5, 6, 9, 5, 7));
   EXPECT_EQ("9:05:07", TextOf(CurrentTimeSensor(""), fix));
-  fix.localTime = testing_support::Moment(2024, 5, 6, 23, 59, 0);
+  fix.SetLocalTime(testing_support::Moment(2024, 5, 6, 23, 59, 0));
   EXPECT_EQ("23:59:00", TextOf(CurrentTimeSensor(""), fix));
-  fix.localTime = testing_support::Moment(2024, 5, 6, 0, 0, 0);
+  fix.SetLocalTime(testing_support::Moment(2024, 5, 6, 0, 0, 0));
   EXPECT_EQ("0:00:00", TextOf(CurrentTimeSensor(""), fix));
 }
 

@@ -27,7 +27,7 @@ class Drive {
 
   /// A valid fix whose time is none, as a receiver sends that does not know the date yet.
   Drive& Timeless(float speedKmh) {
-    fix.localTime = {};
+    fix.SetLocalTime({});
     fix.speedKmh = speedKmh;
     fix.fixValid = 1;
     sensor.Update(fix);
@@ -52,7 +52,8 @@ class Drive {
 
  private:
   Drive& Update(double seconds, float speedKmh, std::uint8_t valid) {
-    fix.localTime = TimeAt(static_cast<std::int64_t>(seconds * 1000 + (seconds < 0 ? -0.5 : 0.5)));
+    fix.SetLocalTime(
+        TimeAt(static_cast<std::int64_t>(seconds * 1000 + (seconds < 0 ? -0.5 : 0.5))));
     fix.speedKmh = speedKmh;
     fix.fixValid = valid;
     sensor.Update(fix);

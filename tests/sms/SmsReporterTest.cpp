@@ -240,7 +240,7 @@ TEST_F(SmsReporterTest, EveryPlaceholderIsReplaced) {
   fix.altitude = 545.456F;
   fix.speedKmh = 41.4848F;
   fix.course = 84.4F;
-  fix.localTime = Moment(2024, 5, 6, 9, 5, 7);
+  fix.SetLocalTime(Moment(2024, 5, 6, 9, 5, 7));
   EXPECT_EQ("55.305000", MessageFrom("%Latitude%"));
   EXPECT_EQ("-11.312500", MessageFrom("%Longitude%"));
   EXPECT_EQ("545.46", MessageFrom("%Altitude%"));
@@ -353,7 +353,7 @@ class SmsReporterTickTest : public SmsReporterTest {
 
   /// A fix so long after 12:00:00.
   void TickAt(int minutes, int seconds = 0, int milliseconds = 0) {
-    fix.localTime = Moment(2024, 5, 6, 12, minutes, seconds, milliseconds);
+    fix.SetLocalTime(Moment(2024, 5, 6, 12, minutes, seconds, milliseconds));
     reporter.Tick().Send();
   }
 };

@@ -19,6 +19,7 @@ class EditableFix : public ferolin::FixRecord {
   using FixRecord::reserved;
   using FixRecord::satellites;
   using FixRecord::satellitesUsed;
+  using FixRecord::SetLocalTime;
   using FixRecord::speedKmh;
   using FixRecord::speedKnots;
   using FixRecord::track;
