@@ -1,5 +1,7 @@
 #include "sensors/FastestSensor.h"
 
+#include <cmath>
+
 #include "base/DeviceTime.h"
 #include "base/Number.h"
 #include "base/Saturate.h"
@@ -47,7 +49,7 @@ void FastestSensor::Update(const FixRecord& fix) {
     BreakRun();
     return;
   }
-  const std::int64_t time = FileTimeOf(fix.GetLocalTime());
+  const std::int64_t time = fix.GetLocalFileTime();
   if (fix.GetSpeedKmh() == 0.0F) {
     BreakRun();
   }
@@ -71,7 +73,12 @@ void FastestSensor::Reset() {
 
 void FastestSensor::BreakRun() {
   lastSpeed = MISSING_FLOAT;
+  ForgetSegments();
+}
+
+void FastestSensor::ForgetSegments() {
   count = 0;
+  totalLength = 0;
 }
 
 void FastestSensor::AddSegment(float metres, std::int64_t milliseconds) {
@@ -80,20 +87,31 @@ void FastestSensor::AddSegment(float metres, std::int64_t milliseconds) {
   const int start = FindStart(metres, sum, time);
   if (start != NOT_FOUND) {
     RecordRun(start, sum, time);
-    count = 0;
+    ForgetSegments();
   } else if (count >= MAX_SEGMENTS) {
-    count = 0;
+    ForgetSegments();
     return;
   }
+  totalLength += std::fabs(metres);
   segments.length[static_cast<std::size_t>(count)] = metres;
   segments.duration[static_cast<std::size_t>(count)] = milliseconds;
   ++count;
+}
+
+/// True only when no run can be as long as the target. Sums of this many numbers of single precision
+/// are less than a thousandth off, in whatever order they are added.
+bool FastestSensor::IsOutOfReach(float newestMetres) const {
+  constexpr float LONGEST_SURELY_SHORTER = 0.999F;
+  return totalLength + std::fabs(newestMetres) < targetDistance * LONGEST_SURELY_SHORTER;
 }
 
 /// Walks back from the newest segment until the run, the segment to come included, is as long as
 /// the target. Returns the segment in which the run starts; `sum` is then the length in metres, and
 /// `time` the duration in milliseconds of the stored segments from there on.
 int FastestSensor::FindStart(float newestMetres, float& sum, std::int64_t& time) const {
+  if (IsOutOfReach(newestMetres)) {
+    return NOT_FOUND;
+  }
   sum = newestMetres;
   time = 0;
   for (int index = count - 1; index >= 0; --index) {

@@ -22,6 +22,8 @@ class FastestSensor : public SaveableSensor {
   static constexpr int MAX_SEGMENTS = 300;
 
   void BreakRun();
+  void ForgetSegments();
+  bool IsOutOfReach(float newestMetres) const;
   void AddSegment(float metres, std::int64_t milliseconds);
   int FindStart(float newestMetres, float& sum, std::int64_t& time) const;
   void RecordRun(int start, float sum, std::int64_t time);
@@ -30,7 +32,8 @@ class FastestSensor : public SaveableSensor {
   std::int64_t lastTime = 0;  ///< file time of the previous fix, 0 when it had none
   std::int64_t bestTime = 0;  ///< milliseconds, 0 when there is no record
   float lastSpeed = MISSING_FLOAT;
-  float targetDistance;  ///< metres
+  float targetDistance;   ///< metres
+  float totalLength = 0;  ///< metres, about the sum of all segments' lengths without their signs
   struct {
     std::array<float, MAX_SEGMENTS> length;           ///< metres
     std::array<std::int64_t, MAX_SEGMENTS> duration;  ///< milliseconds

@@ -70,6 +70,14 @@ TEST_F(FastestSensorTest, LengthsCountWholeSecondsOnly) {
   EXPECT_EQ("10.62 s", other.At(0, 36).At(5.9, 36).At(8.4, 36).Text());
 }
 
+/// 200 m backwards, then 60 m and 60 m forwards: 1 s and 40/60 of the second in which the run starts.
+TEST_F(FastestSensorTest, WayBackwardsDoesNotHideARunBehindIt) {
+  FastestSensor to100(100);
+  Drive other(to100);
+  EXPECT_EQ("", other.At(0, -720).At(1, -720).At(2, 1152).Text());
+  EXPECT_EQ("1.666 s", other.At(3, -720).Text());
+}
+
 TEST_F(FastestSensorTest, SegmentLengthIsTheMeanSpeedsWay) {
   // 0 to 72 km/h in 10 s: 100 m; 1 s at 72: 20 m. 110 m: 90 m into the first, 10 s and 9 s.
   FastestSensor to110(110);
