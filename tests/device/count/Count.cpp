@@ -1,13 +1,16 @@
-// Does what is worth counting, in windows that CounterPlugin sees: updates without a view, and with
-// each view. Prints what each window's number stands for.
+// Does what is worth counting, in windows that CounterPlugin sees: updates of several drives without
+// a view, and with each view. Prints what each window's number stands for.
 
 #include <handheld.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <functional>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <thread>
 
@@ -23,7 +26,7 @@ using e2e::Receiver;
 using e2e::Sentence;
 using namespace std::chrono_literals;
 
-constexpr unsigned REPEATS = 100;
+constexpr unsigned REPEATS = 120;  // two crossings of the drive through town
 
 std::string TwoDigits(int number) {
   return {static_cast<char>('0' + number / 10), static_cast<char>('0' + number % 10)};
@@ -37,9 +40,28 @@ std::string Place(int second) {
   return "4807." + TwoDigits(second % 100) + "8,N,01131." + TwoDigits(second * 3 % 100) + "0,E";
 }
 
+std::string RmcAt(int second, int knots) {
+  return Sentence("GPRMC," + Time(second) + ",A," + Place(second) + "," + TwoDigits(knots) +
+                  ".4,084.4,230324,003.1,W");
+}
+
+/// A fast drive, again and again from 37 to 130 km/h.
 std::string Rmc(int second) {
-  return Sentence("GPRMC," + Time(second) + ",A," + Place(second) + "," +
-                  TwoDigits(20 + second % 50) + ".4,084.4,230324,003.1,W");
+  return RmcAt(second, 20 + second % 50);
+}
+
+/// From crossing to crossing at up to 50 km/h, with a stop of ten seconds every minute.
+std::string TownRmc(int second) {
+  const int phase = second % 60;
+  const int knots = std::min({phase * 2, 27, (50 - phase) * 3});
+  return knots > 0 ? RmcAt(second, knots)
+                   : Sentence("GPRMC," + Time(second) + ",A," + Place(second) +
+                              ",0.0,084.4,230324,003.1,W");
+}
+
+/// On foot at 6 to 9 km/h.
+std::string WalkRmc(int second) {
+  return RmcAt(second, 3 + second % 2);
 }
 
 std::string Epoch(int second) {
@@ -57,6 +79,7 @@ std::string Epoch(int second) {
 class Bench {
  public:
   Bench() {
+    Install();
     engine.SetUseGPSAPI(0);
     engine.SetComPortName(TEXT("COM1"));
     engine.SetRenderWindow(host.Get());
@@ -68,8 +91,8 @@ class Bench {
   void Show(int view) { engine.SetCurRenderWidget(view); }
 
   /// Counts what `REPEATS` seconds take, after some that fill caches and buffers.
-  void Count(const std::string& what, std::string (*makeSecond)(int)) {
-    Go(5, makeSecond);
+  void Count(const std::string& what, std::string (*makeSecond)(int), unsigned before = 5) {
+    Go(before, makeSecond);
     Tell(counter::BEGIN, 0, 0);
     Go(REPEATS, makeSecond);
     Tell(counter::END, ++windows, REPEATS);
@@ -77,6 +100,19 @@ class Bench {
   }
 
  private:
+  /// The pictures and sounds, beside the engine.
+  void Install() const {
+    namespace fs = std::filesystem;
+    const fs::path assets = ASSETS;
+    for (const char* folder : {"Pics", "Wav"}) {
+      for (const auto& entry : fs::directory_iterator(assets / folder)) {
+        std::ifstream file(entry.path(), std::ios::binary);
+        device->WriteFile(fs::relative(entry.path(), assets).string(),
+                          std::string(std::istreambuf_iterator<char>(file), {}));
+      }
+    }
+  }
+
   static void Tell(counter::Request request, unsigned first, unsigned second) {
     syscall(SYS_sched_yield, counter::MARK, request, first, second);
   }
@@ -114,6 +150,8 @@ class Bench {
 int main() {
   Bench bench;
   bench.Count("one RMC update", Rmc);
+  bench.Count("the same in a town with stops", TownRmc);
+  bench.Count("the same on foot, two minutes after a stop", WalkRmc, 120);
   bench.Count("one epoch of eight sentences", Epoch);
   for (int view = 0; view < bench.CountViews(); ++view) {
     bench.Show(view);
