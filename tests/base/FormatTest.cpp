@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdio>
 #include <limits>
+#include <random>
 #include <string>
 
 #include "base/Format.h"
@@ -50,6 +52,25 @@ TEST(FormatTest, WidthZeroBeforeThePrecisionIsAccepted) {
 
 TEST(FormatTest, TiesAreRoundedToEvenAsTheRunTimeDoes) {
   EXPECT_EQ("0 2 2", Format("%.0f %.0f %.0f", 0.5, 1.5, 2.5));
+}
+
+/// Every fourth number is a tie of some decimal, or lies a bit above or below one.
+TEST(FormatTest, RandomNumbersHaveTheRunTimesDigits) {
+  std::mt19937 random(1);
+  for (int round = 0; round < 10'000; ++round) {
+    double value =
+        std::ldexp(static_cast<double>(random()) - 0x1p31, -static_cast<int>(random() % 40));
+    if (round % 4 == 0) {
+      value = std::ldexp(std::round(value), -static_cast<int>(random() % 8));
+      value = round % 8 == 0 ? value : std::nextafter(value, round % 16 == 4 ? -1e12 : 1e12);
+    }
+    for (const char* conversion : {"%.0f", "%.1f", "%.2f", "%.3f", "%f", "%.7f"}) {
+      char expected[64];
+      std::snprintf(expected, sizeof expected, conversion, value);
+      ASSERT_EQ(expected, Format(conversion, value)) << conversion;
+    }
+  }
+  EXPECT_EQ("-0.0 0.0 1.000000 -0", Format("%.1f %.1f %f %.0f", -0.01, 0.04, 0.9999999, -0.0));
 }
 
 TEST(FormatTest, ShortestNumbersHaveSixDigits) {

@@ -2,9 +2,11 @@
 #include <malloc.h>
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <clocale>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
@@ -63,12 +65,56 @@ std::optional<Conversion> ReadConversion(const char* text) {
   return std::nullopt;
 }
 
+constexpr std::array<double, 7> POWERS_OF_TEN = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6};
+
+/// Prints numbers of up to six decimals below 2^31; returns the end of the text. Null for others and
+/// where the rounding is in doubt: so near to a tie that the product's last bits could decide.
+char* PrintFixed(char* out, std::size_t size, double value, std::size_t decimals) {
+  constexpr std::size_t LONGEST = sizeof "-2147483648.000000";
+  constexpr double DOUBT = 1e-6;
+  const double magnitude = std::fabs(value);
+  if (size < LONGEST || decimals >= POWERS_OF_TEN.size() || !(magnitude < 0x1p31)) {
+    return nullptr;
+  }
+  auto whole = static_cast<std::uint32_t>(magnitude);
+  const double scaled = (magnitude - whole) * POWERS_OF_TEN[decimals];
+  auto fraction = static_cast<std::uint32_t>(scaled);
+  const double rest = scaled - fraction;
+  if (std::fabs(rest - 0.5) < DOUBT) {
+    return nullptr;
+  }
+  fraction += rest > 0.5 ? 1 : 0;
+  if (fraction == static_cast<std::uint32_t>(POWERS_OF_TEN[decimals])) {
+    fraction = 0;
+    ++whole;
+  }
+  if (std::signbit(value)) {
+    *out++ = '-';
+  }
+  out = std::to_chars(out, out + LONGEST, whole).ptr;
+  if (decimals == 0) {
+    return out;
+  }
+  *out = '.';
+  for (char* digit = out + decimals; digit != out; --digit) {
+    *digit = static_cast<char>('0' + fraction % 10);
+    fraction /= 10;
+  }
+  return out + 1 + decimals;
+}
+
 /// Prints the digits of printf in half its time, as read-outs are printed for every update. No
 /// value where printf has to do it, such as for a text that does not fit.
 std::optional<int> PrintQuickly(char* out, std::size_t size, const char* conversion, double value) {
   const auto wanted = ReadConversion(conversion);
   if (!wanted || !std::isfinite(value)) {
     return std::nullopt;
+  }
+  if (wanted->format == std::chars_format::fixed) {
+    if (char* end = PrintFixed(out, size, value, static_cast<std::size_t>(wanted->precision))) {
+      *end = 0;
+      return static_cast<int>(end - out);
+    }
   }
   const auto result = std::to_chars(out, out + size - 1, value, wanted->format, wanted->precision);
   if (result.ec != std::errc()) {
