@@ -126,14 +126,26 @@ void Painter::DrawLabel(const WideString& text, const RECT& rect, TextSize size,
   DrawText(text, rect, size, color, Align::LEFT);
 }
 
+std::size_t Painter::CountFitting(WideStringView text, int width, int units) {
+  // No line holds more; a long text is not measured to its end for each of its lines.
+  constexpr std::size_t LONGEST_LINE = 256;
+  std::size_t fitting = 1;
+  std::size_t tooMany = std::min(text.size(), LONGEST_LINE) + 1;
+  while (tooMany - fitting > 1) {
+    const std::size_t tried = (fitting + tooMany) / 2;
+    (MeasureWidth(text.substr(0, tried), units) <= width ? fitting : tooMany) = tried;
+  }
+  return fitting;
+}
+
 std::vector<WideString> Painter::BreakIntoLines(const WideString& text, int width, int units) {
   std::vector<WideString> lines;
   WideStringView rest = text;
   while (!rest.empty()) {
-    std::size_t taken = rest.size();
-    while (taken > 1 && MeasureWidth(rest.substr(0, taken), units) > width) {
-      const std::size_t blank = rest.rfind(BLANK, taken - 1);
-      taken = blank != WideStringView::npos && blank > 0 ? blank : taken - 1;
+    std::size_t taken = CountFitting(rest, width, units);
+    if (taken < rest.size()) {
+      const std::size_t blank = rest.rfind(BLANK, taken);
+      taken = blank != WideStringView::npos && blank > 0 ? blank : taken;
     }
     lines.emplace_back(rest.substr(0, taken));
     rest.remove_prefix(taken);

@@ -71,6 +71,8 @@ class Painter {
 
   HFONT GetFont(int units);
   void DeleteFonts();
+  /// How many characters from the text's start fit into the width; at least 1.
+  std::size_t CountFitting(WideStringView text, int width, int units);
   void DrawLine(const WideString& text, const RECT& rect, int units, Color color, Align align);
   /// Largest size down to the smallest one in which the text is no wider; 0 when there is none.
   int FindFittingSize(const WideString& text, int width, TextSize size);

@@ -35,8 +35,9 @@ void RowPainter::Draw(const Row& row, const RECT& rect, const State& state) {
   const bool isPlain = row.kind == RowKind::GAP || row.kind == RowKind::HEADING;
   if (!isPlain) {
     const bool isPressed = state.isPressed && state.part == RowPart::WHOLE;
-    // The line that stays free parts the row from the next one.
-    shapes.FillRect({rect.left, rect.top, rect.right, rect.bottom - 1},
+    // The lines that stay free part the row from the next one and from the other column.
+    const int right = rect.right < painter.GetWidth() ? rect.right - 1 : rect.right;
+    shapes.FillRect({rect.left, rect.top, right, rect.bottom - 1},
                     isPressed ? theme.pressedRow : theme.row);
   }
   const bool isEnabled = IsEnabled(row, session);
@@ -177,8 +178,10 @@ void RowPainter::DrawReadout(const Row& row, const RECT& rect) {
   const int lineHeight = painter.PixelsFrom(row_parts::TEXT + row_parts::LINE_SPACING);
   const WideString text = row.getText(session, row.argument);
   for (const WideString& line : row_parts::BreakText(painter, text, rect)) {
-    painter.DrawText(line, {left, top, right, top + lineHeight}, LABEL_SIZE, theme.text,
-                     Align::LEFT);
+    if (top + lineHeight > 0 && top < painter.GetHeight()) {
+      painter.DrawText(line, {left, top, right, top + lineHeight}, LABEL_SIZE, theme.text,
+                       Align::LEFT);
+    }
     top += lineHeight;
   }
 }

@@ -43,8 +43,13 @@ void Receiver::Reopen() {
   lastOpeningMs = GetTickCount();
 }
 
+/// Updates that still wait come from the receiver before.
 void Receiver::StartAfresh() {
   if (window != nullptr) {
+    const UINT update = engine.GetWndMessageID();
+    MSG dropped;
+    while (PeekMessageW(&dropped, window, update, update, PM_REMOVE)) {
+    }
     engine.StartCallBack(window);
   }
   hasData = false;

@@ -63,15 +63,10 @@ const Application::Key Application::KEYS[] = {
     {'Q', &Application::Quit},
 };
 
-Application::Application() {
-  theApplication = this;
-}
-
 Application::~Application() {
   if (window != nullptr) {
     DestroyWindow(window);
   }
-  theApplication = nullptr;
 }
 
 bool Application::Start(HINSTANCE instance) {
@@ -107,6 +102,7 @@ bool Application::OpenWindow(HINSTANCE instance) {
   if (window == nullptr) {
     return false;
   }
+  theApplication = this;
   CoverScreen(window);
   SetForegroundWindow(window);
   return true;
@@ -324,6 +320,7 @@ void Application::OnDestroy() {
   pages.CloseAll();
   views.reset();
   window = nullptr;
+  theApplication = nullptr;
   PostQuitMessage(0);
 }
 

@@ -18,7 +18,7 @@ namespace app {
 /// messages until WM_QUIT comes.
 class Application {
  public:
-  Application();
+  Application() = default;
   Application(const Application&) = delete;
   Application& operator=(const Application&) = delete;
   ~Application();

@@ -50,7 +50,7 @@ void EngineViews::GoBy(int step) {
   if (count > 0) {
     view = (view + step + count) % count;
     engine.SetCurRenderWidget(view);
-    Redraw();
+    RedrawWithButtons();
   }
 }
 
@@ -61,12 +61,21 @@ void EngineViews::PresentAgain() {
 }
 
 /// The engine draws a new frame when a button was pressed. Hidden ones are brought up for that and
-/// hidden again.
+/// hidden again; the last call covers a frame that was drawn in between.
 void EngineViews::Redraw() {
   if (!TouchFirstButton()) {
     engine.OnDoubleClick();
     TouchFirstButton();
     engine.OnDoubleClick();
+    PresentAgain();
+  }
+}
+
+/// A view that has just been chosen shows its buttons.
+void EngineViews::RedrawWithButtons() {
+  if (!TouchFirstButton()) {
+    engine.OnDoubleClick();
+    TouchFirstButton();
   }
 }
 

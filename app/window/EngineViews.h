@@ -43,6 +43,7 @@ class EngineViews {
   void NoteButton() { wasButton = true; }
 
  private:
+  void RedrawWithButtons();
   POINT FindFirstButton() const;
   /// Hands the engine's notifications that wait to the window.
   void DispatchNotifications() const;

@@ -6,6 +6,9 @@
 #include <fstream>
 #include <iterator>
 
+#include "base/CodePage.h"
+#include "base/ModuleFunction.h"
+
 namespace app {
 
 namespace {
@@ -14,6 +17,7 @@ constexpr int HEADER = 48;
 constexpr int ROW = 48;
 constexpr int GAP = 12;
 constexpr int STEP_BUTTON = 50;
+constexpr int SECOND_MS = 1000;
 
 LPARAM PackPoint(int x, int y) {
   return static_cast<LPARAM>(static_cast<DWORD>(y & 0xFFFF) << 16 | static_cast<DWORD>(x & 0xFFFF));
@@ -41,8 +45,8 @@ std::string Rmc(std::string_view time, std::string_view status, std::string_view
 }
 
 ApplicationTest::ApplicationTest() : device(e2e::Device::Make()) {
-  constexpr double SOMEWHAT_FASTER = 5;
-  device->SetTimeRate(SOMEWHAT_FASTER);
+  // The faster time runs, the sooner is the receiver taken to be silent.
+  device->SetTimeRate(1);
   for (const auto& entry : std::filesystem::directory_iterator(ASSETS_FOLDER "/Pics")) {
     std::ifstream file(entry.path(), std::ios::binary);
     device->WriteFile("Pics/" + entry.path().filename().string(),
@@ -86,9 +90,9 @@ void ApplicationTest::Pump() {
   }
 }
 
-bool ApplicationTest::WaitUntil(const std::function<bool()>& isSo) {
+bool ApplicationTest::WaitUntil(const std::function<bool()>& isSo, int longestMs) {
   using Clock = std::chrono::steady_clock;
-  const auto deadline = Clock::now() + std::chrono::seconds(10);
+  const auto deadline = Clock::now() + std::chrono::milliseconds(longestMs);
   Pump();
   while (!isSo() && Clock::now() < deadline) {
     MsgWaitForMultipleObjectsEx(0, nullptr, 20, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
@@ -107,13 +111,13 @@ void ApplicationTest::PostMouse(UINT message, int x, int y) {
 }
 
 void ApplicationTest::Tap(int x, int y) {
-  Press(x, y);
+  PostMessageW(GetWindow(), WM_LBUTTONDOWN, 0, PackPoint(x, y));
   Release(x, y);
 }
 
 void ApplicationTest::DoubleTap(int x, int y) {
   Tap(x, y);
-  PostMouse(WM_LBUTTONDBLCLK, x, y);
+  PostMessageW(GetWindow(), WM_LBUTTONDBLCLK, 0, PackPoint(x, y));
   Release(x, y);
 }
 
@@ -134,6 +138,22 @@ void ApplicationTest::OpenSettings() {
   }
 }
 
+void ApplicationTest::OpenPage(int settingsRow) {
+  OpenSettings();
+  TapRow(settingsRow);
+}
+
+bool ApplicationTest::AreViewsShown() const {
+  using GetWindowCall = HWND WINAPI();
+  const HMODULE module = LoadLibraryW(TEXT("Ferolin.dll"));
+  GetWindowCall* getRenderWindow = nullptr;
+  ferolin::FindEntry(module, TEXT("GetRenderWindow"), getRenderWindow);
+  const bool areShown =
+      getRenderWindow() == GetWindow() && GetEngine().GetCurRenderWidget() != FEROLIN_VIEW_NONE;
+  FreeLibrary(module);
+  return areShown;
+}
+
 std::uint32_t ApplicationTest::GetPixel(int x, int y) const {
   const e2e::Device::Picture picture = GetPicture();
   return picture.pixels.at(static_cast<std::size_t>(y * picture.width + x));
@@ -141,8 +161,26 @@ std::uint32_t ApplicationTest::GetPixel(int x, int y) const {
 
 void ApplicationTest::SendPosition(std::string_view time, const std::string& shownTime,
                                    std::string_view knots) {
-  Send(Rmc(time, "A", knots));
-  EXPECT_TRUE(WaitUntil([&] { return GetValue(FEROLIN_SENSOR_CURRENT_TIME) == shownTime; }));
+  constexpr int SENDINGS = 10;
+  bool isShown = false;
+  for (int sending = 0; sending < SENDINGS && !isShown; ++sending) {
+    Send(Rmc(time, "A", knots));
+    isShown =
+        WaitUntil([&] { return GetValue(FEROLIN_SENSOR_CURRENT_TIME) == shownTime; }, SECOND_MS);
+  }
+  EXPECT_TRUE(isShown);
+}
+
+std::string ApplicationTest::GetPortName() const {
+  return ferolin::Narrow(GetEngine().GetPortName());
+}
+
+std::string ApplicationTest::GetSmsText() const {
+  return ferolin::Narrow(GetEngine().GetSmsText());
+}
+
+std::string ApplicationTest::GetRecipients() const {
+  return ferolin::Narrow(GetEngine().GetSmsRecipients());
 }
 
 std::string ApplicationTest::GetValue(int sensor) const {

@@ -37,7 +37,9 @@ enum Settings {
   ABOUT,
   QUIT
 };
-enum Receiver { SERVICE, SERIAL, GAP, PORT, BAUD_RATE };
+enum Receiver { SERVICE, SERIAL, PORT = 3, BAUD_RATE };
+enum Picture { MIRROR, UPSIDE_DOWN, TURN, INVERT };
+enum Sms { RECIPIENTS, AUTOMATIC, INTERVAL, AFTER_MOVING, SEND_NOW };
 }  // namespace rows
 
 /// A device with the engine's pictures and a receiver at COM1, and the application, which Start
@@ -64,8 +66,8 @@ class ApplicationTest : public testing::Test {
 
   /// Dispatches all messages that have come.
   static void Pump();
-  /// Dispatches messages until it is so; false when it is not after ten seconds.
-  static bool WaitUntil(const std::function<bool()>& isSo);
+  /// Dispatches messages until it is so; false when it is not after so many milliseconds.
+  static bool WaitUntil(const std::function<bool()>& isSo, int longestMs = 10'000);
 
   // Input, all of it posted and dispatched.
 
@@ -74,6 +76,7 @@ class ApplicationTest : public testing::Test {
   void Press(int x, int y) { PostMouse(WM_LBUTTONDOWN, x, y); }
   void Drag(int x, int y) { PostMouse(WM_MOUSEMOVE, x, y); }
   void Release(int x, int y) { PostMouse(WM_LBUTTONUP, x, y); }
+  /// Without a pause: no timer comes between press and release.
   void Tap(int x, int y);
   void DoubleTap(int x, int y);
   void Key(WPARAM key) { Post(WM_KEYDOWN, key, 0); }
@@ -87,15 +90,28 @@ class ApplicationTest : public testing::Test {
   void TapBack() { Tap(24, 24); }
   /// From the views by the key, from the waiting page by its row.
   void OpenSettings();
+  /// Opens a page that the settings link to.
+  void OpenPage(int settingsRow);
+
+  // In the views of a window that is WIDTH wide and higher than that.
+
+  void TapGear() { Tap(150, 25); }
+  void TapClose() { Tap(210, 25); }
+  void TapMiddle() { Tap(WIDTH / 2, HEIGHT / 2); }
+  /// Whether the engine has a view, and the window to draw it into.
+  bool AreViewsShown() const;
 
   e2e::Device::Picture GetPicture() const { return device->GetPicture(GetWindow()); }
   std::uint32_t GetPixel(int x, int y) const;
   std::string ReadIni() const { return device->ReadFile("TachyMo.ini"); }
   void Send(const std::string& bytes) { receiver->Send(bytes); }
-  /// Sends a position and waits until the engine shows its time, "h:mm:ss".
+  /// Sends a position, again and again as receivers do, until the engine shows its time, "h:mm:ss".
   void SendPosition(std::string_view time, const std::string& shownTime,
                     std::string_view knots = "30");
   std::string GetValue(int sensor) const;
+  std::string GetPortName() const;
+  std::string GetSmsText() const;
+  std::string GetRecipients() const;
 
   std::unique_ptr<e2e::Device> device;
   std::unique_ptr<e2e::Receiver> receiver;
