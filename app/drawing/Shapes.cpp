@@ -116,9 +116,10 @@ void Shapes::DrawLines(std::span<const FinePoint> points, int fineWidth, Color c
 /// they are those to the end.
 void Shapes::DrawLine(FinePoint from, FinePoint to, int fineRadius, Color color) {
   constexpr int UNIT = 256;
-  const int length = std::max(Length(to.x - from.x, to.y - from.y), 1);
-  const int directionX = (to.x - from.x) * UNIT / length;
-  const int directionY = (to.y - from.y) * UNIT / length;
+  const int length = Length(to.x - from.x, to.y - from.y);
+  // A dot has any direction.
+  const int directionX = length == 0 ? UNIT : (to.x - from.x) * UNIT / length;
+  const int directionY = length == 0 ? 0 : (to.y - from.y) * UNIT / length;
   const int reach = fineRadius + FINE;
   const int left = (std::min(from.x, to.x) - reach) / FINE;
   const int right = (std::max(from.x, to.x) + reach) / FINE;
