@@ -76,6 +76,7 @@ ferolin_folder(platform/linux/display USES ${FAMILY_USES})
 # The libraries beside the engine
 ferolin_folder(siblings/common)
 ferolin_folder(siblings/dastrel USES platform/api siblings/common)
+ferolin_folder(siblings/handheld USES platform/api src/base)
 ferolin_folder(siblings/parlex USES platform/api platform/linux siblings/common)
 
 # The reference host

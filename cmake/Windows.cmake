@@ -8,6 +8,13 @@ include(CTest)
 
 add_subdirectory(platform/windows)
 add_subdirectory(src)
+add_subdirectory(app)
+
+# Without a console. The entry takes wide text.
+add_executable(ferolin-app WIN32 $<TARGET_OBJECTS:app-entry>)
+target_link_libraries(ferolin-app PRIVATE app-parts)
+target_link_options(ferolin-app PRIVATE -municode)
+set_target_properties(ferolin-app PROPERTIES OUTPUT_NAME Ferolin)
 
 if(BUILD_TESTING)
   # Programs of another system cannot be asked for their cases while they are built.

@@ -1,13 +1,12 @@
-// Border between the device's calling convention and the compiler's: all entries and calls of the
-// library whose rules differ.
+// Border between the device's calling convention and the compiler's: calls whose rules differ. Ways
+// in are made with Entry.h.
 //
 // Both conventions pass the first four 32-bit words in r0 to r3 and the rest on the stack, return a
 // word in r0 and keep r4 to r11. They differ in two things:
 //
 // - The stack is a multiple of 4 on the device and must be one of 8 for our compiler. So every way
-//   into the library goes through an entry below that aligns it: the 59 exports, the entry point
-//   and the procedures of threads. From then on it stays aligned, and the device's functions do not
-//   mind.
+//   in goes through an entry that aligns it: exports, the entry point, the procedures of threads
+//   and windows. From then on it stays aligned, and the device's functions do not mind.
 // - The device packs arguments; our compiler starts a 64-bit one in an even register or at a
 //   multiple of 8. That matters for a double or 64-bit integer behind an odd number of words. No
 //   export and no function that is taken from the device by name has one, except the run-time's
@@ -18,71 +17,17 @@
 // (BLENDFUNCTION), methods of the imaging interfaces.
 
 #include <crt.h>
-#include <ferolin.h>
+#include <windows.h>
 
 #include <bit>
 #include <cstdint>
 #include <new>
-#include <type_traits>
 
-namespace {
-
-template <class Type>
-constexpr bool IS_ONE_WORD = std::is_scalar_v<Type> && sizeof(Type) <= 4;
-template <>
-constexpr bool IS_ONE_WORD<void> = true;
-
-/// Arguments that an entry passes on: four in registers and one on the stack.
-constexpr std::size_t MAX_ENTRY_ARGUMENTS = 5;
-
-template <class Result, class... Arguments>
-consteval bool IsEntryPossible(Result (*)(Arguments...)) {
-  return IS_ONE_WORD<Result> && (IS_ONE_WORD<Arguments> && ...) &&
-         sizeof...(Arguments) <= MAX_ENTRY_ARGUMENTS;
-}
-
-}  // namespace
-
-// ENTRY makes function `entry`, which calls `target` with the stack aligned. It always copies a
-// fifth word: what is there for functions with fewer arguments belongs to the caller's frame and is
-// not looked at.
-asm(R"(
-  .macro ENTRY entry, target
-  .pushsection .text.entry.\entry, "ax", %progbits
-  .arm
-  .global \entry
-  .type \entry, %function
-\entry:
-  push {r4, lr}
-  mov r4, sp
-  ldr ip, [sp, #8]
-  sub sp, sp, #8
-  bic sp, sp, #7
-  str ip, [sp]
-  bl \target
-  mov sp, r4
-  pop {r4, lr}
-  bx lr
-  .size \entry, . - \entry
-  .popsection
-  .endm
-)");
+#include "Entry.h"
 
 // Ways in.
 
-// The 59 exports: the export table points at Entry_<name>.
-#define EXPORT(name)                    \
-  asm("ENTRY Entry_" #name ", " #name); \
-  static_assert(IsEntryPossible(name), #name " cannot be called packed");
-#include "ExportNames.inc"
-#undef EXPORT
-
 extern "C" {
-
-// The entry point of the library; StartUp is in StartUp.cpp.
-BOOL StartUp(HINSTANCE module, DWORD reason, LPVOID reserved);
-asm("ENTRY DeviceEntry, StartUp");
-static_assert(IsEntryPossible(StartUp));
 
 // Threads: CreateThread as the engine knows it hands the device an entry, which finds the procedure
 // in its argument.

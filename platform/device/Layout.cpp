@@ -26,6 +26,8 @@ static_assert(offsetof(SYSTEM_POWER_STATUS_EX, BackupBatteryLifeTime) == 16);
 static_assert(sizeof(MSG) == 28);
 static_assert(sizeof(WNDCLASSW) == 40);
 static_assert(sizeof(RECT) == 16);
+static_assert(sizeof(PAINTSTRUCT) == 64);
+static_assert(offsetof(PAINTSTRUCT, rcPaint) == 8);
 static_assert(sizeof(BITMAP) == 24);
 static_assert(offsetof(BITMAP, bmBits) == 20);
 static_assert(sizeof(BITMAPINFO) == 44);

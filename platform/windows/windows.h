@@ -7,6 +7,7 @@
 // The device's API has only the wide calls, under their full names; these macros would hide other
 // names.
 #undef DrawText
+#undef NO_DATA
 
 /// The desktop has no alpha mask; sections of 32 bits a pixel keep their fourth byte without one.
 #ifndef BI_ALPHABITFIELDS

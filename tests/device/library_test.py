@@ -89,6 +89,30 @@ def stack_move(name, operands):
     return float("inf") if is_moving else 0
 
 
+ALLOWED = re.compile("|".join(name + SUFFIX.get(name, "" if name in NEVER_SET_FLAGS else "s?") + CONDITION
+                              for name in ARMV4_INSTRUCTIONS))
+
+
+def instructions(image):
+    """Address and name of each, read as the newest processor would, which knows all instructions."""
+    listing = run("arm-none-eabi-objdump", "-d", "-m", "armv8-a", "--section=.text", image)
+    return re.findall(r"^\s*([0-9a-f]+):\t[0-9a-f ]+\t(\S+)", listing, re.MULTILINE)
+
+
+def instructions_above_armv4(image):
+    return [line for line in instructions(image) if not ALLOWED.fullmatch(line[1]) and line[1] != ".word"]
+
+
+def differing_words(library, moved):
+    """Addresses of the words in which the library, moved by its fix-ups, differs from the one linked elsewhere."""
+    distance = moved.base - library.base
+    memory = bytearray(library.memory)
+    for address in library.fixups:
+        struct.pack_into("<I", memory, address, (library.word(address) + distance) & 0xFFFFFFFF)
+    return [hex(address) for address in range(0, len(memory), 4)
+            if memory[address:address + 4] != moved.memory[address:address + 4]]
+
+
 class Library:
     """What LLVM's reader says of a library, and its bytes as they lie in memory."""
 
@@ -169,13 +193,7 @@ class LibraryTest(unittest.TestCase):
         """Moving the library by its fix-ups gives, to the byte, the library linked at the other place."""
         self.assertGreater(len(library.fixups), 500)
         self.assertEqual(library.fixups, sorted(set(library.fixups)))
-        distance = moved.base - library.base
-        memory = bytearray(library.memory)
-        for address in library.fixups:
-            struct.pack_into("<I", memory, address, (library.word(address) + distance) & 0xFFFFFFFF)
-        different = [address for address in range(0, len(memory), 4)
-                     if memory[address:address + 4] != moved.memory[address:address + 4]]
-        self.assertEqual([], [hex(address) for address in different])
+        self.assertEqual([], differing_words(library, moved))
 
     def check_frames(self, image):
         large = {function: size for function, size in stack_frames(image).items() if size > LARGEST_FRAME}
@@ -225,15 +243,10 @@ class LibraryTest(unittest.TestCase):
         self.assertNotIn("Tag_ABI_VFP_args", attributes)
 
     def test_holds_no_instruction_above_armv4(self):
-        allowed = re.compile("|".join(name + SUFFIX.get(name, "" if name in NEVER_SET_FLAGS else "s?") + CONDITION
-                                      for name in ARMV4_INSTRUCTIONS))
         for newer in ("blx", "bxj", "clz", "ldrd", "mls", "movw", "pld", "qadd", "rev", "smulbb", "strexeq", "uxtb"):
-            self.assertIsNone(allowed.fullmatch(newer))
-        # Read as the newest processor would, which knows all instructions.
-        listing = run("arm-none-eabi-objdump", "-d", "-m", "armv8-a", "--section=.text", self.image)
-        lines = re.findall(r"^\s*([0-9a-f]+):\t[0-9a-f ]+\t(\S+)", listing, re.MULTILINE)
-        self.assertGreater(len(lines), 10000)
-        self.assertEqual([], [line for line in lines if not allowed.fullmatch(line[1]) and line[1] != ".word"])
+            self.assertIsNone(ALLOWED.fullmatch(newer))
+        self.assertGreater(len(instructions(self.image)), 10000)
+        self.assertEqual([], instructions_above_armv4(self.image))
 
     def test_takes_only_arithmetic_from_the_compiler(self):
         """The rest of a run-time library would bring expectations that nobody here fulfils."""

@@ -19,6 +19,7 @@
 #include <string_view>
 
 #include "Crossing.h"
+#include "Program.h"
 
 namespace {
 
@@ -122,10 +123,16 @@ void* AddressOf(Function* function) {
 }
 
 const std::map<std::string_view, void*> ADAPTED = {
-    {"CreateThread", AddressOf(StartThread)},       {"GetProcAddressW", AddressOf(FindProcedure)},
-    {"LoadLibraryW", AddressOf(LoadDeviceLibrary)}, {"RaiseException", AddressOf(EndByException)},
-    {"_atoi64", AddressOf(CrtParseInt64)},          {"_msize", AddressOf(CrtBlockSize)},
-    {"_snprintf", AddressOf(PrintPacked)},          {"atof", AddressOf(CrtParseDouble)},
+    {"CreateThread", AddressOf(StartThread)},
+    {"GetProcAddressW", AddressOf(FindProcedure)},
+    {"ExitThread", AddressOf(ProgramCalls::ExitThread)},
+    {"RegisterClassW", AddressOf(ProgramCalls::RegisterClassW)},
+    {"LoadLibraryW", AddressOf(LoadDeviceLibrary)},
+    {"RaiseException", AddressOf(EndByException)},
+    {"_atoi64", AddressOf(CrtParseInt64)},
+    {"_msize", AddressOf(CrtBlockSize)},
+    {"_snprintf", AddressOf(PrintPacked)},
+    {"atof", AddressOf(CrtParseDouble)},
 };
 
 }  // namespace

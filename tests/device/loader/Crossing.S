@@ -4,6 +4,8 @@
 
 @ In: the address of the function is in ip. Pushing nine words leaves the stack at a multiple of 4 that is none of 8;
 @ the fifth argument moves along. The registers that a function keeps get marks that are looked at afterwards.
+  .global CrossIn
+  .hidden CrossIn
   .type CrossIn, %function
 CrossIn:
   push {r4-r11, lr}
@@ -40,6 +42,14 @@ CallDevice:
   b CrossIn
   .size CallDevice, . - CallDevice
 
+@ Four words, then the function.
+  .global CallDeviceWithFour
+  .type CallDeviceWithFour, %function
+CallDeviceWithFour:
+  ldr ip, [sp]
+  b CrossIn
+  .size CallDeviceWithFour, . - CallDeviceWithFour
+
 @ Out: ip points at a WayOut, whose first word is the function.
   .global CrossOut
   .hidden CrossOut
@@ -51,30 +61,5 @@ CrossOut:
   bic sp, sp, #7
   b ReportMisalignedStack
   .size CrossOut, . - CrossOut
-
-@ The exports.
-  .macro EXPORT name
-  .global \name
-  .type \name, %function
-\name:
-  ldr ip, 1f
-  ldr ip, [pc, ip]
-  b CrossIn
-1:
-  .word exportSlot - (\name + 12)
-  .size \name, . - \name
-  .set exportSlot, exportSlot + 4
-  .endm
-
-  .set exportSlot, deviceExports
-#define EXPORT(name) EXPORT name
-#include "ExportNames.inc"
-
-  .bss
-  .balign 4
-  .global deviceExports
-  .hidden deviceExports
-deviceExports:
-  .space 4 * 64
 
   .section .note.GNU-stack, "", %progbits

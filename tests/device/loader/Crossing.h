@@ -12,6 +12,10 @@ extern "C" {
 /// Ends the program when it does not keep the registers that belong to its caller.
 std::uint32_t CallDevice(void* first, std::uint32_t second, void* third, void* function);
 
+/// The same with four words.
+std::uint32_t CallDeviceWithFour(void* first, std::uint32_t second, std::uint32_t third,
+                                 std::uint32_t fourth, void* function);
+
 /// Addresses of the library's exports, in the order of the module-definition file. The functions of
 /// these names in this program call through here as CallDevice does.
 extern void* deviceExports[];

@@ -1,6 +1,4 @@
-// Start-up code: called by the device's loader when the library is loaded and unloaded.
-
-#include <windows.h>
+#include "Statics.h"
 
 #include <cstddef>
 #include <cstdlib>
@@ -12,8 +10,6 @@ using Initializer = void (*)();
 // From the linker script: the constructors of static objects.
 extern const Initializer initializersBegin[];
 extern const Initializer initializersEnd[];
-
-BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID processEnd);
 
 /// Identifies the library in registrations of destructors.
 void* __dso_handle = &__dso_handle;
@@ -31,14 +27,16 @@ struct Cleanup {
 
 Cleanup* newestCleanup = nullptr;
 
-void Construct() {
+}  // namespace
+
+void ConstructStatics() {
   for (const Initializer initialize : std::span(
            initializersBegin, static_cast<std::size_t>(initializersEnd - initializersBegin))) {
     initialize();
   }
 }
 
-void Destruct() {
+void DestroyStatics() {
   while (newestCleanup != nullptr) {
     Cleanup* cleanup = newestCleanup;
     newestCleanup = cleanup->before;
@@ -46,8 +44,6 @@ void Destruct() {
     std::free(cleanup);
   }
 }
-
-}  // namespace
 
 extern "C" {
 
@@ -61,18 +57,6 @@ int __aeabi_atexit(void* object, void (*destroy)(void*), void*) {
   *cleanup = {destroy, object, newestCleanup};
   newestCleanup = cleanup;
   return 0;
-}
-
-/// The device enters through DeviceEntry, see Edge.cpp.
-BOOL StartUp(HINSTANCE module, DWORD reason, LPVOID processEnd) {
-  if (reason == DLL_PROCESS_ATTACH) {
-    Construct();
-  }
-  const BOOL isWilling = DllMain(module, reason, processEnd);
-  if (reason == DLL_PROCESS_DETACH || (reason == DLL_PROCESS_ATTACH && !isWilling)) {
-    Destruct();
-  }
-  return isWilling;
 }
 
 }  // extern "C"
