@@ -33,7 +33,20 @@ void DriveRecorder::Take(Fix fix) {
   fix.timeMs = fix.timeMs.value_or(NowMs());
   {
     const std::lock_guard lock(mutex);
-    waiting.push_back(fix);
+    waiting.fixes.push_back(fix);
+  }
+  changed.notify_all();
+}
+
+/// A trip that stands still is not written again and again.
+void DriveRecorder::TakeTrip(KeptTrip trip) {
+  {
+    const std::lock_guard lock(mutex);
+    if (trip == latestTrip) {
+      return;
+    }
+    latestTrip = trip;
+    waiting.trip = std::move(trip);
   }
   changed.notify_all();
 }
@@ -74,26 +87,29 @@ void DriveRecorder::Run() {
   bool isLast = false;
   while (!isLast) {
     std::unique_lock lock(mutex);
-    changed.wait(lock, [this] { return stopped || !waiting.empty(); });
+    changed.wait(lock, [this] { return stopped || !waiting.IsEmpty(); });
     changed.wait_for(lock, COMMIT_INTERVAL, [this] { return stopped; });
     isLast = stopped;
-    std::vector<Fix> batch = std::exchange(waiting, {});
+    Batch batch = std::exchange(waiting, {});
     lock.unlock();
     if (!Write(batch, isLast)) {
       Hold(std::move(batch));
     }
   }
   const std::lock_guard lock(mutex);
-  lost += waiting.size();
+  lost += waiting.fixes.size();
 }
 
-bool DriveRecorder::Write(const std::vector<Fix>& batch, bool isLast) {
+bool DriveRecorder::Write(const Batch& batch, bool isLast) {
   Progress next = progress;
   std::string failure;
   try {
     store->InTransaction([&] {
-      for (const Fix& fix : batch) {
+      for (const Fix& fix : batch.fixes) {
         Add(next, fix);
+      }
+      if (batch.trip) {
+        store->KeepTrip(*batch.trip);
       }
       if (isLast && next.number != 0) {
         store->End(next.GetDrive());
@@ -123,13 +139,17 @@ void DriveRecorder::Add(Progress& next, const Fix& fix) {
 }
 
 /// The oldest fixes are given up when there are too many.
-void DriveRecorder::Hold(std::vector<Fix> batch) {
+void DriveRecorder::Hold(Batch batch) {
   const std::lock_guard lock(mutex);
-  batch.insert(batch.end(), waiting.begin(), waiting.end());
-  const std::size_t excess = batch.size() - std::min(batch.size(), MOST_HELD);
-  batch.erase(batch.begin(), batch.begin() + static_cast<std::ptrdiff_t>(excess));
+  std::vector<Fix>& fixes = batch.fixes;
+  fixes.insert(fixes.end(), waiting.fixes.begin(), waiting.fixes.end());
+  const std::size_t excess = fixes.size() - std::min(fixes.size(), MOST_HELD);
+  fixes.erase(fixes.begin(), fixes.begin() + static_cast<std::ptrdiff_t>(excess));
   lost += excess;
-  waiting = std::move(batch);
+  if (!waiting.trip) {
+    waiting.trip = std::move(batch.trip);
+  }
+  waiting.fixes = std::move(fixes);
 }
 
 }  // namespace host

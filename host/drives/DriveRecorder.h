@@ -14,11 +14,12 @@
 #include "drives/Drive.h"
 #include "drives/DriveStore.h"
 #include "drives/DriveTotals.h"
+#include "drives/KeptTrip.h"
 #include "sources/Fix.h"
 
 namespace host {
 
-/// Writes fixes to the disk on a thread of its own, so that a slow disk never holds up the engine.
+/// Writes fixes and the trip to the disk on a thread of its own, so that a slow disk never holds up the engine.
 /// The drive begins with the first fix that has a position; without one nothing is kept. While the
 /// disk takes nothing, fixes are held in memory for a while.
 class DriveRecorder {
@@ -41,6 +42,9 @@ class DriveRecorder {
 
   /// Takes the next fix, on any thread. One without a time gets that of the computer.
   void Take(Fix fix);
+
+  /// Takes the trip as it is now.
+  void TakeTrip(KeptTrip trip);
 
   /// Writes what is left and ends the drive. No fix may come any more.
   void Finish();
@@ -65,11 +69,20 @@ class DriveRecorder {
     Drive GetDrive() const;
   };
 
+  /// What waits for the disk.
+  struct Batch {
+    std::vector<Fix> fixes;
+    /// Nothing when the trip has not changed.
+    std::optional<KeptTrip> trip;
+
+    bool IsEmpty() const { return fixes.empty() && !trip; }
+  };
+
   void Run();
   /// Writes the batch or nothing.
-  bool Write(const std::vector<Fix>& batch, bool isLast);
+  bool Write(const Batch& batch, bool isLast);
   void Add(Progress& next, const Fix& fix);
-  void Hold(std::vector<Fix> batch);
+  void Hold(Batch batch);
 
   const std::unique_ptr<DriveStore> store;
   const std::string source;
@@ -78,7 +91,9 @@ class DriveRecorder {
 
   mutable std::mutex mutex;
   std::condition_variable changed;
-  std::vector<Fix> waiting;
+  Batch waiting;
+  /// The trip taken last.
+  KeptTrip latestTrip;
   bool stopped = false;
   bool hasProblem = false;
   std::optional<std::string> problem;

@@ -35,8 +35,17 @@ CREATE TABLE positions (
 ) WITHOUT ROWID;
 )";
 
+/// `states` has a line "index state" for each read-out.
+constexpr const char* TRIPS = R"(
+CREATE TABLE trips (
+  name TEXT PRIMARY KEY,
+  run INTEGER NOT NULL,
+  states TEXT NOT NULL
+) WITHOUT ROWID;
+)";
+
 /// The step at index 0 makes version 1.
-constexpr std::array STEPS = {DRIVES};
+constexpr std::array STEPS = {DRIVES, TRIPS};
 
 std::size_t GetVersion(Database& database) {
   Statement statement(database, "PRAGMA user_version");

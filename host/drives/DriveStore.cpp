@@ -1,5 +1,7 @@
 #include "drives/DriveStore.h"
 
+#include <sstream>
+
 #include "drives/DriveSchema.h"
 #include "drives/DriveTotals.h"
 
@@ -112,6 +114,33 @@ void DriveStore::ForEachPosition(std::int64_t drive, const std::function<void(co
 
 void DriveStore::Delete(std::int64_t drive) {
   Statement(database, "DELETE FROM drives WHERE number = ?").With(drive).Run();
+}
+
+void DriveStore::KeepTrip(const KeptTrip& trip) {
+  std::string states;
+  for (const auto& [sensor, state] : trip.states) {
+    states += std::to_string(sensor) + " " + state + "\n";
+  }
+  Statement(database, "INSERT OR REPLACE INTO trips VALUES (?, ?, ?)")
+      .With(trip.name, trip.run, states)
+      .Run();
+}
+
+std::optional<KeptTrip> DriveStore::GetTrip(const std::string& name) {
+  Statement row(database, "SELECT run, states FROM trips WHERE name = ?");
+  if (!row.With(name).Next()) {
+    return std::nullopt;
+  }
+  KeptTrip trip;
+  trip.name = name;
+  trip.run = row.GetInteger(0).value_or(0);
+  std::istringstream states(row.GetText(1));
+  int sensor = 0;
+  std::string state;
+  while (states >> sensor && states.ignore(1) && std::getline(states, state)) {
+    trip.states[sensor] = state;
+  }
+  return trip;
 }
 
 }  // namespace host

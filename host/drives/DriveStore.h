@@ -9,12 +9,13 @@
 
 #include "drives/Database.h"
 #include "drives/Drive.h"
+#include "drives/KeptTrip.h"
 #include "drives/Statement.h"
 #include "sources/Fix.h"
 
 namespace host {
 
-/// Keeps drives and their positions in the file drives.db of a folder. For one thread at a time.
+/// Keeps drives, their positions and the trips in the file drives.db of a folder. For one thread at a time.
 /// All methods throw HostError when the file cannot be used.
 class DriveStore {
  public:
@@ -44,6 +45,10 @@ class DriveStore {
   void ForEachPosition(std::int64_t drive, const std::function<void(const Fix&)>& take);
 
   void Delete(std::int64_t drive);
+
+  void KeepTrip(const KeptTrip& trip);
+  /// Nothing when no trip of this name was kept.
+  std::optional<KeptTrip> GetTrip(const std::string& name);
 
  private:
   std::vector<Drive> Read(const char* sql);

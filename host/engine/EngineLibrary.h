@@ -45,11 +45,14 @@
   USE(GetSMSText)                   \
   USE(GetSMSAddress)                \
   USE(SetSMSParams)                 \
+  USE(GetSMSInterval)               \
   USE(IsSMSExist)                   \
   USE(GetSpeedEventsCount)          \
   USE(GetEventSpeedLimit)           \
   USE(GetEventSpeedInter)           \
   USE(SetSpeedEvent)                \
+  USE(GetUseEventSound)             \
+  USE(GetBeepOnZero)                \
   USE(SetBeepOnZero)                \
   USE(GetIniFileValue)              \
   USE(SetIniFileValue)

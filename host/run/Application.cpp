@@ -91,7 +91,7 @@ void Play(Options options, StandardOutput& output, Messages& messages) {
   {
     const EngineLibrary engine;
     settings.OnEngineLoaded();
-    const Choices choices(engine);
+    Choices choices(engine, home.GetPath(), messages);
     Complete(options, engine, choices);
     tracks = OpenTrackFolder(options, engine, home);
     HostRun(engine, options, home.GetPath(), choices, std::move(recording), signals, output,
@@ -103,6 +103,7 @@ void Play(Options options, StandardOutput& output, Messages& messages) {
     SayTracks(*tracks, messages);
   }
   settings.Keep();
+  ChoicesBackup::Remove(home.GetPath());
 }
 
 void Run(const std::vector<std::string>& arguments, Messages& messages) {

@@ -36,7 +36,8 @@ int ParseBaud(const std::string& text) {
 
 }  // namespace
 
-Choices::Choices(const EngineLibrary& engine) : settings(engine, SECTION) {}
+Choices::Choices(const EngineLibrary& engine, const std::string& home, Messages& messages)
+    : settings(engine, SECTION), backup(engine, settings, home, messages) {}
 
 void Choices::Recall(Options& options) const {
   if (options.source == Options::Source::PORT) {

@@ -5,6 +5,12 @@
 
 namespace host {
 
+namespace {
+
+constexpr std::chrono::seconds TRIP_INTERVAL(1);
+
+}  // namespace
+
 DriveKeeping::DriveKeeping(const Options& options, const std::string& home, Messages& messages)
     : options(options), messages(messages) {
   if (!IsLive(options.source) && !options.keep) {
@@ -19,6 +25,7 @@ DriveKeeping::DriveKeeping(const Options& options, const std::string& home, Mess
 
 void DriveKeeping::Open(const std::string& home) {
   auto store = std::make_unique<DriveStore>(home, Database::Missing::CREATE);
+  keptTrip = store->GetTrip(Trip::NameOf(options.source));
   recorder = std::make_unique<DriveRecorder>(std::move(store), DescribeSource(options));
   for (const Drive& drive : recorder->GetEndedDrives()) {
     messages.Say("the drive of " + DescribeDay(drive.startMs) + ", " +
@@ -37,21 +44,31 @@ void DriveKeeping::Start(PositionSource& source) {
   }
 }
 
-void DriveKeeping::SayNews() {
+void DriveKeeping::OnUpdate(const Trip& trip) {
   if (!recorder) {
     return;
   }
+  const auto now = std::chrono::steady_clock::now();
+  if (now >= nextTrip) {
+    nextTrip = now + TRIP_INTERVAL;
+    recorder->TakeTrip(trip.GetStates());
+  }
+  SayProblem();
+}
+
+void DriveKeeping::SayProblem() {
   if (const std::optional<std::string> problem = recorder->TakeProblem()) {
     messages.Say("this drive cannot be kept at present: " + *problem);
   }
 }
 
-void DriveKeeping::Finish() {
+void DriveKeeping::Finish(const Trip& trip) {
   if (!recorder) {
     return;
   }
+  recorder->TakeTrip(trip.GetStates());
   recorder->Finish();
-  SayNews();
+  SayProblem();
   if (const std::uint64_t lost = recorder->CountLost(); lost > 0) {
     messages.SayLoss("positions of this drive that were not kept: " + std::to_string(lost));
   }

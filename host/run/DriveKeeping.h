@@ -1,13 +1,17 @@
 // Keeps the present drive on the disk, and tells the user.
 #pragma once
 
+#include <chrono>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "base/Messages.h"
 #include "commandline/Options.h"
 #include "drives/DriveRecorder.h"
+#include "drives/KeptTrip.h"
 #include "run/PositionSource.h"
+#include "run/Trip.h"
 
 namespace host {
 
@@ -22,19 +26,25 @@ class DriveKeeping {
   /// Call between the source's Open and its Start.
   void Start(PositionSource& source);
 
-  /// Tells failures since the last call.
-  void SayNews();
+  /// The trip as it was kept; nothing when there is none.
+  const std::optional<KeptTrip>& GetTrip() const { return keptTrip; }
+
+  /// Keeps the trip about once a second, and tells failures since the last call.
+  void OnUpdate(const Trip& trip);
 
   /// Call when the source has stopped.
-  void Finish();
+  void Finish(const Trip& trip);
 
  private:
   void Open(const std::string& home);
+  void SayProblem();
 
   const Options& options;
   Messages& messages;
   /// Null when the drive is not kept.
   std::unique_ptr<DriveRecorder> recorder;
+  std::optional<KeptTrip> keptTrip;
+  std::chrono::steady_clock::time_point nextTrip;
 };
 
 }  // namespace host

@@ -15,6 +15,8 @@ namespace {
 constexpr DWORD DISPLAY_WAIT_MS = 16;
 constexpr DWORD LONG_WAIT_MS = 60000;
 
+constexpr std::chrono::seconds BACKUP_INTERVAL(1);
+
 PositionSource::Audience FindAudience(const Options& options, const ViewWindow* views) {
   const bool isWatched = ShowsTable(options) || (views != nullptr && views->HasDisplay());
   return isWatched ? PositionSource::Audience::WATCHING : PositionSource::Audience::ABSENT;
@@ -23,8 +25,8 @@ PositionSource::Audience FindAudience(const Options& options, const ViewWindow* 
 }  // namespace
 
 HostRun::HostRun(const EngineLibrary& engine, const Options& options, const std::string& home,
-                 const Choices& choices, std::unique_ptr<NmeaSource> recording,
-                 SignalWatcher& signals, StandardOutput& standard, Messages& messages)
+                 Choices& choices, std::unique_ptr<NmeaSource> recording, SignalWatcher& signals,
+                 StandardOutput& standard, Messages& messages)
     : engine(engine),
       options(options),
       choices(choices),
@@ -41,7 +43,7 @@ HostRun::HostRun(const EngineLibrary& engine, const Options& options, const std:
       reports(engine, options, messages),
       summary(options, source, reports, messages) {
   ApplySpeedLimits(engine(), options);
-  trip.Resume(options, messages);
+  trip.Resume(options, drive.GetTrip(), messages);
 }
 
 /// All threads that use the windows end before these are destroyed. Held messages are shown on the
@@ -66,6 +68,7 @@ void HostRun::Run() {
 void HostRun::Start() {
   source.Open();
   choices.Keep(options);
+  BackUpChoices();
   drive.Start(source);
   update.readouts = engine.GetReadouts();
   output = OpenOutput(options, engine, views.get(), standard, messages);
@@ -82,6 +85,7 @@ void HostRun::Loop() {
     if (hasDisplay) {
       views->Refresh(update.number == 0);
     }
+    BackUpChoices();
     switch (window.Wait(hasDisplay ? DISPLAY_WAIT_MS : LONG_WAIT_MS)) {
       case HostWindow::Event::UPDATE:
         ShowUpdate();
@@ -98,6 +102,19 @@ void HostRun::Loop() {
   }
 }
 
+/// Keys and touches change the picture at any time.
+void HostRun::BackUpChoices() {
+  const auto now = std::chrono::steady_clock::now();
+  if (now < nextBackup) {
+    return;
+  }
+  nextBackup = now + BACKUP_INTERVAL;
+  if (views) {
+    choices.KeepPicture(views->GetPicture());
+  }
+  choices.BackUp();
+}
+
 void HostRun::ShowUpdate() {
   ++update.number;
   update.readouts = engine.GetReadouts();
@@ -105,7 +122,7 @@ void HostRun::ShowUpdate() {
   output->Show(update);
   reports.OnUpdate(update);
   summary.OnUpdate();
-  drive.SayNews();
+  drive.OnUpdate(trip);
   const bool hasAllPictures = pictures != nullptr && pictures->OnUpdate();
   isComplete = hasAllPictures || update.number == options.updates;
   // The device remembers every message; over a day that is a lot.
@@ -119,7 +136,7 @@ void HostRun::Finish() {
   update.readouts = engine.GetReadouts();
   output->Finish(update, engine.GetStates());
   messages.Release();
-  drive.Finish();
+  drive.Finish(trip);
   trip.Store();
   if (views) {
     choices.KeepPicture(views->GetPicture());

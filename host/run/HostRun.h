@@ -1,6 +1,7 @@
 // One run with the engine loaded.
 #pragma once
 
+#include <chrono>
 #include <memory>
 
 #include "base/Messages.h"
@@ -29,7 +30,7 @@ class HostRun {
   /// `options` are complete: kept choices are filled in. `home` is the folder of drives. `recording` is the opened file when one is
   /// played, else null. All other arguments outlive the run. Throws HostError.
   HostRun(const EngineLibrary& engine, const Options& options, const std::string& home,
-          const Choices& choices, std::unique_ptr<NmeaSource> recording, SignalWatcher& signals,
+          Choices& choices, std::unique_ptr<NmeaSource> recording, SignalWatcher& signals,
           StandardOutput& standard, Messages& messages);
   HostRun(const HostRun&) = delete;
   HostRun& operator=(const HostRun&) = delete;
@@ -43,11 +44,12 @@ class HostRun {
   void Start();
   void Loop();
   void ShowUpdate();
+  void BackUpChoices();
   void Finish();
 
   const EngineLibrary& engine;
   const Options& options;
-  const Choices& choices;
+  Choices& choices;
   SignalWatcher& signals;
   StandardOutput& standard;
   Messages& messages;
@@ -63,6 +65,7 @@ class HostRun {
   RunSummary summary;
   std::unique_ptr<Output> output;
   Update update;
+  std::chrono::steady_clock::time_point nextBackup;
   /// Everything that was asked for was shown.
   bool isComplete = false;
 };

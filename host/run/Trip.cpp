@@ -1,6 +1,7 @@
 #include "run/Trip.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cstring>
 #include <vector>
 
@@ -12,11 +13,12 @@ namespace host {
 
 namespace {
 
-std::string SectionOf(Options::Source source) {
-  if (IsLive(source)) {
-    return "HostTrip";
-  }
-  return source == Options::Source::DEMO ? "HostDemoTrip" : "HostRecordingTrip";
+constexpr const char* RUN = "Run";
+
+std::int64_t ParseRun(const std::string& text) {
+  std::int64_t run = 0;
+  std::from_chars(text.data(), text.data() + text.size(), run);
+  return run;
 }
 
 std::string KeyOf(int sensor) {
@@ -37,11 +39,23 @@ std::string KeyOf(int sensor) {
 }  // namespace
 
 Trip::Trip(const EngineLibrary& engine, Options::Source source)
-    : engine(engine), settings(engine, SectionOf(source)) {}
+    : engine(engine), name(NameOf(source)), settings(engine, name) {}
 
-void Trip::Resume(const Options& options, Messages& messages) const {
+std::string Trip::NameOf(Options::Source source) {
+  if (IsLive(source)) {
+    return "HostTrip";
+  }
+  return source == Options::Source::DEMO ? "HostDemoTrip" : "HostRecordingTrip";
+}
+
+void Trip::Resume(const Options& options, const std::optional<KeptTrip>& copy, Messages& messages) {
   const std::set<int> resets = FindResets(options.resets);
-  if (options.newTrip || !Restore(resets)) {
+  KeptTrip kept = ReadSettings();
+  if (copy && copy->run >= kept.run) {
+    kept = *copy;
+  }
+  run = kept.run + 1;
+  if (options.newTrip || !Restore(kept, resets)) {
     return;
   }
   const std::string distance = engine.GetSensorValue(FEROLIN_SENSOR_DISTANCE);
@@ -65,27 +79,51 @@ std::set<int> Trip::FindResets(const std::vector<std::string>& names) const {
   return found;
 }
 
-/// True when a state was restored.
-bool Trip::Restore(const std::set<int>& resets) const {
-  bool isRestored = false;
+KeptTrip Trip::ReadSettings() const {
+  KeptTrip kept;
+  kept.name = name;
+  kept.run = ParseRun(settings.Get(RUN));
   for (int i = 0; i < engine.CountSensors(); ++i) {
-    if (!engine.IsSensorSaveable(i) || resets.contains(i)) {
+    if (engine.IsSensorSaveable(i)) {
+      kept.states[i] = settings.Get(KeyOf(i));
+    }
+  }
+  return kept;
+}
+
+/// True when a state was restored.
+bool Trip::Restore(const KeptTrip& kept, const std::set<int>& resets) const {
+  bool isRestored = false;
+  for (const auto& [sensor, state] : kept.states) {
+    if (state.empty() || resets.contains(sensor) || !engine.IsSensorSaveable(sensor)) {
       continue;
     }
-    const std::string state = settings.Get(KeyOf(i));
-    const bool isTaken = !state.empty() && engine().SetSensorRegistryString(
-                                               i, handheld::WideFromUtf8(state).c_str()) != 0;
+    const bool isTaken =
+        engine().SetSensorRegistryString(sensor, handheld::WideFromUtf8(state).c_str()) != 0;
     isRestored |= isTaken;
   }
   return isRestored;
 }
 
-void Trip::Store() const {
-  for (int i = engine.CountSensors() - 1; i >= 0; --i) {
+KeptTrip Trip::GetStates() const {
+  KeptTrip states;
+  states.name = name;
+  states.run = run;
+  for (int i = 0; i < engine.CountSensors(); ++i) {
     if (engine.IsSensorSaveable(i)) {
-      settings.Set(KeyOf(i), engine.GetSensorState(i));
+      states.states[i] = engine.GetSensorState(i);
     }
   }
+  return states;
+}
+
+/// The first key set stands last in the file.
+void Trip::Store() const {
+  const KeptTrip states = GetStates();
+  for (auto each = states.states.rbegin(); each != states.states.rend(); ++each) {
+    settings.Set(KeyOf(each->first), each->second);
+  }
+  settings.Set(RUN, std::to_string(run));
 }
 
 }  // namespace host

@@ -1,36 +1,49 @@
 // Trip figures and records, kept from run to run.
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <set>
 #include <string>
 
 #include "base/Messages.h"
 #include "commandline/Options.h"
+#include "drives/KeptTrip.h"
 #include "engine/EngineLibrary.h"
 #include "engine/Settings.h"
 
 namespace host {
 
 /// Keeps the states of the saveable sensors in the settings file, by their index, because names
-/// depend on the language. Receivers, recordings and the demo each have a section of their own.
+/// depend on the language. Receivers, recordings and the demo each have a section of their own. A
+/// drive that is kept on the disk has a second copy there, which a power cut does not harm.
 class Trip {
  public:
   /// The engine outlives it.
   Trip(const EngineLibrary& engine, Options::Source source);
 
-  /// Gives the sensors the states of the last run, except those that the user starts from zero.
-  /// Throws UsageError when the user names a sensor that does not exist.
-  void Resume(const Options& options, Messages& messages) const;
+  /// Gives the sensors the states of the last run, except those that the user starts from zero:
+  /// those of `copy` unless the settings file has newer ones. Throws UsageError when the user names
+  /// a sensor that does not exist.
+  void Resume(const Options& options, const std::optional<KeptTrip>& copy, Messages& messages);
 
-  /// Keeps the present states.
+  /// Name of the trip.
+  static std::string NameOf(Options::Source source);
+
+  KeptTrip GetStates() const;
+
+  /// Keeps the present states in the settings file.
   void Store() const;
 
  private:
   std::set<int> FindResets(const std::vector<std::string>& names) const;
-  bool Restore(const std::set<int>& resets) const;
+  KeptTrip ReadSettings() const;
+  bool Restore(const KeptTrip& kept, const std::set<int>& resets) const;
 
   const EngineLibrary& engine;
+  const std::string name;
   Settings settings;
+  std::int64_t run = 0;
 };
 
 }  // namespace host

@@ -98,6 +98,17 @@ TEST_F(DriveRecorderTest, TakesTheComputersClockWhereTheReceiverHasNoDate) {
   EXPECT_LT(1700000000000, Open()->List().at(0).startMs);
 }
 
+TEST_F(DriveRecorderTest, KeepsTheTripAlsoWithoutADrive) {
+  const KeptTrip trip = {"HostTrip", 3, {{6, "12.5"}}};
+  const auto recorder = Record();
+  recorder->TakeTrip(trip);
+  EXPECT_TRUE(Becomes([&] { return Open()->GetTrip("HostTrip") == trip; }));
+  const KeptTrip later = {"HostTrip", 3, {{6, "13"}}};
+  recorder->TakeTrip(later);
+  recorder->Finish();
+  EXPECT_EQ(later, Open()->GetTrip("HostTrip"));
+}
+
 TEST_F(DriveRecorderTest, EndsADriveThatWasCutOff) {
   Open()->Add(Open()->Begin("gpsd", 1000), 1, At(5000));
   const auto recorder = Record();

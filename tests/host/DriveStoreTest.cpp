@@ -122,6 +122,37 @@ TEST_F(DriveStoreTest, RefusesPositionsOfADriveThatIsNotThere) {
   EXPECT_THROW(Open()->Add(5, 1, WholeFix(0)), HostError);
 }
 
+TEST_F(DriveStoreTest, KeepsATripInPlaceOfTheOneBefore) {
+  const auto store = Open();
+  EXPECT_FALSE(store->GetTrip("HostTrip"));
+  const KeptTrip first = {"HostTrip", 1, {{6, "12.5"}}};
+  const KeptTrip second = {"HostTrip", 2, {{6, "13"}, {7, ""}, {11, "10;-9999 x"}}};
+  store->KeepTrip(first);
+  EXPECT_EQ(first, store->GetTrip("HostTrip"));
+  store->KeepTrip(second);
+  EXPECT_EQ(second, store->GetTrip("HostTrip"));
+  EXPECT_FALSE(store->GetTrip("HostDemoTrip"));
+}
+
+TEST_F(DriveStoreTest, TakesOverTheDrivesOfTheFirstVersion) {
+  Execute(R"(
+    CREATE TABLE drives (number INTEGER PRIMARY KEY AUTOINCREMENT, source TEXT NOT NULL,
+      start_ms INTEGER NOT NULL, end_ms INTEGER, distance_km REAL, highest_kmh REAL);
+    CREATE TABLE positions (drive INTEGER NOT NULL REFERENCES drives (number) ON DELETE CASCADE,
+      number INTEGER NOT NULL, time_ms INTEGER NOT NULL, has_fix INTEGER NOT NULL, latitude REAL,
+      longitude REAL, altitude REAL, speed_kmh REAL, course REAL, hdop REAL, satellites INTEGER,
+      PRIMARY KEY (drive, number)) WITHOUT ROWID;
+    INSERT INTO drives VALUES (4, 'gpsd', 1000, 2000, 12.5, 36);
+    INSERT INTO positions VALUES (4, 1, 1000, 1, 48.1173, -11.516667, 545.4, 36, 84.4, 0.9, 8);
+    PRAGMA user_version = 1;)");
+  const auto store = Open();
+  EXPECT_EQ(12.5, store->List().at(0).distanceKm);
+  EXPECT_EQ(std::vector<Fix>{WholeFix(1000)}, ReadAll(*store, 4));
+  store->KeepTrip({"HostTrip", 1, {}});
+  EXPECT_TRUE(store->GetTrip("HostTrip"));
+  EXPECT_EQ(5, store->Begin("gpsd", 0));
+}
+
 TEST_F(DriveStoreTest, RefusesADatabaseOfANewerVersion) {
   Open();
   Execute("PRAGMA user_version = 99");

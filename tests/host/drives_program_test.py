@@ -4,7 +4,9 @@
 usage: drives_program_test.py PROGRAM [unittest arguments]
 """
 
+import contextlib
 import csv
+import glob
 import io
 import json
 import os
@@ -57,7 +59,8 @@ class DrivesTest(ProgramTestCase):
         return result.stdout.splitlines()[1:]
 
     def query(self, sql):
-        with sqlite3.connect(os.path.join(self.home, "drives.db")) as connection:
+        path = os.path.join(self.home, "drives.db")
+        with contextlib.closing(sqlite3.connect(path)) as connection:
             return connection.execute(sql).fetchall()
 
 
@@ -120,7 +123,7 @@ class Database(DrivesTest):
             self.assertEqual(file.read(), b"damaged" * 1000)
 
     def test_one_of_a_newer_version_is_left_alone(self):
-        with sqlite3.connect(self.database()) as connection:
+        with contextlib.closing(sqlite3.connect(self.database())) as connection:
             connection.execute("PRAGMA user_version = 99")
         self.check_not_kept("is of a newer version of this program")
         self.assertEqual(self.query("PRAGMA user_version"), [(99,)])
@@ -258,14 +261,81 @@ class PowerCut(DrivesTest):
 
         process = self.start(TZ="XST-3")
         self.drive(process, range(30, 31))
+        said = self.stop(process)
+        self.assertIn("the drive of 21 Nov, 200 m, ended without warning at 20:00:20; kept", said)
+        self.assertIn("kept as drive 2", said)
+        self.assertEqual(len(self.drives()), 2)
+        self.assertNotIn("not ended", "".join(self.drives()))
+
+    def stop(self, process):
+        """Ends it as Ctrl-C does. Returns what was said."""
         process.send_signal(signal.SIGTERM)
         _, said = process.communicate(timeout=PATIENCE)
         self.assertEqual(process.returncode, 0, said)
-        self.assertIn("the drive of 21 Nov, 200 m, ended without warning at 20:00:20; kept",
-                      said.decode())
-        self.assertIn("kept as drive 2", said.decode())
-        self.assertEqual(len(self.drives()), 2)
-        self.assertNotIn("not ended", "".join(self.drives()))
+        return said.decode()
+
+    def wait_for_trip(self, km):
+        deadline = time.monotonic() + PATIENCE
+        while time.monotonic() < deadline:
+            try:
+                for states, in self.query("SELECT states FROM trips"):
+                    distance = dict(line.split(" ", 1) for line in states.splitlines())["6"]
+                    if float(distance) > km:
+                        return
+            except sqlite3.OperationalError:
+                pass
+            time.sleep(0.05)
+        self.fail("the trip is not kept")
+
+    def test_the_trip_goes_on_after_it(self):
+        process = self.start()
+        # The trip is kept with the first position after a second.
+        self.drive(process, range(20), pace=0)
+        time.sleep(1.1)
+        self.drive(process, range(20, 21))
+        self.wait_for_trip(0.195)
+        process.kill()
+        process.wait()
+        process = self.start()
+        update = self.drive(process, range(30, 31))
+        self.assertEqual(update["Distance"], "200 m")
+        self.assertIn("continuing the trip of the last run, 200 m", self.stop(process))
+        # It goes on from the settings file as well, which is newer now than a copy of before.
+        for name in glob.glob(os.path.join(self.home, "drives.db*")):
+            os.remove(name)
+        process = self.start()
+        self.assertEqual(self.drive(process, range(40, 41))["Distance"], "200 m")
+        self.stop(process)
+
+    def test_choices_are_kept(self):
+        process = self.start("--limit", "77:3", "--mirror", "--shot", self.path("shot.png"))
+        self.drive(process, range(1))
+        backup = os.path.join(self.home, "unsaved-choices.json")
+        self.assertTrue(os.path.exists(backup))
+        process.kill()
+        process.wait()
+
+        process = subprocess.Popen(self.command("--port", "--json"), env=self.environment(),
+                                   stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                                   stderr=subprocess.PIPE)
+        self.drive(process, range(1, 2))
+        self.assertIn("what was chosen in the last run, which ended without warning, is kept",
+                      self.stop(process))
+        for line in ("Device=" + self.device, "Mirror=1", "Limit1=77", "LimitInter1=3",
+                     "UseSound1=true"):
+            self.assertIn(line, self.settings())
+        self.assertFalse(os.path.exists(backup))
+
+    def test_nothing_is_backed_up_that_the_settings_have(self):
+        self.stop_after_a_position("--limit", "77:3")
+        process = self.start()
+        self.drive(process, range(1))
+        self.assertFalse(os.path.exists(os.path.join(self.home, "unsaved-choices.json")))
+
+    def stop_after_a_position(self, *arguments):
+        process = self.start(*arguments)
+        self.drive(process, range(1))
+        self.stop(process)
 
     def test_not_more_than_three_seconds_are_lost(self):
         process = self.start()

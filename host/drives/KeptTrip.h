@@ -1,0 +1,21 @@
+// The states of a trip's read-outs.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+
+namespace host {
+
+struct KeptTrip {
+  /// Whose trip it is: each kind of source has its own.
+  std::string name;
+  /// Counts the runs of this trip, so that the newer one of two copies is known.
+  std::int64_t run = 0;
+  /// Texts of saveable sensors, by their index; without line ends.
+  std::map<int, std::string> states;
+
+  bool operator==(const KeptTrip&) const = default;
+};
+
+}  // namespace host
