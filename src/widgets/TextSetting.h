@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 
 #include "base/Format.h"
@@ -19,6 +20,9 @@ struct TextSetting {
   int initialSize;
 };
 
+/// No screen is that high, and views may add sizes up.
+constexpr int MAX_TEXT_SIZE = 32767;
+
 template <class Owner, std::size_t N>
 void InitTexts(const TextSetting<Owner> (&settings)[N], Owner& owner) {
   for (const TextSetting<Owner>& setting : settings) {
@@ -27,7 +31,7 @@ void InitTexts(const TextSetting<Owner> (&settings)[N], Owner& owner) {
   }
 }
 
-/// A missing or empty key leaves its face or size alone.
+/// A missing or empty key leaves its face or size alone. Sizes are cut at MAX_TEXT_SIZE.
 template <class Owner, std::size_t N>
 void LoadTexts(const TextSetting<Owner> (&settings)[N], const char* section, const IniStore& store,
                Owner& owner) {
@@ -37,7 +41,7 @@ void LoadTexts(const TextSetting<Owner> (&settings)[N], const char* section, con
       style.face = std::move(face);
     }
     if (const std::string size = store.GetValue(setting.sizeKey, section); !size.empty()) {
-      style.size = ParseInt(size.c_str());
+      style.size = std::clamp(ParseInt(size.c_str()), -MAX_TEXT_SIZE, MAX_TEXT_SIZE);
     }
   }
 }

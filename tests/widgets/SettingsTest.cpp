@@ -169,6 +169,19 @@ TEST_F(ViewSettingsTest, KeepFacesAndSizes) {
   }
 }
 
+TEST_F(ViewSettingsTest, CutSizesThatNoScreenHas) {
+  folder.Write("Tachymo.ini",
+               "[SpeedometerWidget]\n"
+               "SpeedFontSize=2147483647\n"
+               "ClockFontSize=-2147483648\n"
+               "OdomerFontSize=32767\n");
+  Load();
+  const std::vector<std::string> saved = SavedSection("SpeedometerWidget");
+  for (const char* line : {"SpeedFontSize=32767", "ClockFontSize=-32767", "OdomerFontSize=32767"}) {
+    EXPECT_NE(saved.end(), std::find(saved.begin(), saved.end(), line)) << line;
+  }
+}
+
 TEST_F(ViewSettingsTest, KeepWhatTheFileHoldsForTheSatellites) {
   folder.Write("Tachymo.ini",
                "[SattelitesWidget]\n"
