@@ -21,8 +21,11 @@ namespace {
 
 /// Cell height for a requested height of 0.
 constexpr LONG DEFAULT_HEIGHT = 16;
-/// Fonts kept; a view uses about a dozen.
+/// Greater heights, of cells and em squares, become this one: a glyph takes a byte a pixel.
+constexpr LONG MAX_HEIGHT = 1000;
+/// Fonts kept, and bytes of their glyphs. A view uses about a dozen fonts and 100 KB.
 constexpr std::size_t MAX_KEPT_FONTS = 128;
+constexpr std::size_t MAX_KEPT_BYTES = 32 << 20;
 
 FT_Library Library() {
   static const FT_Library library = [] {
@@ -82,7 +85,7 @@ SizedFont::SizedFont(const FontFile& file, LONG height, LONG tenthsOfDegrees)
   if (file.path.empty() || FT_New_Face(Library(), file.path.c_str(), file.index, &face) != 0) {
     return;
   }
-  SetSize(height == 0 ? DEFAULT_HEIGHT : height);
+  SetSize(height == 0 ? DEFAULT_HEIGHT : std::clamp(height, -MAX_HEIGHT, MAX_HEIGHT));
   isSmooth = WantsSmoothGlyphs();
   if (tenthsOfDegrees % 3600 != 0) {
     FT_Vector direction;
@@ -134,9 +137,12 @@ bool SizedFont::WantsSmoothGlyphs() const {
 }
 
 const Glyph& SizedFont::GetGlyph(char32_t character) {
-  const auto found = glyphs.find(character);
-  return found != glyphs.end() ? found->second
-                               : glyphs.emplace(character, Load(character)).first->second;
+  if (const auto found = glyphs.find(character); found != glyphs.end()) {
+    return found->second;
+  }
+  const Glyph& glyph = glyphs.emplace(character, Load(character)).first->second;
+  bytes += glyph.coverage.size();
+  return glyph;
 }
 
 Glyph SizedFont::Load(char32_t character) {
@@ -241,7 +247,11 @@ std::shared_ptr<SizedFont> Find(const LOGFONTW& description) {
   if (const auto found = fonts.find(key); found != fonts.end()) {
     return found->second;
   }
-  if (fonts.size() >= MAX_KEPT_FONTS) {
+  std::size_t bytes = 0;
+  for (const auto& [each, font] : fonts) {
+    bytes += font->GetBytes();
+  }
+  if (fonts.size() >= MAX_KEPT_FONTS || bytes > MAX_KEPT_BYTES) {
     fonts.clear();
   }
   auto font =

@@ -37,8 +37,8 @@ class SizedFont {
  public:
   static constexpr int FULL_COVERAGE = 16;
 
-  /// Heights above 0 are those of the cell, below 0 those of the em square; 0 is a default. The
-  /// angle is in tenths of a degree, counter-clockwise.
+  /// Heights above 0 are those of the cell, below 0 those of the em square; 0 is a default. 1000
+  /// pixels are the most. The angle is in tenths of a degree, counter-clockwise.
   SizedFont(const FontFile& file, LONG height, LONG tenthsOfDegrees);
   ~SizedFont();
   SizedFont(const SizedFont&) = delete;
@@ -49,6 +49,9 @@ class SizedFont {
   int GetLineHeight() const { return ascent + descent; }
   /// Counter-clockwise, in radians.
   double GetAngle() const { return angle; }
+
+  /// Memory of the glyphs used so far.
+  std::size_t GetBytes() const { return bytes; }
 
   /// The reference lives as long as the font. Without a font file all glyphs are empty.
   const Glyph& GetGlyph(char32_t character);
@@ -77,6 +80,7 @@ class SizedFont {
   int descent = 0;
   bool isSmooth = true;
   std::map<char32_t, Glyph> glyphs;
+  std::size_t bytes = 0;
 };
 
 struct Font;

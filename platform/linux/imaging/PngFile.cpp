@@ -6,6 +6,9 @@ namespace handheld {
 
 namespace {
 
+/// Larger pictures are refused: decoded they take four bytes a pixel.
+constexpr std::uint64_t MAX_PIXELS = 4096 * 4096;
+
 /// The library's reading state, freed at the end of the scope.
 class Reader {
  public:
@@ -25,7 +28,7 @@ class Reader {
 
 std::optional<PngFile> PngFile::Open(const std::string& path) {
   const Reader reader(path);
-  if (!reader.isOpen) {
+  if (!reader.isOpen || std::uint64_t{reader.image.width} * reader.image.height > MAX_PIXELS) {
     return std::nullopt;
   }
   return PngFile{path, reader.image.width, reader.image.height};
