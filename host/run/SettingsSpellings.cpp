@@ -22,8 +22,8 @@ using Paths = std::vector<fs::path>;
 
 constexpr const char* FILE_NAME = "TachyMo.ini";
 constexpr const char* INTERRUPTED_SAVE = "TachyMo.ini.new";
-/// A full file has 5 KB.
-constexpr std::uintmax_t MAX_BYTES = 1'000'000;
+/// A full file has 5 KB. The engine takes half a second for one of this size.
+constexpr std::uintmax_t MAX_BYTES = 250'000;
 
 Paths FindSpellings(const fs::path& home, const char* name) {
   Paths found;
@@ -45,8 +45,8 @@ void Check(const fs::path& path) {
   }
   const std::uintmax_t bytes = fs::exists(status) ? fs::file_size(path, error) : 0;
   if (!error && bytes > MAX_BYTES) {
-    throw HostError(path.string() + " is too large for settings (" +
-                    std::to_string(bytes / 1'000'000) + " MB); move it away");
+    throw HostError(path.string() + " is too large for settings (" + std::to_string(bytes / 1000) +
+                    " KB); move it away");
   }
 }
 

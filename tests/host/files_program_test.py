@@ -223,7 +223,7 @@ class SettingsFiles(SettingsTest):
                 file.write(b"[SMS]\nText=1234567890\n" * 5_000_000)
 
         for make, words in ((os.mkdir, "a folder"), (os.mkfifo, "no file"),
-                            (make_large, "too large for settings (110 MB)")):
+                            (make_large, "too large for settings (110000 KB)")):
             with self.subTest(words):
                 make(self.file)
                 start = time.monotonic()
