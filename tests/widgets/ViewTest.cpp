@@ -63,6 +63,7 @@ ViewTest::~ViewTest() {
   handheld::SetBatteryFailing(false);
   handheld::SetTimeRate(1);
   handheld::SetModuleDirectory("");
+  handheld::SetLibraryDirectory("");
   handheld::ForgetMessagesPosted();
   CoUninitialize();
 }
@@ -85,6 +86,7 @@ void ViewTest::Open(int width, int height, int dpi) {
 /// Any library in the folder will do: only its path counts.
 void ViewTest::Load() {
   handheld::SetModuleDirectory(folder.Path());
+  handheld::SetLibraryDirectory(folder.Path());
   const HMODULE module = LoadLibraryW(handheld::DevicePath(ANY_LIBRARY).c_str());
   engine = std::make_unique<Engine>();
   engine->AttachModule(module);
