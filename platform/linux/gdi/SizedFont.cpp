@@ -7,6 +7,7 @@
 #include <mutex>
 #include <numbers>
 #include <tuple>
+#include <utility>
 
 #include "gdi/Objects.h"
 #include "gdi/RegisteredFonts.h"
@@ -23,6 +24,8 @@ namespace {
 constexpr LONG DEFAULT_HEIGHT = 16;
 /// Greater heights, of cells and em squares, become this one: a glyph takes a byte a pixel.
 constexpr LONG MAX_HEIGHT = 1000;
+/// Larger glyphs, which only damaged fonts have, are not drawn.
+constexpr std::int64_t MAX_GLYPH_PIXELS = 4 * MAX_HEIGHT * MAX_HEIGHT;
 /// Fonts kept, and bytes of their glyphs. A view uses about a dozen fonts and 100 KB.
 constexpr std::size_t MAX_KEPT_FONTS = 128;
 constexpr std::size_t MAX_KEPT_BYTES = 32 << 20;
@@ -55,7 +58,8 @@ struct LineMetrics {
     }
   }
 
-  LONG GetTotal() const { return ascent + descent; }
+  /// Above 0, also for a damaged font.
+  LONG GetTotal() const { return std::max<LONG>(ascent + descent, 1); }
 };
 
 /// Units of an outline in a pixel.
@@ -83,6 +87,10 @@ std::mutex& FontLock() {
 SizedFont::SizedFont(const FontFile& file, LONG height, LONG tenthsOfDegrees)
     : angle(tenthsOfDegrees * std::numbers::pi / 1800) {
   if (file.path.empty() || FT_New_Face(Library(), file.path.c_str(), file.index, &face) != 0) {
+    return;
+  }
+  if (face->units_per_EM == 0) {
+    FT_Done_Face(std::exchange(face, nullptr));
     return;
   }
   SetSize(height == 0 ? DEFAULT_HEIGHT : std::clamp(height, -MAX_HEIGHT, MAX_HEIGHT));
@@ -197,10 +205,15 @@ void SizedFont::Render(Glyph& glyph) const {
     FT_Outline_Transform(&outline, &*rotation);
   }
   FT_Outline_Translate(&outline, -box.left * PIXEL, -box.bottom * PIXEL);
+  const std::int64_t columns = std::int64_t{box.right} - box.left;
+  const std::int64_t rows = std::max<std::int64_t>(std::int64_t{box.top} - box.bottom, 0);
+  if (columns * rows > MAX_GLYPH_PIXELS) {
+    return;
+  }
   glyph.left = box.left;
   glyph.top = box.top;
-  glyph.columns = box.right - box.left;
-  glyph.rows = std::max(box.top - box.bottom, 0);
+  glyph.columns = static_cast<int>(columns);
+  glyph.rows = static_cast<int>(rows);
 
   FT_Bitmap bitmap = {};
   bitmap.width = static_cast<unsigned>(glyph.columns);
