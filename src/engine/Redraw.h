@@ -47,7 +47,7 @@ class Redraw {
   const WidgetTable& widgets;
   Lock& dataLock;
   HANDLE redrawThread = INVALID_HANDLE_VALUE;  ///< thread of the last frame; guarded by redrawLock
-  SharedWord<HWND> renderWindow = nullptr;  ///< written under the data lock
+  SharedWord<HWND> renderWindow = nullptr;     ///< written under the data lock
   SharedWord<std::int32_t> curRenderWidget = -1;
   /// View that was current at the last frame, whether or not it was drawn. Redraw threads only.
   SharedWord<std::int32_t> lastDrawnWidget = -1;
