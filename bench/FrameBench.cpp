@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <vector>
 
 #include "LongDrive.h"
 #include "ProgramFolder.h"
@@ -250,6 +251,18 @@ void Present(benchmark::State& state) {
   canvas.ReleaseAll();
 }
 BENCHMARK(Present);
+
+/// What presenting can never be faster than: one copy of all pixels of a window.
+void CopyOfTheWindow(benchmark::State& state) {
+  constexpr std::size_t PIXELS = 800 * 480;
+  const std::vector<std::uint32_t> from(PIXELS, 1);
+  std::vector<std::uint32_t> to(PIXELS);
+  for (auto _ : state) {
+    std::copy(from.begin(), from.end(), to.begin());
+    benchmark::ClobberMemory();
+  }
+}
+BENCHMARK(CopyOfTheWindow);
 
 void Text(benchmark::State& state) {
   Stage& stage = TheStage();

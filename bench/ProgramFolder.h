@@ -38,6 +38,9 @@ class ProgramFolder {
   /// What an engine is attached to.
   HMODULE GetModule() const { return module; }
 
+  /// The folder as the engine names it.
+  std::u16string GetDevicePath() const { return handheld::DevicePath(path.string()); }
+
  private:
   std::filesystem::path path;
   HMODULE module = nullptr;
