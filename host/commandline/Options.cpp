@@ -28,7 +28,7 @@ std::string DescribeSource(const Options& options) {
     case Options::Source::PORT:
       return options.device;
     case Options::Source::GPSD:
-      return "gpsd " + options.gpsd;
+      return options.gpsd.empty() ? "gpsd" : "gpsd " + options.gpsd;
     case Options::Source::FILE:
       return options.file == "-" ? "standard input" : options.file;
     case Options::Source::DEMO:

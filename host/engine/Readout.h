@@ -23,6 +23,8 @@ struct Update {
   /// Share of the recording played so far, 0 to 1; nothing when its length is unknown.
   std::optional<double> progress;
   Readouts readouts;
+  /// What is wrong with the reception, such as "no data for 12 s"; empty when nothing is.
+  std::string notice;
 };
 
 }  // namespace host

@@ -25,7 +25,12 @@ std::string LineOf(const Json& json) {
 }  // namespace
 
 std::string JsonUpdate(const Update& update) {
-  return LineOf({{"update", update.number}, {"sensors", ObjectOf(update.readouts)}});
+  Json line = {{"update", update.number}};
+  if (!update.notice.empty()) {
+    line["notice"] = update.notice;
+  }
+  line["sensors"] = ObjectOf(update.readouts);
+  return LineOf(line);
 }
 
 std::string JsonEnd(std::uint64_t updates, const Readouts& registry) {

@@ -44,6 +44,9 @@ void LineOutput::Show(const Update& update) {
       line += "  " + update.readouts[sensor].value;
     }
   }
+  if (!update.notice.empty()) {
+    line += "  " + update.notice;
+  }
   output.Write(line + "\n");
 }
 

@@ -9,7 +9,8 @@ class Output {
  public:
   virtual ~Output() = default;
 
-  /// Shows an update; may skip updates that come very fast.
+  /// Shows an update, or the same one again with another notice; may skip updates that come very
+  /// fast.
   virtual void Show(const Update& update) = 0;
 
   /// Draws again after the terminal has changed its size.

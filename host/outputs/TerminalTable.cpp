@@ -132,7 +132,9 @@ std::vector<std::string> TerminalTable::LayOut(const Update& update, std::size_t
   const std::size_t width = WidthOfReadouts(columns);
   std::vector<std::string> lines = LayOutReadouts(update.readouts, columns);
   const std::string number = "update " + std::to_string(update.number);
-  lines.insert(lines.begin(), {Ends("Ferolin  " + sourceName, number, width), ""});
+  const std::string notice = update.notice.empty() ? "" : ": " + update.notice;
+  const std::string title = CutToColumns("Ferolin  " + sourceName + notice, columns);
+  lines.insert(lines.begin(), {Ends(title, number, width), ""});
   lines.emplace_back();
   lines.push_back(LastLine(update, columns, width));
   if (lines.size() > rows) {

@@ -19,7 +19,7 @@ class TerminalTable {
   /// `sourceName` is shown in the title, such as "simulated drive".
   explicit TerminalTable(std::string sourceName) : sourceName(std::move(sourceName)) {}
 
-  /// A full screen of title, read-outs and progress: at most `rows` lines of at most `columns`
+  /// A full screen of title (with the notice), read-outs and progress: at most `rows` lines of at most `columns`
   /// columns. Lines below are cut off.
   std::vector<std::string> LayOut(const Update& update, std::size_t columns,
                                   std::size_t rows) const;

@@ -14,6 +14,8 @@ namespace {
 /// Refresh interval of a display.
 constexpr DWORD DISPLAY_WAIT_MS = 16;
 constexpr DWORD LONG_WAIT_MS = 60000;
+/// Interval at which a silent receiver is looked at.
+constexpr DWORD RECEIVER_WAIT_MS = 500;
 
 constexpr std::chrono::seconds BACKUP_INTERVAL(1);
 
@@ -81,12 +83,13 @@ void HostRun::Start() {
 
 void HostRun::Loop() {
   const bool hasDisplay = views != nullptr && views->HasDisplay();
+  const DWORD otherWaitMs = IsLive(options.source) ? RECEIVER_WAIT_MS : LONG_WAIT_MS;
   while (!standard.IsBroken() && !isComplete) {
     if (hasDisplay) {
-      views->Refresh(update.number == 0);
+      views->Refresh(update);
     }
     BackUpChoices();
-    switch (window.Wait(hasDisplay ? DISPLAY_WAIT_MS : LONG_WAIT_MS)) {
+    switch (window.Wait(hasDisplay ? DISPLAY_WAIT_MS : otherWaitMs)) {
       case HostWindow::Event::UPDATE:
         ShowUpdate();
         break;
@@ -94,6 +97,7 @@ void HostRun::Loop() {
         output->Redraw();
         break;
       case HostWindow::Event::NOTHING:
+        ShowNotice();
         break;
       case HostWindow::Event::SOURCE_ENDED:
       case HostWindow::Event::STOP:
@@ -118,7 +122,9 @@ void HostRun::BackUpChoices() {
 void HostRun::ShowUpdate() {
   ++update.number;
   update.readouts = engine.GetReadouts();
-  update.progress = source.GetReport().progress;
+  const Feeder::Report report = source.GetReport();
+  update.progress = report.progress;
+  update.notice = Describe(report.reception);
   output->Show(update);
   reports.OnUpdate(update);
   summary.OnUpdate();
@@ -128,6 +134,19 @@ void HostRun::ShowUpdate() {
   // The device remembers every message; over a day that is a lot.
   handheld::ForgetMessagesPosted();
   source.Answer();
+}
+
+/// Shows what is wrong with the reception. While the engine gets sentences of the silence, their
+/// updates do that every second.
+void HostRun::ShowNotice() {
+  const std::string notice = Describe(source.GetReport().reception);
+  const bool begins = notice.empty() != update.notice.empty();
+  if (notice == update.notice || (source.FillsSilence() && !begins)) {
+    return;
+  }
+  update.notice = notice;
+  output->Show(update);
+  summary.SayNews();
 }
 
 void HostRun::Finish() {

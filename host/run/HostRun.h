@@ -45,6 +45,7 @@ class HostRun {
   void Loop();
   void ShowUpdate();
   void BackUpChoices();
+  void ShowNotice();
   void Finish();
 
   const EngineLibrary& engine;

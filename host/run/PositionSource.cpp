@@ -45,7 +45,8 @@ PositionSource::PositionSource(const EngineLibrary& engine, const Options& optio
       recording(std::move(recording)),
       audience(audience),
       pace(ChoosePace(options, audience)),
-      end(std::move(onEnd)) {
+      end(std::move(onEnd)),
+      silence(std::chrono::steady_clock::now()) {
   handheld::SetTimeRate(pace > 0 ? pace : FASTEST_TIME_RATE);
 }
 
@@ -68,6 +69,10 @@ void PositionSource::Open() {
 
 void PositionSource::OpenPort() {
   PortSource::Check(options.device);
+  const std::string trouble = options.raw ? PortSource::FindTrouble(options.device) : std::string();
+  if (!trouble.empty()) {
+    throw HostError(trouble);
+  }
   const int baud = options.baud.value_or(0);
   if (!options.raw) {
     Feed(std::make_unique<PortSource>(options.device, baud));
@@ -138,6 +143,7 @@ bool PositionSource::TellFixes(std::function<void(const Fix&)> take) {
 }
 
 void PositionSource::Start() {
+  silence = SilenceWatch(std::chrono::steady_clock::now());
   if (feeder) {
     feeder->Start();
   }
@@ -150,6 +156,7 @@ void PositionSource::Stop() {
 }
 
 void PositionSource::Answer() {
+  silence.OnSentence(std::chrono::steady_clock::now());
   if (feeder) {
     if (feeder->TakeStretchStart()) {
       StartStretch(engine);
@@ -159,7 +166,12 @@ void PositionSource::Answer() {
 }
 
 Feeder::Report PositionSource::GetReport() const {
-  return feeder ? feeder->GetReport() : Feeder::Report();
+  if (feeder) {
+    return feeder->GetReport();
+  }
+  Feeder::Report report;
+  report.reception.silentSeconds = silence.CountSilentSeconds(std::chrono::steady_clock::now());
+  return report;
 }
 
 }  // namespace host

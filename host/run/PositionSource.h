@@ -11,6 +11,7 @@
 #include "sources/Fix.h"
 #include "sources/NmeaSource.h"
 #include "sources/PseudoTerminal.h"
+#include "sources/SilenceWatch.h"
 
 namespace host {
 
@@ -42,8 +43,11 @@ class PositionSource {
   /// Call after every update: the next position may come.
   void Answer();
 
-  /// All zero when the engine reads by itself.
+  /// When the engine reads by itself, only its silence is known.
   Feeder::Report GetReport() const;
+
+  /// Whether the engine gets sentences without a fix while a receiver is silent.
+  bool FillsSilence() const { return feeder != nullptr && !options.raw; }
 
  private:
   void OpenPort();
@@ -63,6 +67,8 @@ class PositionSource {
   std::unique_ptr<NmeaSource> fed;
   /// Null when the engine reads by itself.
   std::unique_ptr<Feeder> feeder;
+  /// Of a port that the engine reads by itself.
+  SilenceWatch silence;
 };
 
 }  // namespace host

@@ -6,7 +6,11 @@ namespace host {
 
 RunSummary::RunSummary(const Options& options, const PositionSource& source,
                        const SmsReports& reports, Messages& messages)
-    : options(options), source(source), reports(reports), messages(messages) {}
+    : options(options),
+      source(source),
+      reports(reports),
+      messages(messages),
+      receptionNotices(DescribeSource(options)) {}
 
 void RunSummary::Start() {
   start = std::chrono::steady_clock::now();
@@ -38,7 +42,11 @@ void RunSummary::Finish(std::uint64_t updates) {
 }
 
 void RunSummary::SayNews() {
-  for (const std::string& news : notices.TakeNews(source.GetReport())) {
+  const Feeder::Report report = source.GetReport();
+  for (const std::string& news : notices.TakeNews(report)) {
+    messages.Say(news);
+  }
+  for (const std::string& news : receptionNotices.TakeNews(report.reception)) {
     messages.Say(news);
   }
 }

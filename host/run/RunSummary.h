@@ -10,6 +10,7 @@
 #include "run/SmsReports.h"
 #include "run/SoundTally.h"
 #include "sources/BridgeNotices.h"
+#include "sources/ReceptionNotices.h"
 
 namespace host {
 
@@ -25,11 +26,13 @@ class RunSummary {
 
   void OnUpdate();
 
+  /// Tells what has changed; also while there are no updates.
+  void SayNews();
+
   /// Tells the totals; `updates` is their number in the whole run.
   void Finish(std::uint64_t updates);
 
  private:
-  void SayNews();
   void SayDuration(std::uint64_t updates);
 
   const Options& options;
@@ -37,6 +40,7 @@ class RunSummary {
   const SmsReports& reports;
   Messages& messages;
   BridgeNotices notices;
+  ReceptionNotices receptionNotices;
   SoundTally sounds;
   std::chrono::steady_clock::time_point start;
 };

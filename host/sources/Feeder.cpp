@@ -22,17 +22,37 @@ constexpr milliseconds SILENCE(40);
 constexpr milliseconds LONGEST_READ(2000);
 constexpr milliseconds STEP(2);
 
+/// Longest wait for a receiver's bytes before its silence is looked at.
+constexpr milliseconds SILENCE_CHECK(500);
+
+/// Piece of one RMC without a fix and without a time, for which the engine takes its own clock's.
+Epoch MakeGap(bool startsStretch) {
+  constexpr std::size_t RMC_FIELDS = 11;
+  NmeaSentence rmc;
+  rmc.name = "GPRMC";
+  rmc.fields.resize(RMC_FIELDS);
+  rmc.fields[1] = 'V';
+  Epoch epoch;
+  epoch.bytes = rmc.GetText() + "\r\n";
+  epoch.updates = 1;
+  epoch.startsStretch = startsStretch;
+  return epoch;
+}
+
 }  // namespace
 
 Feeder::Feeder(NmeaSource& source, const PseudoTerminal& line, Bridge bridgeUse, double pace,
                std::function<void(const Epoch&)> beforeEpoch, std::function<void()> onEnd)
     : source(source),
+      reader(source),
       line(line),
+      bridgeUse(bridgeUse),
       pace(pace),
       prepare(std::move(beforeEpoch)),
       end(std::move(onEnd)),
       splitter(bridgeUse == Bridge::ON ? &bridge : nullptr,
                [this](Epoch epoch) { Queue(std::move(epoch)); }),
+      silence(Clock::now()),
       fixReader([this](const Fix& fix) { OnFix(fix); }),
       patience(LONGEST_PATIENCE) {}
 
@@ -80,13 +100,20 @@ Feeder::Report Feeder::GetReport() const {
 }
 
 void Feeder::Run() {
+  silence = SilenceWatch(Clock::now());
+  if (source.IsLive()) {
+    reader.Start();
+  }
   bool goOn = true;
   while (goOn) {
-    const std::optional<std::string> bytes = source.Read();
+    const std::optional<std::string> bytes = ReadSource();
     if (bytes) {
       splitter.Add(*bytes);
     } else {
       splitter.Finish();
+    }
+    if (source.IsLive()) {
+      WatchSilence(bytes && !bytes->empty());
     }
     PublishCounts();
     const bool isFed = FeedQueue();
@@ -95,7 +122,27 @@ void Feeder::Run() {
       std::for_each(fixes.begin(), fixes.end(), takeFix);
     }
   }
+  reader.Stop();
   end();
+}
+
+std::optional<std::string> Feeder::ReadSource() {
+  return source.IsLive() ? reader.Read(SILENCE_CHECK) : source.Read();
+}
+
+void Feeder::WatchSilence(bool hasBytes) {
+  const Clock::time_point now = Clock::now();
+  if (splitter.GetSentences() > sentencesSeen) {
+    silence.OnSentence(now);
+  } else if (hasBytes) {
+    silence.OnNoise(now);
+  }
+  sentencesSeen = splitter.GetSentences();
+  const int seconds = silence.CountSilentSeconds(now);
+  if (seconds > reception.silentSeconds && bridgeUse == Bridge::ON) {
+    Queue(MakeGap(reception.silentSeconds == 0));
+  }
+  reception = {source.GetTrouble(), seconds, silence.HasNoise(now)};
 }
 
 void Feeder::Queue(Epoch epoch) {
@@ -219,6 +266,7 @@ void Feeder::PublishCounts() {
   report.sentences = splitter.GetSentences();
   report.linesDropped = splitter.GetLinesDropped();
   report.clockJumps = splitter.GetClockJumps();
+  report.reception = reception;
 }
 
 void Feeder::PublishProgress(const Epoch& epoch) {

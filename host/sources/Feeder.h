@@ -19,6 +19,9 @@
 #include "sources/NmeaSource.h"
 #include "sources/PseudoTerminal.h"
 #include "sources/ReceiverBridge.h"
+#include "sources/Reception.h"
+#include "sources/SilenceWatch.h"
+#include "sources/SourceReader.h"
 
 namespace host {
 
@@ -26,6 +29,10 @@ namespace host {
 /// so that no update is missed, however fast the source is. The wait for an update that does not
 /// come is limited. Epochs that a receiver has sent during the wait are written together, so that
 /// the receiver is never ahead; one that starts a stretch is always written by itself.
+///
+/// While a receiver is silent, the engine gets an RMC without a fix once a second, the first one as
+/// the start of a stretch: it shows no stale speed, and the trip is not carried over the gap.
+/// Without a bridge the engine gets nothing.
 ///
 /// Works on a thread of its own, which owns the source, the line and the bridge while it runs. All
 /// methods are for the host's thread.
@@ -38,6 +45,8 @@ class Feeder {
     std::optional<double> progress;
     ReceiverBridge::Counts bridge;
     std::set<std::string> talkers;
+    /// Of a receiver.
+    Reception reception;
     std::uint64_t sentences = 0;
     std::uint64_t linesDropped = 0;
     std::uint64_t clockJumps = 0;
@@ -81,6 +90,9 @@ class Feeder {
   };
 
   void Run();
+  /// Empty when a receiver sends nothing for a while.
+  std::optional<std::string> ReadSource();
+  void WatchSilence(bool hasBytes);
   void Queue(Epoch epoch);
   void OnFix(const Fix& fix);
   bool FeedQueue();
@@ -99,13 +111,18 @@ class Feeder {
   void PublishProgress(const Epoch& epoch);
 
   NmeaSource& source;
+  SourceReader reader;
   const PseudoTerminal& line;
+  const Bridge bridgeUse;
   const double pace;
   const std::function<void(const Epoch&)> prepare;
   const std::function<void()> end;
   ReceiverBridge bridge;
   EpochSplitter splitter;
   std::deque<Piece> queue;
+  SilenceWatch silence;
+  std::uint64_t sentencesSeen = 0;
+  Reception reception;
   /// Empty when nobody wants fixes.
   std::function<void(const Fix&)> takeFix;
   FixReader fixReader;

@@ -31,10 +31,23 @@ std::optional<std::string> GpsdSource::Read() {
 bool GpsdSource::Connect() {
   auto opening = std::make_unique<siblings::GpsdConnection>(stop);
   if (!opening->Open(address, REQUEST)) {
+    SetTrouble("cannot reach gpsd at " + address.host + ":" + address.port + ": " +
+               opening->GetError());
     return false;
   }
+  SetTrouble({});
   connection = std::move(opening);
   return true;
+}
+
+std::string GpsdSource::GetTrouble() const {
+  const std::lock_guard lock(mutex);
+  return trouble;
+}
+
+void GpsdSource::SetTrouble(const std::string& text) {
+  const std::lock_guard lock(mutex);
+  trouble = text;
 }
 
 }  // namespace host

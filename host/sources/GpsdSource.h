@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <mutex>
 #include <string>
 
 #include "common/GpsdConnection.h"
@@ -22,15 +23,19 @@ class GpsdSource : public NmeaSource {
   std::optional<std::string> Read() override;
   void Stop() override { stop.Raise(); }
   std::optional<std::uint64_t> GetSize() const override { return std::nullopt; }
+  std::string GetTrouble() const override;
   bool IsLive() const override { return true; }
 
  private:
   bool Connect();
+  void SetTrouble(const std::string& text);
 
   const siblings::GpsdAddress address;
   siblings::WakeEvent stop;
   /// Null while gpsd is missing.
   std::unique_ptr<siblings::GpsdConnection> connection;
+  mutable std::mutex mutex;
+  std::string trouble;
 };
 
 }  // namespace host

@@ -21,6 +21,9 @@ class NmeaSource {
   /// Number of bytes of the whole source; nothing when it is unknown.
   virtual std::optional<std::uint64_t> GetSize() const = 0;
 
+  /// Why nothing can be read at present, for the user; empty when something can. For any thread.
+  virtual std::string GetTrouble() const { return {}; }
+
   /// True for a receiver, which does not wait.
   virtual bool IsLive() const = 0;
 };

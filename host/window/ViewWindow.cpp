@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/HostError.h"
+#include "window/WindowTitle.h"
 
 namespace host {
 
@@ -83,19 +84,18 @@ ViewControl::Actions ViewWindow::MakeActions(HostWindow& hostWindow, Messages& m
   return actions;
 }
 
-void ViewWindow::Refresh(bool isWaiting) {
+void ViewWindow::Refresh(const Update& update) {
   const auto now = std::chrono::steady_clock::now();
   if (display == nullptr || now < nextRefresh) {
     return;
   }
   nextRefresh = now + REFRESH_INTERVAL;
   display->Update();
-  ShowTitle(isWaiting);
+  ShowTitle(update);
 }
 
-void ViewWindow::ShowTitle(bool isWaiting) {
-  const std::string title = (isWaiting ? "Waiting for positions" : control.GetCurrentViewName()) +
-                            " - Ferolin, " + sourceName;
+void ViewWindow::ShowTitle(const Update& update) {
+  const std::string title = WindowTitle(update, control.GetCurrentViewName(), sourceName);
   if (title != titleShown) {
     display->SetTitle(title);
     titleShown = title;

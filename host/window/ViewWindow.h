@@ -31,8 +31,8 @@ class ViewWindow {
   bool HasDisplay() const { return display != nullptr; }
   RenderWindow& GetRenderWindow() { return *window; }
 
-  /// Brings the display up to date if that is due. `isWaiting`: there was no update yet.
-  void Refresh(bool isWaiting);
+  /// Brings the display up to date if that is due. `update` is the last one.
+  void Refresh(const Update& update);
 
   /// The picture as the user has it now, all set.
   Options::Picture GetPicture() const { return control.GetPicture(); }
@@ -43,7 +43,7 @@ class ViewWindow {
              std::unique_ptr<handheld::Display> display);
 
   ViewControl::Actions MakeActions(HostWindow& hostWindow, Messages& messages);
-  void ShowTitle(bool isWaiting);
+  void ShowTitle(const Update& update);
 
   const EngineLibrary& engine;
   const std::string sourceName;

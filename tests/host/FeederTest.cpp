@@ -35,6 +35,23 @@ class TextSource : public NmeaSource {
   std::atomic<bool> given = false;
 };
 
+/// A receiver that sends nothing until it is stopped.
+class SilentSource : public NmeaSource {
+ public:
+  std::optional<std::string> Read() override {
+    while (!stopped) {
+      usleep(1000);
+    }
+    return std::nullopt;
+  }
+  void Stop() override { stopped = true; }
+  std::optional<std::uint64_t> GetSize() const override { return std::nullopt; }
+  bool IsLive() const override { return true; }
+
+ private:
+  std::atomic<bool> stopped = false;
+};
+
 class FeederTest : public testing::Test {
  protected:
   void Feed(const std::string& text, bool live = false) {
@@ -158,6 +175,21 @@ TEST_F(FeederTest, TellsTheFixesOfAReceiverAtOnce) {
   EXPECT_EQ(RMC + RMC + RMC, Receive(3 * RMC.size()));
   EXPECT_FALSE(ended);
   EXPECT_EQ(3, fixes);
+}
+
+TEST_F(FeederTest, FillsTheSilenceOfAReceiverWithoutAFix) {
+  const std::string gap = NmeaSentence("$GPRMC,,V,,,,,,,,,").GetText() + "\r\n";
+  source = std::make_unique<SilentSource>();
+  feeder = std::make_unique<Feeder>(
+      *source, line, Feeder::Bridge::ON, 0, [](const Epoch&) {}, [this] { ended = true; });
+  feeder->Start();
+  EXPECT_EQ(gap, Receive(gap.size()));
+  EXPECT_TRUE(feeder->TakeStretchStart());
+  feeder->Answer();
+  EXPECT_EQ(gap, Receive(gap.size()));
+  EXPECT_FALSE(feeder->TakeStretchStart());
+  EXPECT_LE(3, feeder->GetReport().reception.silentSeconds);
+  feeder->Answer();
 }
 
 TEST_F(FeederTest, StopsWhileItWaitsForAnAnswer) {

@@ -9,7 +9,7 @@ namespace {
 std::string Written(const std::string& value) {
   const std::string before = R"({"update":1,"sensors":{"Name":)";
   const std::string after = "}}\n";
-  const std::string json = JsonUpdate({1, std::nullopt, {{"Name", value}}});
+  const std::string json = JsonUpdate({1, std::nullopt, {{"Name", value}}, {}});
   EXPECT_TRUE(json.starts_with(before) && json.ends_with(after)) << json;
   return json.substr(before.size(), json.size() - before.size() - after.size());
 }
@@ -28,11 +28,18 @@ TEST(JsonWriter, ReplacesBytesThatAreNoUtf8) {
 }
 
 TEST(JsonWriter, WritesAnUpdateInTheEnginesOrder) {
-  const Update update = {12, 0.5, {{"GPS status", "OK"}, {"Speed", ""}, {"Altitude", "12.5 m"}}};
+  const Update update = {
+      12, 0.5, {{"GPS status", "OK"}, {"Speed", ""}, {"Altitude", "12.5 m"}}, {}};
   EXPECT_EQ(
       "{\"update\":12,\"sensors\":{\"GPS status\":\"OK\",\"Speed\":\"\",\"Altitude\":\"12.5 "
       "m\"}}\n",
       JsonUpdate(update));
+}
+
+TEST(JsonWriter, WritesWhatIsWrongWithTheReception) {
+  const Update update = {12, std::nullopt, {{"Speed", ""}}, "no data for 12 s"};
+  EXPECT_EQ("{\"update\":12,\"notice\":\"no data for 12 s\",\"sensors\":{\"Speed\":\"\"}}\n",
+            JsonUpdate(update));
 }
 
 TEST(JsonWriter, WritesTheEnd) {

@@ -38,6 +38,7 @@ TEST(TerminalTable, NeverExceedsTheTerminal) {
   const TerminalTable table("a source with quite a long name, longer than some terminals are wide");
   Update update = MakeUpdate("Максимальная скорость за поездку ", "123°45'59'' ЗД");
   update.progress = 0.5;
+  update.notice = "bytes but no sentences: is the baud rate right? (--baud)";
   for (std::size_t columns = 8; columns <= 200; ++columns) {
     for (const std::size_t rows : {1, 2, 10, 24, 60}) {
       const std::vector<std::string> lines = table.LayOut(update, columns, rows);
@@ -46,6 +47,16 @@ TEST(TerminalTable, NeverExceedsTheTerminal) {
         ASSERT_LE(CountColumns(line), columns) << line;
       }
     }
+  }
+}
+
+TEST(TerminalTable, ShowsWhatIsWrongWithTheReceptionOnEveryTerminal) {
+  Update update = MakeUpdate("Name", "v");
+  update.notice = "no data for 12 s";
+  for (const std::size_t rows : {1, 10, 24}) {
+    const std::string title = TerminalTable("gpsd").LayOut(update, 80, rows).front();
+    EXPECT_NE(title.find("gpsd: no data for 12 s"), std::string::npos) << title;
+    EXPECT_NE(title.find("update 7"), std::string::npos) << title;
   }
 }
 

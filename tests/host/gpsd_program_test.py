@@ -88,12 +88,18 @@ class GpsdTest(ProgramTestCase):
     def test_goes_on_when_gpsd_comes_late_goes_and_comes_back(self):
         port = free_port()
         process = self.start_host(port)
+        notice = json.loads(process.stdout.readline())["notice"]
+        self.assertEqual(notice, "cannot reach gpsd at 127.0.0.1:%d: Connection refused" % port)
         gpsd = self.start_gpsd(port)
         self.await_update(process, lambda sensors: sensors["Speed"] == "36.0 km/h")
         gpsd.stop()
+        self.await_update(process, lambda sensors: sensors["GPS status"] == "No signal")
         self.start_gpsd(port)
         self.await_update(process, lambda sensors: sensors["Speed"] == "36.0 km/h")
-        self.stop_host(process)
+        said = self.stop_host(process)
+        name = "gpsd 127.0.0.1:%d" % port
+        self.assertEqual(said.count("cannot reach gpsd at 127.0.0.1:%d: Connection refused" % port), 2)
+        self.assertEqual(said.count(name + " is connected"), 2)
 
     def test_can_be_polled_through_the_gps_api(self):
         process = self.start_host(self.start_gpsd().port, "--gps-api")

@@ -529,8 +529,7 @@ class Errors(HostTest):
     def test_a_folder_for_a_file(self):
         self.check(1, "folder", "--nmea", self.folder)
 
-    def test_a_missing_port(self):
-        self.check(1, "cannot open /dev/nonexistent", "--port", "/dev/nonexistent")
+    def test_a_missing_port_when_raw(self):
         self.check(1, "cannot open /dev/nonexistent", "--port", "/dev/nonexistent", "--raw")
 
     def test_a_port_that_is_none(self):
@@ -667,8 +666,8 @@ class Receiver(HostTest):
         super().setUp()
         self.master, self.slave = pty.openpty()
         tty.setraw(self.slave)
-        self.addCleanup(os.close, self.master)
-        self.addCleanup(os.close, self.slave)
+        self.addCleanup(lambda: os.close(self.master))
+        self.addCleanup(lambda: os.close(self.slave))
         self.device = os.ttyname(self.slave)
 
     def baud_rate(self):
@@ -713,6 +712,93 @@ class Receiver(HostTest):
         updates, said = self.drive("--port", seconds=1)
         self.assertEqual(len(updates), 1)
         self.assertIn("from " + self.device, said)
+
+    def read_until(self, process, accept):
+        """The first line of JSON that is accepted."""
+        for _ in range(1000):
+            line = json.loads(process.stdout.readline())
+            if accept(line):
+                return line
+        return self.fail(line)
+
+    def finish(self, process):
+        process.send_signal(signal.SIGTERM)
+        output, said = process.communicate(timeout=PATIENCE)
+        self.assertEqual(process.returncode, 0, said)
+        return json.loads(output.splitlines()[-1])["registry"], said.decode()
+
+    def send(self, second, knots=10.0):
+        os.write(self.master, (rmc(21600 + second, knots) + "\r\n").encode())
+
+    def await_speed(self, process, second, speed):
+        """Sends a position until it is shown: bytes sent before the port is open are lost."""
+        deadline = time.monotonic() + PATIENCE
+        while time.monotonic() < deadline:
+            self.send(second)
+            if select.select([process.stdout], [], [], 1)[0]:
+                line = json.loads(process.stdout.readline())
+                if line["sensors"]["Speed"] == speed:
+                    return
+        self.fail(speed)
+
+    def test_that_falls_silent_shows_no_stale_speed_and_adds_nothing_to_the_trip(self):
+        process = self.start_host("--json", "--port", self.device, bufsize=0)
+        self.await_speed(process, 0, "18.5 km/h")
+        silent = self.read_until(process, lambda line: "notice" in line
+                                 and line["sensors"]["GPS status"] == "No signal")
+        self.assertRegex(silent["notice"], r"^no data for \d+ s$")
+        self.assertEqual(silent["sensors"]["Speed"], "")
+        # A minute later by the receiver's clock it is back, for two seconds.
+        for second in (60, 61, 62):
+            self.send(second)
+            line = self.read_until(
+                process, lambda line: line["sensors"]["Current time"] == "6:01:%02d" % (second - 60))
+            self.assertNotIn("notice", line)
+        registry, said = self.finish(process)
+        # 18.52 km/h for two seconds.
+        self.assertAlmostEqual(float(registry["Distance"]), 0.010289, places=5)
+        self.assertEqual(registry["Elapsed"], "2")
+        self.assertEqual(said.count("ferolin-host: no data for 3 s"), 1)
+        self.assertRegex(said, r"ferolin-host: data again after \d+ s")
+
+    def test_that_sends_no_sentences_makes_one_think_of_the_baud_rate(self):
+        process = self.start_host("--json", "--port", self.device, bufsize=0)
+        deadline = time.monotonic() + PATIENCE
+        notice = ""
+        while "--baud" not in notice and time.monotonic() < deadline:
+            os.write(self.master, b"\xf3\x80\x1e\n")
+            if select.select([process.stdout], [], [], 0.2)[0]:
+                notice = json.loads(process.stdout.readline()).get("notice", "")
+        self.assertIn("bytes but no sentences: is the baud rate right? (--baud)", notice)
+        self.assertIn("is the baud rate right", self.finish(process)[1])
+
+    def test_that_is_silent_is_told_when_raw_too(self):
+        process = self.start_host("--json", "--raw", "--port", self.device)
+        line = self.read_until(process, lambda line: "notice" in line)
+        self.assertEqual(line["notice"], "no data for 3 s")
+        # The engine was left alone.
+        self.assertEqual(line["update"], 0)
+        self.assertIn("no data for 3 s", self.finish(process)[1])
+
+    def test_that_comes_late_and_is_pulled_and_plugged_in_again(self):
+        plug = self.path("gps")
+        process = self.start_host("--json", "--port", plug, bufsize=0)
+        first = self.read_until(process, lambda line: "notice" in line)
+        self.assertEqual(first["notice"], "cannot open %s: No such file or directory" % plug)
+        os.symlink(self.device, plug)
+        self.await_speed(process, 0, "18.5 km/h")
+        # Pulled: the other side of the line is gone, and so is the device.
+        os.remove(plug)
+        os.close(self.slave)
+        os.close(self.master)
+        self.read_until(process, lambda line: line.get("notice", "").startswith("cannot open"))
+        self.master, self.slave = pty.openpty()
+        tty.setraw(self.slave)
+        os.symlink(os.ttyname(self.slave), plug)
+        self.await_speed(process, 10, "18.5 km/h")
+        said = self.finish(process)[1]
+        self.assertEqual(said.count("cannot open %s: No such file or directory; trying again" % plug), 2)
+        self.assertEqual(said.count(plug + " is connected"), 2)
 
     def test_keeps_a_trip_apart_from_recordings(self):
         self.replay(recording([100.0] * 11))
