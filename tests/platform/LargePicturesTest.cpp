@@ -23,12 +23,14 @@ void WriteGray(const std::string& path, unsigned width, unsigned height) {
 }
 
 /// A file of a few kilobytes can hold a picture of gigabytes.
-TEST(LargePicturesTest, OfMoreThanSixteenMillionPixelsAreRefused) {
+TEST(LargePicturesTest, WithSidesOfMoreThan4096PixelsAreRefused) {
   const TempFolder folder;
   const std::string path = folder.Path("large.png");
   WriteGray(path, 4096, 4096);
   EXPECT_TRUE(PngFile::Open(path));
-  WriteGray(path, 4096, 4097);
+  WriteGray(path, 1, 4097);
+  EXPECT_FALSE(PngFile::Open(path));
+  WriteGray(path, 4097, 1);
   EXPECT_FALSE(PngFile::Open(path));
 }
 

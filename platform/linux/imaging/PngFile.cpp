@@ -2,12 +2,14 @@
 
 #include <png.h>
 
+#include <algorithm>
+
 namespace handheld {
 
 namespace {
 
-/// Larger pictures are refused: decoded they take four bytes a pixel.
-constexpr std::uint64_t MAX_PIXELS = 4096 * 4096;
+/// Longest side in pixels, that of the largest screen. Decoded, pictures take four bytes a pixel.
+constexpr unsigned MAX_SIDE = 4096;
 
 /// The library's reading state, freed at the end of the scope.
 class Reader {
@@ -28,7 +30,7 @@ class Reader {
 
 std::optional<PngFile> PngFile::Open(const std::string& path) {
   const Reader reader(path);
-  if (!reader.isOpen || std::uint64_t{reader.image.width} * reader.image.height > MAX_PIXELS) {
+  if (!reader.isOpen || std::max(reader.image.width, reader.image.height) > MAX_SIDE) {
     return std::nullopt;
   }
   return PngFile{path, reader.image.width, reader.image.height};

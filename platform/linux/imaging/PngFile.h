@@ -14,8 +14,8 @@ struct PngFile {
   unsigned width = 0;
   unsigned height = 0;
 
-  /// Reads the head of the file. No value when it cannot be read, is no PNG, or has more
-  /// than 4096 x 4096 pixels.
+  /// Reads the head of the file. No value when it cannot be read, is no PNG, or has a side
+  /// of more than 4096 pixels.
   static std::optional<PngFile> Open(const std::string& path);
 
   /// Decodes any kind of PNG to rows from the top, bytes B, G, R, A, colours not multiplied by
