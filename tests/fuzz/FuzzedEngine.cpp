@@ -24,9 +24,7 @@ DeviceFolder& DeviceFolder::Instance() {
 
 DeviceFolder::DeviceFolder() {
   setenv("FONTCONFIG_FILE", FONTS_FILE, 1);
-  for (const char* name : {"Pics", "lcd-u.ttf"}) {
-    std::filesystem::create_symlink(std::filesystem::path(ASSETS_FOLDER) / name, folder.Path(name));
-  }
+  std::filesystem::create_symlink(ASSETS_FOLDER "/lcd-u.ttf", folder.Path("lcd-u.ttf"));
   handheld::MapPath(DEVICE_FOLDER, folder.Path());
   handheld::SetModuleDirectory(folder.Path());
   handheld::SetTimeZone("UTC0");

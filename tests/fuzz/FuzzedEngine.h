@@ -10,8 +10,9 @@
 
 namespace fuzz {
 
-/// The handheld and the folder that the engine lies in, with all pictures. Made once in a process;
-/// the device's clock runs a thousand times faster.
+/// The handheld and the folder that the engine lies in, with the display font but without pictures:
+/// loading them takes most of the time. Made once in a process; the device's clock runs a thousand
+/// times faster.
 class DeviceFolder {
  public:
   static DeviceFolder& Instance();
