@@ -33,10 +33,10 @@ def readings(line):
     return json.dumps([told.get("sensors"), told.get("registry")], sort_keys=True)
 
 
-def section(text, name):
-    """Lines of one section of a settings file."""
-    behind = text.partition(f"[{name}]")[2]
-    return behind.partition("[")[0]
+def states(settings):
+    """The states of the trip that are kept for the next run."""
+    trip = settings.partition("[HostRecordingTrip]")[2].partition("[")[0]
+    return "".join(line.strip() + "\n" for line in trip.splitlines() if line.strip().startswith("Sensor"))
 
 
 def drive_results(host, name, folder):
@@ -53,7 +53,7 @@ def drive_results(host, name, folder):
     return {
         f"{name}.json": "\n".join(map(readings, played.stdout.splitlines())),
         f"{name}.kml": (home / "Tracks" / "Track0001.kml").read_text("ascii"),
-        f"{name}.ini": section(settings, "HostRecordingTrip")}
+        f"{name}.ini": states(settings)}
 
 
 def picture_results(device_drive, folder):
