@@ -51,6 +51,7 @@ ContactSheet::ContactSheet(const EngineLibrary::Functions& engine, std::string f
       landscape(LONG_SIDE, SHORT_SIDE),
       updatesToSkip(updatesBefore),
       wanted(static_cast<std::size_t>(engine.GetWidgetsCount()) * PER_VIEW) {
+  CheckPngPath(this->file);
   engine.SetRenderWindow(portrait.GetHandle());
   engine.SetCurRenderWidget(FEROLIN_VIEW_SPEEDOMETER);
 }

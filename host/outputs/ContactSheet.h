@@ -15,7 +15,8 @@ namespace host {
 /// view.
 class ContactSheet : public Pictures {
  public:
-  /// The engine outlives it. `updatesBefore` updates pass until the first picture.
+  /// The engine outlives it. `updatesBefore` updates pass until the first picture. Throws
+  /// HostError when the file cannot be written.
   ContactSheet(const EngineLibrary::Functions& engine, std::string file, int updatesBefore);
   ContactSheet(const ContactSheet&) = delete;
   ContactSheet& operator=(const ContactSheet&) = delete;

@@ -1,6 +1,10 @@
 #include "outputs/FrameFiles.h"
 
+#include <unistd.h>
+
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <optional>
 #include <utility>
@@ -26,6 +30,9 @@ void CreateFolder(const std::string& folder) {
   if (!std::filesystem::is_directory(folder)) {
     throw HostError("cannot create the folder " + folder + " for frames: " + error.message());
   }
+  if (access(folder.c_str(), W_OK | X_OK) != 0) {
+    throw HostError("cannot write frames to " + folder + ": " + std::strerror(errno));
+  }
 }
 
 }  // namespace
@@ -34,6 +41,9 @@ FrameFiles::FrameFiles(RenderWindow& window, std::string folder, std::string sho
     : window(window), folder(std::move(folder)), shot(std::move(shot)) {
   if (!this->folder.empty()) {
     CreateFolder(this->folder);
+  }
+  if (!this->shot.empty()) {
+    CheckPngPath(this->shot);
   }
 }
 

@@ -14,7 +14,7 @@ namespace host {
 class FrameFiles : public Pictures {
  public:
   /// Folder and file may be empty: nothing is written there. The window outlives this object.
-  /// Creates the folder; throws HostError when that fails.
+  /// Creates the folder; throws HostError when that fails or nothing can be written there.
   FrameFiles(RenderWindow& window, std::string folder, std::string shot);
 
   /// Always false: every update has a frame.

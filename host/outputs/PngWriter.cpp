@@ -1,8 +1,12 @@
 #include "outputs/PngWriter.h"
 
 #include <png.h>
+#include <unistd.h>
 
+#include <cerrno>
 #include <cstdint>
+#include <cstring>
+#include <filesystem>
 #include <vector>
 
 #include "base/HostError.h"
@@ -10,6 +14,20 @@
 namespace host {
 
 namespace {
+
+namespace fs = std::filesystem;
+
+/// 0 when the file can be written, else the error number.
+int FindError(const fs::path& file) {
+  std::error_code ignored;
+  if (fs::is_directory(file, ignored)) {
+    return EISDIR;
+  }
+  if (access((file.parent_path() / ".").c_str(), W_OK | X_OK) != 0) {
+    return errno;
+  }
+  return fs::exists(file, ignored) && access(file.c_str(), W_OK) != 0 ? errno : 0;
+}
 
 std::vector<std::uint8_t> ToRgb(const handheld::Pixels& pixels) {
   std::vector<std::uint8_t> bytes;
@@ -23,6 +41,12 @@ std::vector<std::uint8_t> ToRgb(const handheld::Pixels& pixels) {
 }
 
 }  // namespace
+
+void CheckPngPath(const std::string& path) {
+  if (const int error = FindError(path); error != 0) {
+    throw HostError("cannot write " + path + ": " + std::strerror(error));
+  }
+}
 
 void WritePng(const std::string& path, const handheld::Pixels& pixels) {
   png_image image = {};

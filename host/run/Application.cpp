@@ -14,6 +14,7 @@
 #include "run/Choices.h"
 #include "run/DriveCommands.h"
 #include "run/HomeFolder.h"
+#include "run/HomeLock.h"
 #include "run/HostRun.h"
 #include "run/SettingsFile.h"
 #include "run/SignalWatcher.h"
@@ -71,13 +72,15 @@ std::optional<TrackFolder> OpenTrackFolder(Options& options, const EngineLibrary
   return folder;
 }
 
-void SayTracks(const TrackFolder& folder, Messages& messages) {
-  const std::vector<std::string> files = folder.DescribeNewFiles();
-  for (const std::string& file : files) {
-    messages.Say("track written to " + file);
-  }
-  if (files.empty()) {
-    messages.Say("no track written: there was no position");
+/// Says what became of the track.
+void SayTrack(const TrackFolder& folder, bool hadPosition, Messages& messages) {
+  const TrackFolder::Outcome outcome = folder.Check(hadPosition);
+  for (const std::string& text : outcome.texts) {
+    if (outcome.isLost) {
+      messages.SayLoss(text);
+    } else {
+      messages.Say(text);
+    }
   }
 }
 
@@ -85,22 +88,25 @@ void Play(Options options, StandardOutput& output, Messages& messages) {
   SignalWatcher signals;
   std::unique_ptr<NmeaSource> recording = OpenRecording(options);
   const HomeFolder home(options.home);
+  const HomeLock lock(home.GetPath());
   PrepareDevice(options, home);
   SettingsFile settings(home.GetPath(), HOME_ON_DEVICE, messages);
   std::optional<TrackFolder> tracks;
+  bool hadPosition = false;
   {
     const EngineLibrary engine;
     settings.OnEngineLoaded();
     Choices choices(engine, home.GetPath(), messages);
     Complete(options, engine, choices);
     tracks = OpenTrackFolder(options, engine, home);
-    HostRun(engine, options, home.GetPath(), choices, std::move(recording), signals, output,
-            messages)
-        .Run();
+    HostRun run(engine, options, home.GetPath(), choices, std::move(recording), signals, output,
+                messages);
+    run.Run();
+    hadPosition = run.HadPosition();
   }
   // The engine writes its track and its settings when it is unloaded.
   if (tracks) {
-    SayTracks(*tracks, messages);
+    SayTrack(*tracks, hadPosition, messages);
   }
   settings.Keep();
   ChoicesBackup::Remove(home.GetPath());

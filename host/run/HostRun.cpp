@@ -100,6 +100,8 @@ void HostRun::Loop() {
         ShowNotice();
         break;
       case HostWindow::Event::SOURCE_ENDED:
+        hasEnded = true;
+        return;
       case HostWindow::Event::STOP:
         return;
     }
@@ -127,7 +129,7 @@ void HostRun::ShowUpdate() {
   update.notice = Describe(report.reception);
   output->Show(update);
   reports.OnUpdate(update);
-  summary.OnUpdate();
+  summary.OnUpdate(update);
   drive.OnUpdate(trip);
   const bool hasAllPictures = pictures != nullptr && pictures->OnUpdate();
   isComplete = hasAllPictures || update.number == options.updates;
@@ -160,7 +162,7 @@ void HostRun::Finish() {
   if (views) {
     choices.KeepPicture(views->GetPicture());
   }
-  summary.Finish(update.number);
+  summary.Finish(update.number, hasEnded);
   if (pictures) {
     pictures->Finish();
   }

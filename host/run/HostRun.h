@@ -40,6 +40,8 @@ class HostRun {
   /// cannot start or a picture cannot be written.
   void Run();
 
+  bool HadPosition() const { return summary.HadPosition(); }
+
  private:
   void Start();
   void Loop();
@@ -69,6 +71,8 @@ class HostRun {
   std::chrono::steady_clock::time_point nextBackup;
   /// Everything that was asked for was shown.
   bool isComplete = false;
+  /// The source has ended by itself.
+  bool hasEnded = false;
 };
 
 }  // namespace host

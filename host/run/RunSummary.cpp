@@ -1,8 +1,22 @@
 #include "run/RunSummary.h"
 
+#include <ferolin.h>
+
 #include <string>
 
 namespace host {
+
+namespace {
+
+std::string FindReason(const Options& options, std::uint64_t updates) {
+  if (updates > 0) {
+    return "the receiver had none";
+  }
+  return options.raw ? "with --raw the engine needs $GPRMC sentences that end in CR LF"
+                     : "the engine needs RMC sentences, and there are none";
+}
+
+}  // namespace
 
 RunSummary::RunSummary(const Options& options, const PositionSource& source,
                        const SmsReports& reports, Messages& messages)
@@ -16,22 +30,21 @@ void RunSummary::Start() {
   start = std::chrono::steady_clock::now();
 }
 
-void RunSummary::OnUpdate() {
+void RunSummary::OnUpdate(const Update& update) {
+  // There is a speed exactly while there is a fix.
+  hadPosition = hadPosition || !update.readouts[FEROLIN_SENSOR_SPEED].value.empty();
   sounds.Collect();
   SayNews();
 }
 
-void RunSummary::Finish(std::uint64_t updates) {
+void RunSummary::Finish(std::uint64_t updates, bool hasEnded) {
   SayDuration(updates);
   SayNews();
   for (const std::string& sum : BridgeNotices::SumUp(source.GetReport())) {
     messages.Say(sum);
   }
-  if (options.source == Options::Source::FILE && updates == 0) {
-    messages.Say(options.raw ? "no position was found: with --raw the engine needs $GPRMC "
-                               "sentences that end in CR LF"
-                             : "no position was found: the engine needs RMC sentences, and there "
-                               "are none");
+  if (options.source == Options::Source::FILE && hasEnded && !hadPosition) {
+    messages.SayLoss("no position was found: " + FindReason(options, updates));
   }
   if (const std::string played = sounds.Describe(); !played.empty()) {
     messages.Say("sounds played: " + played);

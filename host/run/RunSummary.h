@@ -24,13 +24,16 @@ class RunSummary {
   /// The run takes its time from here.
   void Start();
 
-  void OnUpdate();
+  void OnUpdate(const Update& update);
 
   /// Tells what has changed; also while there are no updates.
   void SayNews();
 
-  /// Tells the totals; `updates` is their number in the whole run.
-  void Finish(std::uint64_t updates);
+  /// Tells the totals; `updates` is their number in the whole run. `hasEnded`: the source has ended
+  /// by itself.
+  void Finish(std::uint64_t updates, bool hasEnded);
+
+  bool HadPosition() const { return hadPosition; }
 
  private:
   void SayDuration(std::uint64_t updates);
@@ -43,6 +46,7 @@ class RunSummary {
   ReceptionNotices receptionNotices;
   SoundTally sounds;
   std::chrono::steady_clock::time_point start;
+  bool hadPosition = false;
 };
 
 }  // namespace host

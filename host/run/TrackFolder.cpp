@@ -1,10 +1,44 @@
 #include "run/TrackFolder.h"
 
+#include <sys/statvfs.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+
 #include "run/WritableFolder.h"
 
 namespace host {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+/// Names that the engine gives, Track0001.kml to Track9999.kml.
+constexpr std::size_t MOST_NAMES = 9999;
+/// Less free space than the smallest file takes.
+constexpr std::uintmax_t FULL_DISK_BYTES = 4096;
+
+bool IsWhole(const fs::path& file) {
+  constexpr std::string_view END = "</kml>";
+  std::ifstream stream(file, std::ios::binary);
+  std::string end(END.size(), 0);
+  stream.seekg(-static_cast<std::streamoff>(END.size()), std::ios::end);
+  return stream.read(end.data(), static_cast<std::streamsize>(end.size())) && end == END;
+}
+
+std::string DescribeFile(const fs::path& file, bool hadPosition) {
+  if (!hadPosition) {
+    return "the track in " + file.string() + " has no points: there was no position";
+  }
+  std::error_code error;
+  const std::uintmax_t bytes = fs::file_size(file, error);
+  return "track written to " + file.string() + " (" + std::to_string((bytes + 1023) / 1024) +
+         " KB)";
+}
+
+}  // namespace
 
 TrackFolder::TrackFolder(const std::string& path)
     : folder(MakeWritableFolder(path, "cannot write tracks to")), before(List()) {}
@@ -20,16 +54,39 @@ std::set<fs::path> TrackFolder::List() const {
   return files;
 }
 
-std::vector<std::string> TrackFolder::DescribeNewFiles() const {
-  std::vector<std::string> texts;
+TrackFolder::Outcome TrackFolder::Check(bool hadPosition) const {
+  Outcome outcome;
   for (const fs::path& file : List()) {
-    if (!before.contains(file)) {
-      std::error_code error;
-      const std::uintmax_t bytes = fs::file_size(file, error);
-      texts.push_back(file.string() + " (" + std::to_string((bytes + 1023) / 1024) + " KB)");
+    if (before.contains(file)) {
+      continue;
     }
+    const bool isWhole = IsWhole(file);
+    outcome.isLost |= !isWhole;
+    outcome.texts.push_back(isWhole ? DescribeFile(file, hadPosition)
+                                    : "the track in " + file.string() +
+                                          " is not complete: " + FindCause());
   }
-  return texts;
+  if (outcome.texts.empty()) {
+    outcome.isLost = hadPosition;
+    outcome.texts.push_back("no track written: " +
+                            (hadPosition ? FindCause() : "there was no position"));
+  }
+  return outcome;
+}
+
+/// Why the engine may have failed to write.
+std::string TrackFolder::FindCause() const {
+  struct statvfs disk = {};
+  if (access(folder.c_str(), W_OK | X_OK) != 0) {
+    return "cannot write to " + folder.string() + ": " + std::strerror(errno);
+  }
+  if (statvfs(folder.c_str(), &disk) == 0 && disk.f_bavail * disk.f_frsize < FULL_DISK_BYTES) {
+    return "the disk of " + folder.string() + " is full";
+  }
+  if (List().size() >= MOST_NAMES) {
+    return "all 9,999 names are taken in " + folder.string();
+  }
+  return "writing to " + folder.string() + " failed";
 }
 
 }  // namespace host

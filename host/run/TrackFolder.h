@@ -8,7 +8,7 @@
 
 namespace host {
 
-/// Remembers the files that were there, to tell new ones afterwards.
+/// Remembers the files that were there, to tell afterwards what became of the track.
 class TrackFolder {
  public:
   /// Creates the folder. Throws HostError when it cannot be created or written to.
@@ -17,11 +17,21 @@ class TrackFolder {
   /// Absolute path.
   const std::filesystem::path& GetPath() const { return folder; }
 
-  /// New files with their sizes: "/tracks/Track0001.kml (12 KB)".
-  std::vector<std::string> DescribeNewFiles() const;
+  /// What became of the track.
+  struct Outcome {
+    /// A text for the user for each new file, or the reason why there is none.
+    std::vector<std::string> texts;
+    /// Positions were not written, or not all of them.
+    bool isLost = false;
+  };
+
+  /// Looks at the files once the engine has written the track. `hadPosition`: there was something
+  /// to write.
+  Outcome Check(bool hadPosition) const;
 
  private:
   std::set<std::filesystem::path> List() const;
+  std::string FindCause() const;
 
   std::filesystem::path folder;
   std::set<std::filesystem::path> before;

@@ -17,8 +17,14 @@ namespace {
 
 constexpr std::size_t BLOCK = 65536;
 
+/// Not open, with errno set, when that fails.
 FileDescriptor Open(const std::string& path) {
   if (path == "-") {
+    const int mode = fcntl(STDIN_FILENO, F_GETFL) & O_ACCMODE;
+    if (mode == O_WRONLY) {
+      errno = EBADF;
+      return {};
+    }
     return FileDescriptor(fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0));
   }
   return FileDescriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC));
@@ -30,7 +36,8 @@ FileSource::FileSource(const std::string& path)
     : file(Open(path)), stopEvent(eventfd(0, EFD_CLOEXEC)) {
   struct stat status = {};
   if (!file.IsOpen() || fstat(file.Get(), &status) != 0) {
-    throw HostError("cannot read " + path + ": " + std::strerror(errno));
+    const std::string name = path == "-" ? "standard input" : path;
+    throw HostError("cannot read " + name + ": " + std::strerror(errno));
   }
   if (S_ISDIR(status.st_mode)) {
     throw HostError("cannot read " + path + ": it is a folder");

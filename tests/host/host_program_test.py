@@ -9,6 +9,7 @@ import json
 import os
 import pty
 import re
+import resource
 import select
 import signal
 import struct
@@ -96,7 +97,9 @@ class HostTest(ProgramTestCase):
 
     def play(self, *arguments, **environment):
         result = self.run_host("--json", *arguments, **environment)
-        self.assertEqual(result.returncode, 0, result.stderr)
+        # A recording without a position is a failure.
+        hasNone = "no position was found" in result.stderr
+        self.assertEqual(result.returncode, 1 if hasNone else 0, result.stderr)
         lines = [json.loads(line) for line in result.stdout.splitlines()]
         *updates, end = lines
         self.assertEqual([update["update"] for update in updates],
@@ -198,7 +201,14 @@ class Recording(HostTest):
     def test_ends_without_updates_when_there_is_no_rmc(self):
         updates, _, said = self.replay("".join(gga(i) + "\r\n" for i in range(100)))
         self.assertEqual(updates, [])
-        self.assertIn("there are none", said)
+        self.assertIn("no position was found: the engine needs RMC sentences, and there are none",
+                      said)
+
+    def test_fails_when_the_receiver_had_no_position(self):
+        void = sentence("GPRMC,060000,V,,,,,,,010624,,,N") + "\r\n"
+        result = self.run_host("--json", "--nmea", self.write(void * 3))
+        self.assertEqual(result.returncode, 1)
+        self.assertIn("no position was found: the receiver had none", result.stderr)
 
     def test_ends_at_once_when_empty(self):
         updates, _, _ = self.replay("")
@@ -470,7 +480,39 @@ class Extras(HostTest):
 
     def test_tells_that_there_was_nothing_to_write(self):
         _, _, said = self.replay("", "--kml")
-        self.assertIn("no track written", said)
+        self.assertIn("no track written: there was no position", said)
+
+    def test_tells_that_all_names_of_tracks_are_taken(self):
+        folder = self.path("tracks")
+        os.makedirs(folder)
+        for number in range(1, 10000):
+            with open(os.path.join(folder, "Track%04d.kml" % number), "wb"):
+                pass
+        result = self.run_host("--json", "--nmea", self.write(recording([10.0] * 3)), "--kml", folder)
+        self.assertEqual(result.returncode, 1)
+        self.assertIn("no track written: all 9,999 names are taken in " + os.path.realpath(folder),
+                      result.stderr)
+        self.assertNotIn("track written to", result.stderr)
+
+    def test_tells_that_the_track_is_cut_off(self):
+        # The track needs 150 KB, and no file may have more than 100: as good as a full disk.
+        def limit():
+            signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
+            resource.setrlimit(resource.RLIMIT_FSIZE, (100000, 100000))
+
+        text = "".join(
+            gga(21600 + i, altitude=150 + i) + "\r\n" +
+            sentence("GPRMC,%s,A,55%07.4f,N,037%07.4f,E,10.0,045.0,010624,,,A"
+                     % (clock(21600 + i), i / 100, i / 100)) + "\r\n"
+            for i in range(4000))
+        folder = self.path("tracks")
+        arguments = self.command("--nmea", self.write(text), "--kml", folder)
+        result = subprocess.run(arguments, env=self.environment(), preexec_fn=limit,
+                                capture_output=True, encoding="utf-8", timeout=PATIENCE, check=False)
+        self.assertEqual(result.returncode, 1)
+        path = os.path.join(os.path.realpath(folder), "Track0001.kml")
+        self.assertIn("the track in %s is not complete" % path, result.stderr)
+        self.assertNotIn("track written to", result.stderr)
 
     def test_keeps_limits_and_reports_sounds(self):
         sounds = os.path.join(self.home, "Wav")
@@ -563,6 +605,46 @@ class Errors(HostTest):
                                     check=False)
         self.assertEqual(result.returncode, 1)
         self.assertIn("No space left", result.stderr)
+
+    def test_a_home_that_is_in_use(self):
+        first = self.start_host("--nmea", "-", stdin=subprocess.PIPE)
+        self.addCleanup(first.stdin.close)
+        lock = os.path.join(self.home, "ferolin.lock")
+        deadline = time.monotonic() + PATIENCE
+        while not os.path.exists(lock) and time.monotonic() < deadline:
+            time.sleep(0.01)
+        result = self.run_host("--demo", "--json", "--updates", "1")
+        self.assertEqual(result.returncode, 1)
+        self.assertEqual(result.stderr, "ferolin-host: another ferolin-host uses the folder %s: end it "
+                         "first, or choose another folder with --home\n"
+                         % os.path.realpath(self.home))
+        # Other homes are free, and so is this one when the first has gone, however it went.
+        home, self.home = self.home, self.path("other")
+        self.assertEqual(self.run_host("--json", "--updates", "1").returncode, 0)
+        self.home = home
+        first.kill()
+        first.wait()
+        self.assertEqual(self.run_host("--json", "--updates", "1").returncode, 0)
+
+    def run_in_shell(self, redirection, *arguments):
+        return subprocess.run(["sh", "-c", '"$@" ' + redirection, "sh"] + self.command(*arguments),
+                              stdin=subprocess.DEVNULL, capture_output=True, encoding="utf-8",
+                              timeout=PATIENCE, env=self.environment(), check=False)
+
+    def test_closed_standard_streams(self):
+        result = self.run_in_shell("<&-", "--json", "--updates", "1")
+        self.assertEqual((result.returncode, len(result.stdout.splitlines())), (0, 2))
+        result = self.run_in_shell("<&-", "--nmea", "-")
+        self.assertEqual(result.returncode, 1)
+        self.assertIn("cannot read standard input: Bad file descriptor", result.stderr)
+        result = self.run_in_shell(">&-", "--json", "--updates", "1")
+        self.assertEqual(result.returncode, 1)
+        self.assertIn("cannot write the read-outs: Bad file descriptor", result.stderr)
+        result = self.run_in_shell("2>&-", "--json", "--updates", "1")
+        self.assertEqual((result.returncode, len(result.stdout.splitlines())), (0, 2))
+        result = self.run_in_shell("<&- >&- 2>&-", "--shot", self.path("shot.png"), "--updates", "1")
+        self.assertEqual(result.returncode, 1)
+        self.assertTrue(os.path.exists(self.path("shot.png")))
 
     def test_help_and_version(self):
         result = self.run_host("--help")

@@ -137,6 +137,13 @@ class Pictures(WindowTest):
         self.assertIn("Speedometer", result.stderr)
         result = self.run_host("--updates", "5", "--shot", "/nonexistent/a.png", status=1)
         self.assertIn("/nonexistent/a.png", result.stderr)
+        self.assertNotIn("updates in", result.stderr, "it is refused at the start")
+        result = self.run_host("--updates", "5", "--shot", self.folder, status=1)
+        self.assertIn("cannot write %s: Is a directory" % self.folder, result.stderr)
+        result = self.run_host("--contact-sheet", "/nonexistent/s.png", status=1)
+        self.assertIn("cannot write /nonexistent/s.png: No such file", result.stderr)
+        result = self.run_host("--updates", "5", "--frames", "/proc/frames", status=1)
+        self.assertIn("/proc/frames", result.stderr)
         result = self.run_host("--updates", "5", "--contact-sheet", self.path("s.png"), status=1)
         self.assertIn("contact sheet", result.stderr)
 
@@ -162,6 +169,10 @@ class Window(WindowTest):
         self.assertIn("GPS status", result.stdout)
         self.run_host("--updates", "3", "--window", status=1, SDL_VIDEODRIVER="x11",
                       DISPLAY=":987")
+
+    def test_drawing_into_memory_is_no_window(self):
+        result = self.run_host("--updates", "3", "--window", status=1, SDL_VIDEODRIVER="offscreen")
+        self.assertIn("cannot open a window: there is no display", result.stderr)
 
     def test_ends_on_a_signal_and_keeps_its_settings(self):
         with subprocess.Popen(self.command("--invert"), stdin=subprocess.DEVNULL,

@@ -72,6 +72,11 @@ SDL_Rect ScreenOf(int displayIndex) {
   return screen;
 }
 
+/// Where there is no display, SDL goes on with a driver that draws into memory.
+bool IsInvisible() {
+  return std::string_view(SDL_GetCurrentVideoDriver()) == "offscreen";
+}
+
 constexpr int ANYWHERE = static_cast<int>(SDL_WINDOWPOS_UNDEFINED);
 
 }  // namespace
@@ -94,6 +99,11 @@ std::unique_ptr<Display> Display::Open(HWND window, bool isFullscreen, std::stri
   SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
   if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
     error = SDL_GetError();
+    return nullptr;
+  }
+  if (IsInvisible()) {
+    SDL_QuitSubSystem(SDL_INIT_VIDEO);
+    error = "there is no display";
     return nullptr;
   }
   std::unique_ptr<Display> display(new Display(window, client.right, client.bottom));
