@@ -74,15 +74,18 @@ class GpsdTest(ProgramTestCase):
         first = self.await_update(process, lambda sensors: sensors["GPS status"] == "OK")
         # 19.438 knots are 36 km/h.
         self.assertEqual(first["Speed"], "36.0 km/h")
-        # The receiver sends ten positions a second, each a second of its own time later.
+        # The receiver sends ten positions a second, each a second of its own time later. Those that
+        # a busy machine takes together show the last one's time; one a second would be ten apart.
         second = seconds_of(first["Current time"])
         for step in range(1, 21):
             sensors = self.next_update(process)
-            self.assertEqual(seconds_of(sensors["Current time"]), second + step)
+            passed = seconds_of(sensors["Current time"]) - second
+            self.assertGreaterEqual(passed, step)
+            self.assertLess(passed, step + 20)
         # It sends the altitude behind the position.
         self.assertEqual(sensors["Altitude"], "545.4 m")
         said = self.stop_host(process)
-        self.assertIn("sends sentences of GN", said)
+        self.assertRegex(said, "sends sentences of (GL, )?GN")
         self.assertNotIn("no sentences", said)
 
     def test_goes_on_when_gpsd_comes_late_goes_and_comes_back(self):
@@ -106,7 +109,7 @@ class GpsdTest(ProgramTestCase):
         sensors = self.await_update(process, lambda sensors: sensors["GPS status"] == "OK")
         self.assertEqual(sensors["Speed"], "36.0 km/h")
         said = self.stop_host(process)
-        self.assertNotIn("sends sentences of GN", said)
+        self.assertNotIn("sends sentences of", said)
 
 
 if __name__ == "__main__":
