@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "gdi/SizedFont.h"
 #include "handheld.h"
 #include "support/TempFolder.h"
 
@@ -59,6 +60,8 @@ class DamagedFont {
     bytes.at(start + offset + 1) = static_cast<char>(number);
   }
 
+  const std::string& GetBytes() const { return bytes; }
+
   /// Size of a figure of a font of this height.
   SIZE Measure(LONG height) const {
     const testing_support::TempFolder folder;
@@ -84,12 +87,15 @@ TEST(DamagedFontTest, OfLinesWithoutAHeightIsNoTrouble) {
   font.Measure(-20);
 }
 
-/// An em square of 16 units makes a figure 60 times as wide as high.
+/// An em square of 16 units makes a figure of 33,125 by 62,500 pixels.
 TEST(DamagedFontTest, OfHugeGlyphsIsMeasuredButNotDrawn) {
-  DamagedFont font;
-  EXPECT_EQ(530, font.Measure(-1000).cx);
-  font.Set("head", 18, 16);
-  EXPECT_EQ(530 * 1000 / 16, font.Measure(-1000).cx);
+  DamagedFont damaged;
+  damaged.Set("head", 18, 16);
+  const testing_support::TempFolder folder;
+  folder.Write("damaged.ttf", damaged.GetBytes());
+  handheld::gdi::SizedFont font({folder.Path("damaged.ttf"), 0}, -1000, 0);
+  EXPECT_EQ(530 * 1000 / 16, font.GetGlyph('8').width);
+  EXPECT_EQ(0U, font.GetBytes());
 }
 
 }  // namespace
