@@ -161,12 +161,12 @@ TEST_F(AppWindow, ShowsHiddenButtonsAtADoubleTapToo) {
 }
 
 TEST_F(AppWindow, FindsItsButtonsInALandscapeWindow) {
-  StartWithView(700, 240);
-  DoubleTap(350, 120);
-  // At the left, from the bottom: reset, an empty place, options, close.
-  Tap(25, 90);
+  StartWithView(700, 480);
+  DoubleTap(350, 240);
+  // At the left, from the bottom: reset, an empty place, options, close, each with 53 pixels.
+  Tap(25, 348);
   EXPECT_TRUE(AreViewsShown());
-  Tap(25, 90);
+  Tap(25, 348);
   EXPECT_FALSE(AreViewsShown());
 }
 
@@ -265,10 +265,8 @@ TEST_F(AppWindow, TellsThatTheReceiverIsSilentUntilItSpeaksAgain) {
   TapMiddle();
   EXPECT_EQ(DARK_THEME.warning, border());
   device->SetTimeRate(1);
-  EXPECT_TRUE(WaitUntil([&] {
-    Send(Rmc("120001", "A", "30"));
-    return border() != DARK_THEME.warning;
-  }));
+  SendPosition("120001", "12:00:01");
+  EXPECT_TRUE(WaitUntil([&] { return border() != DARK_THEME.warning; }));
 }
 
 TEST_F(AppWindow, ReadsAPortThatComesLater) {
@@ -277,10 +275,8 @@ TEST_F(AppWindow, ReadsAPortThatComesLater) {
   Start();
   receiver = device->Connect("COM1");
   device->SetTimeRate(20);  // it is looked for every ten seconds
-  EXPECT_TRUE(WaitUntil([&] {
-    Send(Rmc("120000", "A", "30"));
-    return GetEngine().GetCurRenderWidget() != FEROLIN_VIEW_NONE;
-  }));
+  SendPosition("120000", "12:00:00");
+  EXPECT_TRUE(WaitUntil([&] { return AreViewsShown(); }));
 }
 
 TEST_F(AppWindow, OpensThePortAnewWhenTheDeviceHasWokenUp) {
