@@ -16,7 +16,7 @@ import tempfile
 import unittest
 
 TOP = pathlib.Path(__file__).resolve().parents[2]
-LARGEST_SIZE = 200 * 1024
+LARGEST_SIZE = 160 * 1024
 EARLIEST_SYSTEM = 4.2
 # The device gives a thread's stack one page of 4 KB at a time, each when the one before it overflows: a function whose
 # frame is larger than a page can step over the next one.
