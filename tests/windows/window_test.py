@@ -1,0 +1,189 @@
+#!/usr/bin/env python3
+"""A new user of Ferolin.exe on a screen: chooses port and rate with the mouse, sees the speed, mirrors the picture, quits,
+and finds all of it kept. Real clicks (XTEST) on a real window (Xvfb, Wine's X11 driver).
+
+usage: in-wine <folder> window_test.py <folder with Ferolin.exe and Ferolin.dll>
+"""
+import os
+import pathlib
+import shutil
+import socket
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+TOP = pathlib.Path(__file__).resolve().parents[2]
+WIDTH, HEIGHT = 240, 700
+HEADER, ROW, GAP = 48, 48, 12
+WAITING_RECEIVER = 2
+SERIAL, PORT, BAUD_RATE = 1, 3, 4
+PICTURE, QUIT = 4, 11
+PATIENCE_S = 60
+BODY = "GPRMC,120000,A,4807.038,N,01131.000,E,030.0,084.4,230324,,"
+
+
+def sentence():
+    checksum = 0
+    for character in BODY:
+        checksum ^= ord(character)
+    return f"${BODY}*{checksum:02X}\r\n".encode()
+
+
+class Screen:
+    """An X server without a display; its pixels lie in a file."""
+
+    def __init__(self, folder):
+        self.pixels = folder / "Xvfb_screen0"
+        reading, writing = os.pipe()
+        self.server = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{WIDTH}x{HEIGHT}x24", "-fbdir", str(folder),
+             "-nolisten", "tcp"], pass_fds=[writing], stderr=subprocess.DEVNULL)
+        os.close(writing)
+        with os.fdopen(reading) as display:
+            self.environment = os.environ | {"DISPLAY": ":" + display.readline().strip()}
+
+    def close(self):
+        self.server.terminate()
+        self.server.wait()
+
+    def do(self, *action):
+        subprocess.run(["xdotool", *map(str, action)], check=True, env=self.environment)
+
+    def click(self, x, y):
+        self.do("mousemove", x, y, "mousedown", 1, "mouseup", 1)
+
+    def picture(self):
+        content = self.pixels.read_bytes()
+        return content[-WIDTH * HEIGHT * 4:]
+
+    def shows(self):
+        """What lies in the upper left corner: "view" is black, "page" a dark grey, "desktop" a strong blue."""
+        blue, green, red = self.picture()[:3]
+        return "view" if red == green == blue == 0 else "page" if blue < 0x40 else "desktop"
+
+
+class Line:
+    """The far end of a serial line, whose near end is COM1."""
+
+    def __init__(self):
+        self.connection = socket.create_connection(("127.0.0.1", int(os.environ["FEROLIN_TEST_LINES"])))
+        self.answers = self.connection.makefile()
+        port = pathlib.Path(os.environ["WINEPREFIX"], "dosdevices/com1")
+        port.unlink(missing_ok=True)
+        port.symlink_to(self.answers.readline().strip())
+
+    def close(self):
+        self.answers.close()
+        self.connection.close()
+
+    def send(self, content):
+        self.connection.sendall(f"send {len(content)}\n".encode() + content)
+        self.answers.readline()
+
+    def baud_rate(self):
+        self.connection.sendall(b"baud\n")
+        return int(self.answers.readline())
+
+
+def wine(*command):
+    return [os.environ["WINELOADER"], *command]
+
+
+def choose_driver(name):
+    subprocess.run(wine("reg", "add", r"HKCU\Software\Wine\Drivers", "/v", "Graphics", "/d", name, "/f"), check=True,
+                   capture_output=True)
+
+
+class WindowTest(unittest.TestCase):
+    parts = None
+
+    def setUp(self):
+        self.folder = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory()))
+        program = self.folder / "Ferolin"
+        program.mkdir()
+        for name in ("Ferolin.exe", "Ferolin.dll"):
+            shutil.copy(self.parts / name, program)
+        for name in ("Pics", "Wav"):
+            shutil.copytree(TOP / "assets" / name, program / name)
+        shutil.copy(TOP / "assets/lcd-u.ttf", program)
+        self.settings_file = program / "TachyMo.ini"
+        self.screen = Screen(self.folder)
+        self.addCleanup(self.screen.close)
+        choose_driver("x11")
+        self.addCleanup(choose_driver, "null")
+        self.line = Line()
+        self.addCleanup(self.line.close)
+
+    def settings_time(self):
+        """When the settings that hold the program's were written; 0 without any."""
+        is_complete = self.settings_file.exists() and b"Mirror=" in self.settings_file.read_bytes()
+        return self.settings_file.stat().st_mtime_ns if is_complete else 0
+
+    def start(self):
+        self.time_before = self.settings_time()
+        desktop = subprocess.Popen(
+            wine("explorer.exe", f"/desktop=ferolin,{WIDTH}x{HEIGHT}", str(self.folder / "Ferolin/Ferolin.exe")),
+            env=self.screen.environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.addCleanup(desktop.wait)
+        self.addCleanup(desktop.kill)
+        # The server's screen is black before the desktop comes.
+        self.wait_until(lambda: self.screen.shows() == "page", "no window")
+
+    def await_end(self):
+        """The program writes its settings last."""
+        self.wait_until(lambda: self.screen.shows() == "desktop", "the window stays")
+        self.wait_until(lambda: self.settings_time() > self.time_before, "no settings")
+        return self.settings_file.read_text(encoding="latin-1")
+
+    def wait_until(self, is_so, what):
+        deadline = time.monotonic() + PATIENCE_S
+        while not is_so():
+            self.assertLess(time.monotonic(), deadline, what)
+            time.sleep(0.05)
+
+    def await_view(self):
+        def is_view():
+            self.line.send(sentence())
+            return self.screen.shows() == "view"
+
+        self.wait_until(is_view, "no view")
+
+    def click_row(self, row, gaps_before=0):
+        self.screen.click(WIDTH // 2, HEADER + (row - gaps_before) * ROW + gaps_before * GAP + ROW // 2)
+
+    def click_back(self):
+        self.screen.click(24, 24)
+
+    def test_is_set_up_by_mouse_and_keeps_it(self):
+        self.start()
+        self.click_row(WAITING_RECEIVER, 1)
+        self.click_row(SERIAL)
+        self.click_row(PORT, 1)
+        self.click_row(0)
+        self.click_back()
+        self.click_row(BAUD_RATE, 1)
+        self.click_row(0)
+        self.click_back()
+        self.click_back()
+        self.wait_until(lambda: self.line.baud_rate() == 4800, "port not opened")
+        self.await_view()
+        self.screen.do("key", "Return")
+        self.click_row(PICTURE)
+        self.click_row(0)
+        self.click_back()
+        self.click_row(QUIT)
+        settings = self.await_end()
+        for kept in ("Port=COM1", "BaudRate=4800", "UseGpsApi=0", "Mirror=1"):
+            self.assertIn(kept, settings)
+
+        self.start()
+        self.await_view()
+        self.screen.do("key", "q")
+        self.assertIn("Mirror=1", self.await_end())
+
+
+if __name__ == "__main__":
+    WindowTest.parts = pathlib.Path(sys.argv[1])
+    unittest.main(argv=sys.argv[:1])
