@@ -1,9 +1,9 @@
 #include "run/WritableFolder.h"
 
-#include <limits.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <climits>
 #include <cstring>
 
 #include "base/HostError.h"
