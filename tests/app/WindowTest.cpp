@@ -294,7 +294,7 @@ TEST_F(AppWindow, OpensThePortAnewWhenTheDeviceHasWokenUp) {
 }
 
 TEST_F(AppWindow, KeepsNothingOfPagesThatWereClosed) {
-  StartWithView();
+  StartWithView(WIDTH, 320);
   OpenPage(rows::LIMITS);
   TapBack();
   TapBack();
@@ -302,10 +302,10 @@ TEST_F(AppWindow, KeepsNothingOfPagesThatWereClosed) {
   GetEngine().StopCallBack();
   const int handles = device->GetHandlesAlive();
   const int objects = device->GetDrawingObjectsAlive();
-  constexpr int ROUNDS = 200;
+  constexpr int ROUNDS = 200;  // of five pages each
   for (int round = 0; round < ROUNDS; ++round) {
     OpenSettings();
-    for (const int page : {rows::LIMITS, rows::READOUTS, rows::RESET, rows::ABOUT}) {
+    for (const int page : {rows::LIMITS, rows::READOUTS, rows::RESET, rows::RECEIVER}) {
       TapRow(page);
       TapBack();
     }
