@@ -9,6 +9,8 @@ namespace {
 /// Time that another program may take for its own changes.
 constexpr int BUSY_TIMEOUT_MS = 5000;
 constexpr mode_t OWNER_ONLY = 0600;
+/// Of a new database. Every commit writes whole pages: small ones spare memory cards.
+constexpr const char* PAGE_SIZE = "PRAGMA page_size = 1024";
 
 int CopyPath(sqlite3_vfs*, const char* path, int size, char* out) {
   sqlite3_snprintf(size, out, "%s", path);
@@ -39,6 +41,7 @@ Database::Database(const std::string& folderPath, const std::string& name, Missi
   }
   Open(name, missing);
   sqlite3_busy_timeout(Get(), BUSY_TIMEOUT_MS);
+  Execute(PAGE_SIZE);
   Execute("PRAGMA journal_mode = WAL");
   Execute("PRAGMA synchronous = FULL");
   Execute("PRAGMA foreign_keys = ON");

@@ -30,9 +30,12 @@ DriveRecorder::~DriveRecorder() {
 }
 
 void DriveRecorder::Take(Fix fix) {
-  fix.timeMs = fix.timeMs.value_or(NowMs());
   {
     const std::lock_guard lock(mutex);
+    if (!fix.timeMs) {
+      fix.timeMs = fix.hasFix ? NowMs() : latestTimeMs.value_or(NowMs());
+    }
+    latestTimeMs = fix.timeMs;
     waiting.fixes.push_back(fix);
   }
   changed.notify_all();

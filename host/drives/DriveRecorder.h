@@ -40,7 +40,8 @@ class DriveRecorder {
   /// Drives that ended without warning before.
   const std::vector<Drive>& GetEndedDrives() const { return endedDrives; }
 
-  /// Takes the next fix, on any thread. One without a time gets that of the computer.
+  /// Takes the next fix, on any thread. A position without a time gets that of the computer; a
+  /// moment without a fix and a time gets that of the fix before.
   void Take(Fix fix);
 
   /// Takes the trip as it is now.
@@ -94,6 +95,7 @@ class DriveRecorder {
   Batch waiting;
   /// The trip taken last.
   KeptTrip latestTrip;
+  std::optional<std::int64_t> latestTimeMs;
   bool stopped = false;
   bool hasProblem = false;
   std::optional<std::string> problem;

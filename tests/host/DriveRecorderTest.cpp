@@ -109,6 +109,17 @@ TEST_F(DriveRecorderTest, KeepsTheTripAlsoWithoutADrive) {
   EXPECT_EQ(later, Open()->GetTrip("HostTrip"));
 }
 
+TEST_F(DriveRecorderTest, AddsNothingForAGapOfReception) {
+  const auto recorder = Record();
+  recorder->Take(At(1000));
+  recorder->Take(At(2000));  // 36 km/h for 1 s: 10 m
+  recorder->Take(Fix());
+  recorder->Take(At(62000));
+  recorder->Finish();
+  EXPECT_NEAR(0.010, recorder->GetDrive()->distanceKm, 1e-12);
+  EXPECT_EQ(61000, recorder->GetDrive()->endMs - recorder->GetDrive()->startMs);
+}
+
 TEST_F(DriveRecorderTest, EndsADriveThatWasCutOff) {
   Open()->Add(Open()->Begin("gpsd", 1000), 1, At(5000));
   const auto recorder = Record();
