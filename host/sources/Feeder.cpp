@@ -139,8 +139,13 @@ void Feeder::WatchSilence(bool hasBytes) {
   }
   sentencesSeen = splitter.GetSentences();
   const int seconds = silence.CountSilentSeconds(now);
+  const bool isNew = reception.silentSeconds == 0;
   if (seconds > reception.silentSeconds && bridgeUse == Bridge::ON) {
-    Queue(MakeGap(reception.silentSeconds == 0));
+    Queue(MakeGap(isNew));
+    if (isNew && takeFix) {
+      fixReader.Finish();
+      takeFix(Fix());
+    }
   }
   reception = {source.GetTrouble(), seconds, silence.HasNoise(now)};
 }

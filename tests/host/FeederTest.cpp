@@ -182,11 +182,13 @@ TEST_F(FeederTest, FillsTheSilenceOfAReceiverWithoutAFix) {
   source = std::make_unique<SilentSource>();
   feeder = std::make_unique<Feeder>(
       *source, line, Feeder::Bridge::ON, 0, [](const Epoch&) {}, [this] { ended = true; });
+  feeder->TellFixes([this](const Fix& fix) { fixes += fix == Fix() ? 1 : 100; });
   feeder->Start();
   EXPECT_EQ(gap, Receive(gap.size()));
   EXPECT_TRUE(feeder->TakeStretchStart());
   feeder->Answer();
   EXPECT_EQ(gap, Receive(gap.size()));
+  EXPECT_EQ(1, fixes);
   EXPECT_FALSE(feeder->TakeStretchStart());
   EXPECT_LE(3, feeder->GetReport().reception.silentSeconds);
   feeder->Answer();
