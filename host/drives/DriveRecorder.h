@@ -19,13 +19,13 @@
 
 namespace host {
 
-/// Writes fixes and the trip to the disk on a thread of its own, so that a slow disk never holds up the engine.
-/// The drive begins with the first fix that has a position; without one nothing is kept. While the
-/// disk takes nothing, fixes are held in memory for a while.
+/// Writes fixes and the trip to the disk on a thread of its own, so that a slow disk never holds up
+/// the engine. The drive begins with the first fix that has a position; without one nothing is
+/// kept. While the disk takes nothing, fixes are held in memory for a while.
 class DriveRecorder {
  public:
-  /// A fix is on the disk so long after it came, and the time of the write. With the second in which
-  /// the next one comes, not more than three seconds are lost.
+  /// Longest wait of a fix before it is written. With the time of the write and the second until
+  /// the next fix, not more than three seconds are lost.
   static constexpr std::chrono::milliseconds COMMIT_INTERVAL{1500};
   /// Fixes held while the disk takes nothing: ten minutes at ten a second.
   static constexpr std::size_t MOST_HELD = 6000;

@@ -15,8 +15,8 @@
 
 namespace host {
 
-/// Keeps drives, their positions and the trips in the file drives.db of a folder. For one thread at a time.
-/// All methods throw HostError when the file cannot be used.
+/// Keeps drives, their positions and the trips in the file drives.db of a folder. For one thread at
+/// a time. All methods throw HostError when the file cannot be used.
 class DriveStore {
  public:
   static constexpr const char* FILE_NAME = "drives.db";

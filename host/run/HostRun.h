@@ -27,8 +27,9 @@ namespace host {
 /// Starts the source and the engine, shows every update, and keeps trip and choices at the end.
 class HostRun {
  public:
-  /// `options` are complete: kept choices are filled in. `home` is the folder of drives. `recording` is the opened file when one is
-  /// played, else null. All other arguments outlive the run. Throws HostError.
+  /// `options` are complete: kept choices are filled in. `home` is the folder of drives.
+  /// `recording` is the opened file when one is played, else null. All other arguments outlive the
+  /// run. Throws HostError.
   HostRun(const EngineLibrary& engine, const Options& options, const std::string& home,
           Choices& choices, std::unique_ptr<NmeaSource> recording, SignalWatcher& signals,
           StandardOutput& standard, Messages& messages);
