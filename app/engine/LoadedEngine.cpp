@@ -34,7 +34,7 @@ LoadedEngine::LoadedEngine() : module(LoadLibraryW(TEXT("Ferolin.dll"))) {
   isLoaded = module != nullptr;
 #define FIND(name)                               \
   ferolin::FindEntry(module, TEXT(#name), name); \
-  isLoaded = isLoaded && name != nullptr;
+  isLoaded = isLoaded && (name) != nullptr;
   FEROLIN_APP_FUNCTIONS(FIND)
 #undef FIND
 }

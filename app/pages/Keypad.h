@@ -12,7 +12,7 @@ class Keypad : public Screen {
   /// Starts with the present recipients. The session outlives the page.
   explicit Keypad(Session& session);
 
-  void Draw(Painter& painter) override;
+  void Draw(Painter& target) override;
   void OnPress(POINT point) override;
   Outcome OnRelease(POINT point) override;
   Outcome OnKey(WPARAM key) override;
@@ -22,12 +22,12 @@ class Keypad : public Screen {
   static constexpr int BACK = -2;
 
   /// Small screens have no room for a title: the number stands in its place then.
-  bool IsSmall(const Painter& painter) const;
-  RECT GetFieldRect(const Painter& painter) const;
-  RECT GetKeyRect(const Painter& painter, int key) const;
+  bool IsSmall(const Painter& target) const;
+  RECT GetFieldRect(const Painter& target) const;
+  RECT GetKeyRect(const Painter& target, int key) const;
   int FindKey(POINT point) const;
-  void DrawField(Painter& painter) const;
-  void DrawKey(Painter& painter, int key) const;
+  void DrawField(Painter& target) const;
+  void DrawKey(Painter& target, int key) const;
   Outcome Activate(int key);
   void Append(WCHAR character);
   void MoveFocus(int columns, int rows);

@@ -40,8 +40,8 @@ class ListPage : public Screen {
   bool CanPress(const Target& target) const;
   RECT GetPlace(int row) const;
   Target FindTarget(POINT point) const;
-  void DrawRows(Painter& painter);
-  void DrawScrollBar(Painter& painter);
+  void DrawRows(Painter& target);
+  void DrawScrollBar(Painter& target);
   Outcome Activate(const Target& target);
   Outcome ActivateRow(const Row& row, int index, RowPart part);
   void MoveFocus(int direction);

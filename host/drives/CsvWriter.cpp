@@ -29,7 +29,7 @@ void CsvWriter::BeginDrive(const Drive& begun) {
 }
 
 void CsvWriter::AddSegment(const TrackSegment& segment) {
-  const std::string numbers = std::to_string(drive) + "," + std::to_string(++segmentNumber);
+  const std::string numbers = std::to_string(drive) + "," + std::to_string(++segmentNumber) + ",";
   for (const Fix& fix : segment) {
     std::string moment = DescribeUtc(fix.timeMs);
     moment.replace(moment.find('T'), 1, ",");
@@ -38,11 +38,13 @@ void CsvWriter::AddSegment(const TrackSegment& segment) {
     if (metresPerSecond) {
       *metresPerSecond /= KMH_PER_METRE_PER_SECOND;
     }
-    file.Write(numbers + "," + moment + "," + DescribeCoordinate(fix.latitude) + "," +
-               DescribeCoordinate(fix.longitude) + Cell(fix.altitude, 1) +
-               Cell(metresPerSecond, 3) + Cell(fix.speedKmh, 2) + Cell(fix.course, 1) +
-               Cell(fix.hdop, 2) + "," + (fix.satellites ? std::to_string(*fix.satellites) : "") +
-               "\n");
+    std::string line = numbers;
+    line += moment;
+    line += "," + DescribeCoordinate(fix.latitude) + "," + DescribeCoordinate(fix.longitude);
+    line += Cell(fix.altitude, 1) + Cell(metresPerSecond, 3) + Cell(fix.speedKmh, 2);
+    line += Cell(fix.course, 1) + Cell(fix.hdop, 2);
+    line += "," + (fix.satellites ? std::to_string(*fix.satellites) : "") + "\n";
+    file.Write(line);
   }
 }
 

@@ -14,7 +14,7 @@ class CsvWriter : public TrackWriter {
   explicit CsvWriter(TextFile& file) : file(file) {}
 
   void Begin() override;
-  void BeginDrive(const Drive& drive) override;
+  void BeginDrive(const Drive& begun) override;
   void AddSegment(const TrackSegment& segment) override;
 
  private:

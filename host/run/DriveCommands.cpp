@@ -79,7 +79,7 @@ void DriveCommands::Run(const Options& options) {
 }
 
 DriveStore DriveCommands::Open() const {
-  return DriveStore(home, Database::Missing::REFUSE);
+  return {home, Database::Missing::REFUSE};
 }
 
 void DriveCommands::List() {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstring>
+#include <ranges>
 #include <vector>
 
 #include "base/HostError.h"
@@ -120,8 +121,8 @@ KeptTrip Trip::GetStates() const {
 /// The first key set stands last in the file.
 void Trip::Store() const {
   const KeptTrip states = GetStates();
-  for (auto each = states.states.rbegin(); each != states.states.rend(); ++each) {
-    settings.Set(KeyOf(each->first), each->second);
+  for (const auto& [sensor, state] : std::views::reverse(states.states)) {
+    settings.Set(KeyOf(sensor), state);
   }
   settings.Set(RUN, std::to_string(run));
 }

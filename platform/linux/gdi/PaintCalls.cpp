@@ -7,25 +7,25 @@ namespace handheld::gdi {
 
 extern "C" {
 
-HDC WINAPI BeginPaint(HWND handle, PAINTSTRUCT* paint) {
+HDC WINAPI BeginPaint(HWND window, PAINTSTRUCT* paint) {
   return Guarded<HDC>(nullptr, [&]() -> HDC {
     if (paint == nullptr) {
       return Fail<HDC>(ERROR_INVALID_PARAMETER, nullptr);
     }
-    const auto window = WindowTable::Instance().Validate(handle);
-    if (!window) {
+    const auto found = WindowTable::Instance().Validate(window);
+    if (!found) {
       return Fail<HDC>(ERROR_INVALID_WINDOW_HANDLE, nullptr);
     }
-    const HDC dc = GetDC(handle);
+    const HDC dc = GetDC(window);
     if (const UsedContext context(dc); context) {
-      context->visible = window->invalid;
+      context->visible = found->invalid;
     }
     *paint = {};
     paint->hdc = dc;
-    paint->rcPaint = window->invalid;
-    if (window->isEraseDue) {
+    paint->rcPaint = found->invalid;
+    if (found->isEraseDue) {
       const LRESULT isErased =
-          window->procedure(handle, WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc), 0);
+          found->procedure(window, WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc), 0);
       paint->fErase = isErased == 0 ? TRUE : FALSE;
     }
     return dc;

@@ -15,15 +15,15 @@ BOOL WINAPI InvalidateRect(HWND window, const RECT* rect, BOOL erase) {
   });
 }
 
-BOOL WINAPI UpdateWindow(HWND handle) {
+BOOL WINAPI UpdateWindow(HWND window) {
   return Guarded<BOOL>(FALSE, [&] {
-    const auto window = WindowTable::Instance().Find(handle);
-    if (!window) {
+    const auto found = WindowTable::Instance().Find(window);
+    if (!found) {
       return Fail(ERROR_INVALID_WINDOW_HANDLE, FALSE);
     }
-    const bool isDue = window->invalid.left < window->invalid.right;
-    if (isDue && window->queue == MessageQueue::OfThisThread()) {
-      window->procedure(handle, WM_PAINT, 0, 0);
+    const bool isDue = found->invalid.left < found->invalid.right;
+    if (isDue && found->queue == MessageQueue::OfThisThread()) {
+      found->procedure(window, WM_PAINT, 0, 0);
     }
     return TRUE;
   });
