@@ -3,6 +3,9 @@
 #include <ferolin.h>
 
 #include <string>
+#include <vector>
+
+#include "handheld.h"
 
 namespace host {
 
@@ -61,6 +64,15 @@ void RunSummary::SayNews() {
   }
   for (const std::string& news : receptionNotices.TakeNews(report.reception)) {
     messages.Say(news);
+  }
+  SayUnreadableFiles();
+}
+
+/// Views and warnings do without them.
+void RunSummary::SayUnreadableFiles() {
+  const std::vector<std::string> files = handheld::UnreadableFiles();
+  for (; unreadableFilesSaid < files.size(); ++unreadableFilesSaid) {
+    messages.Say(files[unreadableFilesSaid] + " is missing or damaged");
   }
 }
 

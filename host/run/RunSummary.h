@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
 
 #include "base/Messages.h"
@@ -37,6 +38,7 @@ class RunSummary {
 
  private:
   void SayDuration(std::uint64_t updates);
+  void SayUnreadableFiles();
 
   const Options& options;
   const PositionSource& source;
@@ -45,6 +47,7 @@ class RunSummary {
   BridgeNotices notices;
   ReceptionNotices receptionNotices;
   SoundTally sounds;
+  std::size_t unreadableFilesSaid = 0;
   std::chrono::steady_clock::time_point start;
   bool hadPosition = false;
 };

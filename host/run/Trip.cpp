@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cstring>
-#include <ranges>
 #include <vector>
 
 #include "base/HostError.h"
@@ -121,9 +120,8 @@ KeptTrip Trip::GetStates() const {
 /// The first key set stands last in the file.
 void Trip::Store() const {
   const KeptTrip states = GetStates();
-  for (const auto& [sensor, state] : std::views::reverse(states.states)) {
-    settings.Set(KeyOf(sensor), state);
-  }
+  std::for_each(states.states.rbegin(), states.states.rend(),
+                [this](const auto& each) { settings.Set(KeyOf(each.first), each.second); });
   settings.Set(RUN, std::to_string(run));
 }
 

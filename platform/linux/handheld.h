@@ -106,6 +106,10 @@ void MapPath(const std::u16string& devicePath, const std::string& linuxPath);
 std::u16string DevicePath(const std::string& path);
 std::string LinuxPath(const std::u16string& devicePath);
 
+/// Linux paths of the pictures, fonts and sounds that were missing or damaged when they were asked
+/// for, each once, in order.
+std::vector<std::string> UnreadableFiles();
+
 // Screen.
 
 /// Size in pixels and resolution in dots per inch of the screen; windows created later with

@@ -40,6 +40,7 @@ class Assets(FaultCase):
         self.assertIn("sounds played", result.stderr)
         self.assertIn("kept as drive", result.stderr)
         self.assertIn("Address=+111", self.settings())
+        self.messages = result.stderr
         with open(frame, "rb") as file:
             return result.stdout, file.read()
 
@@ -47,17 +48,21 @@ class Assets(FaultCase):
         for name in os.listdir(self.pictures):
             change(os.path.join(self.pictures, name))
 
-    def check(self, **environment):
-        """All views are drawn; read-outs, sounds, drive and settings are as ever."""
+    def check(self, damaged="", **environment):
+        """All views are drawn; read-outs, sounds, drive and settings are as ever. The user is told
+        of the damaged file."""
         for view in range(VIEWS):
             readouts, frame = self.play(view, **environment)
+            self.assertEqual(self.messages.count("is missing or damaged") > 0, damaged != "")
+            self.assertIn(damaged, self.messages)
             self.assertEqual(readouts, self.readouts)
             self.assertTrue(frame.startswith(b"\x89PNG") and frame.endswith(b"IEND\xaeB`\x82"))
 
     def test_no_pictures(self):
         sound = self.play()[1]
+        self.assertNotIn("is missing or damaged", self.messages)
         self.for_each_picture(os.remove)
-        self.check()
+        self.check("Pics/")
         self.assertNotEqual(self.play()[1], sound)
 
     def test_no_folder_of_pictures_is_made_up_for(self):
@@ -88,20 +93,20 @@ class Assets(FaultCase):
         for change in (halve, scramble, overwrite, empty, replace_by_folder):
             with self.subTest(change.__name__):
                 self.for_each_picture(change)
-                self.check()
+                self.check("Pics/")
 
     def test_broken_and_missing_display_font(self):
         for content in (b"", b"no font", os.urandom(20000)):
             with open(self.font, "wb") as file:
                 file.write(content)
-            self.check()
+            self.check("lcd-u.ttf")
         with open(self.font, "wb") as file, \
                 open(os.path.join(os.path.dirname(self.program), "lcd-u.ttf"), "rb") as whole:
             file.write(whole.read()[:5000])
-        self.check()
+        self.check()  # a font still, of fewer glyphs
         os.remove(self.font)
         os.mkdir(self.font)
-        self.check()
+        self.check("lcd-u.ttf")
 
     def test_no_fonts_at_all(self):
         os.mkdir(self.path("fonts"))

@@ -5,6 +5,7 @@
 #include <imaging.h>
 #include <png.h>
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <fstream>
@@ -107,6 +108,9 @@ TEST_F(Imaging, OpensNoFileThatIsMissingOrNoPicture) {
   std::ofstream(Path()) << "GIF89a, perhaps";
   EXPECT_TRUE(FAILED(Open(Path())));
   EXPECT_TRUE(FAILED(Open(folder.Path())));
+  const std::vector<std::string> files = handheld::UnreadableFiles();
+  EXPECT_EQ(1, std::ranges::count(files, Path()));
+  EXPECT_EQ(1, std::ranges::count(files, folder.Path()));
 }
 
 TEST_F(Imaging, ACutOffFileOpensButDoesNotDecode) {
@@ -114,6 +118,8 @@ TEST_F(Imaging, ACutOffFileOpensButDoesNotDecode) {
   // Into the pixels: the end marker takes the last 12 bytes.
   std::filesystem::resize_file(Path(), std::filesystem::file_size(Path()) - 20);
   EXPECT_TRUE(Read().empty());
+  const std::vector<std::string> files = handheld::UnreadableFiles();
+  EXPECT_EQ(1, std::ranges::count(files, Path()));
 }
 
 TEST_F(Imaging, KnowsNoOtherClass) {

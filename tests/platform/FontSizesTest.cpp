@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <algorithm>
 #include <climits>
 #include <fstream>
 #include <iterator>
@@ -76,6 +77,18 @@ class DamagedFont {
  private:
   std::string bytes;
 };
+
+TEST(DamagedFontTest, IsNamedWhenItIsNoFont) {
+  const testing_support::TempFolder folder;
+  folder.Write("damaged.ttf", "no font");
+  const std::u16string path = folder.DevicePath("damaged.ttf");
+  AddFontResourceW(path.c_str());
+  Measure(20, u"Any face");
+  Measure(30, u"Any face");
+  RemoveFontResourceW(path.c_str());
+  const std::vector<std::string> files = handheld::UnreadableFiles();
+  EXPECT_EQ(1, std::ranges::count(files, folder.Path("damaged.ttf")));
+}
 
 TEST(DamagedFontTest, OfLinesWithoutAHeightIsNoTrouble) {
   DamagedFont font;

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "gdi/RegisteredFonts.h"
 #include "handheld.h"
 #include "support/TempFolder.h"
@@ -13,6 +15,14 @@ TEST(Fonts, MustExist) {
   EXPECT_EQ(0, AddFontResourceW(folder.DevicePath("none.ttf").c_str()));
   EXPECT_FALSE(RemoveFontResourceW(folder.DevicePath("none.ttf").c_str()));
   EXPECT_EQ(0, AddFontResourceW(nullptr));
+}
+
+TEST(Fonts, AreNamedWhenTheyAreMissing) {
+  const TempFolder folder;
+  EXPECT_EQ(0, AddFontResourceW(folder.DevicePath("missing.ttf").c_str()));
+  EXPECT_EQ(0, AddFontResourceW(folder.DevicePath("missing.ttf").c_str()));
+  const std::vector<std::string> files = handheld::UnreadableFiles();
+  EXPECT_EQ(1, std::ranges::count(files, folder.Path("missing.ttf")));
 }
 
 TEST(Fonts, GoWhenRemovedAsOftenAsAdded) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <mmsystem.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <cstdlib>
@@ -54,6 +55,13 @@ TEST_F(Sounds, AreStartedAndRemembered) {
   ASSERT_EQ(1u, started.size());
   EXPECT_EQ(folder.DevicePath("Wav/Limit.wav"), started[0].path);
   EXPECT_EQ(0x22001u, started[0].flags);
+}
+
+TEST_F(Sounds, AreNamedWhenTheyAreMissing) {
+  EXPECT_FALSE(Play("Wav/Zero.wav"));
+  EXPECT_FALSE(Play("Wav/Zero.wav"));
+  const std::vector<std::string> files = handheld::UnreadableFiles();
+  EXPECT_EQ(1, std::ranges::count(files, folder.Path("Wav/Zero.wav")));
 }
 
 TEST_F(Sounds, AreFoundWhateverTheirCase) {

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "files/UnreadableFiles.h"
 #include "gdi/RegisteredFonts.h"
 #include "handheld.h"
 
@@ -39,6 +40,9 @@ FontFile FindAdded(const std::string& faceName) {
     auto family = families.find(path);
     if (family == families.end()) {
       family = families.emplace(path, FamilyOf(path)).first;
+      if (family->second.empty()) {
+        AddUnreadableFile(path);
+      }
     }
     if (strcasecmp(family->second.c_str(), faceName.c_str()) == 0) {
       return {path, 0};

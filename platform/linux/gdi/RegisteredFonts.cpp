@@ -6,6 +6,7 @@
 
 #include "core/LastError.h"
 #include "files/Paths.h"
+#include "files/UnreadableFiles.h"
 #include "text/WideText.h"
 
 namespace handheld {
@@ -37,6 +38,7 @@ Registry& TheRegistry() {
 int Add(LPCWSTR fileName) {
   const Location location = Locate(fileName);
   if (!location.exists) {
+    AddUnreadableFile(location.path);
     return Fail(location.GetMissingError(), 0);
   }
   Registry& registry = TheRegistry();

@@ -8,6 +8,7 @@
 #include "../../shared/Counted.h"
 #include "core/LastError.h"
 #include "files/Paths.h"
+#include "files/UnreadableFiles.h"
 #include "imaging/PngFile.h"
 
 namespace handheld {
@@ -101,6 +102,7 @@ class ImagingFactory final : public Counted<IImagingFactory> {
       const Location location = Locate(fileName);
       auto file = location.exists ? PngFile::Open(location.path) : std::nullopt;
       if (!file) {
+        AddUnreadableFile(location.path);
         return E_FAIL;
       }
       *image = new Image(std::move(*file));
@@ -132,6 +134,7 @@ class ImagingFactory final : public Counted<IImagingFactory> {
       }
       auto pixels = file.Decode();
       if (!pixels) {
+        AddUnreadableFile(file.path);
         return E_FAIL;
       }
       *bitmap = new BitmapImage(file.width, file.height, std::move(*pixels));

@@ -4,6 +4,7 @@
 #include "core/History.h"
 #include "core/LastError.h"
 #include "files/Paths.h"
+#include "files/UnreadableFiles.h"
 #include "handheld.h"
 #include "sound/SoundPlayer.h"
 #include "text/WideText.h"
@@ -30,6 +31,7 @@ BOOL Play(LPCWSTR sound, DWORD flags) {
   }
   const Location location = Locate(sound);
   if (!location.exists || !IsPlainFile(location.path)) {
+    AddUnreadableFile(location.path);
     return Fail(ERROR_FILE_NOT_FOUND, FALSE);
   }
   Started().Add({WideText(sound), flags});
