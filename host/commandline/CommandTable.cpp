@@ -28,16 +28,12 @@ CommandTable::CommandTable(CLI::App& app, Options& options) : app(app), options(
 void CommandTable::AddDrives() {
   CLI::App& drives = *app.add_subcommand("drives");
   drives.fallthrough();
-  drives.parse_complete_callback([this] {
-    if (options.action == Options::Action::RUN) {
-      options.action = Options::Action::LIST_DRIVES;
-    }
-  });
+  drives.parse_complete_callback([this] { Choose(Options::Action::LIST_DRIVES); });
   CLI::App& remove = *drives.add_subcommand("delete");
   remove.fallthrough();
   remove.add_option("N", options.drives.which);
   remove.add_flag("--yes", options.drives.isConfirmed);
-  remove.parse_complete_callback([this] { options.action = Options::Action::DELETE_DRIVE; });
+  remove.parse_complete_callback([this] { Choose(Options::Action::DELETE_DRIVE); });
 }
 
 void CommandTable::AddExport() {
@@ -48,7 +44,14 @@ void CommandTable::AddExport() {
   AddFile(command, "--kml", options.drives.kmlFile);
   AddFile(command, "--csv", options.drives.csvFile);
   AddFile(command, "--geojson", options.drives.geoJsonFile);
-  command.parse_complete_callback([this] { options.action = Options::Action::EXPORT_DRIVES; });
+  command.parse_complete_callback([this] { Choose(Options::Action::EXPORT_DRIVES); });
+}
+
+/// "drives delete" is complete before "drives" is, and --help comes before both.
+void CommandTable::Choose(Options::Action action) {
+  if (options.action == Options::Action::RUN) {
+    options.action = action;
+  }
 }
 
 void CommandTable::AddFile(CLI::App& command, const char* name, std::string& target) {

@@ -27,6 +27,7 @@ class CommandTable {
  private:
   void AddDrives();
   void AddExport();
+  void Choose(Options::Action action);
   void AddFile(CLI::App& command, const char* name, std::string& target);
   void RefuseRunOptions() const;
 

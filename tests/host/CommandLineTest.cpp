@@ -78,6 +78,12 @@ TEST(CommandLine, TakesAnExportToSeveralFiles) {
   EXPECT_FALSE(map.writeKml);
 }
 
+TEST(CommandLine, HelpsWithACommandThatIsNotComplete) {
+  EXPECT_EQ(Options::Action::HELP, ParseOptions({"export", "--help"}).action);
+  EXPECT_EQ(Options::Action::HELP, ParseOptions({"export", "last", "-h"}).action);
+  EXPECT_EQ(Options::Action::HELP, ParseOptions({"drives", "delete", "--help"}).action);
+}
+
 TEST(CommandLine, RefusesCommandsThatMakeNoSense) {
   EXPECT_EQ("drives delete needs N, the number of a drive", ErrorOf({"drives", "delete"}));
   EXPECT_EQ("drives delete needs N, the number of a drive", ErrorOf({"drives", "delete", "x"}));
