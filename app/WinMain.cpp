@@ -1,6 +1,6 @@
 #include <windows.h>
 
-#include "window/Application.h"
+#include "window/Program.h"
 
 /// The command line is not read.
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, LPWSTR, int) {

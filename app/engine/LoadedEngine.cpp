@@ -4,7 +4,6 @@
 #include <new>
 
 #include "base/CodePage.h"
-#include "base/ModuleFunction.h"
 
 namespace app {
 
@@ -30,14 +29,7 @@ WideString ReadLongText(Get get) {
 
 }  // namespace
 
-LoadedEngine::LoadedEngine() : module(LoadLibraryW(TEXT("Ferolin.dll"))) {
-  isLoaded = module != nullptr;
-#define FIND(name)                               \
-  ferolin::FindEntry(module, TEXT(#name), name); \
-  isLoaded = isLoaded && (name) != nullptr;
-  FEROLIN_APP_FUNCTIONS(FIND)
-#undef FIND
-}
+LoadedEngine::LoadedEngine() : module(LoadLibraryW(TEXT("Ferolin.dll"))), missing(Bind(module)) {}
 
 LoadedEngine::~LoadedEngine() {
   if (module != nullptr) {

@@ -94,7 +94,7 @@ WideString DescribeLicense(const Session&, int) {
   return GetWord(Word::MIT_LICENSE);
 }
 WideString DescribeTrouble(const Session& session, int) {
-  return GetWord(session.receiver.GetTrouble());
+  return session.receiver.DescribeTrouble();
 }
 int CanShowViews(const Session& session, int) {
   return session.receiver.HasUpdates() ? 1 : 0;

@@ -26,6 +26,7 @@ class PageStack {
   void CloseAll() { pages.clear(); }
 
   bool IsOpen(PageId page) const;
+  bool IsTop(PageId page) const { return !pages.empty() && pages.back().id == page; }
   /// The page to be seen; null when none is open.
   Screen* GetTop() const { return pages.empty() ? nullptr : pages.back().screen.get(); }
 

@@ -11,6 +11,12 @@ namespace {
 constexpr int BAUD_RATES[] = {
     4800, 9600, 19200, 38400, 57600, 115200, 2400, 300, Receiver::KEEP_PORT_SPEED};
 
+WideString DescribeReceiver(const Session& session, int) {
+  return session.receiver.Describe();
+}
+WideString DescribeChoice(const Session&, int) {
+  return GetWord(Word::CHOSEN_AT_START);
+}
 int IsService(const Session& session, int) {
   return session.receiver.UsesService() ? 1 : 0;
 }
@@ -68,6 +74,11 @@ constexpr Row RECEIVER_ROWS[] = {
      .page = PageId::BAUD_RATE},
 };
 
+/// Shown where the receiver is the choice of the surroundings.
+constexpr Row CHOSEN_ROWS[] = {
+    {.kind = RowKind::READOUT, .getLabel = &DescribeReceiver, .getText = &DescribeChoice},
+};
+
 constexpr Row PORT_ROW = {
     .kind = RowKind::CHOICE, .getLabel = &NamePort, .get = &IsPortChosen, .set = &ChoosePort};
 constexpr Row NO_PORTS_ROW = {.kind = RowKind::HEADING, .label = Word::NO_PORTS};
@@ -78,8 +89,8 @@ constexpr Row BAUD_RATE_ROW = {.kind = RowKind::CHOICE,
 
 }  // namespace
 
-Rows MakeReceiverRows(const Session&) {
-  return RowsOf(RECEIVER_ROWS);
+Rows MakeReceiverRows(const Session& session) {
+  return session.receiver.CanBeChosen() ? RowsOf(RECEIVER_ROWS) : RowsOf(CHOSEN_ROWS);
 }
 
 Rows MakePortRows(const Session&) {

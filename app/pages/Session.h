@@ -6,10 +6,11 @@
 
 namespace app {
 
-/// For the engine's thread. The engine outlives it.
+/// For the engine's thread. The engine and the surroundings, which may be null, outlive it.
 class Session {
  public:
-  explicit Session(const LoadedEngine& engine) : engine(engine), receiver(engine) {}
+  Session(const LoadedEngine& engine, const Surroundings* surroundings)
+      : engine(engine), receiver(engine, surroundings) {}
   Session(const Session&) = delete;
 
   const LoadedEngine& engine;

@@ -14,8 +14,10 @@ constexpr DWORD REOPEN_INTERVAL_MS = 10'000;
 }  // namespace
 
 void Receiver::Start(HWND hostWindow) {
-  window = hostWindow;
-  StartAfresh();
+  if (CanBeChosen()) {
+    window = hostWindow;
+    StartAfresh();
+  }
 }
 
 void Receiver::UseService(bool isService) {
@@ -36,6 +38,9 @@ void Receiver::SetBaudRate(int baudRate) {
 
 /// Choosing the source again opens it anew, unless the engine has given it up: then a start does.
 void Receiver::Reopen() {
+  if (!CanBeChosen()) {
+    return;
+  }
   engine.SetUseGPSAPI(UsesService() ? 1 : 0);
   if (window != nullptr) {
     engine.StartCallBack(window);
@@ -67,11 +72,15 @@ bool Receiver::OnUpdate() {
 }
 
 bool Receiver::TellsSomething() const {
+  if (surroundings != nullptr) {
+    return surroundings->DescribeTrouble().empty();
+  }
   return !UsesService() || engine.GetValueOfSensor(FEROLIN_SENSOR_GPS_STATUS) == TEXT("OK");
 }
 
 bool Receiver::IsSilent() const {
-  return GetTickCount() - lastUpdateMs >= SILENCE_MS;
+  const bool isTold = surroundings == nullptr || !surroundings->DescribeTrouble().empty();
+  return isTold && GetTickCount() - lastUpdateMs >= SILENCE_MS;
 }
 
 void Receiver::OnSecond() {
@@ -85,6 +94,9 @@ void Receiver::OnSecond() {
 }
 
 WideString Receiver::Describe() const {
+  if (surroundings != nullptr) {
+    return surroundings->DescribeSource();
+  }
   if (UsesService()) {
     return GetWord(Word::GPS_SERVICE);
   }
@@ -96,15 +108,23 @@ WideString Receiver::Describe() const {
   return baudRate > 0 ? port + ferolin::Widen(ferolin::Format(", %i", baudRate)) : port;
 }
 
+WideString Receiver::DescribeTrouble() const {
+  const WideString told = surroundings != nullptr ? surroundings->DescribeTrouble() : WideString();
+  return told.empty() ? GetWord(trouble) : told;
+}
+
 Word Receiver::Diagnose() const {
   if (UsesService()) {
-    return Word::NO_POSITION;
+    return hasData ? Word::POSITION_LOST : Word::NO_POSITION;
   }
   const WideString port = engine.GetPortName();
   if (port.empty()) {
     return Word::NO_PORT_CHOSEN;
   }
-  return IsSerialPort(port) ? Word::NO_DATA : Word::PORT_IS_MISSING;
+  if (!IsSerialPort(port)) {
+    return Word::PORT_IS_MISSING;
+  }
+  return hasData ? Word::DATA_ENDED : Word::NO_DATA;
 }
 
 }  // namespace app

@@ -42,6 +42,7 @@ constexpr std::array<Translation, static_cast<std::size_t>(Word::COUNT)> WORDS =
     {TEXT("Baud rate"), TEXT("Скорость порта")},
     {TEXT("As the port has it"), TEXT("Как у порта")},
     {TEXT("No ports found"), TEXT("Портов не найдено")},
+    {TEXT("Chosen when the program was started"), TEXT("Выбран при запуске программы")},
     // Picture
     {TEXT("Mirror"), TEXT("Зеркально")},
     {TEXT("Upside down"), TEXT("Вверх ногами")},
@@ -72,6 +73,8 @@ constexpr std::array<Translation, static_cast<std::size_t>(Word::COUNT)> WORDS =
     {TEXT("The port is not there"), TEXT("Порта нет")},
     {TEXT("No data yet"), TEXT("Данных пока нет")},
     {TEXT("No position yet"), TEXT("Положения пока нет")},
+    {TEXT("No data"), TEXT("Данных нет")},
+    {TEXT("No position"), TEXT("Положения нет")},
     {TEXT("Show the views"), TEXT("Показать виды")},
 }};
 

@@ -39,6 +39,7 @@ enum class Word {
   BAUD_RATE,
   AS_SET,
   NO_PORTS,
+  CHOSEN_AT_START,
   // Picture
   MIRROR,
   UPSIDE_DOWN,
@@ -69,6 +70,8 @@ enum class Word {
   PORT_IS_MISSING,
   NO_DATA,
   NO_POSITION,
+  DATA_ENDED,
+  POSITION_LOST,
   SHOW_VIEWS,
   COUNT
 };

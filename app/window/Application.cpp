@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "window/FullScreen.h"
+#include "window/Notice.h"
 #include "window/Preferences.h"
 
 namespace app {
@@ -26,43 +27,6 @@ POINT PointOf(LPARAM packed) {
 
 }  // namespace
 
-struct Application::Button {
-  LPARAM code;
-  void (Application::*answer)();
-};
-
-struct Application::Key {
-  WPARAM key;
-  void (Application::*answer)();
-};
-
-const Application::Button Application::BUTTONS[] = {
-    {FEROLIN_BUTTON_PREVIOUS_VIEW, &Application::GoToPrevious},
-    {FEROLIN_BUTTON_NEXT_VIEW, &Application::GoToNext},
-    {FEROLIN_BUTTON_RESET_ALL, &Application::OpenReset},
-    {FEROLIN_BUTTON_SEND_SMS, &Application::OpenSms},
-    {FEROLIN_BUTTON_OPTIONS, &Application::OpenSettings},
-    {FEROLIN_BUTTON_CLOSE, &Application::Quit},
-    {FEROLIN_BUTTON_FLIP_HORIZONTALLY, &Application::ToggleMirror},
-    {FEROLIN_BUTTON_ROTATE_SCREEN, &Application::ToggleTurn},
-};
-
-const Application::Key Application::KEYS[] = {
-    {VK_LEFT, &Application::GoToPrevious},
-    {VK_RIGHT, &Application::GoToNext},
-    {VK_RETURN, &Application::OpenSettings},
-    {'O', &Application::OpenSettings},
-    {'H', &Application::ToggleMirror},
-    {'V', &Application::ToggleFlip},
-    {'R', &Application::ToggleTurn},
-    {'I', &Application::ToggleColors},
-    {'B', &Application::ToggleButtons},
-    {'S', &Application::OpenSms},
-    {VK_HOME, &Application::OpenReset},
-    {VK_DELETE, &Application::OpenReset},
-    {'Q', &Application::Quit},
-};
-
 Application::~Application() {
   if (window != nullptr) {
     DestroyWindow(window);
@@ -83,7 +47,9 @@ bool Application::Start(HINSTANCE instance) {
   ApplyPreferences(session, *views);
   session.receiver.Start(window);
   pages.Open(PageId::WAITING);
-  SetTimer(window, SECOND_TIMER, SECOND_MS, nullptr);
+  if (surroundings == nullptr) {
+    SetTimer(window, SECOND_TIMER, SECOND_MS, nullptr);
+  }
   ShowTop();
   return true;
 }
@@ -160,6 +126,9 @@ LRESULT Application::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         session.receiver.Reopen();
       }
       return TRUE;
+    case WM_CLOSE:
+      OnClose();
+      return 0;
     case WM_DESTROY:
       OnDestroy();
       return 0;
@@ -169,14 +138,19 @@ LRESULT Application::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void Application::OnNotification(LPARAM code) {
-  if (code == FEROLIN_BUTTON_NONE) {
-    OnUpdate();
+  if (code != FEROLIN_BUTTON_NONE) {
+    if (views->AreShown()) {
+      views->NoteButton();
+      Do(FindButtonCommand(code));
+    }
+  } else if (surroundings != nullptr) {
+    surroundings->OnUpdate();
   } else {
-    OnButton(code);
+    ShowUpdate();
   }
 }
 
-void Application::OnUpdate() {
+void Application::ShowUpdate() {
   const bool isFirst = session.receiver.OnUpdate();
   if (isFirst && pages.IsOpen(PageId::WAITING)) {
     LeaveWaiting();
@@ -193,18 +167,6 @@ void Application::LeaveWaiting() {
   pages.Close(PageId::WAITING);
   if (pages.GetTop() == nullptr) {
     ShowTop();
-  }
-}
-
-void Application::OnButton(LPARAM code) {
-  if (!views->AreShown()) {
-    return;
-  }
-  views->NoteButton();
-  for (const Button& button : BUTTONS) {
-    if (button.code == code) {
-      (this->*button.answer)();
-    }
   }
 }
 
@@ -246,25 +208,22 @@ void Application::OnRelease(POINT point) {
     return;
   }
   views->OnRelease(point);
-  if (views->AreShown() && session.receiver.IsSilent()) {
-    DrawNotice();
+  if (views->AreShown()) {
+    ShowNotice();
   }
 }
 
+/// Some keys of a window that another program shows answer over its pages, too. There is nothing to
+/// go back to from the waiting page.
 void Application::OnKey(WPARAM key) {
-  if (Screen* page = pages.GetTop()) {
-    ApplyOutcome(page->OnKey(key));
+  const Command command = FindKeyCommand(key);
+  const bool isAboutWindow = command == Command::TOGGLE_FULL_SCREEN || command == Command::QUIT ||
+                             (command == Command::LEAVE && pages.IsTop(PageId::WAITING));
+  Screen* page = pages.GetTop();
+  if (page == nullptr || (surroundings != nullptr && isAboutWindow)) {
+    Do(command);
   } else {
-    OnViewKey(key);
-  }
-}
-
-void Application::OnViewKey(WPARAM key) {
-  for (const Key& each : KEYS) {
-    if (each.key == key) {
-      (this->*each.answer)();
-      return;
-    }
+    ApplyOutcome(page->OnKey(key));
   }
 }
 
@@ -287,12 +246,15 @@ void Application::OnSecond() {
     session.receiver.Reopen();
   }
   session.receiver.OnSecond();
-  if (pages.GetTop() == nullptr) {
-    if (session.receiver.IsSilent()) {
-      DrawNotice();
-    }
-  } else if (pages.GetTop()->IsLive()) {
-    DrawPage(*pages.GetTop());
+  ShowReception();
+}
+
+void Application::ShowReception() {
+  Screen* page = pages.GetTop();
+  if (page == nullptr) {
+    ShowNotice();
+  } else if (page->IsLive()) {
+    DrawPage(*page);
   }
 }
 
@@ -305,8 +267,14 @@ void Application::OnPaint() {
     return;
   }
   views->PresentAgain();
-  if (session.receiver.IsSilent()) {
-    DrawNotice();
+  ShowNotice();
+}
+
+void Application::OnClose() {
+  if (surroundings != nullptr) {
+    surroundings->OnQuit();
+  } else {
+    DestroyWindow(window);
   }
 }
 
@@ -316,12 +284,70 @@ void Application::OnDestroy() {
   KillTimer(window, STEP_TIMER);
   views->Hide();
   engine.StopCallBack();
-  KeepPreferences(session, *views);
+  KeepChoices();
   pages.CloseAll();
   views.reset();
   window = nullptr;
   theApplication = nullptr;
-  PostQuitMessage(0);
+  if (surroundings == nullptr) {
+    PostQuitMessage(0);
+  }
+}
+
+void Application::KeepChoices() const {
+  KeepPreferences(session, *views);
+}
+
+void Application::Do(Command command) {
+  switch (command) {
+    case Command::PREVIOUS_VIEW:
+      views->GoBy(-1);
+      break;
+    case Command::NEXT_VIEW:
+      views->GoBy(1);
+      break;
+    case Command::OPEN_SETTINGS:
+      OpenPage(PageId::SETTINGS);
+      break;
+    case Command::OPEN_RESET:
+      OpenPage(PageId::RESET);
+      break;
+    case Command::OPEN_SMS:
+      if (engine.IsSMSExist() != 0) {
+        OpenPage(PageId::SMS);
+      }
+      break;
+    case Command::MIRROR:
+      views->ToggleMirror();
+      break;
+    case Command::FLIP:
+      views->ToggleFlip();
+      break;
+    case Command::TURN:
+      views->ToggleTurn();
+      break;
+    case Command::INVERT_COLORS:
+      views->ToggleColors();
+      break;
+    case Command::TOGGLE_BUTTONS:
+      views->ToggleButtons();
+      break;
+    case Command::TOGGLE_FULL_SCREEN:
+      if (surroundings != nullptr) {
+        surroundings->ToggleFullScreen();
+      }
+      break;
+    case Command::LEAVE:
+      if (surroundings != nullptr) {
+        Quit();
+      }
+      break;
+    case Command::QUIT:
+      Quit();
+      break;
+    case Command::NONE:
+      break;
+  }
 }
 
 void Application::OpenPage(PageId page) {
@@ -374,68 +400,16 @@ void Application::DrawPage(Screen& page) {
   painter.ShowIn(window, painter.GetFrameRect());
 }
 
-/// A strip over the middle of the view. The next frame of the engine covers it.
-void Application::DrawNotice() {
-  constexpr int HEIGHT = 44;
-  constexpr Painter::TextSize TEXT_SIZE = {16, 10};
-  BeginFrame();
-  const Theme& theme = session.isLightTheme ? LIGHT_THEME : DARK_THEME;
-  const int top = (painter.GetHeight() - painter.PixelsFrom(HEIGHT)) / 2;
-  const RECT strip = {0, top, painter.GetWidth(), top + painter.PixelsFrom(HEIGHT)};
-  const int middle = (strip.top + strip.bottom) / 2;
-  const int margin = painter.PixelsFrom(4);
-  painter.GetShapes().DrawFrame(strip, 0, painter.PixelsFrom(1), theme.warning, theme.row);
-  painter.DrawText(GetWord(session.receiver.GetTrouble()),
-                   {margin, strip.top + margin / 2, painter.GetWidth() - margin, middle}, TEXT_SIZE,
-                   theme.warning, Painter::Align::CENTER);
-  painter.DrawText(session.receiver.Describe(),
-                   {margin, middle, painter.GetWidth() - margin, strip.bottom - margin / 2},
-                   TEXT_SIZE, theme.text, Painter::Align::CENTER);
-  painter.ShowIn(window, strip);
-}
-
-void Application::ToggleMirror() {
-  engine.SetInvertHorz(engine.GetInvertHorz() == 0 ? 1 : 0);
-  views->PresentAgain();
-}
-
-void Application::ToggleFlip() {
-  engine.SetInvertVert(engine.GetInvertVert() == 0 ? 1 : 0);
-  views->PresentAgain();
-}
-
-void Application::ToggleColors() {
-  engine.SetInvertColor(engine.GetInvertColor() == 0 ? 1 : 0);
-  views->PresentAgain();
-}
-
-/// The last frame has the old shape.
-void Application::ToggleTurn() {
-  engine.SetInvertOrient(engine.GetInvertOrient() == 0 ? 1 : 0);
-  views->Redraw();
-}
-
-void Application::OpenSms() {
-  if (engine.IsSMSExist() != 0) {
-    OpenPage(PageId::SMS);
+void Application::ShowNotice() {
+  if (session.receiver.IsSilent()) {
+    BeginFrame();
+    painter.ShowIn(window, DrawNotice(painter, session));
   }
 }
 
+/// Posted: the present message is still being dealt with.
 void Application::Quit() {
   PostMessageW(window, WM_CLOSE, 0, 0);
-}
-
-int RunApplication(HINSTANCE instance) {
-  Application application;
-  if (!application.Start(instance)) {
-    return 1;
-  }
-  MSG message;
-  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-    TranslateMessage(&message);
-    DispatchMessageW(&message);
-  }
-  return static_cast<int>(message.wParam);
 }
 
 }  // namespace app

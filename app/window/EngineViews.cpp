@@ -84,6 +84,27 @@ void EngineViews::ToggleButtons() {
   PresentAgain();
 }
 
+void EngineViews::ToggleMirror() {
+  engine.SetInvertHorz(engine.GetInvertHorz() == 0 ? 1 : 0);
+  PresentAgain();
+}
+
+void EngineViews::ToggleFlip() {
+  engine.SetInvertVert(engine.GetInvertVert() == 0 ? 1 : 0);
+  PresentAgain();
+}
+
+/// The last frame has the old shape.
+void EngineViews::ToggleTurn() {
+  engine.SetInvertOrient(engine.GetInvertOrient() == 0 ? 1 : 0);
+  Redraw();
+}
+
+void EngineViews::ToggleColors() {
+  engine.SetInvertColor(engine.GetInvertColor() == 0 ? 1 : 0);
+  PresentAgain();
+}
+
 /// Middle of the first button of the common bar, which lies at the top or, if the window is wider
 /// than high, at the left, filled from the bottom.
 POINT EngineViews::FindFirstButton() const {

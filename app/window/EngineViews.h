@@ -33,6 +33,13 @@ class EngineViews {
   void Redraw();
   void ToggleButtons();
 
+  // Choices of the picture, seen at once.
+
+  void ToggleMirror();
+  void ToggleFlip();
+  void ToggleTurn();
+  void ToggleColors();
+
   // Touches.
 
   void OnPress(POINT point);

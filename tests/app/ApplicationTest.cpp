@@ -60,7 +60,8 @@ ApplicationTest::~ApplicationTest() {
 }
 
 void ApplicationTest::Start(int width, int height) {
-  application = std::make_unique<Application>();
+  engine = std::make_unique<LoadedEngine>();
+  application = std::make_unique<Application>(*engine);
   ASSERT_TRUE(application->Start(nullptr));
   MoveWindow(GetWindow(), 0, 0, width, height, TRUE);
   Pump();
@@ -80,6 +81,7 @@ void ApplicationTest::Quit() {
     EXPECT_FALSE(IsRunning());
   }
   application.reset();
+  engine.reset();
 }
 
 void ApplicationTest::Pump() {

@@ -61,7 +61,7 @@ class ApplicationTest : public testing::Test {
   void Quit();
   bool IsRunning() const { return application != nullptr && application->GetWindow() != nullptr; }
 
-  const LoadedEngine& GetEngine() const { return application->GetEngine(); }
+  const LoadedEngine& GetEngine() const { return *engine; }
   HWND GetWindow() const { return application->GetWindow(); }
 
   /// Dispatches all messages that have come.
@@ -115,6 +115,7 @@ class ApplicationTest : public testing::Test {
 
   std::unique_ptr<e2e::Device> device;
   std::unique_ptr<e2e::Receiver> receiver;
+  std::unique_ptr<LoadedEngine> engine;
   std::unique_ptr<Application> application;
 };
 

@@ -74,6 +74,21 @@ class PagePictures : public ApplicationTest, public testing::WithParamInterface<
 
   ~PagePictures() override { handheld::SetScreen(240, 320, 96); }
 
+  void StartWithPort() {
+    device->WriteFile("TachyMo.ini",
+                      "[Application]\r\nUseGpsApi=0\r\nPort=COM1\r\nBaudRate=4800\r\n"
+                      "[SMS]\r\n");
+    engine = std::make_unique<LoadedEngine>();
+    application = std::make_unique<Application>(*engine);
+    ASSERT_TRUE(application->Start(nullptr));
+    Pump();
+  }
+
+  void SendFirstPosition() {
+    SendPosition("120000", "12:00:00");
+    ASSERT_TRUE(WaitUntil([&] { return GetEngine().GetCurRenderWidget() != FEROLIN_VIEW_NONE; }));
+  }
+
   void ForgetFocus() { Tap(GetParam().size.width - 1, 1); }
 
   /// Opens the row that the focus reaches with so many steps down, and forgets the focus.
@@ -116,12 +131,7 @@ std::string NameOf(const Shown& shown) {
 
 TEST_P(PagePictures, AreThoseThatWereLookedAt) {
   Sheet sheet(GetParam().size);
-  device->WriteFile("TachyMo.ini",
-                    "[Application]\r\nUseGpsApi=0\r\nPort=COM1\r\nBaudRate=4800\r\n"
-                    "[SMS]\r\n");
-  application = std::make_unique<Application>();
-  ASSERT_TRUE(application->Start(nullptr));
-  Pump();
+  StartWithPort();
   GetEngine().SetSMSParams(TEXT("+79161234567,+79031112233"),
                            TEXT("I am at %Latitude% %Longitude%, %Speed% km/h: %GoogleMaps%"), 10,
                            1, 1);
@@ -131,8 +141,7 @@ TEST_P(PagePictures, AreThoseThatWereLookedAt) {
   EXPECT_TRUE(WaitUntil([&] { return GetEngine().GetSpeedEventsCount() == 3; }));
   ForgetFocus();
   Take(sheet);
-  SendPosition("120000", "12:00:00");
-  ASSERT_TRUE(WaitUntil([&] { return GetEngine().GetCurRenderWidget() != FEROLIN_VIEW_NONE; }));
+  SendFirstPosition();
   OpenSettings();
   Take(sheet);
   Key(VK_UP);  // to the last row, with the focus
@@ -164,6 +173,27 @@ TEST_P(PagePictures, AreThoseThatWereLookedAt) {
   OpenRow(rows::SMS + 1);
   TakePage(sheet, 1);
   ferolin::ExpectGolden("pages-" + NameOf(GetParam()), sheet.Join());
+}
+
+/// Rows of a picture from `top` on.
+Pixels CutOut(const Pixels& picture, int top, int height) {
+  const auto first = picture.rows.begin() + top * picture.width;
+  return {picture.width, height, {first, first + height * picture.width}};
+}
+
+TEST_P(PagePictures, TellThatTheReceiverIsSilent) {
+  const Size& size = GetParam().size;
+  const int unit = std::max(size.dpi, 96 * std::min(size.width, size.height) / 320);
+  const int height = 44 * unit / 96;
+  const int top = (size.height - height) / 2;
+  StartWithPort();
+  SendFirstPosition();
+  device->SetTimeRate(60);
+  ASSERT_TRUE(
+      WaitUntil([&] { return GetPixel(size.width / 2, top) == DARK_THEME.warning; }, 60'000));
+  EXPECT_EQ(0, application->CountClippedTexts());
+  ferolin::ExpectGolden("silence-" + NameOf(GetParam()),
+                        CutOut(handheld::WindowPixels(GetWindow()), top, height));
 }
 
 INSTANTIATE_TEST_SUITE_P(Sizes, PagePictures, testing::ValuesIn(AllShown()), [](const auto& shown) {

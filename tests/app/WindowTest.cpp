@@ -76,7 +76,7 @@ TEST_F(AppWindow, LeavesAPageOpenWhenTheFirstPositionComes) {
 
 TEST_F(AppWindow, RunsOnlyOnce) {
   StartWithPosition();
-  Application second;
+  Application second(GetEngine());
   EXPECT_FALSE(second.Start(nullptr));
   OpenSettings();
   EXPECT_FALSE(AreViewsShown());
