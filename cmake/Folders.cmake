@@ -82,13 +82,14 @@ ferolin_folder(siblings/parlex USES platform/api platform/linux siblings/common)
 # The reference host
 ferolin_folder(host/base)
 ferolin_folder(host/commandline USES host/base)
-ferolin_folder(host/engine USES include platform/api platform/linux host/base)
 ferolin_folder(host/sources USES platform/api platform/linux siblings/common host/base)
+ferolin_folder(host/engine USES include platform/api platform/linux host/base host/sources)
 ferolin_folder(host/drives USES host/base host/sources)
 ferolin_folder(host/window
   USES include platform/api platform/linux platform/linux/display host/base host/commandline
        host/engine)
-ferolin_folder(host/outputs USES include platform/linux host/base host/engine host/window)
+ferolin_folder(host/outputs
+  USES include platform/linux host/base host/sources host/engine host/window)
 ferolin_folder(host/run
   USES include platform/api platform/linux host/base host/commandline host/engine host/sources
        host/drives host/window host/outputs)

@@ -2,7 +2,10 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
+
+#include "sources/MovingTime.h"
 
 namespace host {
 
@@ -18,6 +21,8 @@ struct Drive {
   std::int64_t endMs = 0;
   double distanceKm = 0;
   double highestKmh = 0;
+  /// Nothing for a drive of an older version.
+  std::optional<MovingTime::Sums> moving = {};
 };
 
 }  // namespace host

@@ -12,7 +12,7 @@ namespace {
 constexpr double MS_PER_HOUR = 3600000;
 
 /// Widths of the columns that are aligned at their right, and the blanks before each.
-constexpr std::array<std::size_t, 6> WIDTHS = {5, 18, 10, 11, 12, 12};
+constexpr std::array<std::size_t, 8> WIDTHS = {5, 18, 10, 11, 12, 12, 12, 10};
 
 using Row = std::array<std::string, WIDTHS.size()>;
 
@@ -21,6 +21,7 @@ std::string Line(const Row& row) {
   for (std::size_t i = 0; i < row.size(); ++i) {
     line += PadLeft(row[i], WIDTHS[i]);
   }
+  line.resize(line.find_last_not_of(' ') + 1);
   return line;
 }
 
@@ -33,14 +34,27 @@ double AverageKmh(const Drive& drive) {
   return hours > 0 ? drive.distanceKm / hours : 0;
 }
 
+/// Empty for a drive without a motion, or of an older version; so is the time stopped.
+std::string DescribeMovingAverage(const Drive& drive) {
+  const std::optional<double> kmh = drive.moving ? drive.moving->GetAverageKmh() : std::nullopt;
+  return kmh ? DescribeSpeed(*kmh) : std::string();
+}
+
+std::string DescribeStop(const Drive& drive) {
+  return drive.moving ? DescribeDuration(drive.moving->stoppedMs) : std::string();
+}
+
 }  // namespace
 
 std::string ListDrives(const std::vector<Drive>& drives) {
-  std::string list = Line({"Drive", "Start", "Duration", "Distance", "Highest", "Average"}) + "\n";
+  std::string list =
+      Line({"Drive", "Start", "Duration", "Distance", "Highest", "Average", "Moving", "Stopped"}) +
+      "\n";
   for (const Drive& drive : drives) {
     list += Line({std::to_string(drive.number), DescribeMoment(drive.startMs),
                   DescribeDuration(drive.endMs - drive.startMs), DescribeDistance(drive.distanceKm),
-                  DescribeSpeed(drive.highestKmh), DescribeSpeed(AverageKmh(drive))}) +
+                  DescribeSpeed(drive.highestKmh), DescribeSpeed(AverageKmh(drive)),
+                  DescribeMovingAverage(drive), DescribeStop(drive)}) +
             (drive.isEnded ? "" : "  (not ended)") + "\n";
   }
   return list;

@@ -9,7 +9,7 @@
 namespace host {
 
 /// One line for each drive below a line of headings, with the start in the user's time zone,
-/// duration, distance, highest and average speed.
+/// duration, distance, highest and average speed, the average without standing, and the time stopped.
 std::string ListDrives(const std::vector<Drive>& drives);
 
 /// "drive 3 of 21 Nov, 47.2 km".

@@ -44,8 +44,19 @@ CREATE TABLE trips (
 ) WITHOUT ROWID;
 )";
 
+/// Kilometres and milliseconds in motion, and milliseconds at a standstill. NULL in what an older
+/// version kept.
+constexpr const char* MOVING_TIMES = R"(
+ALTER TABLE drives ADD COLUMN moving_km REAL;
+ALTER TABLE drives ADD COLUMN moving_ms INTEGER;
+ALTER TABLE drives ADD COLUMN stopped_ms INTEGER;
+ALTER TABLE trips ADD COLUMN moving_km REAL;
+ALTER TABLE trips ADD COLUMN moving_ms INTEGER;
+ALTER TABLE trips ADD COLUMN stopped_ms INTEGER;
+)";
+
 /// The step at index 0 makes version 1.
-constexpr std::array STEPS = {DRIVES, TRIPS};
+constexpr std::array STEPS = {DRIVES, TRIPS, MOVING_TIMES};
 
 std::size_t GetVersion(Database& database) {
   Statement statement(database, "PRAGMA user_version");

@@ -32,6 +32,12 @@ Fix ReadFix(const Statement& row) {
   return fix;
 }
 
+/// Zeros for what an older version kept.
+MovingTime::Sums ReadMoving(const Statement& row, int column) {
+  return {row.GetReal(column).value_or(0), row.GetInteger(column + 1).value_or(0),
+          row.GetInteger(column + 2).value_or(0)};
+}
+
 }  // namespace
 
 DriveStore::DriveStore(const std::string& folder, Database::Missing missing)
@@ -54,10 +60,12 @@ void DriveStore::Add(std::int64_t drive, std::int64_t number, const Fix& fix) {
 }
 
 void DriveStore::End(const Drive& drive) {
+  const MovingTime::Sums moving = drive.moving.value_or(MovingTime::Sums());
   Statement(database,
-            "UPDATE drives SET start_ms = ?, end_ms = ?, distance_km = ?, highest_kmh = ? "
-            "WHERE number = ?")
-      .With(drive.startMs, drive.endMs, drive.distanceKm, drive.highestKmh, drive.number)
+            "UPDATE drives SET start_ms = ?, end_ms = ?, distance_km = ?, highest_kmh = ?, "
+            "moving_km = ?, moving_ms = ?, stopped_ms = ? WHERE number = ?")
+      .With(drive.startMs, drive.endMs, drive.distanceKm, drive.highestKmh, moving.movingKm,
+            moving.movingMs, moving.stoppedMs, drive.number)
       .Run();
 }
 
@@ -88,6 +96,9 @@ std::vector<Drive> DriveStore::Read(const char* sql) {
     drive.endMs = row.GetInteger(3).value_or(drive.startMs);
     drive.distanceKm = row.GetReal(4).value_or(0);
     drive.highestKmh = row.GetReal(5).value_or(0);
+    if (row.GetReal(6)) {
+      drive.moving = ReadMoving(row, 6);
+    }
     if (!drive.isEnded) {
       AddUp(drive);
     }
@@ -121,19 +132,22 @@ void DriveStore::KeepTrip(const KeptTrip& trip) {
   for (const auto& [sensor, state] : trip.states) {
     states += std::to_string(sensor) + " " + state + "\n";
   }
-  Statement(database, "INSERT OR REPLACE INTO trips VALUES (?, ?, ?)")
-      .With(trip.name, trip.run, states)
+  Statement(database, "INSERT OR REPLACE INTO trips VALUES (?, ?, ?, ?, ?, ?)")
+      .With(trip.name, trip.run, states, trip.moving.movingKm, trip.moving.movingMs,
+            trip.moving.stoppedMs)
       .Run();
 }
 
 std::optional<KeptTrip> DriveStore::GetTrip(const std::string& name) {
-  Statement row(database, "SELECT run, states FROM trips WHERE name = ?");
+  Statement row(database,
+                "SELECT run, states, moving_km, moving_ms, stopped_ms FROM trips WHERE name = ?");
   if (!row.With(name).Next()) {
     return std::nullopt;
   }
   KeptTrip trip;
   trip.name = name;
   trip.run = row.GetInteger(0).value_or(0);
+  trip.moving = ReadMoving(row, 2);
   std::istringstream states(row.GetText(1));
   int sensor = 0;
   std::string state;

@@ -22,6 +22,7 @@ void DriveTotals::Add(const Fix& fix) {
   durationMs += stepMs;
   endMs = timeMs;
   lastKmh = kmh;
+  moving.Add(fix);
   hasBegun = true;
 }
 
@@ -30,6 +31,7 @@ void DriveTotals::PutInto(Drive& drive) const {
   drive.endMs = endMs;
   drive.distanceKm = distanceKm;
   drive.highestKmh = highestKmh;
+  drive.moving = moving.GetSums();
 }
 
 }  // namespace host

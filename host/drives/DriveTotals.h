@@ -7,6 +7,7 @@
 #include "drives/Drive.h"
 #include "sources/ClockWatch.h"
 #include "sources/Fix.h"
+#include "sources/MovingTime.h"
 
 namespace host {
 
@@ -23,6 +24,7 @@ class DriveTotals {
 
  private:
   ClockWatch clock;
+  MovingTime moving;
   std::int64_t endMs = 0;
   std::int64_t durationMs = 0;
   double distanceKm = 0;

@@ -1,9 +1,11 @@
-// The states of a trip's read-outs.
+// What is kept of a trip.
 #pragma once
 
 #include <cstdint>
 #include <map>
 #include <string>
+
+#include "sources/MovingTime.h"
 
 namespace host {
 
@@ -14,6 +16,7 @@ struct KeptTrip {
   std::int64_t run = 0;
   /// Texts of saveable sensors, by their index; without line ends.
   std::map<int, std::string> states;
+  MovingTime::Sums moving = {};
 
   bool operator==(const KeptTrip&) const = default;
 };

@@ -6,6 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "sources/Fix.h"
+#include "sources/MovingTime.h"
+
 namespace host {
 
 /// Name and value of a sensor, in UTF-8; an empty value is a missing one.
@@ -25,6 +28,11 @@ struct Update {
   Readouts readouts;
   /// What is wrong with the reception, such as "no data for 12 s"; empty when nothing is.
   std::string notice;
+  /// What the receiver said about the moment of the update; nothing when its sentences do not pass
+  /// through the host.
+  std::optional<Fix> fix = {};
+  /// Of the whole trip.
+  MovingTime::Sums moving = {};
 };
 
 }  // namespace host

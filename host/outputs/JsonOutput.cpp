@@ -5,11 +5,11 @@
 namespace host {
 
 void JsonOutput::Show(const Update& update) {
-  output.Write(JsonUpdate(update));
+  output.Write(JsonUpdate(update, ReadFigures(engine)));
 }
 
 void JsonOutput::Finish(const Update& last, const Readouts& registry) {
-  output.Write(JsonEnd(last.number, registry));
+  output.Write(JsonEnd(last, ReadFigures(engine), registry));
 }
 
 }  // namespace host

@@ -127,6 +127,9 @@ void HostRun::ShowUpdate() {
   const Feeder::Report report = source.GetReport();
   update.progress = report.progress;
   update.notice = Describe(report.reception);
+  update.fix = source.GetFix();
+  trip.OnUpdate(update.fix);
+  update.moving = trip.GetMoving();
   output->Show(update);
   reports.OnUpdate(update);
   summary.OnUpdate(update);

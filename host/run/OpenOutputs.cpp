@@ -25,7 +25,7 @@ std::unique_ptr<Output> OpenOutput(const Options& options, const EngineLibrary& 
                                    const ViewWindow* window, StandardOutput& standard,
                                    Messages& messages) {
   if (options.json) {
-    return std::make_unique<JsonOutput>(standard);
+    return std::make_unique<JsonOutput>(standard, engine);
   }
   if (ShowsTable(options)) {
     messages.Hold();

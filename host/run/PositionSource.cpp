@@ -165,6 +165,10 @@ void PositionSource::Answer() {
   }
 }
 
+std::optional<Fix> PositionSource::GetFix() const {
+  return FillsSilence() ? std::optional(feeder->GetFix()) : std::nullopt;
+}
+
 Feeder::Report PositionSource::GetReport() const {
   if (feeder) {
     return feeder->GetReport();

@@ -43,6 +43,10 @@ class PositionSource {
   /// Call after every update: the next position may come.
   void Answer();
 
+  /// What the receiver said about the moment of the latest update; nothing when its sentences do
+  /// not pass through the host.
+  std::optional<Fix> GetFix() const;
+
   /// When the engine reads by itself, only its silence is known.
   Feeder::Report GetReport() const;
 

@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <charconv>
 #include <cstring>
+#include <utility>
 #include <vector>
 
 #include "base/HostError.h"
 #include "base/Suggestion.h"
+#include "drives/DriveTexts.h"
 #include "handheld.h"
 
 namespace host {
@@ -14,11 +16,17 @@ namespace host {
 namespace {
 
 constexpr const char* RUN = "Run";
+constexpr int METRE_DECIMALS = 3;
+constexpr const char* MOVING_KM = "MovingKm";
+constexpr const char* MOVING_MS = "MovingMs";
+constexpr const char* STOPPED_MS = "StoppedMs";
 
-std::int64_t ParseRun(const std::string& text) {
-  std::int64_t run = 0;
-  std::from_chars(text.data(), text.data() + text.size(), run);
-  return run;
+/// 0 when the text is no number.
+template <class Number>
+Number Parse(const std::string& text) {
+  Number number = 0;
+  std::from_chars(text.data(), text.data() + text.size(), number);
+  return number;
 }
 
 std::string KeyOf(int sensor) {
@@ -82,7 +90,10 @@ std::set<int> Trip::FindResets(const std::vector<std::string>& names) const {
 KeptTrip Trip::ReadSettings() const {
   KeptTrip kept;
   kept.name = name;
-  kept.run = ParseRun(settings.Get(RUN));
+  kept.run = Parse<std::int64_t>(settings.Get(RUN));
+  kept.moving = {Parse<double>(settings.Get(MOVING_KM)),
+                 Parse<std::int64_t>(settings.Get(MOVING_MS)),
+                 Parse<std::int64_t>(settings.Get(STOPPED_MS))};
   for (int i = 0; i < engine.CountSensors(); ++i) {
     if (engine.IsSensorSaveable(i)) {
       kept.states[i] = settings.Get(KeyOf(i));
@@ -92,7 +103,7 @@ KeptTrip Trip::ReadSettings() const {
 }
 
 /// True when a state was restored.
-bool Trip::Restore(const KeptTrip& kept, const std::set<int>& resets) const {
+bool Trip::Restore(const KeptTrip& kept, const std::set<int>& resets) {
   bool isRestored = false;
   for (const auto& [sensor, state] : kept.states) {
     if (state.empty() || resets.contains(sensor) || !engine.IsSensorSaveable(sensor)) {
@@ -102,13 +113,29 @@ bool Trip::Restore(const KeptTrip& kept, const std::set<int>& resets) const {
         engine().SetSensorRegistryString(sensor, handheld::WideFromUtf8(state).c_str()) != 0;
     isRestored |= isTaken;
   }
+  if (!resets.contains(FEROLIN_SENSOR_ELAPSED)) {
+    moving.Resume(kept.moving);
+  }
   return isRestored;
+}
+
+std::int64_t Trip::GetElapsed() const {
+  return Parse<std::int64_t>(engine.GetSensorState(FEROLIN_SENSOR_ELAPSED));
+}
+
+void Trip::OnUpdate(const std::optional<Fix>& fix) {
+  const std::int64_t elapsedBefore = std::exchange(elapsed, GetElapsed());
+  if (elapsed < elapsedBefore) {
+    moving.Resume({});
+  }
+  moving.Add(fix.value_or(Fix()));
 }
 
 KeptTrip Trip::GetStates() const {
   KeptTrip states;
   states.name = name;
   states.run = run;
+  states.moving = moving.GetSums();
   for (int i = 0; i < engine.CountSensors(); ++i) {
     if (engine.IsSensorSaveable(i)) {
       states.states[i] = engine.GetSensorState(i);
@@ -122,6 +149,9 @@ void Trip::Store() const {
   const KeptTrip states = GetStates();
   std::for_each(states.states.rbegin(), states.states.rend(),
                 [this](const auto& each) { settings.Set(KeyOf(each.first), each.second); });
+  settings.Set(STOPPED_MS, std::to_string(states.moving.stoppedMs));
+  settings.Set(MOVING_MS, std::to_string(states.moving.movingMs));
+  settings.Set(MOVING_KM, DescribeNumber(states.moving.movingKm, METRE_DECIMALS));
   settings.Set(RUN, std::to_string(run));
 }
 

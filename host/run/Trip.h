@@ -30,6 +30,13 @@ class Trip {
   /// Name of the trip.
   static std::string NameOf(Options::Source source);
 
+  /// Takes the moment of an update; nothing when it is not known. A trip that the user has started
+  /// anew loses its moving time, too.
+  void OnUpdate(const std::optional<Fix>& fix);
+
+  /// Since the start of the trip.
+  const MovingTime::Sums& GetMoving() const { return moving.GetSums(); }
+
   KeptTrip GetStates() const;
 
   /// Keeps the present states in the settings file.
@@ -38,12 +45,16 @@ class Trip {
  private:
   std::set<int> FindResets(const std::vector<std::string>& names) const;
   KeptTrip ReadSettings() const;
-  bool Restore(const KeptTrip& kept, const std::set<int>& resets) const;
+  bool Restore(const KeptTrip& kept, const std::set<int>& resets);
+  std::int64_t GetElapsed() const;
 
   const EngineLibrary& engine;
   const std::string name;
   Settings settings;
   std::int64_t run = 0;
+  MovingTime moving;
+  /// At the last update, in seconds.
+  std::int64_t elapsed = 0;
 };
 
 }  // namespace host

@@ -149,6 +149,9 @@ void EpochSplitter::Append(std::string_view bytes, std::string_view sentence,
   if (MakesUpdate(sentence)) {
     epoch.updates = 1;
     epoch.timeMs = TimeMs(original);
+    if (fixes != nullptr && !epoch.startsStretch) {
+      epoch.fix = fixes->GetPresent();
+    }
     Flush();
   }
 }

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "sources/ClockWatch.h"
+#include "sources/Fix.h"
 #include "sources/FixReader.h"
 #include "sources/ReceiverBridge.h"
 
@@ -24,6 +25,8 @@ struct Epoch {
   std::optional<std::int64_t> timeMs;
   /// The receiver's clock has jumped: the piece is one RMC without a fix, made by the splitter.
   bool startsStretch = false;
+  /// What the receiver said about the RMC's moment up to the RMC; empty without a reader of fixes.
+  Fix fix;
   /// Bytes from the start of the source to the end of this piece.
   std::uint64_t sourceOffset = 0;
 };

@@ -53,8 +53,13 @@ Feeder::Feeder(NmeaSource& source, const PseudoTerminal& line, Bridge bridgeUse,
       splitter(bridgeUse == Bridge::ON ? &bridge : nullptr,
                [this](Epoch epoch) { Queue(std::move(epoch)); }),
       silence(Clock::now()),
-      fixReader([this](const Fix& fix) { OnFix(fix); }),
-      patience(LONGEST_PATIENCE) {}
+      takeFix([](const Fix&) {}),
+      fixReader([this](const Fix& each) { OnFix(each); }),
+      patience(LONGEST_PATIENCE) {
+  if (bridgeUse == Bridge::ON) {
+    splitter.ReadFixesWith(fixReader);
+  }
+}
 
 Feeder::~Feeder() {
   Stop();
@@ -62,7 +67,6 @@ Feeder::~Feeder() {
 
 void Feeder::TellFixes(std::function<void(const Fix&)> take) {
   takeFix = std::move(take);
-  splitter.ReadFixesWith(fixReader);
 }
 
 void Feeder::Start() {
@@ -92,6 +96,11 @@ void Feeder::Answer() {
 bool Feeder::TakeStretchStart() {
   const std::lock_guard lock(mutex);
   return std::exchange(startsStretch, false);
+}
+
+Fix Feeder::GetFix() const {
+  const std::lock_guard lock(mutex);
+  return fix;
 }
 
 Feeder::Report Feeder::GetReport() const {
@@ -142,7 +151,7 @@ void Feeder::WatchSilence(bool hasBytes) {
   const bool isNew = reception.silentSeconds == 0;
   if (seconds > reception.silentSeconds && bridgeUse == Bridge::ON) {
     Queue(MakeGap(isNew));
-    if (isNew && takeFix) {
+    if (isNew) {
       fixReader.Finish();
       takeFix(Fix());
     }
@@ -154,11 +163,11 @@ void Feeder::Queue(Epoch epoch) {
   queue.push_back({std::move(epoch), std::exchange(fixes, {})});
 }
 
-void Feeder::OnFix(const Fix& fix) {
+void Feeder::OnFix(const Fix& each) {
   if (source.IsLive()) {
-    takeFix(fix);
+    takeFix(each);
   } else {
-    fixes.push_back(fix);
+    fixes.push_back(each);
   }
 }
 
@@ -192,6 +201,9 @@ Epoch Feeder::TakeEpoch() {
          epoch.bytes.size() + queue.front().epoch.bytes.size() <= EpochSplitter::MAX_BYTES) {
     epoch.bytes += queue.front().epoch.bytes;
     epoch.updates += queue.front().epoch.updates;
+    if (queue.front().epoch.updates > 0) {
+      epoch.fix = queue.front().epoch.fix;
+    }
     queue.pop_front();
   }
   return epoch;
@@ -235,6 +247,9 @@ void Feeder::Expect(const Epoch& epoch) {
   const std::lock_guard lock(mutex);
   expected = std::max(expected, answered) + static_cast<std::uint64_t>(epoch.updates);
   startsStretch = epoch.startsStretch;
+  if (epoch.updates > 0) {
+    fix = epoch.fix;
+  }
 }
 
 bool Feeder::WaitForAnswer() {

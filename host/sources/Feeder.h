@@ -79,6 +79,9 @@ class Feeder {
   /// ask at an update, before the answer to it.
   bool TakeStretchStart();
 
+  /// What the receiver said about the moment of the latest update; empty without a bridge.
+  Fix GetFix() const;
+
   Report GetReport() const;
 
  private:
@@ -95,7 +98,7 @@ class Feeder {
   std::optional<std::string> ReadSource();
   void WatchSilence(bool hasBytes);
   void Queue(Epoch epoch);
-  void OnFix(const Fix& fix);
+  void OnFix(const Fix& each);
   bool FeedQueue();
   bool Feed(const Epoch& epoch);
   Epoch TakeEpoch();
@@ -124,7 +127,6 @@ class Feeder {
   SilenceWatch silence;
   std::uint64_t sentencesSeen = 0;
   Reception reception;
-  /// Empty when nobody wants fixes.
   std::function<void(const Fix&)> takeFix;
   FixReader fixReader;
   /// Fixes of the epoch that is not complete yet.
@@ -139,6 +141,7 @@ class Feeder {
   std::uint64_t expected = 0;
   std::uint64_t answered = 0;
   bool startsStretch = false;
+  Fix fix;
   Report report;
   std::thread thread;
 };

@@ -111,6 +111,7 @@ void FixReader::Add(std::string_view text) {
 void FixReader::Finish() {
   DeliverMoment();
   Forget();
+  previous = Fix();
   ender = Kind::NONE;
 }
 
@@ -207,16 +208,29 @@ void FixReader::DeliverMoment() {
   if (!isMoment || isDelivered) {
     return;
   }
-  const std::optional<std::int64_t> timeOfDay = ParseNmeaTime(time);
-  const std::optional<std::int64_t> day = ParseNmeaDate(date);
-  if (timeOfDay && day) {
-    fix.timeMs = *day + *timeOfDay;
-  }
+  fix.timeMs = GetTimeMs();
   deliver(fix);
   isDelivered = true;
 }
 
+/// Nothing before the first date.
+std::optional<std::int64_t> FixReader::GetTimeMs() const {
+  const std::optional<std::int64_t> timeOfDay = ParseNmeaTime(time);
+  const std::optional<std::int64_t> day = ParseNmeaDate(date);
+  return timeOfDay && day ? std::optional(*day + *timeOfDay) : std::nullopt;
+}
+
+Fix FixReader::GetPresent() const {
+  Fix present = fix;
+  present.timeMs = GetTimeMs();
+  StoreMissing(present.altitude, previous.altitude);
+  StoreMissing(present.hdop, previous.hdop);
+  StoreMissing(present.satellites, previous.satellites);
+  return present;
+}
+
 void FixReader::Forget() {
+  previous = fix;
   fix = Fix();
   time.clear();
   hasRmc = false;

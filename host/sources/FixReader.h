@@ -1,7 +1,9 @@
 // Puts the sentences of one moment together.
 #pragma once
 
+#include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -24,6 +26,10 @@ class FixReader {
   /// `text` is a sound sentence: it starts with "$" and has no line end.
   void Add(std::string_view text);
 
+  /// What is known of the present moment so far. Height, HDOP and satellites that it lacks are those
+  /// of the moment before: many receivers send them behind the RMC.
+  Fix GetPresent() const;
+
   /// Delivers what is left at the end of the source.
   void Finish();
 
@@ -39,10 +45,13 @@ class FixReader {
   void TakeGsa(const NmeaSentence& gsa);
   void TakePosition(const NmeaSentence& sentence, std::size_t index);
   void DeliverMoment();
+  std::optional<std::int64_t> GetTimeMs() const;
   void Forget();
 
   Deliver deliver;
   Fix fix;
+  /// The moment before.
+  Fix previous;
   /// Time field of the present moment; empty before a sentence with one.
   std::string time;
   /// Date field of the last RMC.

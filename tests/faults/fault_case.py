@@ -104,7 +104,7 @@ class Host:
         """The read-outs of each update so far."""
         with open(self.lines, encoding="utf-8") as file:
             lines = [line for line in file if line.endswith("\n")]
-        return [line["sensors"] for line in map(json.loads, lines) if "sensors" in line]
+        return [line["text"] for line in map(json.loads, lines) if "text" in line]
 
     def first_second(self):
         """The receiver's time of day that was shown first; None before that."""

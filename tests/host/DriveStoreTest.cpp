@@ -57,13 +57,14 @@ class DriveStoreTest : public testing::Test {
 TEST_F(DriveStoreTest, GivesBackWhatItWasGiven) {
   Fix nothing;
   nothing.timeMs = 2000;
+  const MovingTime::Sums moving = {12.5, 800, 200};
   {
     const auto store = Open();
     const std::int64_t drive = store->Begin("/dev/ttyUSB0", 1000);
     EXPECT_EQ(1, drive);
     store->Add(drive, 1, WholeFix(1000));
     store->Add(drive, 2, nothing);
-    store->End({drive, "", true, 1000, 2000, 12.5, 36});
+    store->End({drive, "", true, 1000, 2000, 12.5, 36, moving});
   }
   const auto store = Open();
   EXPECT_EQ((std::vector<Fix>{WholeFix(1000), nothing}), ReadAll(*store, 1));
@@ -76,6 +77,7 @@ TEST_F(DriveStoreTest, GivesBackWhatItWasGiven) {
   EXPECT_EQ(2000, drives[0].endMs);
   EXPECT_EQ(12.5, drives[0].distanceKm);
   EXPECT_EQ(36, drives[0].highestKmh);
+  EXPECT_EQ(moving, drives[0].moving);
 }
 
 TEST_F(DriveStoreTest, AddsUpAndEndsADriveThatWasLeftOpen) {
@@ -126,7 +128,8 @@ TEST_F(DriveStoreTest, KeepsATripInPlaceOfTheOneBefore) {
   const auto store = Open();
   EXPECT_FALSE(store->GetTrip("HostTrip"));
   const KeptTrip first = {"HostTrip", 1, {{6, "12.5"}}};
-  const KeptTrip second = {"HostTrip", 2, {{6, "13"}, {7, ""}, {11, "10;-9999 x"}}};
+  const KeptTrip second = {
+      "HostTrip", 2, {{6, "13"}, {7, ""}, {11, "10;-9999 x"}}, {12.5, 900, 100}};
   store->KeepTrip(first);
   EXPECT_EQ(first, store->GetTrip("HostTrip"));
   store->KeepTrip(second);
@@ -147,6 +150,7 @@ TEST_F(DriveStoreTest, TakesOverTheDrivesOfTheFirstVersion) {
     PRAGMA user_version = 1;)");
   const auto store = Open();
   EXPECT_EQ(12.5, store->List().at(0).distanceKm);
+  EXPECT_FALSE(store->List().at(0).moving);
   EXPECT_EQ(std::vector<Fix>{WholeFix(1000)}, ReadAll(*store, 4));
   store->KeepTrip({"HostTrip", 1, {}});
   EXPECT_TRUE(store->GetTrip("HostTrip"));

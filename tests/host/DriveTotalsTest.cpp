@@ -34,6 +34,13 @@ TEST_F(DriveTotalsTest, TakesTheMeanSpeedOverTheTimeBetween) {
   EXPECT_EQ(3500, Sum().endMs);
 }
 
+TEST_F(DriveTotalsTest, TellsMovingFromStanding) {
+  Add(0, 36);
+  Add(1000, 36);
+  Add(2000, 0.5);
+  EXPECT_EQ((MovingTime::Sums{0.010, 1000, 1000}), Sum().moving);
+}
+
 TEST_F(DriveTotalsTest, AddsNoDistanceWithoutAFix) {
   Add(0, 36);
   Add(1000, 36);  // 10 m

@@ -170,6 +170,18 @@ TEST_F(FeederTest, TellsTheFixesOfARecordingWhenTheyArePlayed) {
   EXPECT_EQ(3, fixes);
 }
 
+TEST_F(FeederTest, KnowsTheFixOfTheUpdateThatIsNotAnsweredYet) {
+  const std::string later = "$GPRMC,120001,A,5545.0000,N,03736.0000,E,20.00,090.0,010120,,\r\n";
+  Feed(RMC + later);
+  EXPECT_EQ(RMC, Receive(RMC.size()));
+  const std::optional<double> first = feeder->GetFix().speedKmh;
+  feeder->Answer();
+  EXPECT_EQ(later, Receive(later.size()));
+  EXPECT_NE(first, feeder->GetFix().speedKmh);
+  EXPECT_DOUBLE_EQ(37.04, feeder->GetFix().speedKmh.value_or(0));
+  feeder->Answer();
+}
+
 TEST_F(FeederTest, TellsTheFixesOfAReceiverAtOnce) {
   Feed(RMC + RMC + RMC, true);
   EXPECT_EQ(RMC + RMC + RMC, Receive(3 * RMC.size()));

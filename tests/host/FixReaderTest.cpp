@@ -119,5 +119,34 @@ TEST_F(FixReaderTest, LeavesOtherSentencesAlone) {
   EXPECT_TRUE(fixes.empty());
 }
 
+TEST_F(FixReaderTest, KnowsThePresentMomentBeforeItsEnd) {
+  Add({"$GPGGA,123519,4807.038,N,01131.000,E,1,08,0.9,545.4,M,46.9,M,,",
+       "$GPRMC,123519,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W"});
+  EXPECT_EQ(MsOf(DAY + 12h + 35min + 19s), reader.GetPresent().timeMs);
+  EXPECT_EQ(84.4, reader.GetPresent().course);
+  EXPECT_EQ(545.4, reader.GetPresent().altitude);
+}
+
+TEST_F(FixReaderTest, TakesHeightAndSatellitesOfTheMomentBeforeUntilTheyCome) {
+  Add({"$GPRMC,123519,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W",
+       "$GPGGA,123519,4807.038,N,01131.000,E,1,08,0.9,545.4,M,46.9,M,,",
+       "$GPRMC,123520,A,4807.038,N,01131.000,E,,,230394,003.1,W"});
+  EXPECT_EQ(MsOf(DAY + 12h + 35min + 20s), reader.GetPresent().timeMs);
+  EXPECT_EQ(545.4, reader.GetPresent().altitude);
+  EXPECT_EQ(0.9, reader.GetPresent().hdop);
+  EXPECT_EQ(8, reader.GetPresent().satellites);
+  EXPECT_EQ(std::nullopt, reader.GetPresent().speedKmh);
+  Add({"$GPRMC,123521,A,4807.038,N,01131.000,E,,,230394,003.1,W"});
+  EXPECT_EQ(std::nullopt, reader.GetPresent().altitude);
+}
+
+TEST_F(FixReaderTest, KnowsNothingAfterTheEnd) {
+  Add({"$GPGGA,123519,4807.038,N,01131.000,E,1,08,0.9,545.4,M,46.9,M,,",
+       "$GPRMC,123519,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W"});
+  reader.Finish();
+  EXPECT_EQ(std::nullopt, reader.GetPresent().altitude);
+  EXPECT_FALSE(reader.GetPresent().hasFix);
+}
+
 }  // namespace
 }  // namespace host

@@ -5,14 +5,52 @@
 namespace host {
 namespace {
 
+/// Text without what stands before `from`.
+std::string From(const std::string& from, const std::string& text) {
+  return text.substr(std::min(text.find(from), text.size()));
+}
+
 /// The value in the JSON of an update.
 std::string Written(const std::string& value) {
-  const std::string before = R"({"update":1,"sensors":{"Name":)";
+  const std::string before = R"("text":{"Name":)";
   const std::string after = "}}\n";
-  const std::string json = JsonUpdate({1, std::nullopt, {{"Name", value}}, {}});
-  EXPECT_TRUE(json.starts_with(before) && json.ends_with(after)) << json;
+  const std::string json =
+      From(before, JsonUpdate({1, std::nullopt, {{"Name", value}}, {}}, Figures()));
+  EXPECT_TRUE(json.ends_with(after)) << json;
   return json.substr(before.size(), json.size() - before.size() - after.size());
 }
+
+Fix WholeFix() {
+  Fix fix;
+  fix.timeMs = 1717221600250;  // 1 June 2024, 6:00:00.25
+  fix.hasFix = true;
+  fix.latitude = 55.75000000000001;
+  fix.longitude = -37.6;
+  fix.altitude = 150.5;
+  fix.speedKmh = 18.52;  // 5.14444... m/s
+  fix.course = 90;
+  fix.hdop = 0.9;
+  fix.satellites = 8;
+  return fix;
+}
+
+Figures WholeFigures() {
+  Figures figures;
+  figures.distanceKm = 1.5;
+  figures.elapsedSeconds = 100;
+  figures.averageKmh = 54;
+  figures.highestKmh = 90;
+  figures.accelerations = {{10, 1.1235}, {20, std::nullopt}};
+  figures.fastest = {{402, 17.25}};
+  return figures;
+}
+
+constexpr MovingTime::Sums MOVING = {1.2, 80000, 20500};  // 54 km/h
+
+const std::string TRIP =
+    R"("distance_m":1500.0,"elapsed_s":100,"moving_s":80.0,"stopped_s":20.5,)"
+    R"("average_speed_mps":15.0,"moving_average_speed_mps":15.0,"max_speed_mps":25.0,)"
+    R"("accelerations_s":{"0-10_kmh":1.124,"0-20_kmh":null},"fastest_s":{"402_m":17.25})";
 
 TEST(JsonWriter, EscapesWhatJsonWants) {
   EXPECT_EQ("\"55°37'37'' NL\"", Written("55°37'37'' NL"));
@@ -23,29 +61,45 @@ TEST(JsonWriter, EscapesWhatJsonWants) {
 TEST(JsonWriter, ReplacesBytesThatAreNoUtf8) {
   EXPECT_EQ("\"a\xEF\xBF\xBDz\"", Written("a\xFFz"));
   EXPECT_EQ("\"\xEF\xBF\xBD\"", Written("\xD0"));
-  EXPECT_EQ("{\"end\":true,\"updates\":0,\"registry\":{\"\xEF\xBF\xBD\":\"1\"}}\n",
-            JsonEnd(0, {{"\xD0", "1"}}));
 }
 
-TEST(JsonWriter, WritesAnUpdateInTheEnginesOrder) {
-  const Update update = {
-      12, 0.5, {{"GPS status", "OK"}, {"Speed", ""}, {"Altitude", "12.5 m"}}, {}};
+TEST(JsonWriter, WritesAnUpdateInSiUnits) {
+  const Update update = {12, 0.5, {{"Speed", "18.5 km/h"}, {"HDOP", ""}}, "", WholeFix(), MOVING};
+  EXPECT_EQ(R"({"update":12,"time":"2024-06-01T06:00:00.250Z","fix":true,"lat":55.75,"lon":-37.6,)"
+            R"("alt_m":150.5,"speed_mps":5.144,"course_deg":90.0,"satellites":8,"hdop":0.9,)" +
+                TRIP + R"(,"text":{"Speed":"18.5 km/h","HDOP":""}})" + "\n",
+            JsonUpdate(update, WholeFigures()));
+}
+
+TEST(JsonWriter, WritesNeitherPositionNorMotionWithoutAFix) {
+  Fix fix = WholeFix();
+  fix.hasFix = false;
+  const std::string json = JsonUpdate({1, std::nullopt, {}, "no data for 12 s", fix, {}}, {});
   EXPECT_EQ(
-      "{\"update\":12,\"sensors\":{\"GPS status\":\"OK\",\"Speed\":\"\",\"Altitude\":\"12.5 "
-      "m\"}}\n",
-      JsonUpdate(update));
+      R"({"update":1,"notice":"no data for 12 s","time":"2024-06-01T06:00:00.250Z","fix":false,)"
+      R"("lat":null,"lon":null,"alt_m":null,"speed_mps":null,"course_deg":null,"satellites":8,)"
+      R"("hdop":0.9,)",
+      json.substr(0, json.find("\"distance_m\"")));
 }
 
-TEST(JsonWriter, WritesWhatIsWrongWithTheReception) {
-  const Update update = {12, std::nullopt, {{"Speed", ""}}, "no data for 12 s"};
-  EXPECT_EQ("{\"update\":12,\"notice\":\"no data for 12 s\",\"sensors\":{\"Speed\":\"\"}}\n",
-            JsonUpdate(update));
+TEST(JsonWriter, WritesNullForWhatIsNotKnown) {
+  EXPECT_EQ(
+      R"({"update":0,"time":null,"fix":null,"lat":null,"lon":null,"alt_m":null,"speed_mps":null,)"
+      R"("course_deg":null,"satellites":null,"hdop":null,"distance_m":0.0,"elapsed_s":0,)"
+      R"("moving_s":0.0,"stopped_s":0.0,"average_speed_mps":null,)"
+      R"("moving_average_speed_mps":null,"max_speed_mps":null,"accelerations_s":{},)"
+      R"("fastest_s":{},"text":{}})"
+      "\n",
+      JsonUpdate(Update(), Figures()));
 }
 
 TEST(JsonWriter, WritesTheEnd) {
-  EXPECT_EQ("{\"end\":true,\"updates\":3,\"registry\":{\"Distance\":\"1.5\",\"Путь\":\"2;3\"}}\n",
-            JsonEnd(3, {{"Distance", "1.5"}, {"Путь", "2;3"}}));
-  EXPECT_EQ("{\"end\":true,\"updates\":0,\"registry\":{}}\n", JsonEnd(0, {}));
+  Update last;
+  last.number = 3;
+  last.moving = MOVING;
+  EXPECT_EQ(R"({"end":true,"updates":3,)" + TRIP +
+                R"(,"registry":{"Distance":"1.5","Путь":"2;3"}})" + "\n",
+            JsonEnd(last, WholeFigures(), {{"Distance", "1.5"}, {"Путь", "2;3"}}));
 }
 
 }  // namespace

@@ -69,7 +69,7 @@ class Keeping(DrivesTest):
         said = self.keep("".join(moment(second) for second in range(11)))
         self.assertIn("kept as drive 1: 100 m in 0:00:10", said)
         self.assertEqual(self.drives(), [
-            "    1  2026-11-21 17:00   0:00:10      100 m   36.0 km/h   36.0 km/h"])
+            "    1  2026-11-21 17:00   0:00:10      100 m   36.0 km/h   36.0 km/h   36.0 km/h   0:00:00"])
 
     def test_a_recording_is_not_kept_otherwise(self):
         self.run_host("--nmea", "-", "--json", text=moment(0))
@@ -232,7 +232,7 @@ class PowerCut(DrivesTest):
             while not select.select([process.stdout], [], [], 2)[0]:
                 self.assertLess(time.monotonic(), deadline)
                 os.write(self.master, moment(second).encode())
-            update = json.loads(process.stdout.readline())["sensors"]
+            update = json.loads(process.stdout.readline())["text"]
             time.sleep(pace)
         return update
 
@@ -254,7 +254,7 @@ class PowerCut(DrivesTest):
         process.kill()
         process.wait()
         self.assertEqual(self.drives(), [
-            "    1  2026-11-21 17:00   0:00:20      200 m   36.0 km/h   36.0 km/h  (not ended)"])
+            "    1  2026-11-21 17:00   0:00:20      200 m   36.0 km/h   36.0 km/h   36.0 km/h   0:00:00  (not ended)"])
         result = self.run_host("drives", "delete", "1", "--yes")
         self.assertEqual(result.returncode, 1)
         self.assertIn("has not ended", result.stderr)

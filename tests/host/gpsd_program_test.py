@@ -53,7 +53,7 @@ class GpsdTest(ProgramTestCase):
 
     @staticmethod
     def next_update(process):
-        return json.loads(process.stdout.readline())["sensors"]
+        return json.loads(process.stdout.readline())["text"]
 
     def await_update(self, process, accept):
         """The first update that is accepted."""

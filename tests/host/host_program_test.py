@@ -104,10 +104,9 @@ class HostTest(ProgramTestCase):
         *updates, end = lines
         self.assertEqual([update["update"] for update in updates],
                          list(range(1, len(updates) + 1)))
-        self.assertEqual(list(end), ["end", "updates", "registry"])
         self.assertIs(end["end"], True)
         self.assertEqual(end["updates"], len(updates))
-        return [update["sensors"] for update in updates], end["registry"], result.stderr
+        return [update["text"] for update in updates], end["registry"], result.stderr
 
 
 class Demo(HostTest):
@@ -768,7 +767,7 @@ class Receiver(HostTest):
             while len(updates) <= second and time.monotonic() < deadline:
                 os.write(self.master, text.encode())
                 if select.select([process.stdout], [], [], 2)[0]:
-                    updates.append(json.loads(process.stdout.readline())["sensors"])
+                    updates.append(json.loads(process.stdout.readline())["text"])
         process.send_signal(signal.SIGTERM)
         _, said = process.communicate(timeout=PATIENCE)
         self.assertEqual(process.returncode, 0, said)
@@ -819,7 +818,7 @@ class Receiver(HostTest):
             self.send(second)
             if select.select([process.stdout], [], [], 1)[0]:
                 line = json.loads(process.stdout.readline())
-                if line["sensors"]["Speed"] == speed:
+                if line["text"]["Speed"] == speed:
                     return
         self.fail(speed)
 
@@ -827,14 +826,14 @@ class Receiver(HostTest):
         process = self.start_host("--json", "--port", self.device, bufsize=0)
         self.await_speed(process, 0, "18.5 km/h")
         silent = self.read_until(process, lambda line: "notice" in line
-                                 and line["sensors"]["GPS status"] == "No signal")
+                                 and line["text"]["GPS status"] == "No signal")
         self.assertRegex(silent["notice"], r"^no data for \d+ s$")
-        self.assertEqual(silent["sensors"]["Speed"], "")
+        self.assertEqual(silent["text"]["Speed"], "")
         # A minute later by the receiver's clock it is back, for two seconds.
         for second in (60, 61, 62):
             self.send(second)
             line = self.read_until(
-                process, lambda line: line["sensors"]["Current time"] == "6:01:%02d" % (second - 60))
+                process, lambda line: line["text"]["Current time"] == "6:01:%02d" % (second - 60))
             self.assertNotIn("notice", line)
         registry, said = self.finish(process)
         # 18.52 km/h for two seconds.

@@ -29,8 +29,8 @@ BATTERY = "Battery status"  # the machine's own
 def readings(line):
     """What a line of JSON says about the drive."""
     told = json.loads(line)
-    told.get("sensors", {}).pop(BATTERY, None)
-    return json.dumps([told.get("sensors"), told.get("registry")], sort_keys=True)
+    told.get("text", {}).pop(BATTERY, None)
+    return json.dumps([told.get("text"), told.get("registry")], sort_keys=True)
 
 
 def states(settings):

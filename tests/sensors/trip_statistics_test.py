@@ -276,7 +276,7 @@ def main():
             file.writelines(rmc(*fix) for fix in fixes)
         lines = run_host(sys.argv[1], recording, folder)
 
-    updates = [line["sensors"] for line in lines if "sensors" in line]
+    updates = [line["text"] for line in lines if "text" in line]
     assert len(updates) == len(fixes), f"{len(updates)} updates of {len(fixes)}"
 
     trips = {"Distance": Distance(), "Average speed": Average(), "Elapsed": Elapsed()}
