@@ -82,7 +82,8 @@ ferolin_folder(siblings/parlex USES platform/api platform/linux siblings/common)
 # The reference host
 ferolin_folder(host/base)
 ferolin_folder(host/commandline USES host/base)
-ferolin_folder(host/sources USES platform/api platform/linux siblings/common host/base)
+ferolin_folder(host/sources
+  USES platform/api platform/linux platform/linux/serial siblings/common host/base)
 ferolin_folder(host/engine USES include platform/api platform/linux host/base host/sources)
 ferolin_folder(host/drives USES host/base host/sources)
 ferolin_folder(host/window

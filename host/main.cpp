@@ -5,5 +5,7 @@
 
 int main(int argc, char** argv) {
   host::ReserveStandardStreams();
-  return host::RunApplication(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
+  const int names = argc > 0 ? 1 : 0;
+  return host::RunApplication(names > 0 ? argv[0] : "",
+                              std::vector<std::string>(argv + names, argv + argc));
 }

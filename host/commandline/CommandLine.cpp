@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <array>
 
 #include "base/HostError.h"
 #include "base/Suggestion.h"
@@ -70,9 +71,23 @@ void RefuseUnknown(const CLI::App& app) {
                    first);
 }
 
+/// With --raw the engine opens the port by itself.
+void CheckEngineRate(int baud) {
+  constexpr std::array KNOWN = {300, 2400, 4800, 9600, 19200, 38400, 57600, 115200};
+  if (std::find(KNOWN.begin(), KNOWN.end(), baud) == KNOWN.end()) {
+    throw UsageError(
+        "--baud with --raw: the engine knows 300, 2400, 4800, 9600, 19200, 38400, 57600, 115200");
+  }
+}
+
 void CheckCombinations(const Options& options) {
-  if (options.baud && options.source != Options::Source::PORT) {
+  const bool isPort =
+      options.source == Options::Source::PORT || options.source == Options::Source::SEARCH;
+  if (options.baud && !isPort) {
     throw UsageError("--baud goes with --port");
+  }
+  if (options.raw && options.source == Options::Source::PORT && options.baud) {
+    CheckEngineRate(*options.baud);
   }
   if (options.gpsApi && options.source != Options::Source::GPSD) {
     throw UsageError("--gps-api goes with --gpsd");
@@ -93,9 +108,10 @@ void CheckCombinations(const Options& options) {
 
 }  // namespace
 
-Options ParseOptions(const std::vector<std::string>& arguments) {
+Options ParseOptions(const std::vector<std::string>& arguments, Options::Source source) {
   CLI::App app;
   Options options;
+  options.source = source;
   const OptionTable table(app, options);
   const CommandTable commands(app, options);
   std::vector<std::string> toParse = SplitEmptyValues(app, arguments);

@@ -17,7 +17,8 @@ constexpr const char* INTRODUCTION =
        ferolin-host drives | drives delete N | export last|N|all [--home DIR] [OPTION]...
 A GPS speedometer: shows speed, trip and position from a GPS receiver, a recording or a
 simulated drive. Without options it shows the simulated drive, in a window if there is a
-display. Options marked (kept) stay in force for later runs.
+display; the installed program, ferolin, looks for a receiver (--port auto). Options marked
+(kept) stay in force for later runs.
 
 )";
 
@@ -40,6 +41,7 @@ Drives from a receiver are kept as they are driven, also when the power is cut:
 
 Examples:
   ferolin-host                              watch the simulated drive
+  ferolin-host --port auto                  any receiver; waits until one is plugged in
   ferolin-host --port /dev/ttyUSB0 --baud 4800
                                             a receiver at USB; Ctrl-C ends
   ferolin-host --port --kml ~/tracks        the same receiver again, with a track file

@@ -46,13 +46,16 @@ void OptionTable::AddSources() {
   AddFlag("--demo", "a simulated drive through town, tunnel and motorway (the default)",
           [this] { ChooseSource("--demo", Options::Source::DEMO); });
   AddOptionalValue("--port", "DEVICE",
-                   "a receiver at a serial port; without DEVICE the device used last",
+                   "a receiver at a serial port; without DEVICE the device used last; auto looks "
+                   "for one, at gpsd and then at all ports and usual rates, until it is there",
                    [this](const std::string& text) {
-                     ChooseSource("--port", Options::Source::PORT);
-                     options.device = text;
+                     const bool isSearch = text == "auto";
+                     ChooseSource("--port",
+                                  isSearch ? Options::Source::SEARCH : Options::Source::PORT);
+                     options.device = isSearch ? std::string() : text;
                    });
   AddValue("--baud", "N",
-           "its baud rate, 300 to 115200; if not given, the rate used last with this device, at "
+           "its baud rate, 50 to 4000000; if not given, the rate used last with this device, at "
            "first the port's own setting",
            [this](const std::string& text) { options.baud = ParseBaudRate(text); });
   AddOptionalValue("--gpsd", "HOST:PORT",

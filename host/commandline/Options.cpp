@@ -20,7 +20,8 @@ bool WantsPictures(const Options& options) {
 }
 
 bool IsLive(Options::Source source) {
-  return source == Options::Source::PORT || source == Options::Source::GPSD;
+  return source == Options::Source::PORT || source == Options::Source::GPSD ||
+         source == Options::Source::SEARCH;
 }
 
 std::string DescribeSource(const Options& options) {
@@ -29,6 +30,8 @@ std::string DescribeSource(const Options& options) {
       return options.device;
     case Options::Source::GPSD:
       return options.gpsd.empty() ? "gpsd" : "gpsd " + options.gpsd;
+    case Options::Source::SEARCH:
+      return "any receiver";
     case Options::Source::FILE:
       return options.file == "-" ? "standard input" : options.file;
     case Options::Source::DEMO:

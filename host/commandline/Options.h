@@ -12,7 +12,8 @@ namespace host {
 /// them in.
 struct Options {
   enum class Action { RUN, HELP, VERSION, LIST_DRIVES, DELETE_DRIVE, EXPORT_DRIVES };
-  enum class Source { DEMO, PORT, FILE, GPSD };
+  /// SEARCH looks for a receiver at gpsd and all serial ports.
+  enum class Source { DEMO, PORT, FILE, GPSD, SEARCH };
   enum class WindowUse { IF_PRESENT, ALWAYS, NEVER };
 
   /// Pixels.
@@ -59,6 +60,8 @@ struct Options {
   Source source = Source::DEMO;
   /// Path of the serial device. Kept.
   std::string device;
+  /// Baud rate used last with the device; a search tries both first. Kept.
+  int lastBaud = 0;
   /// Baud rate; 0 leaves the port's own. Kept together with the device.
   std::optional<int> baud;
   /// Path of a recording; "-" is standard input.

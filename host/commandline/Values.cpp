@@ -1,7 +1,6 @@
 #include "commandline/Values.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <optional>
 #include <string_view>
@@ -10,7 +9,8 @@ namespace host {
 
 namespace {
 
-constexpr std::array BAUD_RATES = {300, 2400, 4800, 9600, 19200, 38400, 57600, 115200};
+constexpr int LOWEST_BAUD = 50;
+constexpr int HIGHEST_BAUD = 4000000;
 constexpr double LOWEST_RATE = 0.01;
 constexpr double HIGHEST_RATE = 10000;
 constexpr int HIGHEST_LIMIT = 999;
@@ -43,11 +43,7 @@ int ParseWholeNumber(const std::string& text, int lowest, int highest) {
 }
 
 int ParseBaudRate(const std::string& text) {
-  const std::optional<int> rate = ParseNumber<int>(text);
-  if (!rate || std::find(BAUD_RATES.begin(), BAUD_RATES.end(), *rate) == BAUD_RATES.end()) {
-    throw BadValue("one of 300, 2400, 4800, 9600, 19200, 38400, 57600, 115200");
-  }
-  return *rate;
+  return ParseWholeNumber(text, LOWEST_BAUD, HIGHEST_BAUD);
 }
 
 double ParseRate(const std::string& text) {

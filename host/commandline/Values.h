@@ -18,7 +18,7 @@ class BadValue : public std::runtime_error {
 
 int ParseWholeNumber(const std::string& text, int lowest, int highest);
 
-/// "4800"; only rates that the engine knows.
+/// "4800"; any rate, as serial ports may have unusual ones.
 int ParseBaudRate(const std::string& text);
 
 /// "10", "0.5", or "max", which is 0.

@@ -112,8 +112,15 @@ void Play(Options options, StandardOutput& output, Messages& messages) {
   ChoicesBackup::Remove(home.GetPath());
 }
 
-void Run(const std::vector<std::string>& arguments, Messages& messages) {
-  const Options options = ParseOptions(arguments);
+Options::Source ChooseDefaultSource(const std::string& program) {
+  constexpr const char* INSTALLED_NAME = "ferolin";
+  return program.substr(program.rfind('/') + 1) == INSTALLED_NAME ? Options::Source::SEARCH
+                                                                  : Options::Source::DEMO;
+}
+
+void Run(const std::string& program, const std::vector<std::string>& arguments,
+         Messages& messages) {
+  const Options options = ParseOptions(arguments, ChooseDefaultSource(program));
   StandardOutput output;
   switch (options.action) {
     case Options::Action::HELP:
@@ -138,10 +145,10 @@ void Run(const std::vector<std::string>& arguments, Messages& messages) {
 
 }  // namespace
 
-int RunApplication(const std::vector<std::string>& arguments) {
+int RunApplication(const std::string& program, const std::vector<std::string>& arguments) {
   Messages messages;
   try {
-    Run(arguments, messages);
+    Run(program, arguments, messages);
     return messages.HasLosses() ? HostError::FAILURE : 0;
   } catch (const HostError& error) {
     messages.Say(error.what());

@@ -43,6 +43,10 @@ void Choices::Recall(Options& options) const {
   if (options.source == Options::Source::PORT) {
     RecallPort(options);
   }
+  if (options.source == Options::Source::SEARCH) {
+    options.device = settings.Get(DEVICE);
+    options.lastBaud = ParseBaud(settings.Get(BAUD));
+  }
   if (options.source == Options::Source::GPSD && options.gpsd.empty()) {
     options.gpsd = settings.Get(GPSD);
   }
@@ -78,8 +82,7 @@ void Choices::RecallPicture(Options::Picture& picture) const {
 
 void Choices::Keep(const Options& options) const {
   if (options.source == Options::Source::PORT) {
-    settings.Set(DEVICE, options.device);
-    settings.Set(BAUD, std::to_string(options.baud.value_or(0)));
+    KeepReceiver(options.device, options.baud.value_or(0));
   }
   if (options.source == Options::Source::GPSD) {
     settings.Set(GPSD, options.gpsd);
@@ -87,6 +90,11 @@ void Choices::Keep(const Options& options) const {
   if (options.writeKml) {
     settings.Set(KML_FOLDER, options.kmlFolder);
   }
+}
+
+void Choices::KeepReceiver(const std::string& device, int baud) const {
+  settings.Set(DEVICE, device);
+  settings.Set(BAUD, std::to_string(baud));
 }
 
 void Choices::KeepPicture(const Options::Picture& picture) const {

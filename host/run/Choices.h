@@ -25,6 +25,9 @@ class Choices {
   /// Keeps everything but the picture.
   void Keep(const Options& options) const;
 
+  /// Keeps the receiver that a search has found.
+  void KeepReceiver(const std::string& device, int baud) const;
+
   /// Keeps the picture as it is now.
   void KeepPicture(const Options::Picture& picture) const;
 

@@ -118,7 +118,14 @@ void HostRun::BackUpChoices() {
   if (views) {
     choices.KeepPicture(views->GetPicture());
   }
+  KeepReceiver();
   choices.BackUp();
+}
+
+void HostRun::KeepReceiver() {
+  if (const std::optional<SearchSource::Receiver> found = source.GetFound()) {
+    choices.KeepReceiver(found->device, found->baudRate);
+  }
 }
 
 void HostRun::ShowUpdate() {
@@ -162,6 +169,7 @@ void HostRun::Finish() {
   messages.Release();
   drive.Finish(trip);
   trip.Store();
+  KeepReceiver();
   if (views) {
     choices.KeepPicture(views->GetPicture());
   }

@@ -48,6 +48,7 @@ class HostRun {
   void Loop();
   void ShowUpdate();
   void BackUpChoices();
+  void KeepReceiver();
   void ShowNotice();
   void Finish();
 

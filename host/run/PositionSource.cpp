@@ -35,6 +35,11 @@ double ChoosePace(const Options& options, PositionSource::Audience audience) {
   return options.rate.value_or(audience == PositionSource::Audience::WATCHING ? 1 : 0);
 }
 
+std::string GetVariable(const char* name, const char* otherwise) {
+  const char* value = std::getenv(name);
+  return value == nullptr ? otherwise : value;
+}
+
 }  // namespace
 
 PositionSource::PositionSource(const EngineLibrary& engine, const Options& options,
@@ -57,6 +62,9 @@ void PositionSource::Open() {
       break;
     case Source::GPSD:
       OpenGpsd();
+      break;
+    case Source::SEARCH:
+      OpenSearch();
       break;
     case Source::DEMO:
       Feed(MakeDemo());
@@ -90,6 +98,18 @@ void PositionSource::OpenGpsd() {
   } else {
     Feed(std::make_unique<GpsdSource>(options.gpsd));
   }
+}
+
+/// The variable with the folder of devices is for tests.
+void PositionSource::OpenSearch() {
+  SearchSource::Wishes wishes;
+  wishes.last = {options.device, options.lastBaud};
+  wishes.baudRate = options.baud.value_or(0);
+  wishes.gpsd = GetVariable(GPSD_VARIABLE, "");
+  wishes.devices = GetVariable("FEROLIN_DEVICES", "/dev");
+  auto source = std::make_unique<SearchSource>(std::move(wishes));
+  search = source.get();
+  Feed(std::move(source));
 }
 
 void PositionSource::OpenGpsApi() const {
@@ -163,6 +183,10 @@ void PositionSource::Answer() {
     }
     feeder->Answer();
   }
+}
+
+std::optional<SearchSource::Receiver> PositionSource::GetFound() const {
+  return search != nullptr ? search->GetFound() : std::nullopt;
 }
 
 std::optional<Fix> PositionSource::GetFix() const {

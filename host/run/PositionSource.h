@@ -11,6 +11,7 @@
 #include "sources/Fix.h"
 #include "sources/NmeaSource.h"
 #include "sources/PseudoTerminal.h"
+#include "sources/SearchSource.h"
 #include "sources/SilenceWatch.h"
 
 namespace host {
@@ -47,6 +48,9 @@ class PositionSource {
   /// not pass through the host.
   std::optional<Fix> GetFix() const;
 
+  /// The receiver that a search has found; nothing without one.
+  std::optional<SearchSource::Receiver> GetFound() const;
+
   /// When the engine reads by itself, only its silence is known.
   Feeder::Report GetReport() const;
 
@@ -56,6 +60,7 @@ class PositionSource {
  private:
   void OpenPort();
   void OpenGpsd();
+  void OpenSearch();
   void OpenGpsApi() const;
   void Feed(std::unique_ptr<NmeaSource> toFeed);
   std::unique_ptr<NmeaSource> MakeDemo() const;
@@ -69,6 +74,8 @@ class PositionSource {
   const std::function<void()> end;
   PseudoTerminal line;
   std::unique_ptr<NmeaSource> fed;
+  /// Null unless a receiver is looked for, else `fed`.
+  SearchSource* search = nullptr;
   /// Null when the engine reads by itself.
   std::unique_ptr<Feeder> feeder;
   /// Of a port that the engine reads by itself.

@@ -156,7 +156,8 @@ void Feeder::WatchSilence(bool hasBytes) {
       takeFix(Fix());
     }
   }
-  reception = {source.GetTrouble(), seconds, silence.HasNoise(now)};
+  reception = {source.GetTrouble(), seconds, silence.HasNoise(now), source.Searches(),
+               source.GetName()};
 }
 
 void Feeder::Queue(Epoch epoch) {

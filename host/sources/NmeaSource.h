@@ -24,6 +24,12 @@ class NmeaSource {
   /// Why nothing can be read at present, for the user; empty when something can. For any thread.
   virtual std::string GetTrouble() const { return {}; }
 
+  /// Whether trouble means that a receiver is being looked for.
+  virtual bool Searches() const { return false; }
+
+  /// The receiver that was found, for the user; empty when none was looked for. For any thread.
+  virtual std::string GetName() const { return {}; }
+
   /// True for a receiver, which does not wait.
   virtual bool IsLive() const = 0;
 };

@@ -12,6 +12,10 @@ struct Reception {
   int silentSeconds = 0;
   /// Bytes came during the silence.
   bool hasNoise = false;
+  /// Trouble means that a receiver is being looked for.
+  bool isSearch = false;
+  /// The receiver that was found; empty when none was looked for.
+  std::string found = {};
 };
 
 /// "no data for 12 s", or what else is wrong; empty while sentences come.

@@ -1,6 +1,7 @@
 // Tells the user when a receiver falls silent and when it is back.
 #pragma once
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -18,8 +19,12 @@ class ReceptionNotices {
   std::vector<std::string> TakeNews(const Reception& now);
 
  private:
+  void AddSearch(std::vector<std::string>& news, const Reception& now);
+
   const std::string sourceName;
   Reception last;
+  /// What the present search has told.
+  std::set<std::string> searched;
 };
 
 }  // namespace host

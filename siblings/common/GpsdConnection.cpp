@@ -17,7 +17,6 @@ namespace siblings {
 namespace {
 
 constexpr int CONNECT_TIMEOUT_MS = 5000;
-constexpr int WAIT_FOREVER = -1;
 /// The longest reports of gpsd have about 10 KB; longer lines come from another service.
 constexpr std::size_t LONGEST_LINE = 256 * 1024;
 
@@ -82,7 +81,7 @@ bool GpsdConnection::Open(const GpsdAddress& address, std::string_view request) 
   return false;
 }
 
-bool GpsdConnection::ReadLine(std::string& line) {
+bool GpsdConnection::ReadLine(std::string& line, int patienceMs) {
   std::array<char, 16384> block;
   std::size_t searched = 0;
   for (;;) {
@@ -93,7 +92,7 @@ bool GpsdConnection::ReadLine(std::string& line) {
       return !stop.IsRaised();
     }
     searched = received.size();
-    if (searched > LONGEST_LINE || !Await(POLLIN, WAIT_FOREVER)) {
+    if (searched > LONGEST_LINE || !Await(POLLIN, patienceMs)) {
       return false;
     }
     const ssize_t count = recv(descriptor, block.data(), block.size(), 0);

@@ -26,9 +26,11 @@ class GpsdConnection {
   /// Why Open failed, such as "Connection refused".
   const std::string& GetError() const { return error; }
 
-  /// Waits for the next line and stores it with its line feed. False when the connection has ended
-  /// or the stop event is raised; no further line follows.
-  bool ReadLine(std::string& line);
+  static constexpr int WAIT_FOREVER = -1;
+
+  /// Waits for the next line and stores it with its line feed. False when the connection has ended,
+  /// the stop event is raised, or nothing comes for so long; no further line follows.
+  bool ReadLine(std::string& line, int patienceMs = WAIT_FOREVER);
 
  private:
   bool ConnectTo(const addrinfo& candidate);

@@ -58,5 +58,18 @@ TEST(ReceptionTest, IsDescribedAsItIsNow) {
   EXPECT_EQ("cannot open it", Describe({"cannot open it", 12, true}));
 }
 
+TEST_F(ReceptionNoticesTest, TellEachStepOfASearchOnceAndWhatItFound) {
+  const auto tell = [this](const std::string& trouble, const std::string& found) {
+    return notices.TakeNews({trouble, 0, false, true, found});
+  };
+  EXPECT_EQ(News{"looking: a"}, tell("looking: a", ""));
+  EXPECT_EQ(News{"looking: b"}, tell("looking: b", ""));
+  EXPECT_EQ(News(), tell("looking: a", ""));
+  EXPECT_EQ(News{"found a receiver: b"}, tell("", "b"));
+  EXPECT_EQ(News(), tell("", "b"));
+  EXPECT_EQ(News{"looking: a"}, tell("looking: a", "b"));
+  EXPECT_EQ(News{"found a receiver: b"}, tell("", "b"));
+}
+
 }  // namespace
 }  // namespace host

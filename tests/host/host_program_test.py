@@ -594,7 +594,8 @@ class Errors(HostTest):
         self.check(2, "unknown option --mirorr; did you mean --mirror?", "--mirorr")
         self.check(2, 'no view "sped"; did you mean Speed?', "--view", "sped")
         self.check(2, "--nmea drive.nmea", "drive.nmea")
-        self.check(2, "9601", "--port", "/dev/ttyS0", "--baud", "9601")
+        self.check(2, "from 50 to 4000000", "--port", "/dev/ttyS0", "--baud", "49")
+        self.check(2, "the engine knows 300,", "--port", "/dev/ttyS0", "--raw", "--baud", "9601")
         self.check(2, "only one source", "--demo", "--gpsd")
 
     def test_output_that_cannot_be_written(self):
