@@ -7,7 +7,9 @@
 #include <windows.h>
 
 #include <cstdint>
+#include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace handheld {
@@ -84,6 +86,11 @@ int IdleTimerResets();
 /// same path soon means another terminal.
 void MapSerialPort(const std::string& port, const std::string& devicePath);
 
+/// Shows `observer` the bytes of each ReadFile from a serial port, on the reading thread, before the
+/// call returns: it must not wait, nor read or observe ports itself. An empty function ends that;
+/// the observer before is not running any more when this returns.
+void ObserveSerialReads(std::function<void(std::string_view)> observer);
+
 // Modules.
 
 /// Pretended folder of loaded libraries (a Linux path): GetModuleFileNameW returns this folder and
@@ -109,6 +116,10 @@ std::string LinuxPath(const std::u16string& devicePath);
 /// Linux paths of the pictures, fonts and sounds that were missing or damaged when they were asked
 /// for, each once, in order.
 std::vector<std::string> UnreadableFiles();
+
+/// True once text was to be drawn in a font that is neither added nor replaced by an installed one:
+/// nothing is drawn of it.
+bool LacksFonts();
 
 // Screen.
 

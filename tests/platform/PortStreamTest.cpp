@@ -99,6 +99,19 @@ TEST_F(Serial, NamesDoNotDependOnCase) {
   EXPECT_NE(INVALID_HANDLE_VALUE, port);
 }
 
+TEST_F(Serial, ShowsWhatIsReadToAnObserver) {
+  port = OpenPort();
+  std::string seen;
+  handheld::ObserveSerialReads([&seen](std::string_view bytes) { seen += bytes; });
+  receiver.Send("$GPRMC\r\n");
+  EXPECT_EQ("$GPRMC\r\n", ReadOnce(port).bytes);
+  EXPECT_EQ("$GPRMC\r\n", seen);
+  handheld::ObserveSerialReads({});
+  receiver.Send("more\r\n");
+  EXPECT_EQ("more\r\n", ReadOnce(port).bytes);
+  EXPECT_EQ("$GPRMC\r\n", seen);
+}
+
 TEST_F(Serial, PortsOpenOnceAtATime) {
   port = OpenPort();
   ASSERT_NE(INVALID_HANDLE_VALUE, port);

@@ -3,6 +3,7 @@
 #include <fontconfig/fontconfig.h>
 #include <strings.h>
 
+#include <atomic>
 #include <map>
 #include <memory>
 #include <utility>
@@ -20,6 +21,8 @@ struct DestroyPattern {
   void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
 };
 using Pattern = std::unique_ptr<FcPattern, DestroyPattern>;
+
+std::atomic<bool> lacksFonts = false;
 
 /// Family name of a font file; empty when the file is no font.
 std::string FamilyOf(const std::string& path) {
@@ -94,8 +97,17 @@ FontFile FindFontFile(const std::u16string& faceName, FontWeight weight) {
   auto found = installed.find(key);
   if (found == installed.end()) {
     found = installed.emplace(key, FindInstalled(name, weight)).first;
+    lacksFonts = lacksFonts || found->second.path.empty();
   }
   return found->second;
 }
 
 }  // namespace handheld::gdi
+
+namespace handheld {
+
+bool LacksFonts() {
+  return gdi::lacksFonts;
+}
+
+}  // namespace handheld

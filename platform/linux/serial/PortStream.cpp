@@ -11,6 +11,7 @@
 #include <cstring>
 
 #include "core/LastError.h"
+#include "serial/ReadObserver.h"
 #include "serial/SerialLine.h"
 #include "serial/SerialPorts.h"
 #include "time/Clock.h"
@@ -231,6 +232,7 @@ DWORD PortStream::Read(void* buffer, DWORD size, DWORD& count) {
     }
   }
   count = KeepLeftover(burst);
+  ReadObserver::Instance().OnRead({static_cast<const char*>(buffer), count});
   return ERROR_SUCCESS;
 }
 
