@@ -1,4 +1,4 @@
-// The imaging library of the device over the desktop's imaging component.
+#include "Imaging.h"
 
 #include <imaging.h>
 #include <wincodec.h>
@@ -161,7 +161,20 @@ class ImagingFactory final : public handheld::Counted<IImagingFactory> {
   IWICImagingFactory* const components;
 };
 
+HRESULT CreateComponents(Reference<IWICImagingFactory>& components) {
+  return CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
+                          IID_PPV_ARGS(components.Out()));
+}
+
 }  // namespace
+
+void handheld::LoadImaging() {
+  Reference<IWICImagingFactory> components;
+  Reference<IWICBitmapDecoder> decoder;
+  if (SUCCEEDED(CreateComponents(components))) {
+    components->CreateDecoder(GUID_ContainerFormatPng, nullptr, decoder.Out());
+  }
+}
 
 extern "C" HRESULT WINAPI HandheldCreateInstance(REFCLSID clsid, IUnknown* outer, DWORD context,
                                                  REFIID iid, LPVOID* object) {
@@ -173,8 +186,7 @@ extern "C" HRESULT WINAPI HandheldCreateInstance(REFCLSID clsid, IUnknown* outer
     return E_NOINTERFACE;
   }
   Reference<IWICImagingFactory> components;
-  const HRESULT result = CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
-                                          IID_PPV_ARGS(components.Out()));
+  const HRESULT result = CreateComponents(components);
   if (FAILED(result)) {
     return result;
   }

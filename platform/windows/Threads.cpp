@@ -1,11 +1,14 @@
 // Threads of the engine. It waits for their end while it is unloaded, but the system holds its
 // loader lock then, so that no thread can begin or end. Therefore two worker threads run from the
-// first use until this library is unloaded, and carry out one procedure after another.
+// first use until this library is unloaded, and carry out one procedure after another. What they
+// would load later is loaded before they start, as loading takes that lock as well.
 
 #include <windows.h>
 
 #include <atomic>
 #include <iterator>
+
+#include "Imaging.h"
 
 // This file calls the system's own.
 #undef CloseHandle
@@ -134,10 +137,8 @@ class Workers {
   }
 
   HANDLE Lend(LPTHREAD_START_ROUTINE procedure, LPVOID argument) {
-    for (Worker& worker : workers) {
-      if (!worker.IsStarted() && !worker.Start()) {
-        return nullptr;
-      }
+    if (!StartAll()) {
+      return nullptr;
     }
     for (Worker& worker : workers) {
       if (const HANDLE handle = worker.Lend(procedure, argument); handle != nullptr) {
@@ -158,6 +159,20 @@ class Workers {
   }
 
  private:
+  bool StartAll() {
+    if (!isImagingLoaded) {
+      handheld::LoadImaging();
+      isImagingLoaded = true;
+    }
+    for (Worker& worker : workers) {
+      if (!worker.IsStarted() && !worker.Start()) {
+        return false;
+      }
+    }
+    return true;
+  }
+
+  bool isImagingLoaded = false;
   Worker workers[WORKER_COUNT];
 };
 

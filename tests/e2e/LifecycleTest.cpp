@@ -1,5 +1,8 @@
 // Loading and unloading the library, and what it leaves behind.
 
+#include <chrono>
+#include <thread>
+
 #include "EngineTest.h"
 
 namespace e2e {
@@ -90,6 +93,17 @@ TEST_F(Lifecycle, DetachesWithARunningReader) {
   EXPECT_EQ(1U, Send(Rmc("120000", "A", "10.0")));
   Unload();
   EXPECT_TRUE(device->Exists("TachyMo.ini"));
+}
+
+/// The first update loads the pictures, for which the system may load libraries of its own.
+TEST_F(Lifecycle, DetachesDuringTheFirstUpdate) {
+  for (int moment = 0; moment < 20; ++moment) {
+    Load();
+    engine->SetUseGPSAPI(1);
+    ASSERT_EQ(1, engine->StartCallBack(host->Get()));
+    std::this_thread::sleep_for(std::chrono::microseconds(50 * moment));
+    Unload();
+  }
 }
 
 TEST_F(Lifecycle, LeavesNoHandleOpen) {
