@@ -1,6 +1,7 @@
 // Prints the speed after each of the first ten positions that the receiver at COM1 sends.
 
 #include <ferolin.h>
+#include <windows.h>
 
 #include <cstdio>
 
