@@ -72,6 +72,7 @@ ferolin_folder(platform/linux/gdi
   USES ${FAMILY_USES} platform/linux/text platform/linux/files platform/linux/windows)
 ferolin_folder(platform/linux/imaging USES ${FAMILY_USES} platform/linux/files)
 ferolin_folder(platform/linux/display USES ${FAMILY_USES})
+ferolin_folder(platform/linux/hosting USES ${FAMILY_USES} include platform/linux/modules)
 
 # The libraries beside the engine
 ferolin_folder(siblings/common)

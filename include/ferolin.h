@@ -1,9 +1,10 @@
 // Ferolin: the engine of a GPS speedometer, as its host application sees it.
 //
-// The library is driven through the 59 plain functions below. Loading it (`LoadLibraryW`) builds
-// the engine and reads the settings file `TachyMo.ini` in the library's folder; unloading it
-// (`FreeLibrary`) stops everything, writes the track when that was asked for, writes the settings
-// file and frees the engine.
+// The library is driven through the 59 plain functions below. Loading it (`LoadLibraryW`; on Linux
+// `dlopen`) builds the engine and reads the settings file `TachyMo.ini` in the library's folder;
+// unloading it (`FreeLibrary`, `dlclose`) stops everything, writes the track when that was asked
+// for, writes the settings file and frees the engine. C99 and C++. On Linux ferolin-device.h has
+// what belongs to the device: the folder, serial ports, windows.
 //
 // A host usually goes through these steps:
 //   1. load the library and get the functions' addresses;
@@ -38,7 +39,11 @@
 //               fits; no result.
 #pragma once
 
+#ifdef __linux__
+#include "ferolin-types.h"
+#else
 #include <windows.h>
+#endif
 
 #ifdef __cplusplus
 extern "C" {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ferolin.h>
+#include <windows.h>
 
 /// Calls the macro USE with the name of every function of ferolin.h that programs call.
 #define FEROLIN_FUNCTIONS(USE) \

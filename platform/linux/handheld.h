@@ -97,9 +97,20 @@ void ObserveSerialReads(std::function<void(std::string_view)> observer);
 /// the library's file name. Empty at start, which means the library's real folder.
 void SetModuleDirectory(const std::string& path);
 /// Folder in which LoadLibraryW looks first for libraries named without a path (a Linux path);
-/// empty for none. The folder of the running program is always searched, the module directory
-/// never.
+/// empty for none. The folder of the running program is searched next, then that of installed
+/// libraries; the module directory never is.
 void SetLibraryDirectory(const std::string& path);
+
+/// Folder of pictures, sounds and the display font that belong to the libraries: beside them, or
+/// where they were installed to. Empty when they are in neither.
+std::string SharedFolder();
+/// Folder of a program's data for the user who runs it, such as ~/.local/share/ferolin. Empty when
+/// the environment names no folder.
+std::string DataFolder(const std::string& program);
+/// Makes an existing folder (a Linux path) stand for the one in which the handheld's program lies:
+/// loaded libraries seem to lie there, and they see it as "\Ferolin". Pictures, sounds or a display
+/// font that it lacks are those of the shared folder.
+void SetProgramFolder(const std::string& path);
 
 // Files.
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <ferolin.h>
+#include <windows.h>
 
 #include <string>
 

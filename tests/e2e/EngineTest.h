@@ -2,6 +2,7 @@
 
 #include <ferolin.h>
 #include <gtest/gtest.h>
+#include <windows.h>
 
 #include <memory>
 #include <string>

@@ -1,3 +1,4 @@
+#include <dlfcn.h>
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -214,6 +215,61 @@ TEST_F(ModulesTest, AreLoadedAndFreedByManyThreads) {
   EXPECT_EQ(80, loaded);
 }
 
+/// Loaded by dlopen.
+class ForeignModuleTest : public ModulesTest {
+ protected:
+  ForeignModuleTest() { handheld::SetModuleDirectory(folder.Path()); }
+  ~ForeignModuleTest() override { handheld::SetModuleDirectory(""); }
+
+  static void* Open() { return dlopen(TEST_MODULES "/libprobe.so", RTLD_NOW); }
+
+  template <typename Function>
+  static Function* Find(void* library, const char* name) {
+    return reinterpret_cast<Function*>(dlsym(library, name));
+  }
+
+  TempFolder folder;
+};
+
+TEST_F(ForeignModuleTest, IsAttachedOnceAndDetachedByTheLastClose) {
+  void* const library = Open();
+  ASSERT_NE(nullptr, library);
+  Find<void(ProbeObserver)>(library, "ProbeObserve")(
+      [](bool, bool areStaticsAlive) { detachments.push_back(areStaticsAlive); });
+  EXPECT_EQ(library, Open());
+  EXPECT_EQ(1, Find<int()>(library, "ProbeAttachments")());
+  EXPECT_NE(nullptr, Find<HINSTANCE()>(library, "ProbeModule")());
+  dlclose(library);
+  EXPECT_TRUE(detachments.empty());
+  dlclose(library);
+  EXPECT_EQ(std::vector<bool>{true}, detachments);
+}
+
+TEST_F(ForeignModuleTest, IsTheOneThatLoadLibraryFinds) {
+  void* const library = Open();
+  const HMODULE module = LoadLibraryW(u"Probe.dll");
+  EXPECT_EQ(Find<HINSTANCE()>(library, "ProbeModule")(), module);
+  EXPECT_EQ(1, Symbol<int()>(module, u"ProbeAttachments")());
+  EXPECT_EQ(handheld::DevicePath(folder.Path("libprobe.so")), PathOf(module));
+  Symbol<void(ProbeObserver)>(module, u"ProbeObserve")(NoteDetachment);
+  EXPECT_TRUE(FreeLibrary(module));
+  EXPECT_TRUE(detachments.empty());
+  EXPECT_FALSE(FreeLibrary(module));
+  dlclose(library);
+  EXPECT_EQ(1U, detachments.size());
+}
+
+TEST_F(ForeignModuleTest, StaysUntilLoadLibraryGivesItBack) {
+  void* const library = Open();
+  const HMODULE module = LoadLibraryW(u"Probe.dll");
+  Symbol<void(ProbeObserver)>(module, u"ProbeObserve")(NoteDetachment);
+  dlclose(library);
+  EXPECT_TRUE(detachments.empty());
+  EXPECT_TRUE(FreeLibrary(module));
+  EXPECT_EQ(1U, detachments.size());
+  EXPECT_FALSE(FreeLibrary(module));
+}
+
 /// Loads the library, lets the probe report its detachment and exits the process.
 [[noreturn]] void ExitWithLibraryLoaded(LPCWSTR name) {
   LoadLibraryW(name);
@@ -229,6 +285,23 @@ TEST(ModulesDeathTest, AreDetachedWhenTheProcessEnds) {
   handheld::SetLibraryDirectory(TEST_MODULES);
   EXPECT_EXIT(ExitWithLibraryLoaded(u"Probe.dll"), testing::ExitedWithCode(0),
               "detached, ending 1, statics alive 1");
+}
+
+[[noreturn]] void ExitWithLibraryOpen() {
+  void* const library = dlopen(TEST_MODULES "/libprobe.so", RTLD_NOW);
+  reinterpret_cast<void (*)(ProbeObserver)>(dlsym(library, "ProbeObserve"))(
+      [](bool, bool areStaticsAlive) {
+        std::fprintf(stderr, "detached, statics alive %d\n", areStaticsAlive);
+      });
+  std::exit(0);
+}
+
+TEST(ModulesDeathTest, ForeignOnesAreDetachedWhenTheProcessEnds) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  const TempFolder folder;
+  handheld::SetModuleDirectory(folder.Path());
+  EXPECT_EXIT(ExitWithLibraryOpen(), testing::ExitedWithCode(0), "detached, statics alive 1");
+  handheld::SetModuleDirectory("");
 }
 
 /// The outer library may still use the inner one.

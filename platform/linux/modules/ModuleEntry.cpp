@@ -1,5 +1,6 @@
-// Linked into each module that has an entry function. Registers the entry with LoadLibraryW, which
-// calls it after the module's static objects are constructed. The entry itself is not exported.
+// Linked into each module that has an entry function. Registers the entry with the loader after the
+// module's other static objects are made, and takes it back before they are destroyed. The entry
+// itself is not exported.
 #include "modules/ModuleEntry.h"
 
 extern "C" [[gnu::visibility("hidden")]] BOOL WINAPI DllMain(HINSTANCE module, DWORD reason,
@@ -15,3 +16,6 @@ struct Registration {
 const Registration REGISTRATION;
 
 }  // namespace
+
+/// The name by which a module takes this source from its archive.
+extern "C" [[gnu::visibility("hidden")]] const char ferolinModuleStart = 0;

@@ -12,6 +12,7 @@
 #include "core/LastError.h"
 #include "files/Paths.h"
 #include "handheld.h"
+#include "modules/ProgramFolder.h"
 #include "text/WideText.h"
 
 namespace handheld {
@@ -46,6 +47,9 @@ std::string RealPath(const std::string& path) {
   char resolved[PATH_MAX];
   return realpath(path.c_str(), resolved) == nullptr ? path : resolved;
 }
+
+/// Calls of LoadLibraryW under way on this thread.
+thread_local int loadsUnderWay = 0;
 
 /// Linux file name of a device library: "Parlex.DLL" becomes "libParlex.so".
 std::string LinuxLibraryName(const std::string& fileName) {
@@ -90,14 +94,64 @@ void Modules::SetLibraryDirectory(const std::string& path) {
 
 void Modules::RegisterEntry(ModuleEntry entry) {
   const HMODULE handle = ModuleAt(reinterpret_cast<const void*>(entry));
+  if (loadsUnderWay == 0) {
+    AttachForeign(handle, entry);
+    return;
+  }
   const std::lock_guard lock(mutex);
   entries[handle] = entry;
 }
 
 void Modules::UnregisterEntry(ModuleEntry entry) {
   const HMODULE handle = ModuleAt(reinterpret_cast<const void*>(entry));
+  ModulePointer foreign;
+  {
+    const std::lock_guard lock(mutex);
+    entries.erase(handle);
+    foreign = FindByHandle(handle);
+  }
+  if (foreign != nullptr && foreign->isForeign) {
+    entry(handle, DLL_PROCESS_DETACH, nullptr);
+    const std::lock_guard lock(mutex);
+    std::erase(modules, foreign);
+  }
+}
+
+bool Modules::HasModules() const {
   const std::lock_guard lock(mutex);
-  entries.erase(handle);
+  return !modules.empty();
+}
+
+/// Runs inside of dlopen: the module is complete, its static objects included.
+void Modules::AttachForeign(HMODULE handle, ModuleEntry entry) {
+  const auto module = std::make_shared<Module>();
+  Dl_info info = {};
+  dladdr(handle, &info);
+  module->path = RealPath(info.dli_fname);
+  // The loader's handle stays the same for as long as the module is loaded. No reference is kept.
+  module->library = dlopen(module->path.c_str(), RTLD_NOW | RTLD_NOLOAD);
+  if (module->library != nullptr) {
+    dlclose(module->library);
+  }
+  module->handle = handle;
+  module->entry = entry;
+  module->worker = std::this_thread::get_id();
+  module->references = 0;
+  module->isForeign = true;
+  bool hasFolder = false;
+  {
+    const std::lock_guard lock(mutex);
+    modules.push_back(module);
+    hasFolder = !directory.empty();
+  }
+  if (!hasFolder) {
+    ChooseProgramFolder(FileNameOf(module->path));
+  }
+  entry(handle, DLL_PROCESS_ATTACH, nullptr);
+  const std::lock_guard lock(mutex);
+  module->state = State::LOADED;
+  module->worker = {};
+  stateChanged.notify_all();
 }
 
 std::vector<std::string> Modules::GetSearchFolders() const {
@@ -109,6 +163,7 @@ std::vector<std::string> Modules::GetSearchFolders() const {
     }
   }
   folders.push_back(FolderOf(ProgramPath()));
+  folders.push_back(InstalledLibraryFolder());
   return folders;
 }
 
@@ -152,6 +207,10 @@ HMODULE Modules::Load(const std::string& name) {
     const bool isOwn = loaded->worker == std::this_thread::get_id();
     if (loaded->state == State::LOADED || (loaded->state == State::ATTACHING && isOwn)) {
       ++loaded->references;
+      lock.unlock();
+      if (loaded->isForeign) {
+        dlopen(path.c_str(), RTLD_NOW | RTLD_NOLOAD);
+      }
       return loaded->handle;
     }
     if (isOwn) {
@@ -168,7 +227,9 @@ HMODULE Modules::Load(const std::string& name) {
 }
 
 bool Modules::Open(Module& module) {
+  ++loadsUnderWay;
   void* library = dlopen(module.path.c_str(), RTLD_NOW | RTLD_LOCAL);
+  --loadsUnderWay;
   if (library == nullptr) {
     return Fail(ERROR_MOD_NOT_FOUND, false);
   }
@@ -219,14 +280,20 @@ bool Modules::Free(HMODULE handle) {
   {
     const std::lock_guard lock(mutex);
     module = FindByHandle(handle);
-    if (module == nullptr || module->state == State::DETACHING) {
+    if (module == nullptr || module->state == State::DETACHING || module->references == 0) {
       return false;
     }
-    if (--module->references > 0) {
+    if (--module->references > 0 && !module->isForeign) {
       return true;
     }
-    module->state = State::DETACHING;
-    module->worker = std::this_thread::get_id();
+    if (!module->isForeign) {
+      module->state = State::DETACHING;
+      module->worker = std::this_thread::get_id();
+    }
+  }
+  if (module->isForeign) {
+    dlclose(module->library);
+    return true;
   }
   Detach(module, false);
   return true;
@@ -238,7 +305,8 @@ void Modules::DetachNewest() {
   {
     const std::lock_guard lock(self.mutex);
     for (const ModulePointer& module : self.modules) {
-      if (module->state == State::LOADED && (newest == nullptr || module->order > newest->order)) {
+      if (module->state == State::LOADED && !module->isForeign &&
+          (newest == nullptr || module->order > newest->order)) {
         newest = module;
       }
     }

@@ -18,6 +18,9 @@ namespace handheld {
 ///
 /// A module still loaded when the process exits is detached before its static objects are
 /// destroyed; the newest goes first.
+///
+/// A module that another loader loads (dlopen, or the start of a program that links it) is attached
+/// when it registers its entry and detached when it takes it back. LoadLibraryW finds it loaded.
 class Modules {
  public:
   static Modules& Instance();
@@ -27,6 +30,9 @@ class Modules {
 
   void RegisterEntry(ModuleEntry entry);
   void UnregisterEntry(ModuleEntry entry);
+
+  /// Whether any library is loaded.
+  bool HasModules() const;
 
   /// Null with the last error set when there is no such library or it refuses to be loaded.
   HMODULE Load(const std::string& name);
@@ -47,7 +53,10 @@ class Modules {
     State state = State::ATTACHING;
     /// Thread that attaches or detaches it.
     std::thread::id worker;
+    /// Of LoadLibraryW.
     int references = 1;
+    /// Whether another loader has loaded it.
+    bool isForeign = false;
     std::uint64_t order = 0;
   };
   using ModulePointer = std::shared_ptr<Module>;
@@ -58,6 +67,7 @@ class Modules {
   ModulePointer FindByHandle(HMODULE handle) const;
   bool Open(Module& module);
   HMODULE Attach(const ModulePointer& module);
+  void AttachForeign(HMODULE handle, ModuleEntry entry);
   void Detach(const ModulePointer& module, bool isProcessEnding);
   static void DetachNewest();
 
