@@ -197,8 +197,7 @@ void OptionTable::AddMessages() {
 void OptionTable::AddOthers() {
   StartGroup("Other");
   AddValue("--home", "DIR",
-           "folder of settings, pictures and tracks; default: the program's own if it can be "
-           "written to, else ~/.local/share/ferolin",
+           "folder of settings, drives and tracks; default: ~/.local/share/ferolin",
            StoreIn(options.home));
   AddFlag("-h,--help", "show this text", Assign(options.action, Options::Action::HELP));
   AddFlag("--version", "show the version", Assign(options.action, Options::Action::VERSION));

@@ -92,7 +92,7 @@ struct Options {
   std::uint64_t updates = 0;
   /// "ENU" or "RUS"; empty: the environment's language.
   std::string language;
-  /// Folder of settings, pictures and tracks; empty: chosen by HomeFolder.
+  /// Folder of settings, drives and tracks; empty: chosen by HomeFolder.
   std::string home;
 
   bool writeKml = false;

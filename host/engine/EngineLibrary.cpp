@@ -34,11 +34,17 @@ EngineLibrary::Functions FindFunctions(HMODULE module) {
   return functions;
 }
 
+std::string DescribeLoadError(DWORD error) {
+  return error == ERROR_MOD_NOT_FOUND
+             ? "there is no engine library, libferolin.so, that can be loaded"
+             : "cannot load the engine library: error " + std::to_string(error);
+}
+
 }  // namespace
 
 EngineLibrary::EngineLibrary() : module(LoadLibraryW(TEXT("Ferolin.dll"))) {
   if (module == nullptr) {
-    throw HostError("cannot load the engine library: error " + std::to_string(GetLastError()));
+    throw HostError(DescribeLoadError(GetLastError()));
   }
   try {
     functions = FindFunctions(module);

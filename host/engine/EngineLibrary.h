@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ferolin.h>
+#include <windows.h>
 
 #include <string>
 

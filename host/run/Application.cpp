@@ -37,9 +37,7 @@ std::unique_ptr<NmeaSource> OpenRecording(const Options& options) {
 }
 
 void PrepareDevice(const Options& options, const HomeFolder& home) {
-  handheld::MapPath(HOME_ON_DEVICE, home.GetPath());
-  handheld::SetModuleDirectory(home.GetPath());
-  handheld::SetLibraryDirectory(home.GetLibraryFolder());
+  handheld::SetProgramFolder(home.GetPath());
   handheld::SetScreen(options.size.width, options.size.height, options.dpi);
   if (!options.language.empty()) {
     handheld::SetLanguage(options.language.c_str());

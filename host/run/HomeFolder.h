@@ -5,21 +5,17 @@
 
 namespace host {
 
-/// Holds the settings file, pictures, sounds, the font and tracks.
+/// Holds the settings file, drives and tracks, and pictures, sounds or a display font that the user
+/// prefers to the program's.
 class HomeFolder {
  public:
-  /// Uses the folder `asked`; if that is empty, the engine library's folder if it can be written
-  /// to, else one in the user's data folder. Creates the folder and links pictures, sounds and font
-  /// there. Throws HostError when the folder cannot be used.
+  /// Uses the folder `asked`; if that is empty, "ferolin" in the user's data folder. Makes it where
+  /// it is missing. Throws HostError when the folder cannot be used.
   explicit HomeFolder(const std::string& asked);
 
   const std::string& GetPath() const { return path; }
 
-  /// Folder of the engine library.
-  const std::string& GetLibraryFolder() const { return libraryFolder; }
-
  private:
-  std::string libraryFolder;
   std::string path;
 };
 

@@ -546,12 +546,25 @@ class Extras(HostTest):
         self.assertEqual(result.returncode, 2)
         self.assertIn("--sms-to", result.stderr)
 
-    def test_links_what_lies_beside_the_engine(self):
-        self.replay("")
+    def test_takes_pictures_and_sounds_that_come_with_the_engine(self):
+        speeds = [kmh / 1.852 for kmh in (50, 72)]
+        _, _, said = self.replay(recording(speeds), "--limit", "60", "--shot",
+                                 self.path("view.png"))
+        self.assertIn("sounds played: Limit.wav: 1", said)
+        self.assertNotIn("missing", said)
         for name in ("Pics", "Wav", "lcd-u.ttf"):
-            beside = os.path.join(os.path.dirname(self.program), name)
-            self.assertEqual(os.path.exists(os.path.join(self.home, name)),
-                             os.path.exists(beside), name)
+            self.assertFalse(os.path.lexists(os.path.join(self.home, name)), name)
+
+    def check_default_home(self, expected, **environment):
+        result = subprocess.run([self.program, "--nmea", "-", "--json"], input=recording([10]),
+                                capture_output=True, encoding="utf-8", timeout=PATIENCE,
+                                env=self.environment(**environment), check=False)
+        self.assertEqual(result.returncode, 0, result.stderr)
+        self.assertTrue(os.path.isfile(os.path.join(expected, "TachyMo.ini")))
+
+    def test_settings_lie_in_the_users_data_folder(self):
+        self.check_default_home(self.path(".local", "share", "ferolin"))
+        self.check_default_home(self.path("data", "ferolin"), XDG_DATA_HOME=self.path("data"))
 
 
 class Errors(HostTest):

@@ -26,7 +26,7 @@ class ProgramTestCase(unittest.TestCase):
     def environment(self, **changes):
         values = {key: value for key, value in os.environ.items()
                   if not key.startswith(("LC_", "LANG", "FEROLIN_", "SDL_"))
-                  and key not in ("DISPLAY", "WAYLAND_DISPLAY")}
+                  and key not in ("DISPLAY", "WAYLAND_DISPLAY", "XDG_DATA_HOME")}
         values.update(LANG="C", TZ="UTC0", HOME=self.folder, SDL_AUDIODRIVER="dummy")
         values.update(changes)
         return values
