@@ -50,8 +50,7 @@ PositionSource::PositionSource(const EngineLibrary& engine, const Options& optio
       recording(std::move(recording)),
       audience(audience),
       pace(ChoosePace(options, audience)),
-      end(std::move(onEnd)),
-      silence(std::chrono::steady_clock::now()) {
+      end(std::move(onEnd)) {
   handheld::SetTimeRate(pace > 0 ? pace : FASTEST_TIME_RATE);
 }
 
@@ -90,6 +89,7 @@ void PositionSource::OpenPort() {
   engine().SetComPortSpeed(baud == 0 ? LEAVE_BAUD_RATE : baud);
   engine().SetUseGPSAPI(0);
   engine().SetComPortName(ENGINE_PORT_NAME);
+  side = std::make_unique<SideReader>(nullptr);
 }
 
 void PositionSource::OpenGpsd() {
@@ -112,7 +112,9 @@ void PositionSource::OpenSearch() {
   Feed(std::move(source));
 }
 
-void PositionSource::OpenGpsApi() const {
+/// The GPS API tells neither of each position nor of gpsd's absence: the host has a connection of its
+/// own for that.
+void PositionSource::OpenGpsApi() {
   const HMODULE library = LoadLibraryW(GPS_LIBRARY);
   if (library == nullptr) {
     throw HostError("cannot use the GPS API: there is no library for it beside the engine");
@@ -122,6 +124,8 @@ void PositionSource::OpenGpsApi() const {
     setenv(GPSD_VARIABLE, options.gpsd.c_str(), 1);
   }
   engine().SetUseGPSAPI(1);
+  side = std::make_unique<SideReader>(
+      std::make_unique<GpsdSource>(GetVariable(GPSD_VARIABLE, "")));
 }
 
 void PositionSource::Feed(std::unique_ptr<NmeaSource> toFeed) {
@@ -154,18 +158,19 @@ std::unique_ptr<NmeaSource> PositionSource::MakeDemo() const {
                                       pace > 0 ? DemoSource::Laps::ENDLESS : DemoSource::Laps::ONE);
 }
 
-bool PositionSource::TellFixes(std::function<void(const Fix&)> take) {
-  const bool arePassed = feeder != nullptr && !options.raw;
-  if (arePassed) {
+void PositionSource::TellFixes(std::function<void(const Fix&)> take) {
+  if (feeder) {
     feeder->TellFixes(std::move(take));
+  } else {
+    side->TellFixes(std::move(take));
   }
-  return arePassed;
 }
 
 void PositionSource::Start() {
-  silence = SilenceWatch(std::chrono::steady_clock::now());
   if (feeder) {
     feeder->Start();
+  } else {
+    side->Start();
   }
 }
 
@@ -173,10 +178,12 @@ void PositionSource::Stop() {
   if (feeder) {
     feeder->Stop();
   }
+  if (side) {
+    side->Stop();
+  }
 }
 
 void PositionSource::Answer() {
-  silence.OnSentence(std::chrono::steady_clock::now());
   if (feeder) {
     if (feeder->TakeStretchStart()) {
       StartStretch(engine);
@@ -198,7 +205,7 @@ Feeder::Report PositionSource::GetReport() const {
     return feeder->GetReport();
   }
   Feeder::Report report;
-  report.reception.silentSeconds = silence.CountSilentSeconds(std::chrono::steady_clock::now());
+  report.reception = side->GetReception();
   return report;
 }
 

@@ -12,7 +12,7 @@
 #include "sources/NmeaSource.h"
 #include "sources/PseudoTerminal.h"
 #include "sources/SearchSource.h"
-#include "sources/SilenceWatch.h"
+#include "sources/SideReader.h"
 
 namespace host {
 
@@ -33,9 +33,8 @@ class PositionSource {
   /// Connects the engine with the source. Throws HostError when that fails.
   void Open();
 
-  /// Gives `take` each fix that the receiver sends, on another thread. False when its sentences do
-  /// not pass through the host. Call between Open and Start.
-  bool TellFixes(std::function<void(const Fix&)> take);
+  /// Gives `take` each fix that the receiver sends, on another thread. Call between Open and Start.
+  void TellFixes(std::function<void(const Fix&)> take);
 
   /// Starts feeding the engine, which must be reading.
   void Start();
@@ -51,17 +50,17 @@ class PositionSource {
   /// The receiver that a search has found; nothing without one.
   std::optional<SearchSource::Receiver> GetFound() const;
 
-  /// When the engine reads by itself, only its silence is known.
+  /// When the engine reads by itself, only the reception is known.
   Feeder::Report GetReport() const;
 
-  /// Whether the engine gets sentences without a fix while a receiver is silent.
-  bool FillsSilence() const { return feeder != nullptr && !options.raw; }
+  /// Whether there are updates without a fix, once a second, while a receiver is silent.
+  bool FillsSilence() const { return !options.raw; }
 
  private:
   void OpenPort();
   void OpenGpsd();
   void OpenSearch();
-  void OpenGpsApi() const;
+  void OpenGpsApi();
   void Feed(std::unique_ptr<NmeaSource> toFeed);
   std::unique_ptr<NmeaSource> MakeDemo() const;
 
@@ -78,8 +77,8 @@ class PositionSource {
   SearchSource* search = nullptr;
   /// Null when the engine reads by itself.
   std::unique_ptr<Feeder> feeder;
-  /// Of a port that the engine reads by itself.
-  SilenceWatch silence;
+  /// Null unless the engine reads by itself.
+  std::unique_ptr<SideReader> side;
 };
 
 }  // namespace host

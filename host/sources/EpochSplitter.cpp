@@ -4,6 +4,7 @@
 
 #include "sources/NmeaSentence.h"
 #include "sources/NmeaTime.h"
+#include "sources/SentenceCheck.h"
 
 namespace host {
 
@@ -54,6 +55,10 @@ std::optional<std::int64_t> FullTimeMs(const NmeaSentence& rmc) {
   return time && date ? std::optional(*date + *time) : std::nullopt;
 }
 
+bool IsSound(std::string_view sentence) {
+  return !sentence.empty() && !SentenceCheck::Find(sentence, NmeaSentence(sentence));
+}
+
 /// An RMC of the same time that has no fix.
 NmeaSentence WithoutFix(const NmeaSentence& rmc) {
   NmeaSentence result;
@@ -99,11 +104,18 @@ void EpochSplitter::Finish() {
 
 void EpochSplitter::TakeLine(std::string_view bytes) {
   if (bridge == nullptr) {
-    const std::string_view sentence = FindSentence(bytes);
-    Append(bytes, sentence, sentence);
+    TakeRaw(bytes);
   } else {
     TakeBridged(bytes);
   }
+}
+
+void EpochSplitter::TakeRaw(std::string_view bytes) {
+  const std::string_view sentence = FindSentence(bytes);
+  if (fixes != nullptr && IsSound(sentence)) {
+    fixes->Add(sentence);
+  }
+  Append(bytes, sentence, sentence);
 }
 
 void EpochSplitter::TakeBridged(std::string_view bytes) {

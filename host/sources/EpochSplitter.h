@@ -50,8 +50,7 @@ class EpochSplitter {
   /// calls from Add and Finish.
   EpochSplitter(ReceiverBridge* bridge, Deliver deliver);
 
-  /// Also gives `reader` the sentences as the receiver sent them; it outlives the splitter. Needs a
-  /// bridge, which finds the damaged ones.
+  /// Also gives `reader` the sound sentences as the receiver sent them; it outlives the splitter.
   void ReadFixesWith(FixReader& reader) { fixes = &reader; }
 
   /// Adds the next bytes of the source.
@@ -68,6 +67,7 @@ class EpochSplitter {
 
  private:
   void TakeLine(std::string_view bytes);
+  void TakeRaw(std::string_view bytes);
   void TakeBridged(std::string_view bytes);
   void WatchClock(const std::string& sentence);
   void Append(std::string_view bytes, std::string_view sentence, std::string_view original);

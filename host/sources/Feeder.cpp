@@ -56,9 +56,7 @@ Feeder::Feeder(NmeaSource& source, const PseudoTerminal& line, Bridge bridgeUse,
       takeFix([](const Fix&) {}),
       fixReader([this](const Fix& each) { OnFix(each); }),
       patience(LONGEST_PATIENCE) {
-  if (bridgeUse == Bridge::ON) {
-    splitter.ReadFixesWith(fixReader);
-  }
+  splitter.ReadFixesWith(fixReader);
 }
 
 Feeder::~Feeder() {
@@ -149,12 +147,13 @@ void Feeder::WatchSilence(bool hasBytes) {
   sentencesSeen = splitter.GetSentences();
   const int seconds = silence.CountSilentSeconds(now);
   const bool isNew = reception.silentSeconds == 0;
-  if (seconds > reception.silentSeconds && bridgeUse == Bridge::ON) {
+  const bool isLonger = seconds > reception.silentSeconds;
+  if (isLonger && bridgeUse == Bridge::ON) {
     Queue(MakeGap(isNew));
-    if (isNew) {
-      fixReader.Finish();
-      takeFix(Fix());
-    }
+  }
+  if (isLonger && isNew) {
+    fixReader.Finish();
+    takeFix(Fix());
   }
   reception = {source.GetTrouble(), seconds, silence.HasNoise(now), source.Searches(),
                source.GetName()};

@@ -64,8 +64,7 @@ class Feeder {
   ~Feeder();
 
   /// Gives `take` each fix on the feeder's thread: that of a receiver at once, that of a recording
-  /// when it is played. When a receiver falls silent, `take` gets an empty one. Needs the bridge.
-  /// Call before Start.
+  /// when it is played. When a receiver falls silent, `take` gets an empty one. Call before Start.
   void TellFixes(std::function<void(const Fix&)> take);
 
   void Start();

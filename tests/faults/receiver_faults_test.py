@@ -7,6 +7,7 @@ usage: receiver_faults_test.py PROGRAM [unittest arguments]
 import json
 import os
 import sys
+import time
 
 from fault_case import DAY_MS, FaultCase, moment, run_tests
 
@@ -63,15 +64,22 @@ class DyingGpsd(FaultCase):
         return gpsd
 
     def test_is_told_and_the_drive_goes_on(self):
+        self.check()
+
+    def test_is_told_and_the_drive_goes_on_with_the_gps_api(self):
+        self.check("--gps-api")
+
+    def check(self, *arguments):
         gpsd = self.start_gpsd()
         address = "127.0.0.1:%d" % self.port
-        host = self.start_host("--json", "--gpsd", address)
+        host = self.start_host("--json", "--gpsd", address, *arguments)
         self.await_positions(5, host)
         gpsd.process.kill()
         gpsd.process.wait()
         self.await_words(host, "cannot reach gpsd at %s: " % address)
         self.wait_until(lambda: host.shown()[-1]["GPS status"] == "No signal", host.said)
         before = self.number_kept()
+        time.sleep(3)  # as long as a silence takes at least
         self.start_gpsd()
         self.await_words(host, "gpsd %s is connected" % address)
         self.wait_until(lambda: self.number_kept() >= before + 5, host.said)

@@ -21,6 +21,19 @@ class EpochSplitterTest : public testing::Test {
   EpochSplitter raw{nullptr, [this](Epoch epoch) { epochs.push_back(epoch); }};
 };
 
+TEST_F(EpochSplitterTest, ReadsFixesWithoutABridgeToo) {
+  std::vector<Fix> fixes;
+  FixReader reader([&fixes](const Fix& fix) { fixes.push_back(fix); });
+  raw.ReadFixesWith(reader);
+  raw.Add("noise$GNRMC,120000,A,5530.0,N,03730.0,E,3,4,010124,,\r\n");
+  raw.Add("$GPRMC,120001,A,5530.0,N,03730.0,E,3,4,010124,,*00\r\n");
+  raw.Add("$GPRMC,120002,A,5530.0,N,03730.0,E,3,4,320124,,\r\n");
+  raw.Finish();
+  ASSERT_EQ(1u, fixes.size());
+  EXPECT_TRUE(fixes[0].hasFix);
+  EXPECT_EQ(55.5, fixes[0].latitude);
+}
+
 TEST_F(EpochSplitterTest, CutsBehindTheRmc) {
   bridged.Add(GGA + END + RMC + END + GGA + END + GGA + END + LATER_RMC + END + GGA + END);
   ASSERT_EQ(2u, epochs.size());

@@ -57,7 +57,7 @@ class FeederTest : public testing::Test {
   void Feed(const std::string& text, bool live = false) {
     source = std::make_unique<TextSource>(text, live);
     feeder = std::make_unique<Feeder>(
-        *source, line, Feeder::Bridge::ON, 0, [](const Epoch&) {}, [this] { ended = true; });
+        *source, line, bridge, 0, [](const Epoch&) {}, [this] { ended = true; });
     feeder->TellFixes([this](const Fix&) { ++fixes; });
     feeder->Start();
   }
@@ -88,6 +88,7 @@ class FeederTest : public testing::Test {
 
   PseudoTerminal line;
   FileDescriptor engineEnd{open(line.GetDevice().c_str(), O_RDWR | O_NOCTTY)};
+  Feeder::Bridge bridge = Feeder::Bridge::ON;
   std::unique_ptr<NmeaSource> source;
   std::unique_ptr<Feeder> feeder;
   std::atomic<bool> ended = false;
@@ -187,6 +188,13 @@ TEST_F(FeederTest, TellsTheFixesOfAReceiverAtOnce) {
   EXPECT_EQ(RMC + RMC + RMC, Receive(3 * RMC.size()));
   EXPECT_FALSE(ended);
   EXPECT_EQ(3, fixes);
+}
+
+TEST_F(FeederTest, TellsFixesWithoutABridgeToo) {
+  bridge = Feeder::Bridge::OFF;
+  Feed(RMC + RMC, true);
+  EXPECT_EQ(RMC + RMC, Receive(2 * RMC.size()));
+  EXPECT_EQ(2, fixes);
 }
 
 TEST_F(FeederTest, FillsTheSilenceOfAReceiverWithoutAFix) {

@@ -110,6 +110,7 @@ class GpsdTest(ProgramTestCase):
         self.assertEqual(sensors["Speed"], "36.0 km/h")
         said = self.stop_host(process)
         self.assertNotIn("sends sentences of", said)
+        self.assertIn("kept as drive 1: ", said)
 
 
 if __name__ == "__main__":

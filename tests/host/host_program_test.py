@@ -798,6 +798,7 @@ class Receiver(HostTest):
         self.assertEqual(len(updates), 3)
         self.assertNotIn("read as GP", said)
         self.assertEqual(self.baud_rate(), 9600)
+        self.assertIn("kept as drive 1: ", said)
 
     def test_gets_the_baud_rate_and_is_remembered(self):
         self.drive("--port", self.device, "--baud", "38400", seconds=1)
@@ -873,7 +874,23 @@ class Receiver(HostTest):
         self.assertEqual(line["notice"], "no data for 3 s")
         # The engine was left alone.
         self.assertEqual(line["update"], 0)
-        self.assertIn("no data for 3 s", self.finish(process)[1])
+        os.write(self.master, b"$GPTXT,no position*00\r\n")
+        line = self.read_until(process, lambda line: "notice" not in line)
+        self.assertEqual(line["update"], 0)
+        said = self.finish(process)[1]
+        self.assertIn("no data for 3 s", said)
+        self.assertRegex(said, r"data again after \d+ s")
+
+    def test_that_sends_no_sentences_is_told_when_raw_too(self):
+        process = self.start_host("--json", "--raw", "--port", self.device)
+        notice = ""
+        deadline = time.monotonic() + PATIENCE
+        while "--baud" not in notice and time.monotonic() < deadline:
+            os.write(self.master, b"\xf3\x80\x1e\n")
+            if select.select([process.stdout], [], [], 0.2)[0]:
+                notice = json.loads(process.stdout.readline()).get("notice", "")
+        self.assertIn("bytes but no sentences: is the baud rate right? (--baud)", notice)
+        self.finish(process)
 
     def test_that_comes_late_and_is_pulled_and_plugged_in_again(self):
         plug = self.path("gps")

@@ -1,0 +1,110 @@
+#include <gtest/gtest.h>
+#include <handheld.h>
+
+#include <array>
+#include <condition_variable>
+#include <vector>
+
+#include "sources/PseudoTerminal.h"
+#include "sources/SideReader.h"
+
+namespace host {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto PATIENCE = 60s;
+const std::string FIRST_RMC = "$GPRMC,120000,A,5530.0,N,03730.0,E,3,4,010124,,\r\n";
+const std::string SECOND_RMC = "$GPRMC,120001,A,5530.0,N,03730.0,E,3,4,010124,,\r\n";
+const std::string SECOND_GGA = "$GPGGA,120001,5530.0,N,03730.0,E,1\r\n";
+/// 12:00:00 on 1 January 2024, day 19,723 after 1970.
+constexpr std::int64_t FIRST_MS = (19723LL * 24 + 12) * 3600 * 1000;
+
+/// Gives one text and then waits for Stop.
+class TextSource : public NmeaSource {
+ public:
+  explicit TextSource(std::string text) : text(std::move(text)) {}
+
+  std::optional<std::string> Read() override {
+    std::unique_lock lock(mutex);
+    if (!text.empty()) {
+      return std::exchange(text, {});
+    }
+    changed.wait(lock, [this] { return isStopped; });
+    return std::nullopt;
+  }
+  void Stop() override {
+    const std::lock_guard lock(mutex);
+    isStopped = true;
+    changed.notify_all();
+  }
+  std::optional<std::uint64_t> GetSize() const override { return std::nullopt; }
+  std::string GetTrouble() const override { return "cannot reach it"; }
+  bool IsLive() const override { return true; }
+
+ private:
+  std::mutex mutex;
+  std::condition_variable changed;
+  std::string text;
+  bool isStopped = false;
+};
+
+class SideReaderTest : public testing::Test {
+ protected:
+  void Take(const Fix& fix) {
+    const std::lock_guard lock(mutex);
+    fixes.push_back(fix);
+    changed.notify_all();
+  }
+
+  bool AwaitFixes(std::size_t count) {
+    std::unique_lock lock(mutex);
+    return changed.wait_for(lock, PATIENCE, [&] { return fixes.size() >= count; });
+  }
+
+  std::mutex mutex;
+  std::condition_variable changed;
+  std::vector<Fix> fixes;
+};
+
+TEST_F(SideReaderTest, TellsTheFixesOfASourceAndAtTheEndTheLastOne) {
+  SideReader reader(std::make_unique<TextSource>(FIRST_RMC + SECOND_GGA));
+  reader.TellFixes([this](const Fix& fix) { Take(fix); });
+  reader.Start();
+  ASSERT_TRUE(AwaitFixes(1));
+  reader.Stop();
+  ASSERT_EQ(2u, fixes.size());
+  EXPECT_EQ(FIRST_MS, fixes[0].timeMs);
+  EXPECT_EQ(FIRST_MS + 1000, fixes[1].timeMs);
+}
+
+TEST_F(SideReaderTest, TellsTheTroubleOfASource) {
+  SideReader reader(std::make_unique<TextSource>(""));
+  reader.Start();
+  EXPECT_EQ("cannot reach it", reader.GetReception().trouble);
+}
+
+TEST_F(SideReaderTest, ReadsAlongAtTheSerialPort) {
+  const PseudoTerminal line;
+  handheld::MapSerialPort("COM1:", line.GetDevice());
+  const HANDLE port = CreateFileW(TEXT("COM1:"), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
+                                  FILE_ATTRIBUTE_NORMAL, nullptr);
+  SideReader reader(nullptr);
+  reader.TellFixes([this](const Fix& fix) { Take(fix); });
+  reader.Start();
+  for (const std::string& text : {FIRST_RMC, SECOND_GGA}) {
+    line.Write(text);
+    std::array<char, 2048> bytes = {};
+    DWORD count = 0;
+    ReadFile(port, bytes.data(), bytes.size(), &count, nullptr);
+    EXPECT_EQ(text, std::string(bytes.data(), count));
+  }
+  EXPECT_EQ(1u, fixes.size());
+  reader.Stop();
+  EXPECT_EQ(2u, fixes.size());
+  CloseHandle(port);
+  handheld::MapSerialPort("COM1:", "");
+}
+
+}  // namespace
+}  // namespace host
