@@ -2,6 +2,8 @@
 
 #include <fcntl.h>
 
+#include <filesystem>
+
 namespace host {
 
 namespace {
@@ -55,13 +57,13 @@ void Database::Open(const std::string& name, Missing missing) {
   const int result = sqlite3_open_v2(link.c_str(), &opened, flags, ShortPaths());
   connection.reset(opened);
   if (result != SQLITE_OK) {
-    throw GetError();
+    ThrowError();
   }
 }
 
 void Database::Execute(const char* sql) {
   if (sqlite3_exec(Get(), sql, nullptr, nullptr, nullptr) != SQLITE_OK) {
-    throw GetError();
+    ThrowError();
   }
 }
 
@@ -77,8 +79,29 @@ void Database::InTransaction(const std::function<void()>& work) {
   }
 }
 
-HostError Database::GetError() const {
-  return HostError(path + ": " + sqlite3_errmsg(Get()));
+void Database::ThrowError() const {
+  const int code = sqlite3_errcode(Get());
+  const std::string reason = sqlite3_errmsg(Get());
+  if (code == SQLITE_NOTADB || code == SQLITE_CORRUPT) {
+    throw DamagedDatabase(path + " is damaged: " + reason);
+  }
+  throw HostError(path + ": " + reason);
+}
+
+/// The log comes first: left alone beside a new database, it would be taken for that one's.
+void Database::Rename(const std::string& folderPath, const std::string& from,
+                      const std::string& to) {
+  const std::filesystem::path folder(folderPath);
+  std::error_code error;
+  for (const char* end : {"-wal", "-shm", ""}) {
+    const std::filesystem::path file = folder / (from + end);
+    if (std::filesystem::exists(std::filesystem::symlink_status(file))) {
+      std::filesystem::rename(file, folder / (to + end), error);
+    }
+    if (error) {
+      throw HostError("cannot rename " + file.string() + ": " + error.message());
+    }
+  }
 }
 
 }  // namespace host

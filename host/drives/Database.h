@@ -12,6 +12,12 @@
 
 namespace host {
 
+/// A file whose content is no sound database.
+class DamagedDatabase : public HostError {
+ public:
+  using HostError::HostError;
+};
+
 /// One connection, for one thread at a time. Every commit is on the disk when it returns, and no
 /// power cut harms the database.
 class Database {
@@ -19,7 +25,7 @@ class Database {
   enum class Missing { CREATE, REFUSE };
 
   /// A new file is readable for its owner only. All methods throw HostError when the file cannot be
-  /// used; the error names it.
+  /// used, DamagedDatabase when its content is the reason; the error names it.
   Database(const std::string& folder, const std::string& name, Missing missing);
 
   /// Runs statements without results.
@@ -32,8 +38,11 @@ class Database {
 
   sqlite3* Get() const { return connection.get(); }
 
-  /// The latest failure.
-  HostError GetError() const;
+  /// Throws the latest failure.
+  [[noreturn]] void ThrowError() const;
+
+  /// Gives the files of a database that nobody uses another name. Throws HostError when that fails.
+  static void Rename(const std::string& folder, const std::string& from, const std::string& to);
 
  private:
   struct Close {

@@ -1,8 +1,10 @@
 #include "drives/DriveStore.h"
 
+#include <chrono>
 #include <sstream>
 
 #include "drives/DriveSchema.h"
+#include "drives/DriveTexts.h"
 #include "drives/DriveTotals.h"
 
 namespace host {
@@ -44,6 +46,15 @@ DriveStore::DriveStore(const std::string& folder, Database::Missing missing)
     : database(folder, FILE_NAME, missing),
       addPosition(Migrate(database),
                   "INSERT INTO positions VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)") {}
+
+std::string DriveStore::PutAside(const std::string& folder) {
+  const auto now = std::chrono::system_clock::now().time_since_epoch();
+  const std::string aside =
+      "drives-damaged-" +
+      DescribeFileTime(std::chrono::duration_cast<std::chrono::milliseconds>(now).count()) + ".db";
+  Database::Rename(folder, FILE_NAME, aside);
+  return aside;
+}
 
 std::int64_t DriveStore::Begin(const std::string& source, std::int64_t startMs) {
   Statement(database, "INSERT INTO drives (source, start_ms) VALUES (?, ?)")

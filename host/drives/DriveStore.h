@@ -16,7 +16,8 @@
 namespace host {
 
 /// Keeps drives, their positions and the trips in the file drives.db of a folder. For one thread at
-/// a time. All methods throw HostError when the file cannot be used.
+/// a time. All methods throw HostError when the file cannot be used,
+/// DamagedDatabase when it never can.
 class DriveStore {
  public:
   static constexpr const char* FILE_NAME = "drives.db";
@@ -24,6 +25,10 @@ class DriveStore {
   DriveStore(const std::string& folder, Database::Missing missing);
   DriveStore(const DriveStore&) = delete;
   DriveStore& operator=(const DriveStore&) = delete;
+
+  /// Gives the file of a folder, and what SQLite keeps beside it, a name with the present moment.
+  /// Returns that name.
+  static std::string PutAside(const std::string& folder);
 
   /// Everything that `work` changes, or nothing when it throws.
   void InTransaction(const std::function<void()>& work) { database.InTransaction(work); }

@@ -26,6 +26,12 @@ std::string TwoDigits(std::int64_t number) {
   return (number < 10 ? "0" : "") + std::to_string(number);
 }
 
+/// "2026-11-21".
+std::string DescribeDate(const std::tm& local) {
+  return std::to_string(local.tm_year + FIRST_YEAR) + "-" + TwoDigits(local.tm_mon + 1) + "-" +
+         TwoDigits(local.tm_mday);
+}
+
 }  // namespace
 
 std::string DescribeDay(std::int64_t timeMs) {
@@ -40,8 +46,13 @@ std::string DescribeClock(std::int64_t timeMs) {
 
 std::string DescribeMoment(std::int64_t timeMs) {
   const std::tm local = LocalTime(timeMs);
-  return std::to_string(local.tm_year + FIRST_YEAR) + "-" + TwoDigits(local.tm_mon + 1) + "-" +
-         TwoDigits(local.tm_mday) + " " + TwoDigits(local.tm_hour) + ":" + TwoDigits(local.tm_min);
+  return DescribeDate(local) + " " + TwoDigits(local.tm_hour) + ":" + TwoDigits(local.tm_min);
+}
+
+std::string DescribeFileTime(std::int64_t timeMs) {
+  const std::tm local = LocalTime(timeMs);
+  return DescribeDate(local) + "-" + TwoDigits(local.tm_hour) + TwoDigits(local.tm_min) +
+         TwoDigits(local.tm_sec);
 }
 
 std::string DescribeDuration(std::int64_t durationMs) {

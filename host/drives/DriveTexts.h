@@ -18,6 +18,9 @@ std::string DescribeClock(std::int64_t timeMs);
 /// "2026-11-21 17:42".
 std::string DescribeMoment(std::int64_t timeMs);
 
+/// "2026-11-21-174203", for names of files.
+std::string DescribeFileTime(std::int64_t timeMs);
+
 /// "1:02:03".
 std::string DescribeDuration(std::int64_t durationMs);
 

@@ -52,7 +52,7 @@ void Statement::BindNull(int index) {
 
 void Statement::Check(int result) const {
   if (result != SQLITE_OK) {
-    throw database.GetError();
+    database.ThrowError();
   }
 }
 

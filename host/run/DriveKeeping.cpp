@@ -9,6 +9,21 @@ namespace {
 
 constexpr std::chrono::seconds TRIP_INTERVAL(1);
 
+/// What became of the drive; without one, some positions were lost.
+std::string DescribeResult(const std::optional<Drive>& drive, std::uint64_t lost) {
+  const std::string missing =
+      lost == 1 ? "position could not be written" : "positions could not be written";
+  if (!drive) {
+    return "this drive is not kept: " + std::to_string(lost) + " " + missing;
+  }
+  const std::string kept = DescribeDistance(drive->distanceKm) + " in " +
+                           DescribeDuration(drive->endMs - drive->startMs);
+  const std::string number = "kept as drive " + std::to_string(drive->number);
+  return lost == 0 ? number + ": " + kept
+                   : number + ", but not whole: " + kept + "; " + std::to_string(lost) + " more " +
+                         missing;
+}
+
 }  // namespace
 
 DriveKeeping::DriveKeeping(const Options& options, const std::string& home, Messages& messages)
@@ -17,9 +32,21 @@ DriveKeeping::DriveKeeping(const Options& options, const std::string& home, Mess
     return;
   }
   try {
-    Open(home);
+    OpenOrReplace(home);
   } catch (const HostError& error) {
     messages.SayLoss(std::string("this drive is not kept: ") + error.what());
+  }
+}
+
+/// A damaged database is put aside: the drives to come are worth more than an attempt to mend it.
+void DriveKeeping::OpenOrReplace(const std::string& home) {
+  try {
+    Open(home);
+  } catch (const DamagedDatabase& damage) {
+    const std::string aside = DriveStore::PutAside(home);
+    messages.SayLoss(std::string(damage.what()) + "; it is called " + aside +
+                     " now, and a new one is made for this drive");
+    Open(home);
   }
 }
 
@@ -35,12 +62,8 @@ void DriveKeeping::Open(const std::string& home) {
 }
 
 void DriveKeeping::Start(PositionSource& source) {
-  if (!recorder) {
-    return;
-  }
-  if (!source.TellFixes([this](const Fix& fix) { recorder->Take(fix); })) {
-    messages.Say("this drive is not kept: the receiver's sentences do not pass through here");
-    recorder.reset();
+  if (recorder) {
+    source.TellFixes([this](const Fix& fix) { recorder->Take(fix); });
   }
 }
 
@@ -69,13 +92,12 @@ void DriveKeeping::Finish(const Trip& trip) {
   recorder->TakeTrip(trip.GetStates());
   recorder->Finish();
   SayProblem();
-  if (const std::uint64_t lost = recorder->CountLost(); lost > 0) {
-    messages.SayLoss("positions of this drive that were not kept: " + std::to_string(lost));
-  }
-  if (const std::optional<Drive> drive = recorder->GetDrive()) {
-    messages.Say("kept as drive " + std::to_string(drive->number) + ": " +
-                 DescribeDistance(drive->distanceKm) + " in " +
-                 DescribeDuration(drive->endMs - drive->startMs));
+  const std::optional<Drive> drive = recorder->GetDrive();
+  const std::uint64_t lost = recorder->CountLost();
+  if (lost > 0) {
+    messages.SayLoss(DescribeResult(drive, lost));
+  } else if (drive) {
+    messages.Say(DescribeResult(drive, lost));
   }
 }
 

@@ -36,6 +36,7 @@ class DriveKeeping {
   void Finish(const Trip& trip);
 
  private:
+  void OpenOrReplace(const std::string& home);
   void Open(const std::string& home);
   void SayProblem();
 

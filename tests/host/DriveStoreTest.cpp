@@ -166,9 +166,25 @@ TEST_F(DriveStoreTest, RefusesADatabaseOfANewerVersion) {
 TEST_F(DriveStoreTest, RefusesADamagedFileAndLeavesItAlone) {
   const std::string damaged(5000, 'x');
   std::ofstream(File()) << damaged;
-  EXPECT_EQ(File() + ": file is not a database", ErrorOfOpen());
+  EXPECT_EQ(File() + " is damaged: file is not a database", ErrorOfOpen());
   std::ifstream file(File());
   EXPECT_EQ(damaged, std::string(std::istreambuf_iterator<char>(file), {}));
+  EXPECT_THROW(Open(), DamagedDatabase);
+}
+
+TEST_F(DriveStoreTest, IsPutAsideWithItsLog) {
+  std::ofstream(File()) << "database";
+  std::ofstream(File() + "-wal") << "log";
+  const std::string aside = folder.GetPath() + "/" + DriveStore::PutAside(folder.GetPath());
+  EXPECT_TRUE(aside.starts_with(folder.GetPath() + "/drives-damaged-2"));
+  EXPECT_TRUE(aside.ends_with(".db"));
+  std::string word;
+  std::ifstream(aside) >> word;
+  EXPECT_EQ("database", word);
+  std::ifstream(aside + "-wal") >> word;
+  EXPECT_EQ("log", word);
+  EXPECT_FALSE(std::filesystem::exists(File()));
+  EXPECT_FALSE(std::filesystem::exists(File() + "-wal"));
 }
 
 TEST_F(DriveStoreTest, RefusesAFolderInItsPlace) {

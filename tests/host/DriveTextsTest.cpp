@@ -27,6 +27,7 @@ TEST_F(DriveTextsTest, ShowsTimesInTheUsersZone) {
   EXPECT_EQ("22 Nov", DescribeDay(MOMENT_MS));
   EXPECT_EQ("01:42:03", DescribeClock(MOMENT_MS));
   EXPECT_EQ("2026-11-22 01:42", DescribeMoment(MOMENT_MS));
+  EXPECT_EQ("2026-11-22-014203", DescribeFileTime(MOMENT_MS));
   SetZone("UTC0");
   EXPECT_EQ("21 Nov", DescribeDay(MOMENT_MS));
 }

@@ -115,12 +115,26 @@ class Database(DrivesTest):
         os.makedirs(self.home, exist_ok=True)
         return os.path.join(self.home, "drives.db")
 
-    def test_a_damaged_one_is_left_alone(self):
+    def test_a_damaged_one_is_put_aside(self):
         with open(self.database(), "wb") as file:
             file.write(b"damaged" * 1000)
-        self.check_not_kept("file is not a database")
-        with open(self.database(), "rb") as file:
+        said = self.keep(moment(0) + moment(1), status=1)
+        self.assertRegex(said, r"drives\.db is damaged: file is not a database; it is called "
+                               r"drives-damaged-[\d-]{17}\.db now")
+        self.assertIn("kept as drive 1: 10 m", said)
+        aside, = glob.glob(os.path.join(self.home, "drives-damaged-*.db"))
+        with open(aside, "rb") as file:
             self.assertEqual(file.read(), b"damaged" * 1000)
+        self.assertEqual(len(self.drives()), 1)
+
+    def test_one_that_is_damaged_further_on_is_put_aside(self):
+        self.keep(moment(0))
+        with open(self.database(), "r+b") as file:
+            file.seek(1024)
+            file.write(b"x" * (os.path.getsize(self.database()) - 1024))
+        said = self.keep(moment(0) + moment(1), status=1)
+        self.assertIn("drives.db is damaged: database disk image is malformed", said)
+        self.assertIn("kept as drive 1: 10 m", said)
 
     def test_one_of_a_newer_version_is_left_alone(self):
         with contextlib.closing(sqlite3.connect(self.database())) as connection:
