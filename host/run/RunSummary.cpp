@@ -3,6 +3,7 @@
 #include <ferolin.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "handheld.h"
@@ -73,6 +74,11 @@ void RunSummary::SayUnreadableFiles() {
   const std::vector<std::string> files = handheld::UnreadableFiles();
   for (; unreadableFilesSaid < files.size(); ++unreadableFilesSaid) {
     messages.Say(files[unreadableFilesSaid] + " is missing or damaged");
+  }
+  if (handheld::LacksFonts() && !std::exchange(isLackOfFontsSaid, true)) {
+    messages.Say(
+        "no fonts are installed: the views lack their texts (the package fonts-liberation has "
+        "some)");
   }
 }
 

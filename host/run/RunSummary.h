@@ -48,6 +48,7 @@ class RunSummary {
   ReceptionNotices receptionNotices;
   SoundTally sounds;
   std::size_t unreadableFilesSaid = 0;
+  bool isLackOfFontsSaid = false;
   std::chrono::steady_clock::time_point start;
   bool hadPosition = false;
 };

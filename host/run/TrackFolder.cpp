@@ -1,9 +1,7 @@
 #include "run/TrackFolder.h"
 
 #include <sys/statvfs.h>
-#include <unistd.h>
 
-#include <cerrno>
 #include <cstring>
 #include <fstream>
 
@@ -77,8 +75,8 @@ TrackFolder::Outcome TrackFolder::Check(bool hadPosition) const {
 /// Why the engine may have failed to write.
 std::string TrackFolder::FindCause() const {
   struct statvfs disk = {};
-  if (access(folder.c_str(), W_OK | X_OK) != 0) {
-    return "cannot write to " + folder.string() + ": " + std::strerror(errno);
+  if (const int error = FindWriteError(folder); error != 0) {
+    return "cannot write to " + folder.string() + ": " + std::strerror(error);
   }
   if (statvfs(folder.c_str(), &disk) == 0 && disk.f_bavail * disk.f_frsize < FULL_DISK_BYTES) {
     return "the disk of " + folder.string() + " is full";

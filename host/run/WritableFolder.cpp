@@ -1,11 +1,13 @@
 #include "run/WritableFolder.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <climits>
 #include <cstring>
 
+#include "base/FileDescriptor.h"
 #include "base/HostError.h"
 
 namespace host {
@@ -28,10 +30,18 @@ int FindError(const fs::path& folder) {
   if (!HasRoomForNames(folder)) {
     return ENAMETOOLONG;
   }
-  return access(folder.c_str(), W_OK | X_OK) == 0 ? 0 : errno;
+  return FindWriteError(folder);
 }
 
 }  // namespace
+
+int FindWriteError(const fs::path& folder) {
+  if (access(folder.c_str(), W_OK | X_OK) != 0) {
+    return errno;
+  }
+  const FileDescriptor file(open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600));
+  return !file.IsOpen() && errno == EROFS ? EROFS : 0;
+}
 
 fs::path MakeWritableFolder(const std::string& path, const std::string& trouble) {
   std::error_code creation;

@@ -61,6 +61,7 @@ class Assets(FaultCase):
     def test_no_pictures(self):
         sound = self.play()[1]
         self.assertNotIn("is missing or damaged", self.messages)
+        self.assertNotIn("no fonts are installed", self.messages)
         self.for_each_picture(os.remove)
         self.check("Pics/")
         self.assertNotEqual(self.play()[1], sound)
@@ -114,6 +115,7 @@ class Assets(FaultCase):
         with open(configuration, "w", encoding="ascii") as file:
             file.write("<fontconfig><dir>%s</dir></fontconfig>" % self.path("fonts"))
         self.check(FONTCONFIG_FILE=configuration)
+        self.assertEqual(self.messages.count("no fonts are installed: "), 1)
 
 
 if __name__ == "__main__":
