@@ -37,12 +37,14 @@ class SuddenEnd(FaultCase):
         self.shortest_trip = 0
         self.longest_trip = 0
 
-    def cut_off(self, longest_s, **environment):
+    def cut_off(self, longest_s, shortest_s=0, **environment):
         """Drives for a while. Returns receiver, host and the moment at which it was cut off."""
         open_drives = len(self.query("SELECT number FROM drives WHERE end_ms IS NULL"))
         receiver = self.plug_in()
         host = self.start_drive(**environment)
-        time.sleep(self.random.uniform(0, longest_s))
+        if shortest_s > 0:
+            self.wait_until(lambda: host.first_second() is not None, host.said)
+        time.sleep(self.random.uniform(shortest_s, longest_s))
         if self.random.random() < 0.3:
             # While it ends.
             host.process.send_signal(signal.SIGTERM)
@@ -114,7 +116,8 @@ class PowerCut(SuddenEnd):
         disk = ForgetfulDisk(self.home, self.path("memory"))
         for turn in range(POWER_CUTS):
             with self.subTest(turn=turn, seed=SEED):
-                drive = self.cut_off(6, **disk.environment)
+                # Each drive is long enough for something that must be kept.
+                drive = self.cut_off(7, MOST_LOST_S + 1, **disk.environment)
                 disk.cut_power()
                 self.check_what_is_left(*drive)
         self.check_next_start()
