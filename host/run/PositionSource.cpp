@@ -197,7 +197,8 @@ std::optional<SearchSource::Receiver> PositionSource::GetFound() const {
 }
 
 std::optional<Fix> PositionSource::GetFix() const {
-  return FillsSilence() ? std::optional(feeder->GetFix()) : std::nullopt;
+  const bool passThrough = feeder != nullptr && !options.raw;
+  return passThrough ? std::optional(feeder->GetFix()) : std::nullopt;
 }
 
 Feeder::Report PositionSource::GetReport() const {
