@@ -32,11 +32,12 @@ WideString DescribeBand(const Session& session, int limit) {
       session.engine.GetEventSpeedLimit(limit) + session.engine.GetEventSpeedInter(limit),
       Word::KMH);
 }
+/// The engine does not load a limit without a band.
 void StepBand(Session& session, int limit, int direction) {
   constexpr int STEP = 5;
   constexpr int WIDEST = 100;
   ChangeLimit(session, limit, session.engine.GetEventSpeedLimit(limit),
-              Step(session.engine.GetEventSpeedInter(limit), direction, STEP, 0, WIDEST),
+              Step(session.engine.GetEventSpeedInter(limit), direction, STEP, STEP, WIDEST),
               session.engine.GetUseEventSound(limit));
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "ApplicationTest.h"
+#include "drawing/Theme.h"
 
 namespace app {
 
@@ -141,8 +142,10 @@ TEST_F(Pages, StepLimitsBetweenTheirEndsToRoundNumbers) {
   EXPECT_EQ(5, GetEngine().GetEventSpeedLimit(0));
   TapStep(1, -1);
   EXPECT_EQ(5, GetEngine().GetEventSpeedLimit(0));
+  TapStep(2, 1);
+  EXPECT_EQ(5, GetEngine().GetEventSpeedInter(0));
   TapStep(2, -1);
-  EXPECT_EQ(0, GetEngine().GetEventSpeedInter(0));
+  EXPECT_EQ(5, GetEngine().GetEventSpeedInter(0));
 }
 
 TEST_F(Pages, RepeatAStepWhileItsButtonIsHeld) {
@@ -485,6 +488,23 @@ TEST_F(Pages, KeepAllChoicesFromRunToRun) {
   EXPECT_EQ(1, GetEngine().GetInvertColor());
   EXPECT_EQ(limit + 5, GetEngine().GetEventSpeedLimit(0));
   EXPECT_EQ(LIGHT_THEME.header, GetPixel(WIDTH - 2, 2));
+}
+
+TEST_F(Pages, KeepALimitWithTheNarrowestBand) {
+  Start();
+  OpenPage(rows::LIMITS);
+  TapRow(0);
+  TapStep(1, 1);
+  for (int step = 0; step < 3; ++step) {
+    TapStep(2, -1);
+  }
+  const int limit = GetEngine().GetEventSpeedLimit(0);
+  const int band = GetEngine().GetEventSpeedInter(0);
+  Quit();
+  Start();
+  EXPECT_EQ(limit, GetEngine().GetEventSpeedLimit(0));
+  EXPECT_EQ(band, GetEngine().GetEventSpeedInter(0));
+  EXPECT_EQ(1, GetEngine().GetUseEventSound(0));
 }
 
 TEST_F(Pages, KeepTheViewAndTheTrip) {
