@@ -145,7 +145,9 @@ bool ListPage::IsMoving() const {
 }
 
 void ListPage::OnStep() {
-  scroll.Step(STEP_MS);
+  if (scroll.IsFlung()) {
+    scroll.Step(STEP_MS);
+  }
   // The difference is negative, seen as a signed number, until the time has come.
   if (repeatMs && static_cast<std::int32_t>(GetTickCount() - *repeatMs) >= 0) {
     repeatMs = GetTickCount() + NEXT_REPEAT_MS;

@@ -25,7 +25,7 @@ class Scroll {
 
   /// One step of a page that was flung, `milliseconds` after the last one.
   void Step(int milliseconds);
-  bool IsFlung() const { return speed != 0; }
+  bool IsFlung() const { return !isDragging && speed != 0; }
 
  private:
   int offset = 0;

@@ -295,6 +295,17 @@ TEST_F(Pages, ScrollWithTheFingerAndStopAtTheirEnds) {
   EXPECT_FALSE(AreViewsShown());
 }
 
+TEST_F(Pages, StayUnderTheFingerWhileItRests) {
+  Start(WIDTH, 320);
+  TapRow(rows::WAITING_SETTINGS, ONE_GAP);
+  Press(100, 200);
+  Drag(100, 180);
+  const auto dragged = GetPicture();
+  Post(WM_TIMER, 2, 0);
+  EXPECT_EQ(dragged.pixels, GetPicture().pixels);
+  Release(100, 180);
+}
+
 TEST_F(Pages, PressNothingWhileTheyAreScrolled) {
   Start(WIDTH, 320);
   TapRow(rows::WAITING_SETTINGS, ONE_GAP);
