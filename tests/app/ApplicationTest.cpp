@@ -61,8 +61,8 @@ ApplicationTest::~ApplicationTest() {
 
 void ApplicationTest::Start(int width, int height) {
   engine = std::make_unique<LoadedEngine>();
-  application = std::make_unique<Application>(*engine);
-  ASSERT_TRUE(application->Start(nullptr));
+  application = RunningApplication::Start(*engine);
+  ASSERT_NE(nullptr, application);
   MoveWindow(GetWindow(), 0, 0, width, height, TRUE);
   Pump();
 }
@@ -85,10 +85,8 @@ void ApplicationTest::Quit() {
 }
 
 void ApplicationTest::Pump() {
-  MSG message;
-  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) && message.message != WM_QUIT) {
-    TranslateMessage(&message);
-    DispatchMessageW(&message);
+  if (application != nullptr) {
+    application->Pump();
   }
 }
 

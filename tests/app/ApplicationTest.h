@@ -8,8 +8,9 @@
 #include <string>
 #include <string_view>
 
+#include "RunningApplication.h"
 #include "e2e/Device.h"
-#include "window/Application.h"
+#include "engine/LoadedEngine.h"
 
 namespace app {
 
@@ -65,9 +66,9 @@ class ApplicationTest : public testing::Test {
   HWND GetWindow() const { return application->GetWindow(); }
 
   /// Dispatches all messages that have come.
-  static void Pump();
+  void Pump();
   /// Dispatches messages until it is so; false when it is not after so many milliseconds.
-  static bool WaitUntil(const std::function<bool()>& isSo, int longestMs = 10'000);
+  bool WaitUntil(const std::function<bool()>& isSo, int longestMs = 10'000);
 
   // Input, all of it posted and dispatched.
 
@@ -116,7 +117,7 @@ class ApplicationTest : public testing::Test {
   std::unique_ptr<e2e::Device> device;
   std::unique_ptr<e2e::Receiver> receiver;
   std::unique_ptr<LoadedEngine> engine;
-  std::unique_ptr<Application> application;
+  std::unique_ptr<RunningApplication> application;
 };
 
 }  // namespace app

@@ -5,7 +5,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "ApplicationTest.h"
+#include "DirectApplication.linux.h"
+#include "PageTour.h"
 #include "widgets/Golden.h"
 
 namespace app {
@@ -59,7 +60,7 @@ class Sheet {
   std::vector<Pixels> pages;
 };
 
-class PagePictures : public ApplicationTest, public testing::WithParamInterface<Shown> {
+class PagePictures : public PageTour, public testing::WithParamInterface<Shown> {
  protected:
   PagePictures() {
     setenv("FONTCONFIG_FILE", FONTS_FILE, 1);
@@ -68,48 +69,20 @@ class PagePictures : public ApplicationTest, public testing::WithParamInterface<
     if (GetParam().isRussian) {
       device->SetRussian();
     }
-    device->InstallSmsLibrary();
-    device->SetZone(0);
   }
 
   ~PagePictures() override { handheld::SetScreen(240, 320, 96); }
 
-  void StartWithPort() {
-    device->WriteFile("TachyMo.ini",
-                      "[Application]\r\nUseGpsApi=0\r\nPort=COM1\r\nBaudRate=4800\r\n"
-                      "[SMS]\r\n");
-    engine = std::make_unique<LoadedEngine>();
-    application = std::make_unique<Application>(*engine);
-    ASSERT_TRUE(application->Start(nullptr));
-    Pump();
+  int CountClippedTexts() const {
+    return static_cast<const DirectApplication&>(*application).CountClippedTexts();
   }
 
-  void SendFirstPosition() {
-    SendPosition("120000", "12:00:00");
-    ASSERT_TRUE(WaitUntil([&] { return GetEngine().GetCurRenderWidget() != FEROLIN_VIEW_NONE; }));
-  }
-
-  void ForgetFocus() { Tap(GetParam().size.width - 1, 1); }
-
-  /// Opens the row that the focus reaches with so many steps down, and forgets the focus.
-  void OpenRow(int steps) {
-    ForgetFocus();
-    for (int step = 0; step < steps; ++step) {
-      Key(VK_DOWN);
-    }
-    Key(VK_RETURN);
-  }
-
-  void Take(Sheet& sheet) {
-    EXPECT_EQ(0, application->CountClippedTexts());
+  void Take(const char*) override {
+    EXPECT_EQ(0, CountClippedTexts());
     sheet.Add(handheld::WindowPixels(GetWindow()));
   }
 
-  void TakePage(Sheet& sheet, int steps) {
-    OpenRow(steps);
-    Take(sheet);
-    Key(VK_ESCAPE);
-  }
+  Sheet sheet{GetParam().size};
 };
 
 constexpr Size SIZES[] = {
@@ -130,48 +103,8 @@ std::string NameOf(const Shown& shown) {
 }
 
 TEST_P(PagePictures, AreThoseThatWereLookedAt) {
-  Sheet sheet(GetParam().size);
-  StartWithPort();
-  GetEngine().SetSMSParams(TEXT("+79161234567,+79031112233"),
-                           TEXT("I am at %Latitude% %Longitude%, %Speed% km/h: %GoogleMaps%"), 10,
-                           1, 1);
-  GetEngine().SetSpeedEvent(0, 60, 5, 1);
-  GetEngine().SetSpeedEvent(1, 90, 10, 1);
-  GetEngine().SetSpeedEvent(2, 110, 10, 0);
-  EXPECT_TRUE(WaitUntil([&] { return GetEngine().GetSpeedEventsCount() == 3; }));
-  ForgetFocus();
-  Take(sheet);
-  SendFirstPosition();
-  OpenSettings();
-  Take(sheet);
-  Key(VK_UP);  // to the last row, with the focus
-  Take(sheet);
-  for (const int page : {rows::LIMITS, rows::READOUTS, rows::RESET}) {
-    TakePage(sheet, page + 1);
-  }
-  OpenRow(rows::RESET + 1);
-  OpenRow(1);
-  Take(sheet);  // waits for the second tap
-  Key(VK_ESCAPE);
-  OpenRow(rows::RECEIVER + 1);
-  Take(sheet);
-  TakePage(sheet, 3);
-  TakePage(sheet, 4);
-  Key(VK_ESCAPE);
-  TakePage(sheet, rows::PICTURE + 1);
-  OpenRow(rows::SMS + 1);
-  Take(sheet);
-  Key(VK_UP);
-  Take(sheet);
-  TakePage(sheet, 1);
-  Key(VK_ESCAPE);
-  TakePage(sheet, rows::ABOUT + 1);
-  OpenRow(rows::THEME + 1);
-  ForgetFocus();
-  Take(sheet);
-  TakePage(sheet, rows::LIMITS + 1);
-  OpenRow(rows::SMS + 1);
-  TakePage(sheet, 1);
+  StartWithPort(GetParam().size.width, GetParam().size.height);
+  GoThroughPages();
   ferolin::ExpectGolden("pages-" + NameOf(GetParam()), sheet.Join());
 }
 
@@ -186,12 +119,12 @@ TEST_P(PagePictures, TellThatTheReceiverIsSilent) {
   const int unit = std::max(size.dpi, 96 * std::min(size.width, size.height) / 320);
   const int height = 44 * unit / 96;
   const int top = (size.height - height) / 2;
-  StartWithPort();
+  StartWithPort(size.width, size.height);
   SendFirstPosition();
   device->SetTimeRate(60);
   ASSERT_TRUE(
       WaitUntil([&] { return GetPixel(size.width / 2, top) == DARK_THEME.warning; }, 60'000));
-  EXPECT_EQ(0, application->CountClippedTexts());
+  EXPECT_EQ(0, CountClippedTexts());
   ferolin::ExpectGolden("silence-" + NameOf(GetParam()),
                         CutOut(handheld::WindowPixels(GetWindow()), top, height));
 }

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "ApplicationTest.h"
+#include "drawing/Theme.h"
 
 namespace app {
 
@@ -38,6 +39,14 @@ class AppWindow : public ApplicationTest {
     FillRect(dc, &all, brush);
     DeleteObject(brush);
     ReleaseDC(GetWindow(), dc);
+  }
+
+  /// Asks for it as the system does when the window comes out again.
+  bool IsPaintedAnew() {
+    const std::uint64_t before = device->GetPictureVersion(GetWindow());
+    InvalidateRect(GetWindow(), nullptr, TRUE);
+    Pump();
+    return device->GetPictureVersion(GetWindow()) != before;
   }
 };
 
@@ -76,8 +85,7 @@ TEST_F(AppWindow, LeavesAPageOpenWhenTheFirstPositionComes) {
 
 TEST_F(AppWindow, RunsOnlyOnce) {
   StartWithPosition();
-  Application second(GetEngine());
-  EXPECT_FALSE(second.Start(nullptr));
+  EXPECT_EQ(nullptr, RunningApplication::Start(GetEngine()));
   OpenSettings();
   EXPECT_FALSE(AreViewsShown());
 }
@@ -244,8 +252,7 @@ TEST_F(AppWindow, DrawsItsPageAnewWhenItWasCovered) {
   OpenSettings();
   const auto page = GetPicture();
   PaintOver();
-  InvalidateRect(GetWindow(), nullptr, TRUE);
-  Pump();
+  EXPECT_TRUE(IsPaintedAnew());
   EXPECT_EQ(page, GetPicture());
 }
 
@@ -254,8 +261,7 @@ TEST_F(AppWindow, PresentsItsViewAnewWhenItWasCovered) {
   DoubleTap(WIDTH / 2, HEIGHT / 2);
   const auto view = GetPicture();
   PaintOver();
-  InvalidateRect(GetWindow(), nullptr, TRUE);
-  Pump();
+  EXPECT_TRUE(IsPaintedAnew());
   EXPECT_EQ(view, GetPicture());
 }
 
@@ -302,8 +308,7 @@ TEST_F(AppWindow, KeepsNothingOfPagesThatWereClosed) {
   GetEngine().StopCallBack();
   const int handles = device->GetHandlesAlive();
   const int objects = device->GetDrawingObjectsAlive();
-  constexpr int ROUNDS = 200;  // of five pages each
-  for (int round = 0; round < ROUNDS; ++round) {
+  for (int round = 0; round < PAGE_ROUNDS; ++round) {
     OpenSettings();
     for (const int page : {rows::LIMITS, rows::READOUTS, rows::RESET, rows::RECEIVER}) {
       TapRow(page);

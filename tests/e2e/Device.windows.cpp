@@ -105,6 +105,7 @@ class WindowsDevice : public Device {
     FILETIME real;
     GetSystemTimeAsFileTime(&real);
     const Lock guard(state.lock);
+    state.ticks.GetMs(state.timeRate);
     state.timeRate = rate;
     state.clockBaseReal = ULONGLONG{real.dwHighDateTime} << 32 | real.dwLowDateTime;
     if (!state.isClockStopped) {

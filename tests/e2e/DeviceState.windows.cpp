@@ -204,9 +204,7 @@ BOOL WINAPI DeleteObjectDouble(HGDIOBJ object) {
   return DeleteObject(object);
 }
 
-WindowSurface MakeSurface(HWND window) {
-  RECT client = {};
-  GetClientRect(window, &client);
+WindowSurface MakeSurface(const RECT& client) {
   WindowSurface surface;
   surface.width = client.right;
   surface.height = client.bottom;
@@ -224,17 +222,24 @@ WindowSurface MakeSurface(HWND window) {
   return surface;
 }
 
-/// The suite's windows keep their size and have no frame, so one surface serves each.
+void DeleteSurface(const WindowSurface& surface) {
+  DeleteDC(surface.dc);
+  DeleteObject(surface.bitmap);
+}
+
+/// The suite's windows have no frame, so one surface of the window's size serves each.
 HDC WINAPI GetDCDouble(HWND window) {
-  if (!IsWindow(window)) {
+  RECT client = {};
+  if (!GetClientRect(window, &client)) {
     return GetDC(window);
   }
   const Lock guard(theState->lock);
-  auto found = theState->surfaces.find(window);
-  if (found == theState->surfaces.end()) {
-    found = theState->surfaces.emplace(window, MakeSurface(window)).first;
+  WindowSurface& surface = theState->surfaces[window];
+  if (surface.dc == nullptr || surface.width != client.right || surface.height != client.bottom) {
+    DeleteSurface(surface);
+    surface = MakeSurface(client);
   }
-  return found->second.dc;
+  return surface.dc;
 }
 
 WindowSurface* FindSurface(HDC dc) {
@@ -261,11 +266,6 @@ BOOL WINAPI BitBltDouble(HDC dc, int x, int y, int width, int height, HDC source
     ++surface->version;
   }
   return result;
-}
-
-template <class Function>
-FARPROC Erase(Function* function) {
-  return reinterpret_cast<FARPROC>(reinterpret_cast<void (*)()>(function));
 }
 
 }  // namespace

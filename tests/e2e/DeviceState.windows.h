@@ -39,6 +39,21 @@ struct WindowSurface {
   std::uint64_t version = 0;
 };
 
+/// Milliseconds that run at the device's rate.
+class Ticks {
+ public:
+  DWORD GetMs(double rate) {
+    const ULONGLONG real = GetTickCount64();
+    ms += static_cast<double>(real - lastReal) * rate;
+    lastReal = real;
+    return static_cast<DWORD>(ms);
+  }
+
+ private:
+  ULONGLONG lastReal = GetTickCount64();
+  double ms = 0;
+};
+
 struct DeviceState {
   SRWLOCK lock = SRWLOCK_INIT;
 
@@ -50,6 +65,7 @@ struct DeviceState {
   std::map<std::wstring, std::wstring> ports;
 
   double timeRate = 50;
+  Ticks ticks;
   bool isClockStopped = false;
   /// Device time at the machine's time `clockBaseReal`; a stopped clock stands there. Both in 100 ns
   /// since 1601.

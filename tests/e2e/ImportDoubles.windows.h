@@ -13,6 +13,11 @@ struct ImportDouble {
   FARPROC function;
 };
 
+template <class Function>
+FARPROC Erase(Function* function) {
+  return reinterpret_cast<FARPROC>(reinterpret_cast<void (*)()>(function));
+}
+
 /// While it lives, every library of this file name that the process loads calls the doubles. They
 /// stand in its import table before its entry function runs, so that the system itself and all
 /// other libraries keep the real ones.

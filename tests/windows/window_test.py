@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""A new user of Ferolin.exe on a screen: chooses port and rate with the mouse, sees the speed, mirrors the picture, quits,
-and finds all of it kept. Real clicks (XTEST) on a real window (Xvfb, Wine's X11 driver).
+"""A new user of Ferolin.exe on a screen: chooses port and rate with the mouse, sees the speed, sets a limit, mirrors the
+picture, quits, and finds all of it kept. Real clicks (XTEST) on a real window (Xvfb, Wine's X11 driver).
 
 usage: in-wine <folder> window_test.py <folder with Ferolin.exe and Ferolin.dll>
 """
@@ -19,7 +19,7 @@ WIDTH, HEIGHT = 240, 700
 HEADER, ROW, GAP = 48, 48, 12
 WAITING_RECEIVER = 2
 SERIAL, PORT, BAUD_RATE = 1, 3, 4
-PICTURE, QUIT = 4, 11
+LIMITS, PICTURE, QUIT = 0, 4, 11
 PATIENCE_S = 60
 BODY = "GPRMC,120000,A,4807.038,N,01131.000,E,030.0,084.4,230324,,"
 
@@ -170,18 +170,24 @@ class WindowTest(unittest.TestCase):
         self.wait_until(lambda: self.line.baud_rate() == 4800, "port not opened")
         self.await_view()
         self.screen.do("key", "Return")
+        self.click_row(LIMITS)
+        self.click_row(0)
+        self.screen.click(WIDTH - 33, HEADER + ROW + ROW // 2)  # "+" of the limit
+        self.click_back()
         self.click_row(PICTURE)
         self.click_row(0)
         self.click_back()
         self.click_row(QUIT)
         settings = self.await_end()
-        for kept in ("Port=COM1", "BaudRate=4800", "UseGpsApi=0", "Mirror=1"):
+        for kept in ("Port=COM1", "BaudRate=4800", "UseGpsApi=0", "Mirror=1", "Limit1=65", "UseSound1=true"):
             self.assertIn(kept, settings)
 
         self.start()
         self.await_view()
         self.screen.do("key", "q")
-        self.assertIn("Mirror=1", self.await_end())
+        settings = self.await_end()
+        for kept in ("Mirror=1", "Limit1=65", "UseSound1=true"):
+            self.assertIn(kept, settings)
 
 
 if __name__ == "__main__":

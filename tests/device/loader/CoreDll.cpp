@@ -126,6 +126,7 @@ const std::map<std::string_view, void*> ADAPTED = {
     {"CreateThread", AddressOf(StartThread)},
     {"GetProcAddressW", AddressOf(FindProcedure)},
     {"ExitThread", AddressOf(ProgramCalls::ExitThread)},
+    {"GetMessageW", AddressOf(ProgramCalls::GetMessageW)},
     {"RegisterClassW", AddressOf(ProgramCalls::RegisterClassW)},
     {"LoadLibraryW", AddressOf(LoadDeviceLibrary)},
     {"RaiseException", AddressOf(EndByException)},

@@ -17,8 +17,14 @@ LRESULT EnterProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) 
                                                  reinterpret_cast<void*>(deviceProcedure)));
 }
 
-std::jmp_buf programBegin;
-int programExitCode;
+struct Run {
+  const std::function<void()>& whenIdle;
+  std::jmp_buf begin = {};
+  int exitCode = 0;
+};
+
+/// The program that is running; one that waits meanwhile comes back when it ends.
+Run* currentRun;
 
 }  // namespace
 
@@ -28,18 +34,31 @@ ATOM ProgramCalls::RegisterClassW(const WNDCLASSW* description) {
   return ::RegisterClassW(&entered);
 }
 
-void ProgramCalls::ExitThread(DWORD exitCode) {
-  programExitCode = static_cast<int>(exitCode);
-  std::longjmp(programBegin, 1);
+BOOL ProgramCalls::GetMessageW(MSG* message, HWND window, UINT first, UINT last) {
+  if (!currentRun->whenIdle) {
+    return ::GetMessageW(message, window, first, last);
+  }
+  while (!PeekMessageW(message, window, first, last, PM_REMOVE)) {
+    currentRun->whenIdle();
+  }
+  return message->message != WM_QUIT ? TRUE : FALSE;
 }
 
-int RunProgram(const PeImage& image) {
+void ProgramCalls::ExitThread(DWORD exitCode) {
+  currentRun->exitCode = static_cast<int>(exitCode);
+  std::longjmp(currentRun->begin, 1);
+}
+
+int RunProgram(const PeImage& image, const std::function<void()>& whenIdle) {
   static char16_t commandLine[] = u"";
-  if (setjmp(programBegin) == 0) {
+  Run run = {whenIdle};
+  Run* const waiting = std::exchange(currentRun, &run);
+  if (setjmp(run.begin) == 0) {
     CallDeviceWithFour(image.GetBase(), 0, reinterpret_cast<std::uintptr_t>(commandLine), SW_SHOW,
                        image.GetEntry());
     std::fputs("The device's program returned from its entry\n", stderr);
     std::abort();
   }
-  return programExitCode;
+  currentRun = waiting;
+  return run.exitCode;
 }

@@ -137,6 +137,7 @@ TEST_F(ProgramTest, IsSetUpByTouchAndKeepsIt) {
   PostMessageW(window, WM_KEYDOWN, VK_RETURN, 0);
   TapRow(LIMITS);
   TapRow(0);
+  Tap(WIDTH - 33, HEADER + ROW + ROW / 2);  // "+" of the limit
   TapBack();
   TapRow(PICTURE);
   TapRow(0);
@@ -148,12 +149,14 @@ TEST_F(ProgramTest, IsSetUpByTouchAndKeepsIt) {
   EXPECT_THAT(kept, HasSubstr("BaudRate=4800"));
   EXPECT_THAT(kept, HasSubstr("UseGpsApi=0"));
   EXPECT_THAT(kept, HasSubstr("Mirror=1"));
+  EXPECT_THAT(kept, HasSubstr("Limit1=65"));
+  EXPECT_THAT(kept, HasSubstr("UseSound1=true"));
 
   Start();
   SendPosition();
   PostMessageW(window, WM_CLOSE, 0, 0);
   AwaitEnd();
-  EXPECT_THAT(ReadIni(), HasSubstr("Mirror=1"));
+  EXPECT_EQ(kept, ReadIni());
 }
 
 TEST_F(ProgramTest, DrawsItsWaitingPageAndAView) {
