@@ -86,5 +86,12 @@ ferolin_device_library(device-dastrel 0x12000000 Dastrel.dll
   SOURCES ${CMAKE_SOURCE_DIR}/siblings/handheld/Dastrel.cpp ${CMAKE_SOURCE_DIR}/siblings/handheld/GpsService.cpp)
 target_include_directories(device-dastrel-objects PRIVATE ${CMAKE_SOURCE_DIR}/siblings)
 
+ferolin_device_library(device-parlex 0x13000000 Parlex.dll
+  EXPORTS ${CMAKE_SOURCE_DIR}/siblings/handheld/Parlex.def HEADER handheld/Parlex.h
+  DESCRIPTION "Messages of Ferolin through the system"
+  SOURCES ${CMAKE_SOURCE_DIR}/siblings/handheld/Parlex.cpp ${CMAKE_SOURCE_DIR}/siblings/handheld/TextMessaging.cpp
+  LIBS ferolin-base)
+target_include_directories(device-parlex-objects PRIVATE ${CMAKE_SOURCE_DIR}/siblings)
+
 ferolin_device_program(device-program Ferolin.exe DESCRIPTION "GPS speedometer"
   LIBS app-entry app-parts)

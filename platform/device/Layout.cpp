@@ -4,6 +4,7 @@
 #include <gpsapi.h>
 #include <imaging.h>
 #include <pm.h>
+#include <sms.h>
 #include <windows.h>
 
 #include <cstddef>
@@ -38,6 +39,11 @@ static_assert(sizeof(ImageInfo) == 64);
 static_assert(offsetof(ImageInfo, Xdpi) == 40);
 static_assert(sizeof(BitmapData) == 24);
 static_assert(sizeof(GPS_POSITION) == 344);
+
+static_assert(sizeof(SMS_ADDRESS) == 516);
+static_assert(offsetof(SMS_ADDRESS, ptsAddress) == 4);
+static_assert(sizeof(TEXT_PROVIDER_SPECIFIC_DATA) == 164);
+static_assert(offsetof(TEXT_PROVIDER_SPECIFIC_DATA, fMessageContainsEMSHeaders) == 156);
 
 // Enumerations are 32-bit words (-fno-short-enums).
 static_assert(sizeof(CEDEVICE_POWER_STATE) == 4);

@@ -12,8 +12,8 @@ from library_test import (LARGEST_FRAME, Library, SystemExports, differing_words
                           stack_frames, words_after)
 
 LARGEST_PROGRAM = 64 * 1024
-MODULES = {"Ferolin.exe": "device-program", "Dastrel.dll": "device-dastrel"}
-EXPORTS = {"Ferolin.exe": [], "Dastrel.dll": ["StartGPSAPI", "StopGPSAPI", "GetGPSPos"]}
+MODULES = {"Ferolin.exe": "device-program", "Dastrel.dll": "device-dastrel", "Parlex.dll": "device-parlex"}
+EXPORTS = {"Ferolin.exe": [], "Dastrel.dll": ["StartGPSAPI", "StopGPSAPI", "GetGPSPos"], "Parlex.dll": ["SendParlex"]}
 
 
 class ModulesTest(unittest.TestCase):

@@ -17,7 +17,7 @@ TEST(AGpsServiceThatIsMissing, TellsNothing) {
 class GpsService : public testing::Test {
  protected:
   GpsService() {
-    handheld::SetLibraryDirectory(STAND_IN_GPS_API);
+    handheld::SetLibraryDirectory(STAND_IN_FOLDER);
     const HMODULE module = LoadLibraryW(TEXT("gpsapi.dll"));
     ferolin::FindEntry(module, TEXT("CountConnections"), countConnections);
     ferolin::FindEntry(module, TEXT("GetAskedAge"), getAskedAge);
