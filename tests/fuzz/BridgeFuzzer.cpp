@@ -1,8 +1,9 @@
-// Bytes of a receiver, through the bridge to what the engine reads.
+// Bytes of a receiver, through the bridge to what the engine reads, and without it to what is kept.
 #include <algorithm>
 #include <cstdlib>
 #include <string_view>
 
+#include "TryInput.h"
 #include "sources/EpochSplitter.h"
 #include "sources/FixReader.h"
 #include "sources/ReceiverBridge.h"
@@ -22,19 +23,24 @@ void Check(const host::Epoch& epoch) {
 }  // namespace
 
 /// The first byte says how many bytes come at once.
-extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+void TryInput(const unsigned char* data, std::size_t size) {
   if (size == 0) {
-    return 0;
+    return;
   }
   const std::size_t atOnce = data[0] + 1U;
   host::ReceiverBridge bridge;
   host::FixReader fixes([](const host::Fix&) {});
   host::EpochSplitter splitter(&bridge, Check);
   splitter.ReadFixesWith(fixes);
+  host::FixReader rawFixes([](const host::Fix&) {});
+  host::EpochSplitter rawSplitter(nullptr, [](const host::Epoch&) {});
+  rawSplitter.ReadFixesWith(rawFixes);
   for (std::size_t at = 1; at < size; at += atOnce) {
-    splitter.Add({reinterpret_cast<const char*>(data) + at, std::min(atOnce, size - at)});
+    const std::string_view bytes(reinterpret_cast<const char*>(data) + at,
+                                 std::min(atOnce, size - at));
+    splitter.Add(bytes);
+    rawSplitter.Add(bytes);
   }
   splitter.Finish();
-  fixes.Finish();
-  return 0;
+  rawSplitter.Finish();
 }

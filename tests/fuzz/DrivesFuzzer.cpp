@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
+#include "TryInput.h"
 #include "drives/CsvWriter.h"
 #include "drives/GeoJsonWriter.h"
 #include "drives/GpxWriter.h"
@@ -52,11 +53,10 @@ void CheckMarks(const std::string& source, std::string_view marks) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+void TryInput(const unsigned char* data, std::size_t size) {
   const std::string source(reinterpret_cast<const char*>(data), size);
   CheckMarks<host::GpxWriter>(source, "<>\"\n\r");
   CheckMarks<host::KmlWriter>(source, "<>\"\n\r");
   CheckMarks<host::CsvWriter>(source, ",\"\n\r");
   Require(nlohmann::json::accept(Export<host::GeoJsonWriter>(source)));
-  return 0;
 }

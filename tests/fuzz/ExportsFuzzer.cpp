@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "FuzzedEngine.h"
+#include "TryInput.h"
 
 namespace {
 
@@ -254,7 +255,7 @@ constexpr Call CALLS[] = {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+void TryInput(const unsigned char* data, std::size_t size) {
   constexpr int MAX_CALLS = 100;
   Sources::Instance();
   const fuzz::FuzzedEngine engine("");
@@ -265,5 +266,4 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
   for (int i = 0; i < MAX_CALLS && arguments.AreLeft(); ++i) {
     CALLS[arguments.PickCall(std::size(CALLS))](arguments);
   }
-  return 0;
 }

@@ -3,12 +3,13 @@
 #include <chrono>
 #include <string_view>
 
+#include "TryInput.h"
 #include "dastrel/GpsdReport.h"
 #include "dastrel/LatestPosition.h"
 #include "engine/SensorTable.h"
 #include "gps/FixRecord.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+void TryInput(const unsigned char* data, std::size_t size) {
   ferolin::FixRecord fix;
   ferolin::SensorTable sensors(fix);
   dastrel::LatestPosition latest;
@@ -23,5 +24,4 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     fix.ApplyGpsPosition(&position);
     sensors.Update(fix);
   }
-  return 0;
 }

@@ -2,14 +2,15 @@
 #include <algorithm>
 #include <cstring>
 
+#include "TryInput.h"
 #include "engine/SensorTable.h"
 #include "gps/FixRecord.h"
 #include "gps/SentenceSplitter.h"
 
 /// The first byte says how many bytes a read returns.
-extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+void TryInput(const unsigned char* data, std::size_t size) {
   if (size == 0) {
-    return 0;
+    return;
   }
   const std::size_t atOnce = data[0] + 1U;
   ferolin::FixRecord fix;
@@ -25,5 +26,4 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
       }
     });
   }
-  return 0;
 }

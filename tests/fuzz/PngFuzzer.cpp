@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <string>
 
+#include "TryInput.h"
 #include "render/Picture.h"
 #include "support/TempFolder.h"
 
@@ -40,7 +41,7 @@ void Seal(std::string& png) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+void TryInput(const unsigned char* data, std::size_t size) {
   static const testing_support::TempFolder folder;
   static const HRESULT com = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
   static_cast<void>(com);
@@ -60,5 +61,4 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     DeleteDC(dc);
     ReleaseDC(nullptr, screen);
   }
-  return 0;
 }

@@ -3,10 +3,11 @@
 
 #include <string>
 
+#include "TryInput.h"
 #include "gps/FixRecord.h"
 #include "sms/SmsReporter.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+void TryInput(const unsigned char* data, std::size_t size) {
   FuzzedDataProvider input(data, size);
   ferolin::FixRecord fix;
   fix.ParseSentence(input.ConsumeRandomLengthString(200).c_str());
@@ -17,5 +18,4 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
   reporter.GetAddress();
   reporter.BuildMessage();
   reporter.Tick();
-  return 0;
 }

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "FuzzedEngine.h"
+#include "TryInput.h"
 
 namespace {
 
@@ -18,7 +19,7 @@ void GiveBack(std::string_view line) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+void TryInput(const unsigned char* data, std::size_t size) {
   static const fuzz::FuzzedEngine engine("");
   for (int sensor = 0; sensor < FEROLIN_SENSOR_COUNT; ++sensor) {
     ResetSensorValue(sensor);
@@ -31,5 +32,4 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
   }
   ferolin::theEngine->OnUpdate("$GPRMC,120000,A,4807.038,N,01131.000,E,10.0,84.4,230324,,*00");
   ferolin::theEngine->OnUpdate("$GPRMC,120001,A,4807.048,N,01131.010,E,20.0,84.4,230324,,*00");
-  return 0;
 }
