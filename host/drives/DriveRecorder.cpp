@@ -65,9 +65,9 @@ void DriveRecorder::Finish() {
   }
 }
 
-std::optional<std::string> DriveRecorder::TakeProblem() {
+std::vector<std::string> DriveRecorder::TakeNews() {
   const std::lock_guard lock(mutex);
-  return std::exchange(problem, std::nullopt);
+  return std::exchange(news, {});
 }
 
 std::uint64_t DriveRecorder::CountLost() const {
@@ -124,7 +124,9 @@ bool DriveRecorder::Write(const Batch& batch, bool isLast) {
   }
   const std::lock_guard lock(mutex);
   if (!failure.empty() && !hasProblem) {
-    problem = failure;
+    news.push_back("this drive cannot be kept at present: " + failure);
+  } else if (failure.empty() && hasProblem) {
+    news.emplace_back("this drive is kept again");
   }
   hasProblem = !failure.empty();
   return failure.empty();

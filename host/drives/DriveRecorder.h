@@ -50,8 +50,9 @@ class DriveRecorder {
   /// Writes what is left and ends the drive. No fix may come any more.
   void Finish();
 
-  /// Why fixes are not written at present, once for each time that begins; nothing without news.
-  std::optional<std::string> TakeProblem();
+  /// What to tell the user since the last call: why fixes are not written at present, and when they
+  /// are again.
+  std::vector<std::string> TakeNews();
 
   /// Fixes that were given up.
   std::uint64_t CountLost() const;
@@ -98,7 +99,7 @@ class DriveRecorder {
   std::optional<std::int64_t> latestTimeMs;
   bool stopped = false;
   bool hasProblem = false;
-  std::optional<std::string> problem;
+  std::vector<std::string> news;
   std::uint64_t lost = 0;
   std::thread thread;
 };

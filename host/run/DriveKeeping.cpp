@@ -76,12 +76,12 @@ void DriveKeeping::OnUpdate(const Trip& trip) {
     nextTrip = now + TRIP_INTERVAL;
     recorder->TakeTrip(trip.GetStates());
   }
-  SayProblem();
+  SayNews();
 }
 
-void DriveKeeping::SayProblem() {
-  if (const std::optional<std::string> problem = recorder->TakeProblem()) {
-    messages.Say("this drive cannot be kept at present: " + *problem);
+void DriveKeeping::SayNews() {
+  for (const std::string& news : recorder->TakeNews()) {
+    messages.Say(news);
   }
 }
 
@@ -91,7 +91,7 @@ void DriveKeeping::Finish(const Trip& trip) {
   }
   recorder->TakeTrip(trip.GetStates());
   recorder->Finish();
-  SayProblem();
+  SayNews();
   const std::optional<Drive> drive = recorder->GetDrive();
   const std::uint64_t lost = recorder->CountLost();
   if (lost > 0) {

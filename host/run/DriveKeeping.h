@@ -29,7 +29,7 @@ class DriveKeeping {
   /// The trip as it was kept; nothing when there is none.
   const std::optional<KeptTrip>& GetTrip() const { return keptTrip; }
 
-  /// Keeps the trip about once a second, and tells failures since the last call.
+  /// Keeps the trip about once a second, and tells news of the disk.
   void OnUpdate(const Trip& trip);
 
   /// Call when the source has stopped.
@@ -38,7 +38,7 @@ class DriveKeeping {
  private:
   void OpenOrReplace(const std::string& home);
   void Open(const std::string& home);
-  void SayProblem();
+  void SayNews();
 
   const Options& options;
   Messages& messages;

@@ -13,6 +13,7 @@
 #include "base/SafeFile.h"
 #include "handheld.h"
 #include "run/SettingsSpellings.h"
+#include "run/WritableFolder.h"
 
 namespace host {
 
@@ -99,7 +100,7 @@ void SettingsFile::Keep() {
     throw HostError("settings were not kept");
   }
   if (!isSaved) {
-    throw HostError("settings were not kept: cannot write to " + folder.parent_path().string());
+    throw HostError("settings were not kept: " + DescribeWriteFailure(folder.parent_path()));
   }
   ReplaceFile(file, settings);
 }

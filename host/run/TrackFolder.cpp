@@ -1,8 +1,5 @@
 #include "run/TrackFolder.h"
 
-#include <sys/statvfs.h>
-
-#include <cstring>
 #include <fstream>
 
 #include "run/WritableFolder.h"
@@ -15,8 +12,6 @@ namespace {
 
 /// Names that the engine gives, Track0001.kml to Track9999.kml.
 constexpr std::size_t MOST_NAMES = 9999;
-/// Less free space than the smallest file takes.
-constexpr std::uintmax_t FULL_DISK_BYTES = 4096;
 
 bool IsWhole(const fs::path& file) {
   constexpr std::string_view END = "</kml>";
@@ -74,17 +69,8 @@ TrackFolder::Outcome TrackFolder::Check(bool hadPosition) const {
 
 /// Why the engine may have failed to write.
 std::string TrackFolder::FindCause() const {
-  struct statvfs disk = {};
-  if (const int error = FindWriteError(folder); error != 0) {
-    return "cannot write to " + folder.string() + ": " + std::strerror(error);
-  }
-  if (statvfs(folder.c_str(), &disk) == 0 && disk.f_bavail * disk.f_frsize < FULL_DISK_BYTES) {
-    return "the disk of " + folder.string() + " is full";
-  }
-  if (List().size() >= MOST_NAMES) {
-    return "all 9,999 names are taken in " + folder.string();
-  }
-  return "writing to " + folder.string() + " failed";
+  return List().size() >= MOST_NAMES ? "all 9,999 names are taken in " + folder.string()
+                                     : DescribeWriteFailure(folder);
 }
 
 }  // namespace host

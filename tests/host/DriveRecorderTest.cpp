@@ -151,14 +151,16 @@ TEST_F(DriveRecorderOnAFullDisk, TellsOnceAndWritesLaterWhatItHolds) {
   const auto recorder = Record();
   Fill();
   recorder->Take(At(1000));
-  std::optional<std::string> problem;
-  EXPECT_TRUE(Becomes([&] { return (problem = recorder->TakeProblem()).has_value(); }));
-  EXPECT_NE(std::string::npos, problem.value_or("").find(folder.GetPath() + "/drives.db: "));
+  std::vector<std::string> news;
+  EXPECT_TRUE(Becomes([&] { return !(news = recorder->TakeNews()).empty(); }));
+  ASSERT_EQ(1u, news.size());
+  EXPECT_TRUE(news[0].starts_with("this drive cannot be kept at present: " + folder.GetPath() +
+                                  "/drives.db: "));
   recorder->Take(At(2000));
   Empty();
   EXPECT_TRUE(Becomes([this] { return CountPositions() == 2; }));
   recorder->Finish();
-  EXPECT_FALSE(recorder->TakeProblem());
+  EXPECT_EQ(std::vector<std::string>{"this drive is kept again"}, recorder->TakeNews());
   EXPECT_EQ(0u, recorder->CountLost());
 }
 
@@ -168,7 +170,7 @@ TEST_F(DriveRecorderOnAFullDisk, CountsWhatItCouldNotWrite) {
   recorder->Take(At(1000));
   recorder->Take(At(2000));
   recorder->Finish();
-  EXPECT_TRUE(recorder->TakeProblem());
+  EXPECT_EQ(1u, recorder->TakeNews().size());
   EXPECT_EQ(2u, recorder->CountLost());
   EXPECT_FALSE(recorder->GetDrive());
 }
