@@ -124,8 +124,7 @@ void PositionSource::OpenGpsApi() {
     setenv(GPSD_VARIABLE, options.gpsd.c_str(), 1);
   }
   engine().SetUseGPSAPI(1);
-  side = std::make_unique<SideReader>(
-      std::make_unique<GpsdSource>(GetVariable(GPSD_VARIABLE, "")));
+  side = std::make_unique<SideReader>(std::make_unique<GpsdSource>(GetVariable(GPSD_VARIABLE, "")));
 }
 
 void PositionSource::Feed(std::unique_ptr<NmeaSource> toFeed) {
