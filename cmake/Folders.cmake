@@ -91,7 +91,7 @@ ferolin_folder(host/window
   USES include platform/api platform/linux platform/linux/display host/base host/commandline
        host/engine)
 ferolin_folder(host/outputs
-  USES include platform/linux host/base host/sources host/engine host/window)
+  USES include platform/api platform/linux host/base host/sources host/engine host/window)
 ferolin_folder(host/run
   USES include platform/api platform/linux host/base host/commandline host/engine host/sources
        host/drives host/window host/outputs)

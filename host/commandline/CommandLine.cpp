@@ -101,6 +101,14 @@ void CheckCombinations(const Options& options) {
   if (isSheet && !isSheetAlone) {
     throw UsageError("--contact-sheet does not go with --window, --frames or --shot");
   }
+  const bool passesHost =
+      !options.gpsApi && !(options.raw && options.source == Options::Source::PORT);
+  if (!options.recordFile.empty() && options.source == Options::Source::FILE) {
+    throw UsageError("--record is for a receiver or the demo: a recording is there already");
+  }
+  if (!options.recordFile.empty() && !passesHost) {
+    throw UsageError("--record does not go with --gps-api or --port --raw");
+  }
   if (options.rate && IsLive(options.source)) {
     throw UsageError("--rate is for the demo and recordings: a receiver sets its own pace");
   }

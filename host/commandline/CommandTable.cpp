@@ -10,7 +10,7 @@ namespace host {
 namespace {
 
 /// Options of the application that go with every command.
-constexpr std::array<std::string_view, 3> COMMON_OPTIONS = {"home", "help", "version"};
+constexpr std::array<std::string_view, 4> COMMON_OPTIONS = {"home", "units", "help", "version"};
 
 bool IsNumber(const std::string& text) {
   constexpr std::size_t LONGEST = 18;

@@ -75,6 +75,10 @@ void OptionTable::AddSources() {
              options.file = text;
            });
   AddPlayback();
+  AddValue("--record", "FILE",
+           "write the receiver's sentences to a file for each day, such as drive-2026-11-22.nmea "
+           "for drive.nmea, which --nmea plays",
+           StoreIn(options.recordFile));
 }
 
 void OptionTable::AddPlayback() {
@@ -90,8 +94,16 @@ void OptionTable::AddPlayback() {
 
 void OptionTable::AddOutputs() {
   StartGroup("What is shown");
-  AddFlag("--json", "print one line of JSON for each update, and one at the end",
+  AddFlag("--json",
+          "print one line of JSON for each update, and one at the end, with numbers in SI units",
           Assign(options.json, true));
+  AddValue(
+      "--units", "km|mi|nm",
+      "units of table, lines, list of drives and summary: kilometres, miles or nautical miles; "
+      "the views, and the texts in JSON, stay in km/h, exports in the units of their formats",
+      [this](const std::string& text) { options.units = ParseUnits(text); });
+  AddFlag("--degrees", "show positions as decimal degrees in table and lines",
+          Assign(options.decimalDegrees, true));
   AddValue("--lang", "en|ru", "language of names and units; default: that of the environment",
            [this](const std::string& text) { options.language = ParseLanguage(text); });
   AddValue("--updates", "N", "end after N positions", [this](const std::string& text) {
@@ -121,7 +133,9 @@ void OptionTable::AddWindow() {
 void OptionTable::AddView() {
   Options::Picture& picture = options.picture;
   AddValue("--view", "NAME|NUMBER",
-           "start with this view, such as Speed, or 0 for the first (kept)", StoreIn(picture.view));
+           "start with this view: dial, speed, satellites, path, chart, its own name, or 0 for the "
+           "first (kept)",
+           StoreIn(picture.view));
   AddFlag("--mirror", "mirror left to right, to be read in the windscreen (kept)",
           Assign(picture.mirror, true));
   AddFlag("--no-mirror", "turn mirroring off", Assign(picture.mirror, false));
@@ -151,6 +165,10 @@ void OptionTable::AddTrip() {
   AddFlag("--new-trip",
           "start trip figures and records from zero instead of continuing those of the last run",
           Assign(options.newTrip, true));
+  AddValue("--trip", "A|B|day",
+           "the trip that goes on: A (the default), B, or that of the day; each is kept, and the "
+           "others stand still meanwhile",
+           [this](const std::string& text) { options.trip = ParseTripName(text); });
   AddValue("--reset", "NAME",
            "start one read-out from zero, such as \"Max speed\"; may be given several times",
            [this](const std::string& text) { options.resets.push_back(text); });

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "base/Units.h"
+
 namespace host {
 
 /// Options that are kept between runs are empty when the user does not give them; Choices fills
@@ -14,6 +16,8 @@ struct Options {
   enum class Action { RUN, HELP, VERSION, LIST_DRIVES, DELETE_DRIVE, EXPORT_DRIVES };
   /// SEARCH looks for a receiver at gpsd and all serial ports.
   enum class Source { DEMO, PORT, FILE, GPSD, SEARCH };
+  /// DAY begins anew every day.
+  enum class TripName { A, B, DAY };
   enum class WindowUse { IF_PRESENT, ALWAYS, NEVER };
 
   /// Pixels.
@@ -77,7 +81,14 @@ struct Options {
   /// Whether the receiver's bytes reach the engine unchanged.
   bool raw = false;
 
+  /// Where the receiver's sentences are written; empty: nowhere.
+  std::string recordFile;
+
   bool json = false;
+  /// Of table, lines, list and summary.
+  Units units = Units::KM;
+  /// Whether positions are shown as decimal degrees.
+  bool decimalDegrees = false;
   WindowUse windowUse = WindowUse::IF_PRESENT;
   Size size;
   /// Dots per inch.
@@ -100,6 +111,8 @@ struct Options {
   std::string kmlFolder;
   /// Whether to keep the drive also when it is the demo or a recording.
   bool keep = false;
+  /// The trip that goes on in this run.
+  TripName trip = TripName::A;
   bool newTrip = false;
   /// Names of the sensors to start from zero.
   std::vector<std::string> resets;

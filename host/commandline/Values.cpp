@@ -58,6 +58,29 @@ double ParseRate(const std::string& text) {
   return *rate;
 }
 
+Units ParseUnits(const std::string& text) {
+  if (text == "km") {
+    return Units::KM;
+  }
+  if (text != "mi" && text != "nm") {
+    throw BadValue(R"("km", "mi" or "nm")");
+  }
+  return text == "mi" ? Units::MI : Units::NM;
+}
+
+Options::TripName ParseTripName(const std::string& text) {
+  if (text == "A" || text == "a") {
+    return Options::TripName::A;
+  }
+  if (text == "B" || text == "b") {
+    return Options::TripName::B;
+  }
+  if (text != "day") {
+    throw BadValue(R"("A", "B" or "day")");
+  }
+  return Options::TripName::DAY;
+}
+
 Options::Size ParseSize(const std::string& text) {
   const std::size_t times = std::min(text.find('x'), text.size());
   const std::string_view width = std::string_view(text).substr(0, times);

@@ -24,6 +24,12 @@ int ParseBaudRate(const std::string& text);
 /// "10", "0.5", or "max", which is 0.
 double ParseRate(const std::string& text);
 
+/// "km", "mi" or "nm".
+Units ParseUnits(const std::string& text);
+
+/// "A", "B" or "day".
+Options::TripName ParseTripName(const std::string& text);
+
 /// "800x480".
 Options::Size ParseSize(const std::string& text);
 

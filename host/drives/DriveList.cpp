@@ -25,19 +25,15 @@ std::string Line(const Row& row) {
   return line;
 }
 
-std::string DescribeSpeed(double kmh) {
-  return DescribeNumber(kmh, 1) + " km/h";
-}
-
 double AverageKmh(const Drive& drive) {
   const double hours = static_cast<double>(drive.endMs - drive.startMs) / MS_PER_HOUR;
   return hours > 0 ? drive.distanceKm / hours : 0;
 }
 
 /// Empty for a drive without a motion, or of an older version; so is the time stopped.
-std::string DescribeMovingAverage(const Drive& drive) {
+std::string DescribeMovingAverage(const Drive& drive, Units units) {
   const std::optional<double> kmh = drive.moving ? drive.moving->GetAverageKmh() : std::nullopt;
-  return kmh ? DescribeSpeed(*kmh) : std::string();
+  return kmh ? DescribeSpeed(*kmh, units) : std::string();
 }
 
 std::string DescribeStop(const Drive& drive) {
@@ -46,23 +42,24 @@ std::string DescribeStop(const Drive& drive) {
 
 }  // namespace
 
-std::string ListDrives(const std::vector<Drive>& drives) {
+std::string ListDrives(const std::vector<Drive>& drives, Units units) {
   std::string list =
       Line({"Drive", "Start", "Duration", "Distance", "Highest", "Average", "Moving", "Stopped"}) +
       "\n";
   for (const Drive& drive : drives) {
     list += Line({std::to_string(drive.number), DescribeMoment(drive.startMs),
-                  DescribeDuration(drive.endMs - drive.startMs), DescribeDistance(drive.distanceKm),
-                  DescribeSpeed(drive.highestKmh), DescribeSpeed(AverageKmh(drive)),
-                  DescribeMovingAverage(drive), DescribeStop(drive)}) +
+                  DescribeDuration(drive.endMs - drive.startMs),
+                  DescribeDistance(drive.distanceKm, units), DescribeSpeed(drive.highestKmh, units),
+                  DescribeSpeed(AverageKmh(drive), units), DescribeMovingAverage(drive, units),
+                  DescribeStop(drive)}) +
             (drive.isEnded ? "" : "  (not ended)") + "\n";
   }
   return list;
 }
 
-std::string DescribeDrive(const Drive& drive) {
+std::string DescribeDrive(const Drive& drive, Units units) {
   return "drive " + std::to_string(drive.number) + " of " + DescribeDay(drive.startMs) + ", " +
-         DescribeDistance(drive.distanceKm);
+         DescribeDistance(drive.distanceKm, units);
 }
 
 }  // namespace host

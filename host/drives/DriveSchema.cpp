@@ -44,8 +44,8 @@ CREATE TABLE trips (
 ) WITHOUT ROWID;
 )";
 
-/// Kilometres and milliseconds in motion, and milliseconds at a standstill. NULL in what an older
-/// version kept.
+/// Kilometres and milliseconds in motion, milliseconds at a standstill, and the day of a trip's
+/// latest run. NULL in what an older version kept.
 constexpr const char* MOVING_TIMES = R"(
 ALTER TABLE drives ADD COLUMN moving_km REAL;
 ALTER TABLE drives ADD COLUMN moving_ms INTEGER;
@@ -53,6 +53,7 @@ ALTER TABLE drives ADD COLUMN stopped_ms INTEGER;
 ALTER TABLE trips ADD COLUMN moving_km REAL;
 ALTER TABLE trips ADD COLUMN moving_ms INTEGER;
 ALTER TABLE trips ADD COLUMN stopped_ms INTEGER;
+ALTER TABLE trips ADD COLUMN day TEXT;
 )";
 
 /// The step at index 0 makes version 1.

@@ -143,15 +143,16 @@ void DriveStore::KeepTrip(const KeptTrip& trip) {
   for (const auto& [sensor, state] : trip.states) {
     states += std::to_string(sensor) + " " + state + "\n";
   }
-  Statement(database, "INSERT OR REPLACE INTO trips VALUES (?, ?, ?, ?, ?, ?)")
+  Statement(database, "INSERT OR REPLACE INTO trips VALUES (?, ?, ?, ?, ?, ?, ?)")
       .With(trip.name, trip.run, states, trip.moving.movingKm, trip.moving.movingMs,
-            trip.moving.stoppedMs)
+            trip.moving.stoppedMs, trip.day)
       .Run();
 }
 
 std::optional<KeptTrip> DriveStore::GetTrip(const std::string& name) {
-  Statement row(database,
-                "SELECT run, states, moving_km, moving_ms, stopped_ms FROM trips WHERE name = ?");
+  Statement row(
+      database,
+      "SELECT run, states, moving_km, moving_ms, stopped_ms, day FROM trips WHERE name = ?");
   if (!row.With(name).Next()) {
     return std::nullopt;
   }
@@ -159,6 +160,7 @@ std::optional<KeptTrip> DriveStore::GetTrip(const std::string& name) {
   trip.name = name;
   trip.run = row.GetInteger(0).value_or(0);
   trip.moving = ReadMoving(row, 2);
+  trip.day = row.GetText(5);
   std::istringstream states(row.GetText(1));
   int sensor = 0;
   std::string state;

@@ -1,7 +1,6 @@
 #include "drives/DriveTexts.h"
 
 #include <array>
-#include <charconv>
 #include <ctime>
 
 #include "base/UtcText.h"
@@ -61,13 +60,6 @@ std::string DescribeDuration(std::int64_t durationMs) {
          TwoDigits(seconds % 60);
 }
 
-std::string DescribeDistance(double km) {
-  if (km < 1) {
-    return DescribeNumber(km * 1000, 0) + " m";
-  }
-  return DescribeNumber(km, km < 10 ? 2 : 1) + " km";
-}
-
 std::string DescribeUtc(const std::optional<std::int64_t>& timeMs) {
   return timeMs ? UtcText(*timeMs) : std::string();
 }
@@ -75,13 +67,6 @@ std::string DescribeUtc(const std::optional<std::int64_t>& timeMs) {
 std::string DescribeCoordinate(const std::optional<double>& degrees) {
   constexpr int DECIMALS = 8;
   return degrees ? DescribeNumber(*degrees, DECIMALS) : std::string();
-}
-
-std::string DescribeNumber(double value, int decimals) {
-  std::array<char, 400> buffer;  // holds every double
-  const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
-                                    std::chars_format::fixed, decimals);
-  return {buffer.data(), result.ptr};
 }
 
 }  // namespace host

@@ -5,6 +5,8 @@
 #include <optional>
 #include <string>
 
+#include "base/NumberText.h"
+
 namespace host {
 
 // Times are UTC in milliseconds since 1970, shown in the user's time zone.
@@ -24,16 +26,10 @@ std::string DescribeFileTime(std::int64_t timeMs);
 /// "1:02:03".
 std::string DescribeDuration(std::int64_t durationMs);
 
-/// "47.2 km", "4.72 km" or "472 m", as the trip's distance is shown.
-std::string DescribeDistance(double km);
-
 /// "2026-11-21T16:42:03.250Z"; empty for a missing time.
 std::string DescribeUtc(const std::optional<std::int64_t>& timeMs);
 
 /// Degrees with eight decimals, which is about a millimetre; empty for a missing value.
 std::string DescribeCoordinate(const std::optional<double>& degrees);
-
-/// With a point and so many decimals, in any locale.
-std::string DescribeNumber(double value, int decimals);
 
 }  // namespace host

@@ -17,6 +17,8 @@ struct KeptTrip {
   /// Texts of saveable sensors, by their index; without line ends.
   std::map<int, std::string> states;
   MovingTime::Sums moving = {};
+  /// Day of the latest run, "2026-11-22" in the user's time zone.
+  std::string day = {};
 
   bool operator==(const KeptTrip&) const = default;
 };

@@ -39,9 +39,10 @@ void LineOutput::Show(const Update& update) {
     line = PadLeft(std::to_string(static_cast<int>(*update.progress * 100)), 3) + " %  ";
   }
   line += "update " + std::to_string(update.number);
+  const Readouts readouts = shown.Make(update);
   for (const std::size_t sensor : IN_LINE) {
-    if (sensor < update.readouts.size() && !update.readouts[sensor].value.empty()) {
-      line += "  " + update.readouts[sensor].value;
+    if (sensor < readouts.size() && !readouts[sensor].value.empty()) {
+      line += "  " + readouts[sensor].value;
     }
   }
   if (!update.notice.empty()) {
@@ -51,12 +52,13 @@ void LineOutput::Show(const Update& update) {
 }
 
 void LineOutput::Finish(const Update& last, const Readouts&) {
+  const Readouts readouts = shown.Make(last);
   std::size_t widest = 0;
-  for (const Readout& each : last.readouts) {
+  for (const Readout& each : readouts) {
     widest = std::max(widest, CountColumns(each.name));
   }
   std::string text = "\n";
-  for (const Readout& each : last.readouts) {
+  for (const Readout& each : readouts) {
     text += each.value.empty() ? each.name : PadRight(each.name, widest + 2) + each.value;
     text += '\n';
   }

@@ -4,13 +4,15 @@
 #include <chrono>
 
 #include "outputs/Output.h"
+#include "outputs/ShownReadouts.h"
 #include "outputs/StandardOutput.h"
 
 namespace host {
 
 class LineOutput : public Output {
  public:
-  explicit LineOutput(StandardOutput& output) : output(output) {}
+  /// The output outlives it.
+  LineOutput(StandardOutput& output, const ShownReadouts& shown) : output(output), shown(shown) {}
 
   /// Prints a line at the first update, then at every tenth of a recording or every ten seconds.
   void Show(const Update& update) override;
@@ -20,6 +22,7 @@ class LineOutput : public Output {
   bool IsDue(const Update& update);
 
   StandardOutput& output;
+  const ShownReadouts shown;
   int tenthsShown = 0;
   std::chrono::steady_clock::time_point lastShown;
 };

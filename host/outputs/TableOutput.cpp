@@ -10,8 +10,8 @@ constexpr std::chrono::milliseconds SHORTEST_VIEW(50);
 }  // namespace
 
 TableOutput::TableOutput(StandardOutput& output, const std::string& source,
-                         const Readouts& readouts)
-    : output(output), screen(output), table(source) {
+                         const ShownReadouts& toShow, const Readouts& readouts)
+    : output(output), screen(output), table(source), toShow(toShow) {
   shown.readouts = readouts;
   Draw();
 }
@@ -25,7 +25,9 @@ void TableOutput::Show(const Update& update) {
 
 void TableOutput::Draw() {
   const Screen::Size size = Screen::GetSize();
-  screen.Show(table.LayOut(shown, size.columns, size.rows));
+  Update update = shown;
+  update.readouts = toShow.Make(shown);
+  screen.Show(table.LayOut(update, size.columns, size.rows));
   lastDrawn = std::chrono::steady_clock::now();
 }
 
@@ -33,7 +35,7 @@ void TableOutput::Finish(const Update& last, const Readouts&) {
   Screen::Restore();
   std::string text;
   for (const std::string& line :
-       TerminalTable::LayOutReadouts(last.readouts, Screen::GetSize().columns)) {
+       TerminalTable::LayOutReadouts(toShow.Make(last), Screen::GetSize().columns)) {
     text += line.substr(0, line.find_last_not_of(' ') + 1) + "\n";
   }
   output.Write(text);

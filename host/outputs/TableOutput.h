@@ -6,6 +6,7 @@
 
 #include "outputs/Output.h"
 #include "outputs/Screen.h"
+#include "outputs/ShownReadouts.h"
 #include "outputs/TerminalTable.h"
 
 namespace host {
@@ -13,7 +14,8 @@ namespace host {
 class TableOutput : public Output {
  public:
   /// Shows the table at once, with `source` in its title. The output outlives it.
-  TableOutput(StandardOutput& output, const std::string& source, const Readouts& readouts);
+  TableOutput(StandardOutput& output, const std::string& source, const ShownReadouts& toShow,
+              const Readouts& readouts);
 
   void Show(const Update& update) override;
   void Redraw() override { Draw(); }
@@ -25,6 +27,8 @@ class TableOutput : public Output {
   StandardOutput& output;
   Screen screen;
   TerminalTable table;
+  const ShownReadouts toShow;
+  /// With the read-outs as the engine shows them.
   Update shown;
   std::chrono::steady_clock::time_point lastDrawn;
 };

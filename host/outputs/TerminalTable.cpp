@@ -6,6 +6,7 @@
 #include <array>
 
 #include "base/DisplayText.h"
+#include "outputs/ShownReadouts.h"
 
 namespace host {
 
@@ -17,7 +18,7 @@ constexpr std::size_t SHORTEST_BAR = 12;
 constexpr std::size_t LONGEST_BAR = 60;
 /// Stands for an empty line between two groups.
 constexpr int SPACE = -1;
-constexpr std::size_t LINES = 19;
+constexpr std::size_t LINES = 20;
 
 // Sensors in groups.
 constexpr std::array<int, LINES> LEFT = {
@@ -29,14 +30,15 @@ constexpr std::array<int, LINES> LEFT = {
     FEROLIN_SENSOR_SPEED,
     FEROLIN_SENSOR_MAX_SPEED,
     FEROLIN_SENSOR_AVERAGE_SPEED,
+    ShownReadouts::MOVING_AVERAGE,
     FEROLIN_SENSOR_DISTANCE,
     FEROLIN_SENSOR_ELAPSED,
+    ShownReadouts::STOPPED,
     SPACE,
     FEROLIN_SENSOR_LATITUDE,
     FEROLIN_SENSOR_LONGITUDE,
     FEROLIN_SENSOR_ALTITUDE,
     FEROLIN_SENSOR_AZIMUTH,
-    SPACE,
     FEROLIN_SENSOR_HDOP,
     FEROLIN_SENSOR_VDOP,
     FEROLIN_SENSOR_PDOP,
@@ -51,7 +53,7 @@ constexpr std::array<int, LINES> RIGHT = {
     FEROLIN_SENSOR_ACCEL_200,     SPACE,
     FEROLIN_SENSOR_FASTEST_100,   FEROLIN_SENSOR_FASTEST_402,
     FEROLIN_SENSOR_FASTEST_500,   FEROLIN_SENSOR_FASTEST_1000,
-    FEROLIN_SENSOR_FASTEST_10000,
+    FEROLIN_SENSOR_FASTEST_10000, SPACE,
 };
 
 bool HasTwoColumns(std::size_t columns) {

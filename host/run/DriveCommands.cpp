@@ -46,8 +46,8 @@ std::vector<Drive> Choose(const std::vector<Drive>& drives, const std::string& w
 }
 
 /// False when the user says no. Throws HostError when nobody answers.
-bool IsWanted(const Drive& drive) {
-  std::cerr << "Delete " + DescribeDrive(drive) + "? [y/N] " << std::flush;
+bool IsWanted(const Drive& drive, Units units) {
+  std::cerr << "Delete " + DescribeDrive(drive, units) + "? [y/N] " << std::flush;
   std::string answer;
   if (!std::getline(std::cin, answer)) {
     throw HostError("nothing was deleted: nobody answered (--yes deletes without asking)");
@@ -61,6 +61,7 @@ DriveCommands::DriveCommands(std::string home, StandardOutput& output, Messages&
     : home(std::move(home)), output(output), messages(messages) {}
 
 void DriveCommands::Run(const Options& options) {
+  units = options.units;
   std::error_code error;
   if (!std::filesystem::exists(home + "/" + DriveStore::FILE_NAME, error)) {
     throw HostError("no drive was kept yet in " + home);
@@ -83,19 +84,19 @@ DriveStore DriveCommands::Open() const {
 }
 
 void DriveCommands::List() {
-  output.Write(ListDrives(Open().List()));
+  output.Write(ListDrives(Open().List(), units));
 }
 
 void DriveCommands::Delete(const Options::Drives& options) {
   DriveStore store = Open();
   const Drive drive = Find(store.List(), options.which);
   if (!drive.isEnded) {
-    throw HostError(DescribeDrive(drive) +
+    throw HostError(DescribeDrive(drive, units) +
                     ", has not ended: it is being driven, or the next start of a drive ends it");
   }
-  if (options.isConfirmed || IsWanted(drive)) {
+  if (options.isConfirmed || IsWanted(drive, units)) {
     store.Delete(drive.number);
-    messages.Say("deleted " + DescribeDrive(drive));
+    messages.Say("deleted " + DescribeDrive(drive, units));
   }
 }
 

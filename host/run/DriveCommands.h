@@ -27,6 +27,7 @@ class DriveCommands {
   DriveStore Open() const;
 
   const std::string home;
+  Units units = Units::KM;
   StandardOutput& output;
   Messages& messages;
 };

@@ -10,13 +10,13 @@ namespace {
 constexpr std::chrono::seconds TRIP_INTERVAL(1);
 
 /// What became of the drive; without one, some positions were lost.
-std::string DescribeResult(const std::optional<Drive>& drive, std::uint64_t lost) {
+std::string DescribeResult(const std::optional<Drive>& drive, std::uint64_t lost, Units units) {
   const std::string missing =
       lost == 1 ? "position could not be written" : "positions could not be written";
   if (!drive) {
     return "this drive is not kept: " + std::to_string(lost) + " " + missing;
   }
-  const std::string kept = DescribeDistance(drive->distanceKm) + " in " +
+  const std::string kept = DescribeDistance(drive->distanceKm, units) + " in " +
                            DescribeDuration(drive->endMs - drive->startMs);
   const std::string number = "kept as drive " + std::to_string(drive->number);
   return lost == 0 ? number + ": " + kept
@@ -52,11 +52,11 @@ void DriveKeeping::OpenOrReplace(const std::string& home) {
 
 void DriveKeeping::Open(const std::string& home) {
   auto store = std::make_unique<DriveStore>(home, Database::Missing::CREATE);
-  keptTrip = store->GetTrip(Trip::NameOf(options.source));
+  keptTrip = store->GetTrip(Trip::NameOf(options));
   recorder = std::make_unique<DriveRecorder>(std::move(store), DescribeSource(options));
   for (const Drive& drive : recorder->GetEndedDrives()) {
     messages.Say("the drive of " + DescribeDay(drive.startMs) + ", " +
-                 DescribeDistance(drive.distanceKm) + ", ended without warning at " +
+                 DescribeDistance(drive.distanceKm, options.units) + ", ended without warning at " +
                  DescribeClock(drive.endMs) + "; kept");
   }
 }
@@ -95,9 +95,9 @@ void DriveKeeping::Finish(const Trip& trip) {
   const std::optional<Drive> drive = recorder->GetDrive();
   const std::uint64_t lost = recorder->CountLost();
   if (lost > 0) {
-    messages.SayLoss(DescribeResult(drive, lost));
+    messages.SayLoss(DescribeResult(drive, lost, options.units));
   } else if (drive) {
-    messages.Say(DescribeResult(drive, lost));
+    messages.Say(DescribeResult(drive, lost, options.units));
   }
 }
 

@@ -35,7 +35,7 @@ HostRun::HostRun(const EngineLibrary& engine, const Options& options, const std:
       signals(signals),
       standard(standard),
       messages(messages),
-      trip(engine, options.source),
+      trip(engine, options),
       window(engine().GetWndMessageID()),
       views(ViewWindow::Open(engine, options, window, messages)),
       drive(options, home, messages),

@@ -27,14 +27,19 @@ std::unique_ptr<Output> OpenOutput(const Options& options, const EngineLibrary& 
   if (options.json) {
     return std::make_unique<JsonOutput>(standard, engine);
   }
+  const ShownReadouts shown(engine, options.units,
+                            options.decimalDegrees
+                                ? ShownReadouts::Angles::DECIMAL_DEGREES
+                                : ShownReadouts::Angles::DEGREES_MINUTES_SECONDS);
   if (ShowsTable(options)) {
     messages.Hold();
-    return std::make_unique<TableOutput>(standard, DescribeSource(options), engine.GetReadouts());
+    return std::make_unique<TableOutput>(standard, DescribeSource(options), shown,
+                                         engine.GetReadouts());
   }
   if (window != nullptr && window->HasDisplay()) {
     return std::make_unique<NoOutput>();
   }
-  return std::make_unique<LineOutput>(standard);
+  return std::make_unique<LineOutput>(standard, shown);
 }
 
 std::unique_ptr<Pictures> OpenPictures(const Options& options, const EngineLibrary& engine,

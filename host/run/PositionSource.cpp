@@ -9,6 +9,7 @@
 #include "run/TripStretch.h"
 #include "sources/DemoSource.h"
 #include "sources/GpsdSource.h"
+#include "sources/LoggedSource.h"
 #include "sources/PortSource.h"
 #include "sources/RecordingClock.h"
 
@@ -128,6 +129,10 @@ void PositionSource::OpenGpsApi() {
 }
 
 void PositionSource::Feed(std::unique_ptr<NmeaSource> toFeed) {
+  if (!options.recordFile.empty()) {
+    log = std::make_unique<SentenceLog>(options.recordFile);
+    toFeed = std::make_unique<LoggedSource>(std::move(toFeed), *log);
+  }
   fed = std::move(toFeed);
   handheld::MapSerialPort(ENGINE_PORT, line.GetDevice());
   engine().SetUseGPSAPI(0);
@@ -179,6 +184,9 @@ void PositionSource::Stop() {
   }
   if (side) {
     side->Stop();
+  }
+  if (log) {
+    log->Finish();
   }
 }
 

@@ -12,6 +12,7 @@
 #include "sources/NmeaSource.h"
 #include "sources/PseudoTerminal.h"
 #include "sources/SearchSource.h"
+#include "sources/SentenceLog.h"
 #include "sources/SideReader.h"
 
 namespace host {
@@ -53,6 +54,9 @@ class PositionSource {
   /// When the engine reads by itself, only the reception is known.
   Feeder::Report GetReport() const;
 
+  /// The record of the sentences that the user asked for; null without one.
+  SentenceLog* GetLog() const { return log.get(); }
+
   /// Whether there are updates without a fix, once a second, while a receiver is silent.
   bool FillsSilence() const { return !options.raw; }
 
@@ -72,6 +76,7 @@ class PositionSource {
   const double pace;
   const std::function<void()> end;
   PseudoTerminal line;
+  std::unique_ptr<SentenceLog> log;
   std::unique_ptr<NmeaSource> fed;
   /// Null unless a receiver is looked for, else `fed`.
   SearchSource* search = nullptr;

@@ -47,6 +47,10 @@ void RunSummary::Finish(std::uint64_t updates, bool hasEnded) {
   for (const std::string& sum : BridgeNotices::SumUp(source.GetReport())) {
     messages.Say(sum);
   }
+  if (source.GetLog() != nullptr && source.GetLog()->CountLost() > 0) {
+    messages.SayLoss("bytes that were not recorded: " +
+                     std::to_string(source.GetLog()->CountLost()));
+  }
   if (options.source == Options::Source::FILE && hasEnded && !hadPosition) {
     messages.SayLoss("no position was found: " + FindReason(options, updates));
   }
@@ -67,6 +71,17 @@ void RunSummary::SayNews() {
     messages.Say(news);
   }
   SayUnreadableFiles();
+  SayRecordProblem();
+}
+
+void RunSummary::SayRecordProblem() {
+  SentenceLog* const log = source.GetLog();
+  if (log == nullptr) {
+    return;
+  }
+  if (const std::optional<std::string> problem = log->TakeProblem()) {
+    messages.Say(*problem);
+  }
 }
 
 /// Views and warnings do without them.

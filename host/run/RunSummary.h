@@ -39,6 +39,7 @@ class RunSummary {
  private:
   void SayDuration(std::uint64_t updates);
   void SayUnreadableFiles();
+  void SayRecordProblem();
 
   const Options& options;
   const PositionSource& source;

@@ -1,14 +1,18 @@
 #include "run/Trip.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstring>
+#include <ctime>
 #include <utility>
 #include <vector>
 
 #include "base/HostError.h"
+#include "base/NumberText.h"
 #include "base/Suggestion.h"
-#include "drives/DriveTexts.h"
+#include "base/Units.h"
+#include "engine/Figures.h"
 #include "handheld.h"
 
 namespace host {
@@ -16,6 +20,7 @@ namespace host {
 namespace {
 
 constexpr const char* RUN = "Run";
+constexpr const char* DAY = "Day";
 constexpr int METRE_DECIMALS = 3;
 constexpr const char* MOVING_KM = "MovingKm";
 constexpr const char* MOVING_MS = "MovingMs";
@@ -33,6 +38,15 @@ std::string KeyOf(int sensor) {
   return "Sensor" + std::to_string(sensor);
 }
 
+/// In the user's time zone.
+std::string GetToday() {
+  const std::time_t now = std::time(nullptr);
+  std::tm local = {};
+  localtime_r(&now, &local);
+  std::array<char, 16> text;
+  return {text.data(), std::strftime(text.data(), text.size(), "%Y-%m-%d", &local)};
+}
+
 [[noreturn]] void RefuseReset(const std::string& name, const Readouts& sensors) {
   std::vector<std::string> names;
   std::string list;
@@ -46,14 +60,27 @@ std::string KeyOf(int sensor) {
 
 }  // namespace
 
-Trip::Trip(const EngineLibrary& engine, Options::Source source)
-    : engine(engine), name(NameOf(source)), settings(engine, name) {}
+Trip::Trip(const EngineLibrary& engine, const Options& options)
+    : engine(engine), name(NameOf(options)), today(GetToday()), settings(engine, name) {}
 
-std::string Trip::NameOf(Options::Source source) {
-  if (IsLive(source)) {
-    return "HostTrip";
+std::string Trip::NameOf(const Options& options) {
+  std::string name = "HostRecordingTrip";
+  if (IsLive(options.source)) {
+    name = "HostTrip";
+  } else if (options.source == Options::Source::DEMO) {
+    name = "HostDemoTrip";
   }
-  return source == Options::Source::DEMO ? "HostDemoTrip" : "HostRecordingTrip";
+  switch (options.trip) {
+    case Options::TripName::A:
+      break;
+    case Options::TripName::B:
+      name += "B";
+      break;
+    case Options::TripName::DAY:
+      name += "Day";
+      break;
+  }
+  return name;
 }
 
 void Trip::Resume(const Options& options, const std::optional<KeptTrip>& copy, Messages& messages) {
@@ -63,10 +90,14 @@ void Trip::Resume(const Options& options, const std::optional<KeptTrip>& copy, M
     kept = *copy;
   }
   run = kept.run + 1;
-  if (options.newTrip || !Restore(kept, resets)) {
+  const bool isOver = options.trip == Options::TripName::DAY && kept.day != today;
+  if (options.newTrip || isOver || !Restore(kept, resets)) {
     return;
   }
-  const std::string distance = engine.GetSensorValue(FEROLIN_SENSOR_DISTANCE);
+  std::string distance = engine.GetSensorValue(FEROLIN_SENSOR_DISTANCE);
+  if (!distance.empty() && options.units != Units::KM) {
+    distance = DescribeDistance(ReadFigures(engine).distanceKm, options.units);
+  }
   messages.Say("continuing the trip of the last run" + (distance.empty() ? "" : ", " + distance) +
                " (--new-trip starts a new one)");
 }
@@ -91,6 +122,7 @@ KeptTrip Trip::ReadSettings() const {
   KeptTrip kept;
   kept.name = name;
   kept.run = Parse<std::int64_t>(settings.Get(RUN));
+  kept.day = settings.Get(DAY);
   kept.moving = {Parse<double>(settings.Get(MOVING_KM)),
                  Parse<std::int64_t>(settings.Get(MOVING_MS)),
                  Parse<std::int64_t>(settings.Get(STOPPED_MS))};
@@ -136,6 +168,7 @@ KeptTrip Trip::GetStates() const {
   states.name = name;
   states.run = run;
   states.moving = moving.GetSums();
+  states.day = today;
   for (int i = 0; i < engine.CountSensors(); ++i) {
     if (engine.IsSensorSaveable(i)) {
       states.states[i] = engine.GetSensorState(i);
@@ -152,6 +185,7 @@ void Trip::Store() const {
   settings.Set(STOPPED_MS, std::to_string(states.moving.stoppedMs));
   settings.Set(MOVING_MS, std::to_string(states.moving.movingMs));
   settings.Set(MOVING_KM, DescribeNumber(states.moving.movingKm, METRE_DECIMALS));
+  settings.Set(DAY, states.day);
   settings.Set(RUN, std::to_string(run));
 }
 

@@ -20,15 +20,15 @@ namespace host {
 class Trip {
  public:
   /// The engine outlives it.
-  Trip(const EngineLibrary& engine, Options::Source source);
+  Trip(const EngineLibrary& engine, const Options& options);
 
   /// Gives the sensors the states of the last run, except those that the user starts from zero:
   /// those of `copy` unless the settings file has newer ones. Throws UsageError when the user names
   /// a sensor that does not exist.
   void Resume(const Options& options, const std::optional<KeptTrip>& copy, Messages& messages);
 
-  /// Name of the trip.
-  static std::string NameOf(Options::Source source);
+  /// Name of the trip that goes on with these options.
+  static std::string NameOf(const Options& options);
 
   /// Takes the moment of an update; nothing when it is not known. A trip that the user has started
   /// anew loses its moving time, too.
@@ -50,6 +50,8 @@ class Trip {
 
   const EngineLibrary& engine;
   const std::string name;
+  /// Of the start of the run.
+  const std::string today;
   Settings settings;
   std::int64_t run = 0;
   MovingTime moving;

@@ -10,6 +10,8 @@ namespace host {
 
 namespace {
 
+/// Begins a line of a recording that says something about it.
+constexpr char COMMENT = '#';
 constexpr std::string_view RMC_NAME = "$GPRMC";
 /// Number of separators (commas and the star) that the engine needs in an RMC.
 constexpr std::ptrdiff_t RMC_SEPARATORS = 10;
@@ -120,7 +122,7 @@ void EpochSplitter::TakeRaw(std::string_view bytes) {
 
 void EpochSplitter::TakeBridged(std::string_view bytes) {
   const std::string_view text = bytes.substr(0, bytes.find_first_of("\r\n"));
-  if (text.empty()) {
+  if (text.empty() || text.front() == COMMENT) {
     return;
   }
   const std::size_t start = text.rfind('$');

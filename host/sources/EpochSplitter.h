@@ -33,7 +33,7 @@ struct Epoch {
 
 /// The engine updates itself at every RMC. It reads at most 2048 bytes at a time and needs whole
 /// sentences that end in CR LF. With a bridge, the bridge rewrites the sentences, every line end
-/// becomes CR LF, damaged sentences are dropped, and lines that are no sentences (text of a logging
+/// becomes CR LF, damaged sentences and comments ("# ...") are dropped, and lines that are no sentences (text of a logging
 /// program, binary messages) are dropped and counted. Before the first RMC after a jump of the
 /// receiver's clock comes one without a fix, so that the engine adds nothing to the trip for the
 /// jump. Without a bridge no byte is changed.

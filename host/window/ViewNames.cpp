@@ -11,6 +11,24 @@
 
 namespace host {
 
+namespace {
+
+struct PlainName {
+  const char* name;
+  int view;
+};
+
+/// The same in every language.
+constexpr std::array PLAIN_NAMES = {
+    PlainName{"dial", FEROLIN_VIEW_SPEEDOMETER},
+    PlainName{"speed", FEROLIN_VIEW_FULL_SCREEN_SPEED},
+    PlainName{"satellites", FEROLIN_VIEW_SATELLITES},
+    PlainName{"path", FEROLIN_VIEW_PATH},
+    PlainName{"chart", FEROLIN_VIEW_SPEED_CHART},
+};
+
+}  // namespace
+
 std::string GetViewName(const EngineLibrary::Functions& engine, int view) {
   std::array<char, 256> name = {};
   engine.GetWidgetName(view, name.data(), static_cast<int>(name.size()));
@@ -40,8 +58,16 @@ int FindView(const EngineLibrary::Functions& engine, const std::string& nameOrNu
     }
     list += (list.empty() ? "" : ", ") + names.back() + " (" + std::to_string(view) + ")";
   }
+  for (const PlainName& plain : PLAIN_NAMES) {
+    names.emplace_back(plain.name);
+    if (strcasecmp(plain.name, nameOrNumber.c_str()) == 0 &&
+        plain.view < engine.GetWidgetsCount()) {
+      return plain.view;
+    }
+  }
   throw UsageError("--view: there is no view \"" + nameOrNumber + "\"" +
-                   DidYouMean(nameOrNumber, names) + " (views: " + list + ")");
+                   DidYouMean(nameOrNumber, names) +
+                   " (views: dial, speed, satellites, path, chart; " + list + ")");
 }
 
 }  // namespace host

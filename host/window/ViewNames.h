@@ -14,7 +14,8 @@ std::string GetViewName(const EngineLibrary::Functions& engine, int view);
 /// Nothing when the text is not the number of a view.
 std::optional<int> ParseViewNumber(const EngineLibrary::Functions& engine, const std::string& text);
 
-/// Number of the view with that name (in upper or lower case) or number. Throws UsageError, which
+/// Number of the view with that name in the engine's language, plain name ("dial", "speed",
+/// "satellites", "path", "chart") or number, in upper or lower case. Throws UsageError, which
 /// lists the names.
 int FindView(const EngineLibrary::Functions& engine, const std::string& nameOrNumber);
 

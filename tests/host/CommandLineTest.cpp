@@ -41,6 +41,22 @@ TEST(CommandLine, LooksForAReceiver) {
   EXPECT_EQ(Options::Source::DEMO, ParseOptions({"--demo"}, Options::Source::SEARCH).source);
 }
 
+TEST(CommandLine, TakesUnitsTripAndRecord) {
+  EXPECT_EQ(Units::KM, ParseOptions({}).units);
+  EXPECT_EQ(Units::MI, ParseOptions({"--units", "mi"}).units);
+  EXPECT_EQ(Units::NM, ParseOptions({"drives", "--units", "nm"}).units);
+  EXPECT_TRUE(ParseOptions({"--degrees"}).decimalDegrees);
+  EXPECT_EQ(Options::TripName::A, ParseOptions({}).trip);
+  EXPECT_EQ(Options::TripName::B, ParseOptions({"--trip", "B"}).trip);
+  EXPECT_EQ(Options::TripName::DAY, ParseOptions({"--trip", "day"}).trip);
+  EXPECT_EQ("a.nmea", ParseOptions({"--record", "a.nmea", "--gpsd"}).recordFile);
+  EXPECT_EQ("--units: \"m\" is not \"km\", \"mi\" or \"nm\"", ErrorOf({"--units", "m"}));
+  EXPECT_EQ("--trip: \"C\" is not \"A\", \"B\" or \"day\"", ErrorOf({"--trip", "C"}));
+  EXPECT_NE("(accepted)", ErrorOf({"--record", "a.nmea", "--nmea", "b.nmea"}));
+  EXPECT_NE("(accepted)", ErrorOf({"--record", "a.nmea", "--gpsd", "--gps-api"}));
+  EXPECT_NE("(accepted)", ErrorOf({"--record", "a.nmea", "--port", "/dev/x", "--raw"}));
+}
+
 TEST(CommandLine, LeavesOutValuesThatWereUsedBefore) {
   const Options port = ParseOptions({"--port", "--json"});
   EXPECT_EQ(Options::Source::PORT, port.source);

@@ -30,8 +30,9 @@ TEST(DriveList, HasALineForEachDrive) {
       "    7  2026-11-21 17:42   2:00:00    90.2 km  131.0 km/h   45.1 km/h   60.0 km/h   0:30:00\n"
       "   12  2026-11-21 17:42   0:00:00        0 m    0.0 km/h    0.0 km/h               0:00:00"
       "  (not ended)\n",
-      ListDrives({old, whole, open}));
-  EXPECT_EQ("drive 7 of 21 Nov, 90.2 km", DescribeDrive(whole));
+      ListDrives({old, whole, open}, Units::KM));
+  EXPECT_EQ("drive 7 of 21 Nov, 90.2 km", DescribeDrive(whole, Units::KM));
+  EXPECT_EQ("drive 7 of 21 Nov, 56.1 mi", DescribeDrive(whole, Units::MI));
 }
 
 }  // namespace

@@ -78,6 +78,13 @@ TEST_F(EpochSplitterTest, DropsAndCountsWhatIsNoSentence) {
   EXPECT_EQ(4u, bridged.GetLinesDropped());
 }
 
+TEST_F(EpochSplitterTest, PassesOverComments) {
+  bridged.Add("# 2026-11-22T23:59:59.000Z\r\n# $GPRMC\r\n" + RMC + END);
+  ASSERT_EQ(1u, epochs.size());
+  EXPECT_EQ(RMC + END, epochs[0].bytes);
+  EXPECT_EQ(0u, bridged.GetLinesDropped());
+}
+
 TEST_F(EpochSplitterTest, LeavesDamagedSentencesOutAndDoesNotWaitForTheirUpdate) {
   bridged.Add("$GP\x01\x02\r\n" + RMC + "*00" + END + GGA + END);
   bridged.Finish();

@@ -41,10 +41,17 @@ TEST(ViewNames, AreFoundInAnyCaseAndByNumber) {
   EXPECT_EQ(2, FindView(ENGINE, "2"));
 }
 
+TEST(ViewNames, ArePlainInEveryLanguage) {
+  EXPECT_EQ(0, FindView(ENGINE, "dial"));
+  EXPECT_EQ(1, FindView(ENGINE, "SPEED"));
+  EXPECT_EQ("--view: there is no view \"path\"", ErrorOf("path").substr(0, 31));
+}
+
 TEST(ViewNames, AreListedWhenThereIsNoSuchView) {
   for (const char* wrong : {"3", "-1", "Bogus", "1x"}) {
     EXPECT_EQ("--view: there is no view \"" + std::string(wrong) +
-                  "\" (views: Speedometer (0), Speed (1), Satellites (2))",
+                  "\" (views: dial, speed, satellites, path, chart; Speedometer (0), Speed (1), "
+                  "Satellites (2))",
               ErrorOf(wrong));
   }
 }

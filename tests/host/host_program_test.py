@@ -703,6 +703,79 @@ class Stopping(HostTest):
         self.assertEqual(process.wait(timeout=PATIENCE), 0)
 
 
+class Units(HostTest):
+    def lines(self, *arguments):
+        """The final read-outs by name, and the messages."""
+        path = self.write(recording([52.0] * 37))
+        result = self.run_host("--nmea", path, "--no-window", *arguments)
+        self.assertEqual(result.returncode, 0, result.stderr)
+        pairs = [re.split(" {2,}", line) for line in result.stdout.splitlines()]
+        return {pair[0]: pair[1] for pair in pairs if len(pair) == 2}, result.stderr
+
+    def test_are_chosen_for_lines_and_messages(self):
+        # 52 knots are 96.304 km/h or 59.84 mph, 36 s of them 963 m, 0.60 mi or 0.52 NM; 150 m are 492 ft.
+        figures, _ = self.lines()
+        self.assertEqual([figures[name] for name in ("Speed", "Distance", "Moving average", "Stopped", "Altitude")],
+                         ["96.3 km/h", "963 m", "96.30 km/h", "0 s", "150.0 m"])
+        figures, said = self.lines("--new-trip", "--units", "mi", "--degrees")
+        self.assertEqual([figures[name] for name in ("Speed", "Max speed", "Average speed", "Distance", "Altitude")],
+                         ["59.8 mph", "59.8 mph", "59.84 mph", "0.60 mi", "492 ft"])
+        self.assertEqual((figures["Latitude"], figures["Longitude"]), ("55.750000", "37.600000"))
+        figures, said = self.lines("--units", "nm", "--keep")
+        self.assertEqual((figures["Speed"], figures["Distance"]), ("52.0 kn", "1.04 NM"))
+        self.assertIn("continuing the trip of the last run, 0.52 NM", said)
+        self.assertIn("kept as drive 1: 0.52 NM in 0:00:36", said)
+        self.assertRegex(self.run_host("drives", "--units", "nm").stdout, r"0\.52 NM +52\.0 kn +52\.0 kn +52\.0 kn")
+
+    def test_of_the_host_have_russian_names(self):
+        figures, _ = self.lines("--lang", "ru")
+        self.assertEqual((figures["Средняя в движении"], figures["Стоянка"]), ("96.30 км/ч", "0 с"))
+
+
+class Trips(HostTest):
+    def metres(self, *arguments):
+        """Drives 10 m on, and tells how long the trip is then."""
+        return round(json.loads(self.run_host("--nmea", self.write(recording([36 / 1.852] * 2)), "--json", *arguments)
+                                .stdout.splitlines()[-1])["distance_m"])
+
+    def test_are_kept_apart(self):
+        self.assertEqual(self.metres(), 10)
+        self.assertEqual(self.metres("--trip", "B"), 10)
+        self.assertEqual(self.metres("--trip", "A"), 20)
+        self.assertEqual(self.metres("--trip", "B"), 20)
+        self.assertEqual(self.metres("--trip", "B", "--new-trip"), 10)
+        self.assertEqual(self.metres(), 30)
+
+    def test_of_the_day_begins_anew_every_day(self):
+        self.assertEqual(self.metres("--trip", "day"), 10)
+        self.assertEqual(self.metres("--trip", "day"), 20)
+        settings = os.path.join(self.home, "TachyMo.ini")
+        with open(settings, encoding="cp1251", newline="") as file:
+            text = file.read()
+        today = time.strftime("%Y-%m-%d", time.gmtime())
+        self.assertIn("Day=" + today, text)
+        with open(settings, "w", encoding="cp1251", newline="") as file:
+            file.write(text.replace("Day=" + today, "Day=2026-01-01"))
+        self.assertEqual(self.metres("--trip", "day"), 10)
+
+
+class Record(HostTest):
+    def test_is_played_as_it_was_driven(self):
+        played = self.play("--demo", "--updates", "100", "--record", self.path("drive.nmea"))
+        name, = [name for name in os.listdir(self.folder) if name.startswith("drive-")]
+        self.assertRegex(name, r"^drive-\d{4}-\d\d-\d\d\.nmea$")
+        with open(self.path(name), encoding="ascii", newline="") as file:
+            self.assertRegex(file.readline(), r"^# 20\d\d-\d\d-\d\dT\d\d:\d\d:\d\d\.\d{3}Z\r\n$")
+        again = self.play("--nmea", self.path(name), "--updates", "100")
+        self.assertEqual(again[:2], played[:2])
+        self.assertNotIn("no sentences", again[2])
+
+    def test_that_cannot_be_written_is_refused(self):
+        result = self.run_host("--record", self.path("none", "drive.nmea"))
+        self.assertEqual(result.returncode, 1)
+        self.assertRegex(result.stderr, r"cannot record to .*/none/drive-.*: No such file or directory")
+
+
 class Terminal(HostTest):
     def watch(self, *arguments, until, size=(24, 80)):
         """Runs on a terminal until the pattern appears, then presses Ctrl-C. Returns what was shown."""
