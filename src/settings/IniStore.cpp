@@ -6,6 +6,8 @@
 
 #include "base/CodePage.h"
 #include "base/File.h"
+#include "base/Format.h"
+#include "base/Number.h"
 
 namespace ferolin {
 
@@ -178,6 +180,15 @@ void IniStore::SetValue(std::string_view key, std::string_view value, std::strin
     records.push_back({"", ' ', std::string(section), "", ""});
     records.push_back(added);
   }
+}
+
+int IniStore::GetNumber(std::string_view key, std::string_view section, int missing) const {
+  const std::string value = GetValue(key, section);
+  return value.empty() ? missing : ParseInt(value.c_str());
+}
+
+void IniStore::SetNumber(std::string_view key, int value, std::string_view section) {
+  SetValue(key, Format("%i", value), section);
 }
 
 }  // namespace ferolin

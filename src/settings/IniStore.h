@@ -36,6 +36,10 @@ class IniStore {
   /// header, or adds both at the end. Nothing is written to disk.
   void SetValue(std::string_view key, std::string_view value, std::string_view section);
 
+  /// The value as a whole number; `missing` when it is missing or empty.
+  int GetNumber(std::string_view key, std::string_view section, int missing) const;
+  void SetNumber(std::string_view key, int value, std::string_view section);
+
   /// The content, in file order. The reference holds until the next change.
   const std::vector<IniRecord>& GetRecords() const { return records; }
 

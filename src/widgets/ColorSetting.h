@@ -4,8 +4,6 @@
 
 #include <cstddef>
 
-#include "base/Format.h"
-#include "base/Number.h"
 #include "settings/IniStore.h"
 
 namespace ferolin {
@@ -30,10 +28,8 @@ template <class Owner, std::size_t N>
 void LoadColors(const ColorSetting<Owner> (&settings)[N], const char* section,
                 const IniStore& store, Owner& owner) {
   for (const ColorSetting<Owner>& setting : settings) {
-    const std::string value = store.GetValue(setting.key, section);
-    if (!value.empty()) {
-      owner.*setting.color = static_cast<COLORREF>(ParseInt(value.c_str()));
-    }
+    COLORREF& color = owner.*setting.color;
+    color = static_cast<COLORREF>(store.GetNumber(setting.key, section, static_cast<int>(color)));
   }
 }
 
@@ -41,7 +37,7 @@ template <class Owner, std::size_t N>
 void SaveColors(const ColorSetting<Owner> (&settings)[N], const char* section, IniStore& store,
                 const Owner& owner) {
   for (const ColorSetting<Owner>& setting : settings) {
-    store.SetValue(setting.key, Format("%i", owner.*setting.color), section);
+    store.SetNumber(setting.key, static_cast<int>(owner.*setting.color), section);
   }
 }
 

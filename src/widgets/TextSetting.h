@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "base/Format.h"
-#include "base/Number.h"
 #include "render/TextStyle.h"
 #include "settings/IniStore.h"
 
@@ -40,9 +38,8 @@ void LoadTexts(const TextSetting<Owner> (&settings)[N], const char* section, con
     if (std::string face = store.GetValue(setting.faceKey, section); !face.empty()) {
       style.face = std::move(face);
     }
-    if (const std::string size = store.GetValue(setting.sizeKey, section); !size.empty()) {
-      style.size = std::clamp(ParseInt(size.c_str()), -MAX_TEXT_SIZE, MAX_TEXT_SIZE);
-    }
+    style.size = std::clamp(store.GetNumber(setting.sizeKey, section, style.size), -MAX_TEXT_SIZE,
+                            MAX_TEXT_SIZE);
   }
 }
 
@@ -59,7 +56,7 @@ template <class Owner, std::size_t N>
 void SaveSizes(const TextSetting<Owner> (&settings)[N], const char* section, IniStore& store,
                const Owner& owner) {
   for (const TextSetting<Owner>& setting : settings) {
-    store.SetValue(setting.sizeKey, Format("%i", (owner.*setting.style).size), section);
+    store.SetNumber(setting.sizeKey, (owner.*setting.style).size, section);
   }
 }
 

@@ -392,6 +392,22 @@ TEST_F(IniStoreTest, HalfWrittenSaveIsNotTaken) {
   EXPECT_EQ(1, folder.CountFiles());
 }
 
+// ---- Numbers ----
+
+TEST_F(IniStoreTest, NumbersAreDecimal) {
+  Parse("[S]\na=-12\nb=16777215\n");
+  EXPECT_EQ(-12, store.GetNumber("a", "S", 7));
+  EXPECT_EQ(16777215, store.GetNumber("b", "S", 7));
+  store.SetNumber("a", -5, "S");
+  EXPECT_EQ("-5", Value("a", "S"));
+}
+
+TEST_F(IniStoreTest, MissingAndEmptyNumbersAreTheCallers) {
+  Parse("[S]\na=\n");
+  EXPECT_EQ(7, store.GetNumber("a", "S", 7));
+  EXPECT_EQ(7, store.GetNumber("b", "S", 7));
+}
+
 // ---- Anything at all ----
 
 /// Whatever a file held at first, saving and loading it a second time changes nothing.
