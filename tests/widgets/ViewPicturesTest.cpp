@@ -72,7 +72,9 @@ std::vector<SizeCase> AllSizes() {
   if (IS_RUSSIAN) {
     return {{FEROLIN_VIEW_SPEEDOMETER, 240, 320}};
   }
-  std::vector<SizeCase> cases;
+  // Where the dial is tightest: a small screen, and one on which a wider dial would be cut.
+  std::vector<SizeCase> cases = {{FEROLIN_VIEW_SPEEDOMETER, 176, 220},
+                                 {FEROLIN_VIEW_SPEEDOMETER, 240, 240}};
   for (const int view : Views()) {
     for (const auto& [width, height] :
          {std::pair(240, 320), std::pair(320, 240), std::pair(480, 640), std::pair(640, 480),

@@ -16,13 +16,18 @@ constexpr int LANDSCAPE_TOP = 15;
 constexpr int LANDSCAPE_MARGIN = 10;
 constexpr int PORTRAIT_TOP = 25;
 
+// From the centre down to the end of the face, for a radius.
+constexpr int FACE_DEPTH = 11;
+constexpr int FACE_RADIUS = 16;
+
 }  // namespace
 
 DialGeometry::DialGeometry(const RECT& rect)
     : rect(rect),
       centerX((rect.left + rect.right) / 2),
       centerY(rect.top + (rect.right - rect.left) / 2),
-      radius((rect.right - rect.left) / 2) {}
+      radius((rect.right - rect.left) / 2),
+      faceBottom(centerY + radius * FACE_DEPTH / FACE_RADIUS) {}
 
 bool DialGeometry::IsOnScale(double kmh) {
   return kmh >= static_cast<double>(SCALE_MINIMUM) && kmh <= static_cast<double>(SCALE_MAXIMUM);

@@ -22,6 +22,7 @@ class DialGeometry {
   int centerX;
   int centerY;
   int radius;
+  int faceBottom;  ///< row below the ends of the scale, where the picture's face ends
 };
 
 /// The dial's rectangle in a frame of that size, for a picture of that size. In landscape and

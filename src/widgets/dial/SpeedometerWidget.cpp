@@ -1,9 +1,11 @@
 #include "widgets/dial/SpeedometerWidget.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "base/CodePage.h"
 #include "base/Cp1251.h"
+#include "base/Format.h"
 #include "base/Saturate.h"
 #include "gps/FixRecord.h"
 #include "render/Canvas.h"
@@ -39,6 +41,9 @@ constexpr int TEXT_TURN = 268;     // degrees from the target's direction to the
 
 constexpr int FASTEST_RISE = 25;  // from the dial's lower edge up to the texts
 constexpr int COLUMN_GAP = 4;
+constexpr int BUTTONS_HEIGHT = 55;       // of the line at the frame's lower edge, with a gap
+constexpr int FASTEST_LINES = 3;         // lines of text that distance, bracket and time take
+constexpr int FASTEST_TIMES_WIDTH = 10;  // sizes of a font in which three times have room
 
 constexpr int COMPASS_SIZE = 65;
 constexpr int COMPASS_CENTER = 32;
@@ -124,24 +129,25 @@ void SpeedometerWidget::Paint(Canvas& canvas) {
   }
 }
 
-/// The odometer stands right above the fastest times, where the needle at rest does not cover it.
+/// The odometer stands where the face ends, and the needle at rest does not cover it.
 void SpeedometerWidget::DrawLandscape(Canvas& canvas, const DialGeometry& dial) {
   const int fastestTop = dial.rect.bottom - FASTEST_RISE;
   DrawNeedle(canvas, dial);
   const int speedTop = DrawSpeed(canvas, dial, LANDSCAPE_SPEED_RISE);
   DrawMark(canvas, dial, sensors.averageSpeed, averageSpeedMarkColor);
   DrawMark(canvas, dial, sensors.maxSpeed, maxSpeedMarkColor);
-  DrawOdometer(canvas, dial, fastestTop - TEXT_GAP - odometerStyle.size);
+  DrawOdometer(canvas, dial, std::min(fastestTop, dial.faceBottom) - TEXT_GAP - odometerStyle.size);
   DrawClock(canvas, dial, speedTop, CLOCK_RISE);
   DrawStatusIcons(canvas);
   DrawAcceleration(canvas, dial);
   const int width = dial.rect.right - dial.rect.left;
-  DrawFastest(canvas, {5 * width / 32 + 2, 5 * width / 24, fastestTop});
+  DrawFastest(canvas, fastestStyle.GetFont(canvas),
+              {5 * width / 32 + 2, 5 * width / 24, fastestTop});
   DrawCompass(canvas, dial);
 }
 
-/// The clock stands below the odometer inside the dial. The fastest times take the whole width
-/// below the dial, above the buttons.
+/// The clock stands below the odometer inside the dial. The fastest times fill the room between the
+/// face and the buttons.
 void SpeedometerWidget::DrawPortrait(Canvas& canvas, const DialGeometry& dial) {
   DrawNeedle(canvas, dial);
   DrawSpeed(canvas, dial, PORTRAIT_SPEED_RISE);
@@ -151,7 +157,11 @@ void SpeedometerWidget::DrawPortrait(Canvas& canvas, const DialGeometry& dial) {
   DrawClock(canvas, dial, dial.centerY + odometerStyle.size + TEXT_GAP, 0);
   DrawStatusIcons(canvas);
   const int width = dial.rect.right - dial.rect.left;
-  DrawFastest(canvas, {COLUMN_GAP / 2, width / 3, dial.rect.bottom + TEXT_GAP});
+  const int top = dial.faceBottom + TEXT_GAP;
+  const int room = canvas.GetFrameRect().bottom - BUTTONS_HEIGHT - top;
+  const int size = std::min(room / FASTEST_LINES, width / FASTEST_TIMES_WIDTH);
+  const Font font = canvas.MakeFontA(fastestStyle.face, std::max(fastestStyle.size, size), 0);
+  DrawFastest(canvas, font.get(), {COLUMN_GAP / 2, width / 3, top});
   DrawAcceleration(canvas, dial);
 }
 
@@ -181,15 +191,16 @@ int SpeedometerWidget::DrawSpeed(Canvas& canvas, const DialGeometry& dial, doubl
     return dial.centerY;
   }
   const WideString text = Widen(Format("%0.0f", GetSensorNumber(sensors.speed)));
-  const int top = CutToInt(dial.centerY - rise * Measure(canvas, speedStyle, text).cy);
-  DrawCentered(canvas, speedStyle, text, dial.centerX, top, speedTextColor);
+  const HFONT font = speedStyle.GetFont(canvas);
+  const int top = CutToInt(dial.centerY - rise * canvas.MeasureText(font, text.c_str()).cy);
+  DrawCentered(canvas, font, text, dial.centerX, top, speedTextColor);
   return top;
 }
 
 void SpeedometerWidget::DrawOdometer(Canvas& canvas, const DialGeometry& dial, int top) {
   if (sensors.distance != NO_SENSOR) {
-    DrawCentered(canvas, odometerStyle, Widen(GetSensorText(sensors.distance)), dial.centerX, top,
-                 odometerTextColor);
+    DrawCentered(canvas, odometerStyle.GetFont(canvas), Widen(GetSensorText(sensors.distance)),
+                 dial.centerX, top, odometerTextColor);
   }
 }
 
@@ -218,26 +229,28 @@ void SpeedometerWidget::DrawAccelerationTime(Canvas& canvas, const DialGeometry&
                   accelerationTextColor);
 }
 
-void SpeedometerWidget::DrawFastest(Canvas& canvas, const Columns& columns) {
-  int left = columns.left;
+void SpeedometerWidget::DrawFastest(Canvas& canvas, HFONT font, const Columns& columns) {
+  RECT column = {columns.left, columns.top, columns.left + columns.width - COLUMN_GAP, 0};
   for (const int index : sensors.fastest.Get()) {
-    DrawFastestTime(canvas, index, left, left + columns.width - COLUMN_GAP, columns.top);
-    left += columns.width;
+    DrawFastestTime(canvas, font, index, column);
+    column.left += columns.width;
+    column.right += columns.width;
   }
 }
 
 /// The distance, a bracket below it, and the time below the bracket.
-void SpeedometerWidget::DrawFastestTime(Canvas& canvas, int sensor, int left, int right, int top) {
-  const int middle = (left + right) / 2;
+void SpeedometerWidget::DrawFastestTime(Canvas& canvas, HFONT font, int sensor,
+                                        const RECT& column) {
+  const int middle = (column.left + column.right) / 2;
   const WideString distance =
       Widen(Format("%g", FastestDistance(owner.GetSensor(sensor)->GetName())));
-  const int bracket = top + Measure(canvas, fastestStyle, distance).cy;
-  DrawCentered(canvas, fastestStyle, distance, middle, top, fastestColor);
-  canvas.DrawThinLine(fastestColor, left, bracket - 1, left, bracket + 3);
-  canvas.DrawThinLine(fastestColor, right, bracket - 1, right, bracket + 3);
-  canvas.DrawThinLine(fastestColor, right, bracket + 1, left, bracket + 1);
-  DrawCentered(canvas, fastestStyle, Widen(GetSensorText(sensor)), middle, bracket + 2,
-               fastestColor);
+  const int bracket = column.top + canvas.MeasureText(font, distance.c_str()).cy;
+  DrawCentered(canvas, font, distance, middle, column.top, fastestColor);
+  for (const LONG x : {column.left, column.right}) {
+    canvas.DrawThinLine(fastestColor, x, bracket - 1, x, bracket + 3);
+  }
+  canvas.DrawThinLine(fastestColor, column.right, bracket + 1, column.left, bracket + 1);
+  DrawCentered(canvas, font, Widen(GetSensorText(sensor)), middle, bracket + 2, fastestColor);
 }
 
 /// The needle turns against the course and so points to the north. The rose stands still.
@@ -265,20 +278,16 @@ void SpeedometerWidget::DrawClock(Canvas& canvas, const DialGeometry& dial, int 
     return;
   }
   const WideString text = Widen(GetSensorText(sensors.currentTime));
-  const SIZE extent = Measure(canvas, clockStyle, text);
-  canvas.DrawText(clockStyle.GetFont(canvas), text.c_str(),
-                  (dial.rect.left + dial.rect.right - extent.cx) / 2,
+  const HFONT font = clockStyle.GetFont(canvas);
+  const SIZE extent = canvas.MeasureText(font, text.c_str());
+  canvas.DrawText(font, text.c_str(), (dial.rect.left + dial.rect.right - extent.cx) / 2,
                   CutToInt(line - rise * extent.cy), clockTextColor);
 }
 
-SIZE SpeedometerWidget::Measure(Canvas& canvas, TextStyle& style, const WideString& text) {
-  return canvas.MeasureText(style.GetFont(canvas), text.c_str());
-}
-
-void SpeedometerWidget::DrawCentered(Canvas& canvas, TextStyle& style, const WideString& text,
+void SpeedometerWidget::DrawCentered(Canvas& canvas, HFONT font, const WideString& text,
                                      int centerX, int top, COLORREF color) {
-  canvas.DrawText(style.GetFont(canvas), text.c_str(),
-                  centerX - Measure(canvas, style, text).cx / 2, top, color);
+  canvas.DrawText(font, text.c_str(), centerX - canvas.MeasureText(font, text.c_str()).cx / 2, top,
+                  color);
 }
 
 }  // namespace ferolin

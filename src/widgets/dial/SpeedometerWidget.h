@@ -49,11 +49,10 @@ class SpeedometerWidget : public Widget {
   void DrawAcceleration(Canvas& canvas, const DialGeometry& dial);
   void DrawAccelerationTime(Canvas& canvas, const DialGeometry& dial, double target,
                             double seconds);
-  void DrawFastest(Canvas& canvas, const Columns& columns);
-  void DrawFastestTime(Canvas& canvas, int sensor, int left, int right, int top);
+  void DrawFastest(Canvas& canvas, HFONT font, const Columns& columns);
+  void DrawFastestTime(Canvas& canvas, HFONT font, int sensor, const RECT& column);
   void DrawCompass(Canvas& canvas, const DialGeometry& dial);
-  SIZE Measure(Canvas& canvas, TextStyle& style, const WideString& text);
-  void DrawCentered(Canvas& canvas, TextStyle& style, const WideString& text, int centerX, int top,
+  void DrawCentered(Canvas& canvas, HFONT font, const WideString& text, int centerX, int top,
                     COLORREF color);
 
   COLORREF speedArrowColor;

@@ -7,7 +7,7 @@ namespace ferolin {
 namespace {
 
 constexpr double DEGREE = 3.14159265358979 / 180;
-constexpr SIZE PICTURE = {480, 404};
+constexpr SIZE PICTURE = {480, 456};
 
 TEST(DialGeometry, SweepsClockwiseFromTheLeftToTheRight) {
   EXPECT_NEAR(197.5 * DEGREE, DialGeometry::AngleOf(0), 1e-6);
@@ -25,10 +25,11 @@ TEST(DialGeometry, EndsWithBothEndsOfTheScale) {
 }
 
 TEST(DialGeometry, IsACircleOverTheWholeWidth) {
-  const DialGeometry dial({0, 25, 240, 227});
+  const DialGeometry dial({0, 25, 240, 253});
   EXPECT_EQ(120, dial.centerX);
   EXPECT_EQ(145, dial.centerY);
   EXPECT_EQ(120, dial.radius);
+  EXPECT_EQ(227, dial.faceBottom);  // 145 + 120 * 11 / 16
   const DialGeometry odd({10, 15, 265, 230});
   EXPECT_EQ(137, odd.centerX);  // 275 / 2
   EXPECT_EQ(142, odd.centerY);  // 15 + 255 / 2
@@ -36,7 +37,7 @@ TEST(DialGeometry, IsACircleOverTheWholeWidth) {
 }
 
 TEST(DialGeometry, CutsPointsToWholePixels) {
-  const DialGeometry dial({0, 25, 240, 227});
+  const DialGeometry dial({0, 25, 240, 253});
   const POINT top = dial.PointAt(90 * DEGREE, 100);
   EXPECT_EQ(120, top.x);
   EXPECT_EQ(45, top.y);
@@ -62,15 +63,17 @@ TEST_P(DialRectOf, FollowsTheShapeOfTheFrame) {
 
 INSTANTIATE_TEST_SUITE_P(Frames, DialRectOf,
                          testing::Values(
-                             // 25 + 240 * 404 / 480 = 227
-                             RectCase{{240, 320}, {0, 25, 240, 227}},
-                             RectCase{{480, 800}, {0, 25, 480, 429}},
-                             // (240 - 25) * 480 / 404 = 255.4
-                             RectCase{{320, 240}, {0, 15, 255, 230}},
-                             // (480 - 25) * 480 / 404 = 540.6
-                             RectCase{{800, 480}, {0, 15, 540, 470}},
-                             // A square frame counts as landscape.
-                             RectCase{{240, 240}, {0, 15, 255, 230}}));
+                             // 25 + 240 * 456 / 480 = 253
+                             RectCase{{240, 320}, {0, 25, 240, 253}},
+                             RectCase{{480, 800}, {0, 25, 480, 481}},
+                             // (240 - 25) * 480 / 456 = 226.3
+                             RectCase{{320, 240}, {0, 15, 226, 230}},
+                             // (480 - 25) * 480 / 456 = 478.9
+                             RectCase{{800, 480}, {0, 15, 478, 470}},
+                             // Square frames count as landscape. The whole dial fits them.
+                             RectCase{{240, 240}, {0, 15, 226, 230}},
+                             RectCase{{320, 320}, {0, 15, 310, 310}},
+                             RectCase{{480, 480}, {0, 15, 478, 470}}));
 
 TEST(DialGeometry, TakesAPictureWithoutSizeAsOnePixel) {
   const RECT rect = DialRect({320, 240}, {0, 0});

@@ -37,6 +37,19 @@ class SpeedometerTest : public ViewTest {
     return count;
   }
 
+  /// The first row from that one on with a pixel of that colour; the frame's height without one.
+  int FirstRow(COLORREF color, int row) const {
+    const RECT frame = theCanvas.GetFrameRect();
+    for (; row < frame.bottom; ++row) {
+      for (int x = 0; x < frame.right; ++x) {
+        if (At(x, row) == color) {
+          return row;
+        }
+      }
+    }
+    return row;
+  }
+
   void Set(int sensor, const char* state) {
     EXPECT_EQ(1, engine->GetSensors().Get(sensor)->SetRegistryString(state));
   }
@@ -108,10 +121,10 @@ TEST_F(SpeedometerTest, PutsTheOdometerOnTheCentreInPortrait) {
 TEST_F(SpeedometerTest, RaisesTheNumberLessInLandscape) {
   Open(320, 240);
   DrawAt(188);
-  // Centre (127, 142): 142 - 1.1 * 40 = 98.
+  // Centre (113, 128): 128 - 1.1 * 40 = 84.
   const RECT number = Bounds(CYAN);
-  EXPECT_GE(number.top, 98);
-  EXPECT_LE(number.bottom, 138);
+  EXPECT_GE(number.top, 84);
+  EXPECT_LE(number.bottom, 124);
 }
 
 TEST_F(SpeedometerTest, DoesNotPresentWithoutADial) {
@@ -139,8 +152,8 @@ TEST_F(SpeedometerTest, DrawsItsButtonsWithoutADial) {
   EXPECT_NE(before, Shown().rows);
 }
 
-// Landscape, 320 x 240: the dial ends at 255, which leaves 65 for the compass, centred on (287,
-// 207).
+// Landscape, 240 high: the dial ends at 226, the compass needs 65. In 320 x 240 it is centred on
+// (287, 207).
 
 TEST_F(SpeedometerTest, PointsTheCompassNorth) {
   Open(320, 240);
@@ -157,10 +170,10 @@ TEST_F(SpeedometerTest, TurnsTheCompassAgainstTheCourse) {
 }
 
 TEST_F(SpeedometerTest, HasNoCompassWithoutRoomForIt) {
-  Open(319, 240);
+  Open(290, 240);
   DrawAt(50);
   EXPECT_EQ(0, Count(BLUE));
-  Open(320, 240);
+  Open(291, 240);
   DrawAt(50);
   EXPECT_GT(Count(BLUE), 20);
 }
@@ -211,7 +224,7 @@ TEST_F(SpeedometerTest, ShowsNoAccelerationThatWasNotRun) {
   EXPECT_EQ(0, Count(ACCELERATION));
 }
 
-// Landscape, 320 x 240: columns of 5 * 255 / 24 = 53 from 5 * 255 / 32 + 2 = 41 on; labels at
+// Landscape, 320 x 240: columns of 5 * 226 / 24 = 47 from 5 * 226 / 32 + 2 = 37 on; labels at
 // 230 - 25 = 205.
 
 TEST_F(SpeedometerTest, BracketsTheFastestTimesInLandscape) {
@@ -220,8 +233,8 @@ TEST_F(SpeedometerTest, BracketsTheFastestTimesInLandscape) {
   const Font font = theCanvas.MakeFontA("Times New Roman", 14, 0);
   const int bracket = 205 + static_cast<int>(theCanvas.MeasureText(font.get(), TEXT("100")).cy);
   for (int column = 0; column < 3; ++column) {
-    const int left = 41 + 53 * column;
-    const int right = left + 49;
+    const int left = 37 + 47 * column;
+    const int right = left + 43;
     for (int y = bracket - 1; y < bracket + 3; ++y) {
       EXPECT_EQ(FASTEST, At(left, y)) << column << ", " << y;
       EXPECT_EQ(FASTEST, At(right, y)) << column << ", " << y;
@@ -239,6 +252,19 @@ TEST_F(SpeedometerTest, ShowsDistancesAndTimesInPortraitBelowTheDial) {
   EXPECT_GE(bounds.left, 0);
   EXPECT_LE(bounds.right, 240);
   EXPECT_LE(bounds.bottom, 269) << "clear of the buttons";
+}
+
+/// 480 x 800: the face ends at 25 + 240 + 165 = 430. Text of 480 / 10 = 48 pixels fills the columns.
+TEST_F(SpeedometerTest, ShowsDistancesAndTimesLargeInTallFrames) {
+  Open(480, 800);
+  DrawAt(0);
+  // The clock, in the same colour, ends at 265 + 28 + 4 + 32 = 329.
+  const int top = FirstRow(FASTEST, 329);
+  EXPECT_GE(top, 434);
+  EXPECT_LT(top, 434 + 24);
+  const Font font = theCanvas.MakeFontA("Times New Roman", 48, 0);
+  const int bracket = 434 + static_cast<int>(theCanvas.MeasureText(font.get(), TEXT("100")).cy);
+  EXPECT_EQ(FASTEST, At(20, bracket + 1));
 }
 
 TEST_F(SpeedometerTest, LeavesNothingBehindFromFrameToFrame) {

@@ -183,14 +183,14 @@ TEST_F(SatellitesTest, FitsItsBackgroundIntoTheArea) {
                              folder.Path("Pics/SatBackGround.png"));
   Open(240, 320);
   DrawPlain();
-  // A strip between two rings, beside the cross and across the picture's lower edge.
+  // A strip between two rings, beside the cross and across the lower edge of the picture's face.
   const RECT rect = {102, 206, 118, 233};
   const auto drawn = Pixels(rect);
   theCanvas.FillBackground(0x00C0C0C0);
   EXPECT_NE(Pixels(rect), drawn);
-  // 480 x 404 becomes 240 x 202, which leaves 24 above and below.
+  // 480 x 456 becomes 240 x 228, which leaves 11 above and below.
   LoadPicture(folder.DevicePath("Pics/SatBackGround.png"))
-      ->DrawBlended(theCanvas.GetDrawingDC(), {0, 24, 240, 226}, 255);
+      ->DrawBlended(theCanvas.GetDrawingDC(), {0, 11, 240, 239}, 255);
   EXPECT_EQ(Pixels(rect), drawn);
 }
 
