@@ -6,6 +6,7 @@
 
 #include "base/CodePage.h"
 #include "base/Cp1251.h"
+#include "base/Format.h"
 #include "base/Lock.h"
 #include "gps/FixRecord.h"
 #include "render/Canvas.h"
@@ -31,8 +32,12 @@ constexpr LONG PLOT_MARGIN = 10;
 constexpr LONG OVERHANG = 5;        // length of axes and lines beyond the plot
 constexpr LONG NEWEST_MARGIN = 10;  // from the newest column to the plot's right side
 constexpr LONG LABEL_GAP = 4;
-constexpr LONG SPEED_GAP = 10;
+constexpr LONG CLOSEST_LINES = 8;  // distance of minute lines that are as bright as the axes
 constexpr int CHART_WIDTH = 2;
+
+constexpr COLORREF Mixed(COLORREF one, COLORREF other) {
+  return (one & other) + ((one ^ other) >> 1 & 0x007F7F7F);
+}
 
 /// The part of a view that the chart may use.
 RECT ChartFrame(const RECT& view) {
@@ -122,8 +127,9 @@ bool SpeedChartWidget::Zoom(LPARAM code) {
 
 void SpeedChartWidget::MakePens() {
   if (!pens) {
-    pens =
-        Pens{DashedPen(axesColor), DashedPen(currentSpeedLineColor), DashedPen(maxSpeedLineColor)};
+    pens = Pens{DashedPen(axesColor),
+                DashedPen(Mixed(Mixed(axesColor, backgroundColor), backgroundColor)),
+                DashedPen(currentSpeedLineColor), DashedPen(maxSpeedLineColor)};
   }
 }
 
@@ -215,15 +221,20 @@ void SpeedChartWidget::DrawTitles(Canvas& canvas, const RECT& plot) {
   canvas.DrawText(font, text.c_str(), plot.right - size.cx, plot.top - size.cy, smallTextColor);
 }
 
-/// Labels stand at the view's lower edge, below the plot.
+/// Labels stand at the view's lower edge, below the plot. Lines that stand close together are dim,
+/// for the chart to be brighter than all of them.
 void SpeedChartWidget::DrawMarks(Canvas& canvas, const RECT& plot) {
   const HFONT font = smallStyle.GetFont(canvas);
   const LONG top = canvas.GetFrameRect().bottom - canvas.MeasureText(font, TEXT("0")).cy;
   for (const MinuteMarks::Label& label : marks.GetLabels()) {
     canvas.DrawText(font, label.text.data(), label.left, top, smallTextColor);
   }
-  for (const LONG x : marks.GetLines()) {
-    pens->axes.DrawLine(canvas, x, plot.top, x, plot.bottom + OVERHANG);
+  const std::span<const LONG> lines = marks.GetLines();
+  const bool areClose = !lines.empty() && lines.front() - lines.back() <
+                                              static_cast<LONG>(lines.size() - 1) * CLOSEST_LINES;
+  const DashedPen& pen = areClose ? pens->closeMinutes : pens->axes;
+  for (const LONG x : lines) {
+    pen.DrawLine(canvas, x, plot.top, x, plot.bottom + OVERHANG);
   }
 }
 
@@ -240,8 +251,8 @@ void SpeedChartWidget::DrawChart(Canvas& canvas, const RECT& plot, const SpeedSc
                       static_cast<int>(line.Get().size()));
 }
 
-/// Both speeds have places of their own at the right, so neither hides the other. The maximum has
-/// its line's colour.
+/// The current speed stands at the right, at the newest column. The maximum stands at the other end
+/// of its line, where it hides the oldest columns instead of the newest, and has its line's colour.
 void SpeedChartWidget::DrawSpeeds(Canvas& canvas, const RECT& plot, const SpeedScale& scale,
                                   float current) {
   if (columns.Get().empty()) {
@@ -253,23 +264,21 @@ void SpeedChartWidget::DrawSpeeds(Canvas& canvas, const RECT& plot, const SpeedS
   pens->currentSpeed.DrawLine(canvas, plot.left, currentRow, plot.left + columns.Get().front().x,
                               currentRow);
   pens->maxSpeed.DrawLine(canvas, plot.left, maximumRow, plot.right, maximumRow);
-  const int room = canvas.MeasureText(bigStyle.GetFont(canvas), TEXT("000")).cx;
-  const int width = DrawSpeed(canvas, plot, current, currentRow, plot.right, bigTextColor);
-  DrawSpeed(canvas, plot, maximum, maximumRow, plot.right - std::max(width, room) - SPEED_GAP,
+  const LONG labels = canvas.MeasureText(smallStyle.GetFont(canvas), TEXT("000")).cx;
+  DrawSpeed(canvas, plot, maximum, {plot.left + labels + 2 * LABEL_GAP, maximumRow},
             maxSpeedLineColor);
+  DrawSpeed(canvas, plot, current, {plot.right, currentRow}, bigTextColor);
 }
 
 /// The speed stands on its line, or below a line without room above, always inside the plot.
-/// Returns the width.
-int SpeedChartWidget::DrawSpeed(Canvas& canvas, const RECT& plot, float kmh, LONG row, LONG right,
-                                COLORREF color) {
+void SpeedChartWidget::DrawSpeed(Canvas& canvas, const RECT& plot, float kmh, POINT place,
+                                 COLORREF color) {
   const HFONT font = bigStyle.GetFont(canvas);
   const WideString text = Widen(Format("%.0f", kmh));
   const SIZE size = canvas.MeasureText(font, text.c_str());
-  const LONG above = row - size.cy;
-  const LONG top = std::max(above >= plot.top ? above : row + 1, plot.top);
-  DrawRimmed(canvas, font, text, {right - size.cx, top}, color);
-  return size.cx;
+  const LONG above = place.y - size.cy;
+  const LONG top = std::max(above >= plot.top ? above : place.y + 1, plot.top);
+  DrawRimmed(canvas, font, text, {std::min(place.x, plot.right - size.cx), top}, color);
 }
 
 /// Draws the text with a rim in the background's colour, which sets it off from the chart.

@@ -34,6 +34,7 @@ class SpeedChartWidget : public Widget {
   /// Made with the first frame, in the colours of the settings.
   struct Pens {
     DashedPen axes;
+    DashedPen closeMinutes;  ///< a quarter of the axes' colour over the background
     DashedPen currentSpeed;
     DashedPen maxSpeed;
   };
@@ -53,7 +54,7 @@ class SpeedChartWidget : public Widget {
   void DrawMarks(Canvas& canvas, const RECT& plot);
   void DrawChart(Canvas& canvas, const RECT& plot, const SpeedScale& scale);
   void DrawSpeeds(Canvas& canvas, const RECT& plot, const SpeedScale& scale, float current);
-  int DrawSpeed(Canvas& canvas, const RECT& plot, float kmh, LONG row, LONG right, COLORREF color);
+  void DrawSpeed(Canvas& canvas, const RECT& plot, float kmh, POINT place, COLORREF color);
   void DrawRimmed(Canvas& canvas, HFONT font, const WideString& text, POINT corner, COLORREF color);
 
   COLORREF borderColor;

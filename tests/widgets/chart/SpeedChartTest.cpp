@@ -179,6 +179,26 @@ TEST_F(SpeedChartTest, MarksCurrentAndMaximumSpeed) {
   EXPECT_EQ(MAXIMUM, FrameAt(220, 25)) << "205 % 24 = 13";
 }
 
+/// The line of 15 km/h is row 305 - 210 = 95. Labels beside the axis are less than 30 wide.
+TEST_F(SpeedChartTest, PutsTheMaximumAtTheLeftOfItsLine) {
+  Append(200, 15);
+  DrawPlain();
+  int left = 240;
+  int right = 0;
+  for (int y = 50; y < 94; ++y) {
+    for (int x = 0; x < 240; ++x) {
+      if (FrameAt(x, y) == MAXIMUM) {
+        left = std::min(left, x);
+        right = std::max(right, x);
+      }
+    }
+  }
+  EXPECT_GT(left, 15 + 20);
+  EXPECT_LT(left, 15 + 40);
+  EXPECT_GT(right, left + 15) << "two figures";
+  EXPECT_LT(right, 15 + 80);
+}
+
 TEST_F(SpeedChartTest, DrawsNoLineThroughOnePoint) {
   Append(1, 10);
   DrawPlain();
@@ -221,6 +241,21 @@ TEST_F(SpeedChartTest, MarksAlsoMinutesWithoutRoomForALabel) {
   // Points 59, 119, 179 and 239 share columns with 61, 121, 181 and 241: 61 / 4 = 15 and so on.
   for (const int column : {15, 30, 45, 60}) {
     EXPECT_EQ(AXES, FrameAt(15 + column, 30)) << column;
+    EXPECT_EQ(BACKGROUND, FrameAt(16 + column, 30)) << column;
+  }
+}
+
+/// At zoom 16 lines are less than 4 pixels apart, and would be a wall in front of which nobody sees
+/// the chart.
+TEST_F(SpeedChartTest, DimsMinutesThatStandCloseTogether) {
+  for (int tap = 0; tap < 4; ++tap) {
+    TapZoomOut();
+  }
+  Append(2000, 10);
+  DrawPlain();
+  // A quarter of the axes' colour. Points 59 and 1979 stand in columns 59 / 16 and 1979 / 16.
+  for (const int column : {3, 123}) {
+    EXPECT_EQ(Seen(RGB(0, 63, 63)), FrameAt(15 + column, 30)) << column;
     EXPECT_EQ(BACKGROUND, FrameAt(16 + column, 30)) << column;
   }
 }
