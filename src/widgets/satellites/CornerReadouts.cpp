@@ -12,7 +12,7 @@ namespace ferolin {
 
 namespace {
 
-constexpr int MARGIN = 2;
+constexpr int MARGIN = 6;  // keeps values apart from satellites' numbers in a strip at the right
 
 }  // namespace
 

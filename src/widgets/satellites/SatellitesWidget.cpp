@@ -2,6 +2,7 @@
 
 #include "base/CodePage.h"
 #include "base/Cp1251.h"
+#include "base/Format.h"
 #include "gps/FixRecord.h"
 #include "render/Canvas.h"
 #include "render/Rect.h"

@@ -10,6 +10,9 @@ constexpr LONG STRIP_DEPTH = 70;
 constexpr LONG LABEL_DEPTH = 20;
 constexpr LONG SLOTS = 12;
 constexpr LONG SHADOW = 3;
+constexpr LONG NARROW_STEP = 19;  // columns without room for three figures
+constexpr LONG LINE_DEPTH = 13;   // of two lines, which overlap where letters have no ink
+constexpr LONG LINE_SHIFT = LABEL_DEPTH - LINE_DEPTH;
 constexpr int FULL_SNR = 100;
 
 LONG LengthOf(int snr, LONG full) {
@@ -38,7 +41,9 @@ SignalBar::SignalBar(const SignalStrip& strip, int slot, int snr) : isRow(strip.
   } else {
     const LONG base = area.bottom - LABEL_DEPTH;
     const LONG tip = base - LengthOf(snr, base - area.top);
-    label = {begin, base, end, area.bottom};
+    const LONG line = step < NARROW_STEP ? slot % 2 * LINE_SHIFT : 0;
+    label = {begin, base + line, end,
+             base + line + (step < NARROW_STEP ? LINE_DEPTH : LABEL_DEPTH)};
     bar = {begin, tip, end - SHADOW, base};
     shadow = {begin + SHADOW, std::min(tip + SHADOW, base), end, base};
   }
@@ -46,7 +51,7 @@ SignalBar::SignalBar(const SignalStrip& strip, int slot, int snr) : isRow(strip.
 
 POINT SignalBar::LabelCorner(SIZE text) const {
   const LONG x = isRow ? label.right - text.cx : (label.left + label.right - text.cx) / 2;
-  return {x, (label.top + label.bottom - text.cy) / 2};
+  return {std::max<LONG>(x, 0), (label.top + label.bottom - text.cy) / 2};
 }
 
 }  // namespace ferolin

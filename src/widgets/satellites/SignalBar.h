@@ -21,7 +21,7 @@ struct SignalBar {
   SignalBar(const SignalStrip& strip, int slot, int snr);
 
   /// Top left corner of the satellite's number: right before a row's bar, or centred below a
-  /// column.
+  /// column. Where columns are narrower than three figures, numbers stand in two lines in turn.
   POINT LabelCorner(SIZE text) const;
 
   RECT bar;     ///< empty without a signal

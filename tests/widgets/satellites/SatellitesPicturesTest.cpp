@@ -64,7 +64,8 @@ TEST_P(SatellitesPicturesOfSize, Match) {
 
 INSTANTIATE_TEST_SUITE_P(Sizes, SatellitesPicturesOfSize,
                          testing::ValuesIn(IS_RUSSIAN ? std::vector<Size>{{240, 320}}
-                                                      : std::vector<Size>{{240, 320},
+                                                      : std::vector<Size>{{176, 220},
+                                                                          {240, 320},
                                                                           {320, 240},
                                                                           {480, 640},
                                                                           {640, 480},

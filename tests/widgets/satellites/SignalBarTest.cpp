@@ -99,6 +99,19 @@ TEST(SignalBar, CentresTheNumberBelowTheColumn) {
   EXPECT_EQ(303, corner.y);
 }
 
+// Columns of a frame of 176 x 220 are 14 wide, less than three figures.
+
+TEST(SignalBar, PutsNumbersInTwoLinesInTurnBelowNarrowColumns) {
+  const SignalStrip strip = SignalStrip::Of({176, 220});
+  const POINT first = SignalBar(strip, 0, 50).LabelCorner({18, 13});
+  EXPECT_EQ(0, first.x) << "the column's middle is 7, but the frame begins at 0";
+  EXPECT_EQ(200, first.y);
+  const POINT second = SignalBar(strip, 1, 50).LabelCorner({18, 13});
+  EXPECT_EQ(12, second.x);  // the column runs from 15 to 27
+  EXPECT_EQ(207, second.y);
+  EXPECT_EQ(200, SignalBar(strip, 2, 50).LabelCorner({6, 13}).y) << "short numbers, too";
+}
+
 }  // namespace
 
 }  // namespace ferolin
