@@ -6,6 +6,7 @@
 #include <pm.h>
 #include <windows.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -90,6 +91,17 @@ void MapSerialPort(const std::string& port, const std::string& devicePath);
 /// call returns: it must not wait, nor read or observe ports itself. An empty function ends that;
 /// the observer before is not running any more when this returns.
 void ObserveSerialReads(std::function<void(std::string_view)> observer);
+
+/// Puts up to `size` bytes into `buffer`, waits for the first one, and returns their number; 0 when
+/// no more will come.
+using PortReader = std::function<std::size_t(char* buffer, std::size_t size)>;
+
+/// Makes a port name such as "COM1:" open a port in memory. ReadFile calls `reader` on its own
+/// thread, so a call means that its caller is done with the bytes of the call before; after a 0 it
+/// waits until the port is closed. Closing the port does not end a call of `reader`: the host makes
+/// it return before. The port takes and drops all that is written, and has no baud rate. An empty
+/// reader removes the port.
+void FeedSerialPort(const std::string& port, PortReader reader);
 
 // Modules.
 

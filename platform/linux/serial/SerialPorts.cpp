@@ -2,10 +2,12 @@
 
 #include <climits>
 #include <cstdlib>
+#include <utility>
 
 #include "core/Handles.h"
 #include "core/LastError.h"
 #include "handheld.h"
+#include "serial/FedPort.h"
 #include "serial/PortStream.h"
 #include "text/WideText.h"
 
@@ -74,11 +76,29 @@ bool SerialPorts::IsPortName(const std::u16string& name) {
 void SerialPorts::Map(const std::string& port, const std::string& devicePath) {
   const std::string key = PortKey(WideFromUtf8(port));
   const std::lock_guard lock(mutex);
+  readers.erase(key);
   if (devicePath.empty()) {
     paths.erase(key);
   } else {
     paths[key] = devicePath;
   }
+}
+
+void SerialPorts::Feed(const std::string& port, PortReader reader) {
+  const std::string key = PortKey(WideFromUtf8(port));
+  const std::lock_guard lock(mutex);
+  paths.erase(key);
+  if (reader) {
+    readers[key] = std::move(reader);
+  } else {
+    readers.erase(key);
+  }
+}
+
+PortReader SerialPorts::ReaderOf(const std::string& port) const {
+  const std::lock_guard lock(mutex);
+  const auto found = readers.find(port);
+  return found == readers.end() ? PortReader() : found->second;
 }
 
 std::string SerialPorts::PathOf(const std::string& port) const {
@@ -98,17 +118,19 @@ void SerialPorts::Release(const std::string& claim) {
 }
 
 HANDLE SerialPorts::Open(const std::u16string& name) {
-  const std::string path = PathOf(PortKey(name));
-  if (path.empty()) {
+  const std::string key = PortKey(name);
+  const PortReader reader = ReaderOf(key);
+  const std::string path = PathOf(key);
+  if (!reader && path.empty()) {
     return Fail(ERROR_FILE_NOT_FOUND, INVALID_HANDLE_VALUE);
   }
-  const std::string claim = RealPath(path);
+  const std::string claim = reader ? key : RealPath(path);
   if (!Claim(claim)) {
     return Fail(ERROR_ACCESS_DENIED, INVALID_HANDLE_VALUE);
   }
 
   DWORD error = ERROR_SUCCESS;
-  auto port = PortStream::Open(path, claim, error);
+  auto port = OpenStream(reader, path, claim, error);
   if (port == nullptr) {
     Release(claim);
     return Fail(error, INVALID_HANDLE_VALUE);
@@ -116,8 +138,20 @@ HANDLE SerialPorts::Open(const std::u16string& name) {
   return HandleTable::Instance().Add(std::move(port));
 }
 
+std::shared_ptr<Stream> SerialPorts::OpenStream(const PortReader& reader, const std::string& path,
+                                                const std::string& claim, DWORD& error) {
+  if (reader) {
+    return std::make_shared<FedPort>(reader, claim);
+  }
+  return PortStream::Open(path, claim, error);
+}
+
 void MapSerialPort(const std::string& port, const std::string& devicePath) {
   SerialPorts::Instance().Map(port, devicePath);
+}
+
+void FeedSerialPort(const std::string& port, PortReader reader) {
+  SerialPorts::Instance().Feed(port, std::move(reader));
 }
 
 extern "C" {
