@@ -30,6 +30,25 @@ bool MakesUpdate(std::string_view sentence) {
          std::count_if(sentence.begin(), sentence.end(), IsSeparator) >= RMC_SEPARATORS;
 }
 
+/// Length up to the end of the line: a line feed, or a carriage return with or without a line feed
+/// right behind it. All of it when there is no end. `bytes` are not empty.
+std::size_t FindLineEnd(std::string_view bytes) {
+  const std::size_t feed = bytes.find('\n');
+  const std::size_t carriageReturn = bytes.substr(0, feed).find('\r');
+  if (carriageReturn == std::string_view::npos) {
+    return std::min(feed, bytes.size() - 1) + 1;
+  }
+  return carriageReturn + (carriageReturn + 1 == feed ? 2 : 1);
+}
+
+/// The line without its end.
+std::string_view WithoutEnd(std::string_view line) {
+  while (line.ends_with('\n') || line.ends_with('\r')) {
+    line.remove_suffix(1);
+  }
+  return line;
+}
+
 /// The line's sentence as the engine finds it: from the last "$" to the carriage return.
 std::string_view FindSentence(std::string_view line) {
   const std::size_t end = line.find('\r');
@@ -78,15 +97,13 @@ EpochSplitter::EpochSplitter(ReceiverBridge* bridge, Deliver deliver)
     : bridge(bridge), deliver(std::move(deliver)) {}
 
 void EpochSplitter::Add(std::string_view bytes) {
-  for (const char character : bytes) {
-    // A carriage return also ends a line, together with a line feed right behind it.
-    if (!line.empty() && line.back() == '\r' && character != '\n') {
-      TakeLine(line);
-      line.clear();
-    }
-    ++offset;
-    line += character;
-    if (character == '\n' || line.size() == MAX_BYTES) {
+  while (!bytes.empty()) {
+    const bool isEnded = line.ends_with('\r') && !bytes.starts_with('\n');
+    const std::size_t length = isEnded ? 0 : FindLineEnd(bytes.substr(0, MAX_BYTES - line.size()));
+    line += bytes.substr(0, length);
+    offset += length;
+    bytes.remove_prefix(length);
+    if (isEnded || line.ends_with('\n') || line.size() == MAX_BYTES) {
       TakeLine(line);
       line.clear();
     }
@@ -121,7 +138,7 @@ void EpochSplitter::TakeRaw(std::string_view bytes) {
 }
 
 void EpochSplitter::TakeBridged(std::string_view bytes) {
-  const std::string_view text = bytes.substr(0, bytes.find_first_of("\r\n"));
+  const std::string_view text = WithoutEnd(bytes);
   if (text.empty() || text.front() == COMMENT) {
     return;
   }
@@ -131,12 +148,14 @@ void EpochSplitter::TakeBridged(std::string_view bytes) {
     return;
   }
   const std::string_view original = text.substr(start);
-  if (const std::optional<std::string> sentence = bridge->Rewrite(original)) {
+  if (std::optional<std::string> sentence = bridge->Rewrite(original)) {
     if (fixes != nullptr) {
       fixes->Add(original);
     }
     WatchClock(*sentence);
-    Append(*sentence + "\r\n", *sentence, original);
+    const std::size_t length = sentence->size();
+    *sentence += "\r\n";
+    Append(*sentence, std::string_view(*sentence).substr(0, length), original);
   }
 }
 

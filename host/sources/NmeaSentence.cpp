@@ -37,6 +37,7 @@ NmeaSentence::NmeaSentence(std::string_view text) {
   }
   std::size_t comma = body.find(',');
   name = body.substr(0, comma);
+  fields.reserve(static_cast<std::size_t>(std::count(body.begin(), body.end(), ',')));
   while (comma != std::string_view::npos) {
     body.remove_prefix(comma + 1);
     comma = body.find(',');
