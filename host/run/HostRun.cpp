@@ -1,6 +1,8 @@
 #include "run/HostRun.h"
 
+#include <optional>
 #include <utility>
+#include <vector>
 
 #include "base/HostError.h"
 #include "handheld.h"
@@ -17,11 +19,22 @@ constexpr DWORD LONG_WAIT_MS = 60000;
 /// Interval at which a silent receiver is looked at.
 constexpr DWORD RECEIVER_WAIT_MS = 500;
 
+// Longest rest while the engine takes a recording as fast as it can; signals wait as long.
+constexpr std::chrono::milliseconds DISPLAY_REST(16);
+constexpr std::chrono::milliseconds OTHER_REST(50);
+
 constexpr std::chrono::seconds BACKUP_INTERVAL(1);
 
 PositionSource::Audience FindAudience(const Options& options, const ViewWindow* views) {
   const bool isWatched = ShowsTable(options) || (views != nullptr && views->HasDisplay());
   return isWatched ? PositionSource::Audience::WATCHING : PositionSource::Audience::ABSENT;
+}
+
+/// Lines of text are printed now and then.
+bool NeedsEachUpdate(const Options& options, const ViewWindow* views) {
+  const bool isShown = options.json || ShowsTable(options) || WantsPictures(options) ||
+                       (views != nullptr && views->HasDisplay());
+  return isShown || options.updates > 0 || options.keep || options.smsEveryMinutes > 0;
 }
 
 }  // namespace
@@ -39,8 +52,11 @@ HostRun::HostRun(const EngineLibrary& engine, const Options& options, const std:
       window(engine().GetWndMessageID()),
       views(ViewWindow::Open(engine, options, window, messages)),
       drive(options, home, messages),
-      source(engine, options, std::move(recording), FindAudience(options, views.get()),
-             [this] { window.Post(HostWindow::Event::SOURCE_ENDED); }),
+      source(
+          engine, options, std::move(recording), FindAudience(options, views.get()),
+          [this] { window.Post(HostWindow::Event::TURN); },
+          [this] { window.Post(HostWindow::Event::SOURCE_ENDED); }),
+      needsEachUpdate(NeedsEachUpdate(options, views.get())),
       pictures(OpenPictures(options, engine, views.get())),
       reports(engine, options, messages),
       summary(options, source, reports, messages) {
@@ -83,21 +99,34 @@ void HostRun::Start() {
 
 void HostRun::Loop() {
   const bool hasDisplay = views != nullptr && views->HasDisplay();
+  const bool hasTurns = source.HasTurns();
   const DWORD otherWaitMs = IsLive(options.source) ? RECEIVER_WAIT_MS : LONG_WAIT_MS;
+  const DWORD waitMs = hasDisplay ? DISPLAY_WAIT_MS : otherWaitMs;
   while (!standard.IsBroken() && !isComplete) {
     if (hasDisplay) {
       views->Refresh(update);
     }
     BackUpChoices();
-    switch (window.Wait(hasDisplay ? DISPLAY_WAIT_MS : otherWaitMs)) {
+    switch (window.Wait(hasTurns ? 0 : waitMs)) {
       case HostWindow::Event::UPDATE:
-        ShowUpdate();
+        ++update.number;
+        if (!hasTurns) {
+          ShowUpdate();
+        }
+        break;
+      case HostWindow::Event::TURN:
+        TakeTurn();
         break;
       case HostWindow::Event::RESIZE:
         output->Redraw();
         break;
       case HostWindow::Event::NOTHING:
-        ShowNotice();
+        if (hasTurns) {
+          // Waiting for messages would wake the host at every update.
+          source.Rest(hasDisplay ? DISPLAY_REST : OTHER_REST);
+        } else {
+          ShowNotice();
+        }
         break;
       case HostWindow::Event::SOURCE_ENDED:
         hasEnded = true;
@@ -128,14 +157,24 @@ void HostRun::KeepReceiver() {
   }
 }
 
+/// There is no new update when the engine has refused the position.
+void HostRun::TakeTurn() {
+  if (update.number > lastShown) {
+    ShowUpdate();
+  } else {
+    source.Answer(update.number);
+  }
+}
+
 void HostRun::ShowUpdate() {
-  ++update.number;
+  lastShown = update.number;
   update.readouts = engine.GetReadouts();
-  const Feeder::Report report = source.GetReport();
+  const PositionFeed::Report report = source.GetReport();
   update.progress = report.progress;
   update.notice = Describe(report.reception);
-  update.fix = source.GetFix();
-  trip.OnUpdate(update.fix);
+  const std::vector<Fix> fixes = source.TakeFixes();
+  update.fix = fixes.empty() ? std::nullopt : std::optional(fixes.back());
+  trip.OnUpdate(fixes);
   update.moving = trip.GetMoving();
   output->Show(update);
   reports.OnUpdate(update);
@@ -143,9 +182,14 @@ void HostRun::ShowUpdate() {
   drive.OnUpdate(trip);
   const bool hasAllPictures = pictures != nullptr && pictures->OnUpdate();
   isComplete = hasAllPictures || update.number == options.updates;
+  if (!needsEachUpdate && summary.HadPosition()) {
+    source.LookSeldom();
+  }
   // The device remembers every message; over a day that is a lot.
   handheld::ForgetMessagesPosted();
-  source.Answer();
+  if (!isComplete) {
+    source.Answer(update.number);
+  }
 }
 
 /// Shows what is wrong with the reception. While the engine gets sentences of the silence, their

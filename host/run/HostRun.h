@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <memory>
 
 #include "base/Messages.h"
@@ -46,6 +47,7 @@ class HostRun {
  private:
   void Start();
   void Loop();
+  void TakeTurn();
   void ShowUpdate();
   void BackUpChoices();
   void KeepReceiver();
@@ -64,12 +66,16 @@ class HostRun {
   std::unique_ptr<ViewWindow> views;
   DriveKeeping drive;
   PositionSource source;
+  /// Something is told or written of every update.
+  const bool needsEachUpdate;
   /// Null when none are written.
   std::unique_ptr<Pictures> pictures;
   SmsReports reports;
   RunSummary summary;
   std::unique_ptr<Output> output;
   Update update;
+  /// Number of the last update shown.
+  std::uint64_t lastShown = 0;
   std::chrono::steady_clock::time_point nextBackup;
   /// Everything that was asked for was shown.
   bool isComplete = false;

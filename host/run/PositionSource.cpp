@@ -8,10 +8,10 @@
 #include "handheld.h"
 #include "run/TripStretch.h"
 #include "sources/DemoSource.h"
+#include "sources/Feeder.h"
 #include "sources/GpsdSource.h"
 #include "sources/LoggedSource.h"
 #include "sources/PortSource.h"
-#include "sources/RecordingClock.h"
 
 namespace host {
 
@@ -24,8 +24,9 @@ constexpr LPCWSTR GPS_LIBRARY = TEXT("Dastrel.DLL");
 constexpr const char* GPSD_VARIABLE = "FEROLIN_GPSD";
 constexpr int LEAVE_BAUD_RATE = -9999;
 
-/// Makes the engine's pause of a tenth of a second between two reads negligible.
-constexpr double FASTEST_TIME_RATE = 10000;
+/// Makes the engine's pause of a tenth of a second between two reads half a microsecond, for which
+/// the device does not even sleep.
+constexpr double FASTEST_TIME_RATE = 200000;
 
 using Source = Options::Source;
 
@@ -45,14 +46,20 @@ std::string GetVariable(const char* name, const char* otherwise) {
 
 PositionSource::PositionSource(const EngineLibrary& engine, const Options& options,
                                std::unique_ptr<NmeaSource> recording, Audience audience,
-                               std::function<void()> onEnd)
+                               std::function<void()> onTurn, std::function<void()> onEnd)
     : engine(engine),
       options(options),
       recording(std::move(recording)),
       audience(audience),
       pace(ChoosePace(options, audience)),
-      end(std::move(onEnd)) {
+      tellTurn(std::move(onTurn)),
+      tellEnd(std::move(onEnd)) {
   handheld::SetTimeRate(pace > 0 ? pace : FASTEST_TIME_RATE);
+}
+
+/// The engine has stopped reading.
+PositionSource::~PositionSource() {
+  handheld::FeedSerialPort(ENGINE_PORT, {});
 }
 
 void PositionSource::Open() {
@@ -134,18 +141,24 @@ void PositionSource::Feed(std::unique_ptr<NmeaSource> toFeed) {
     toFeed = std::make_unique<LoggedSource>(std::move(toFeed), *log);
   }
   fed = std::move(toFeed);
-  handheld::MapSerialPort(ENGINE_PORT, line.GetDevice());
+  feed = MakeFeed();
   engine().SetUseGPSAPI(0);
   engine().SetComPortName(ENGINE_PORT_NAME);
-  const bool isFastest = pace <= 0;
-  const auto followClock = [isFastest](const Epoch& epoch) {
-    if (isFastest) {
-      RecordingClock::Follow(epoch);
-    }
-  };
-  feeder =
-      std::make_unique<Feeder>(*fed, line, options.raw ? Feeder::Bridge::OFF : Feeder::Bridge::ON,
-                               fed->IsLive() ? 0 : pace, followClock, end);
+}
+
+std::unique_ptr<PositionFeed> PositionSource::MakeFeed() {
+  const auto bridge = options.raw ? EpochQueue::Bridge::OFF : EpochQueue::Bridge::ON;
+  if (pace <= 0) {
+    auto fastest = std::make_unique<RecordingFeed>(*fed, bridge, tellTurn, tellEnd);
+    recordingFeed = fastest.get();
+    handheld::FeedSerialPort(ENGINE_PORT, [reader = fastest.get()](char* buffer, std::size_t size) {
+      return reader->Read(buffer, size);
+    });
+    return fastest;
+  }
+  line = std::make_unique<PseudoTerminal>();
+  handheld::MapSerialPort(ENGINE_PORT, line->GetDevice());
+  return std::make_unique<Feeder>(*fed, *line, bridge, fed->IsLive() ? 0 : pace, tellEnd);
 }
 
 /// An audience sees the drive of this moment without an end; otherwise the drive is the same one
@@ -163,24 +176,24 @@ std::unique_ptr<NmeaSource> PositionSource::MakeDemo() const {
 }
 
 void PositionSource::TellFixes(std::function<void(const Fix&)> take) {
-  if (feeder) {
-    feeder->TellFixes(std::move(take));
+  if (feed) {
+    feed->TellFixes(std::move(take));
   } else {
     side->TellFixes(std::move(take));
   }
 }
 
 void PositionSource::Start() {
-  if (feeder) {
-    feeder->Start();
+  if (feed) {
+    feed->Start();
   } else {
     side->Start();
   }
 }
 
 void PositionSource::Stop() {
-  if (feeder) {
-    feeder->Stop();
+  if (feed) {
+    feed->Stop();
   }
   if (side) {
     side->Stop();
@@ -190,12 +203,22 @@ void PositionSource::Stop() {
   }
 }
 
-void PositionSource::Answer() {
-  if (feeder) {
-    if (feeder->TakeStretchStart()) {
+void PositionSource::LookSeldom() {
+  if (recordingFeed != nullptr) {
+    recordingFeed->LookSeldom();
+  }
+}
+
+void PositionSource::Rest(std::chrono::milliseconds limit) {
+  recordingFeed->Rest(limit);
+}
+
+void PositionSource::Answer(std::uint64_t updates) {
+  if (feed) {
+    if (feed->TakeStretchStart()) {
       StartStretch(engine);
     }
-    feeder->Answer();
+    feed->Answer(updates);
   }
 }
 
@@ -203,16 +226,16 @@ std::optional<SearchSource::Receiver> PositionSource::GetFound() const {
   return search != nullptr ? search->GetFound() : std::nullopt;
 }
 
-std::optional<Fix> PositionSource::GetFix() const {
-  const bool passThrough = feeder != nullptr && !options.raw;
-  return passThrough ? std::optional(feeder->GetFix()) : std::nullopt;
+std::vector<Fix> PositionSource::TakeFixes() {
+  const bool passThrough = feed != nullptr && !options.raw;
+  return passThrough ? feed->TakeFixes() : std::vector<Fix>();
 }
 
-Feeder::Report PositionSource::GetReport() const {
-  if (feeder) {
-    return feeder->GetReport();
+PositionFeed::Report PositionSource::GetReport() const {
+  if (feed) {
+    return feed->GetReport();
   }
-  Feeder::Report report;
+  PositionFeed::Report report;
   report.reception = side->GetReception();
   return report;
 }

@@ -63,7 +63,7 @@ void RunSummary::Finish(std::uint64_t updates, bool hasEnded) {
 }
 
 void RunSummary::SayNews() {
-  const Feeder::Report report = source.GetReport();
+  const PositionFeed::Report report = source.GetReport();
   for (const std::string& news : notices.TakeNews(report)) {
     messages.Say(news);
   }

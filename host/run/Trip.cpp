@@ -155,12 +155,17 @@ std::int64_t Trip::GetElapsed() const {
   return Parse<std::int64_t>(engine.GetSensorState(FEROLIN_SENSOR_ELAPSED));
 }
 
-void Trip::OnUpdate(const std::optional<Fix>& fix) {
+void Trip::OnUpdate(const std::vector<Fix>& fixes) {
   const std::int64_t elapsedBefore = std::exchange(elapsed, GetElapsed());
   if (elapsed < elapsedBefore) {
     moving.Resume({});
   }
-  moving.Add(fix.value_or(Fix()));
+  if (fixes.empty()) {
+    moving.Add(Fix());
+  }
+  for (const Fix& fix : fixes) {
+    moving.Add(fix);
+  }
 }
 
 KeptTrip Trip::GetStates() const {

@@ -30,9 +30,9 @@ class Trip {
   /// Name of the trip that goes on with these options.
   static std::string NameOf(const Options& options);
 
-  /// Takes the moment of an update; nothing when it is not known. A trip that the user has started
-  /// anew loses its moving time, too.
-  void OnUpdate(const std::optional<Fix>& fix);
+  /// Takes the moments of the updates since the last call; none when they are not known. A trip that
+  /// the user has started anew loses its moving time, too.
+  void OnUpdate(const std::vector<Fix>& fixes);
 
   /// Since the start of the trip.
   const MovingTime::Sums& GetMoving() const { return moving.GetSums(); }

@@ -71,7 +71,7 @@ std::string SumUpDamaged(const Counts& counts) {
 
 }  // namespace
 
-std::vector<std::string> BridgeNotices::TakeNews(const Feeder::Report& report) {
+std::vector<std::string> BridgeNotices::TakeNews(const PositionFeed::Report& report) {
   std::vector<std::string> news;
   if (report.bridge == last.bridge && report.clockJumps == last.clockJumps) {
     return news;
@@ -100,7 +100,7 @@ std::vector<std::string> BridgeNotices::TakeNews(const Feeder::Report& report) {
   return news;
 }
 
-std::vector<std::string> BridgeNotices::SumUp(const Feeder::Report& report) {
+std::vector<std::string> BridgeNotices::SumUp(const PositionFeed::Report& report) {
   std::vector<std::string> sums;
   for (const Kind& kind : KINDS) {
     if (report.bridge.*kind.count > 0) {

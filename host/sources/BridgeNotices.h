@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "sources/Feeder.h"
+#include "sources/PositionFeed.h"
 
 namespace host {
 
@@ -12,13 +12,13 @@ namespace host {
 class BridgeNotices {
  public:
   /// Kinds of change that are new since the last call.
-  std::vector<std::string> TakeNews(const Feeder::Report& report);
+  std::vector<std::string> TakeNews(const PositionFeed::Report& report);
 
   /// Number of changes, a line for each kind that occurred.
-  static std::vector<std::string> SumUp(const Feeder::Report& report);
+  static std::vector<std::string> SumUp(const PositionFeed::Report& report);
 
  private:
-  Feeder::Report last;
+  PositionFeed::Report last;
 };
 
 }  // namespace host

@@ -41,23 +41,18 @@ Epoch MakeGap(bool startsStretch) {
 
 }  // namespace
 
-Feeder::Feeder(NmeaSource& source, const PseudoTerminal& line, Bridge bridgeUse, double pace,
-               std::function<void(const Epoch&)> beforeEpoch, std::function<void()> onEnd)
+Feeder::Feeder(NmeaSource& source, const PseudoTerminal& line, EpochQueue::Bridge bridgeUse,
+               double pace, std::function<void()> onEnd)
     : source(source),
       reader(source),
       line(line),
       bridgeUse(bridgeUse),
       pace(pace),
-      prepare(std::move(beforeEpoch)),
       end(std::move(onEnd)),
-      splitter(bridgeUse == Bridge::ON ? &bridge : nullptr,
-               [this](Epoch epoch) { Queue(std::move(epoch)); }),
+      queue(bridgeUse),
       silence(Clock::now()),
       takeFix([](const Fix&) {}),
-      fixReader([this](const Fix& each) { OnFix(each); }),
-      patience(LONGEST_PATIENCE) {
-  splitter.ReadFixesWith(fixReader);
-}
+      patience(LONGEST_PATIENCE) {}
 
 Feeder::~Feeder() {
   Stop();
@@ -65,6 +60,9 @@ Feeder::~Feeder() {
 
 void Feeder::TellFixes(std::function<void(const Fix&)> take) {
   takeFix = std::move(take);
+  if (source.IsLive()) {
+    queue.TellFixesAtOnce(takeFix);
+  }
 }
 
 void Feeder::Start() {
@@ -83,10 +81,10 @@ void Feeder::Stop() {
   }
 }
 
-void Feeder::Answer() {
+void Feeder::Answer(std::uint64_t updates) {
   {
     const std::lock_guard lock(mutex);
-    ++answered;
+    answered = updates;
   }
   changed.notify_all();
 }
@@ -96,12 +94,12 @@ bool Feeder::TakeStretchStart() {
   return std::exchange(startsStretch, false);
 }
 
-Fix Feeder::GetFix() const {
+std::vector<Fix> Feeder::TakeFixes() {
   const std::lock_guard lock(mutex);
-  return fix;
+  return {fix};
 }
 
-Feeder::Report Feeder::GetReport() const {
+PositionFeed::Report Feeder::GetReport() const {
   const std::lock_guard lock(mutex);
   return report;
 }
@@ -115,9 +113,9 @@ void Feeder::Run() {
   while (goOn) {
     const std::optional<std::string> bytes = ReadSource();
     if (bytes) {
-      splitter.Add(*bytes);
+      queue.Add(*bytes);
     } else {
-      splitter.Finish();
+      queue.Finish();
     }
     if (source.IsLive()) {
       WatchSilence(bytes && !bytes->empty());
@@ -126,7 +124,8 @@ void Feeder::Run() {
     const bool isFed = FeedQueue();
     goOn = isFed && bytes.has_value();
     if (isFed && !bytes) {
-      std::for_each(fixes.begin(), fixes.end(), takeFix);
+      const std::vector<Fix> last = queue.TakeLastFixes();
+      std::for_each(last.begin(), last.end(), takeFix);
     }
   }
   reader.Stop();
@@ -139,45 +138,33 @@ std::optional<std::string> Feeder::ReadSource() {
 
 void Feeder::WatchSilence(bool hasBytes) {
   const Clock::time_point now = Clock::now();
-  if (splitter.GetSentences() > sentencesSeen) {
+  if (queue.GetSentences() > sentencesSeen) {
     silence.OnSentence(now);
   } else if (hasBytes) {
     silence.OnNoise(now);
   }
-  sentencesSeen = splitter.GetSentences();
+  sentencesSeen = queue.GetSentences();
   const int seconds = silence.CountSilentSeconds(now);
   const bool isNew = reception.silentSeconds == 0;
   const bool isLonger = seconds > reception.silentSeconds;
-  if (isLonger && bridgeUse == Bridge::ON) {
-    Queue(MakeGap(isNew));
+  if (isLonger && bridgeUse == EpochQueue::Bridge::ON) {
+    queue.Push(MakeGap(isNew));
   }
   if (isLonger && isNew) {
-    fixReader.Finish();
+    queue.FinishFix();
     takeFix(Fix());
   }
   reception = {source.GetTrouble(), seconds, silence.HasNoise(now), source.Searches(),
                source.GetName()};
 }
 
-void Feeder::Queue(Epoch epoch) {
-  queue.push_back({std::move(epoch), std::exchange(fixes, {})});
-}
-
-void Feeder::OnFix(const Fix& each) {
-  if (source.IsLive()) {
-    takeFix(each);
-  } else {
-    fixes.push_back(each);
-  }
-}
-
 bool Feeder::FeedQueue() {
-  while (!queue.empty()) {
-    const std::vector<Fix> played = std::exchange(queue.front().fixes, {});
-    if (!Feed(TakeEpoch())) {
+  while (!queue.IsEmpty()) {
+    const EpochQueue::Piece piece = TakePiece();
+    if (!Feed(piece.epoch)) {
       return false;
     }
-    std::for_each(played.begin(), played.end(), takeFix);
+    std::for_each(piece.fixes.begin(), piece.fixes.end(), takeFix);
   }
   return true;
 }
@@ -188,25 +175,24 @@ bool Feeder::Feed(const Epoch& epoch) {
     return false;
   }
   PublishProgress(epoch);
-  prepare(epoch);
   Expect(epoch);
   return Write(epoch.bytes) && (epoch.updates > 0 ? WaitForAnswer() : WaitUntilRead());
 }
 
-Epoch Feeder::TakeEpoch() {
-  Epoch epoch = std::move(queue.front().epoch);
-  queue.pop_front();
-  while (source.IsLive() && !queue.empty() && !epoch.startsStretch &&
-         !queue.front().epoch.startsStretch &&
-         epoch.bytes.size() + queue.front().epoch.bytes.size() <= EpochSplitter::MAX_BYTES) {
-    epoch.bytes += queue.front().epoch.bytes;
-    epoch.updates += queue.front().epoch.updates;
-    if (queue.front().epoch.updates > 0) {
-      epoch.fix = queue.front().epoch.fix;
+EpochQueue::Piece Feeder::TakePiece() {
+  EpochQueue::Piece piece = queue.TakeFirst();
+  Epoch& epoch = piece.epoch;
+  while (source.IsLive() && !queue.IsEmpty() && !epoch.startsStretch &&
+         !queue.GetFirst().startsStretch &&
+         epoch.bytes.size() + queue.GetFirst().bytes.size() <= EpochSplitter::MAX_BYTES) {
+    const EpochQueue::Piece next = queue.TakeFirst();
+    epoch.bytes += next.epoch.bytes;
+    epoch.updates += next.epoch.updates;
+    if (next.epoch.updates > 0) {
+      epoch.fix = next.epoch.fix;
     }
-    queue.pop_front();
   }
-  return epoch;
+  return piece;
 }
 
 bool Feeder::WaitForTurn(const Epoch& epoch) {
@@ -281,21 +267,13 @@ bool Feeder::Pause(Clock::duration duration) {
 
 void Feeder::PublishCounts() {
   const std::lock_guard lock(mutex);
-  report.bridge = bridge.GetCounts();
-  report.talkers = bridge.GetTalkers();
-  report.sentences = splitter.GetSentences();
-  report.linesDropped = splitter.GetLinesDropped();
-  report.clockJumps = splitter.GetClockJumps();
+  queue.Count(report);
   report.reception = reception;
 }
 
 void Feeder::PublishProgress(const Epoch& epoch) {
-  const std::optional<std::uint64_t> size = source.GetSize();
   const std::lock_guard lock(mutex);
-  if (size) {
-    report.progress =
-        *size == 0 ? 1.0 : static_cast<double>(epoch.sourceOffset) / static_cast<double>(*size);
-  }
+  report.progress = source.GetProgress(epoch.sourceOffset);
 }
 
 }  // namespace host

@@ -21,6 +21,15 @@ class NmeaSource {
   /// Number of bytes of the whole source; nothing when it is unknown.
   virtual std::optional<std::uint64_t> GetSize() const = 0;
 
+  /// Share of the source that ends at this offset, 0 to 1; nothing when its size is unknown.
+  std::optional<double> GetProgress(std::uint64_t offset) const {
+    const std::optional<std::uint64_t> size = GetSize();
+    if (!size || *size == 0) {
+      return size ? std::optional(1.0) : std::nullopt;
+    }
+    return static_cast<double>(offset) / static_cast<double>(*size);
+  }
+
   /// Why nothing can be read at present, for the user; empty when something can. For any thread.
   virtual std::string GetTrouble() const { return {}; }
 

@@ -13,6 +13,8 @@ class HostWindow {
   enum class Event {
     /// The engine has taken a position.
     UPDATE,
+    /// The engine waits for the host. All updates before it have come.
+    TURN,
     /// The source has ended and the engine has taken everything.
     SOURCE_ENDED,
     /// The user ends the program.

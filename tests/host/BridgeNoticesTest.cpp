@@ -7,18 +7,18 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-std::uint64_t& CountOf(Feeder::Report& report, Damage damage) {
+std::uint64_t& CountOf(PositionFeed::Report& report, Damage damage) {
   return report.bridge.damaged[static_cast<std::size_t>(damage)];
 }
 
 TEST(BridgeNotices, SayNothingOfSoundInput) {
-  EXPECT_EQ(Texts(), BridgeNotices().TakeNews(Feeder::Report()));
-  EXPECT_EQ(Texts(), BridgeNotices::SumUp(Feeder::Report()));
+  EXPECT_EQ(Texts(), BridgeNotices().TakeNews(PositionFeed::Report()));
+  EXPECT_EQ(Texts(), BridgeNotices::SumUp(PositionFeed::Report()));
 }
 
 TEST(BridgeNotices, TellTheFirstDamageOfEachKind) {
   BridgeNotices notices;
-  Feeder::Report report;
+  PositionFeed::Report report;
   CountOf(report, Damage::CHECKSUM) = 1;
   EXPECT_EQ(Texts{"a damaged sentence was dropped (wrong checksum); more are only counted"},
             notices.TakeNews(report));
@@ -32,7 +32,7 @@ TEST(BridgeNotices, TellTheFirstDamageOfEachKind) {
 
 TEST(BridgeNotices, TellTheFirstJumpOfTheClockAndSumUpAll) {
   BridgeNotices notices;
-  Feeder::Report report;
+  PositionFeed::Report report;
   report.clockJumps = 1;
   EXPECT_EQ(Texts{"the receiver's clock jumped: the trip goes on without the step; more are only "
                   "counted"},
@@ -43,7 +43,7 @@ TEST(BridgeNotices, TellTheFirstJumpOfTheClockAndSumUpAll) {
 }
 
 TEST(BridgeNotices, SumUpDamageByKind) {
-  Feeder::Report report;
+  PositionFeed::Report report;
   CountOf(report, Damage::DATE) = 1;
   EXPECT_EQ(Texts{"1 sentence was dropped: 1 with a date that does not exist"},
             BridgeNotices::SumUp(report));

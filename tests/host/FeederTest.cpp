@@ -56,11 +56,12 @@ class FeederTest : public testing::Test {
  protected:
   void Feed(const std::string& text, bool live = false) {
     source = std::make_unique<TextSource>(text, live);
-    feeder = std::make_unique<Feeder>(
-        *source, line, bridge, 0, [](const Epoch&) {}, [this] { ended = true; });
+    feeder = std::make_unique<Feeder>(*source, line, bridge, 0, [this] { ended = true; });
     feeder->TellFixes([this](const Fix&) { ++fixes; });
     feeder->Start();
   }
+
+  void Answer() { feeder->Answer(++updates); }
 
   /// Reads `count` bytes at the engine's end; fewer when no more come.
   std::string Receive(std::size_t count) {
@@ -88,11 +89,12 @@ class FeederTest : public testing::Test {
 
   PseudoTerminal line;
   FileDescriptor engineEnd{open(line.GetDevice().c_str(), O_RDWR | O_NOCTTY)};
-  Feeder::Bridge bridge = Feeder::Bridge::ON;
+  EpochQueue::Bridge bridge = EpochQueue::Bridge::ON;
   std::unique_ptr<NmeaSource> source;
   std::unique_ptr<Feeder> feeder;
   std::atomic<bool> ended = false;
   std::atomic<int> fixes = 0;
+  std::uint64_t updates = 0;
 };
 
 TEST_F(FeederTest, WritesTheNextEpochOnlyAfterTheAnswerToTheOneBefore) {
@@ -100,9 +102,9 @@ TEST_F(FeederTest, WritesTheNextEpochOnlyAfterTheAnswerToTheOneBefore) {
   EXPECT_EQ(GGA + RMC, Receive(GGA.size() + RMC.size()));
   EXPECT_TRUE(IsSilent());
   EXPECT_FALSE(ended);
-  feeder->Answer();
+  Answer();
   EXPECT_EQ(GGA + RMC, Receive(GGA.size() + RMC.size()));
-  feeder->Answer();
+  Answer();
   WaitForEnd();
   EXPECT_EQ(1.0, feeder->GetReport().progress);
   EXPECT_EQ(4u, feeder->GetReport().sentences);
@@ -131,10 +133,10 @@ TEST_F(FeederTest, DoesNotHangWhenAnUpdateDoesNotCome) {
 TEST_F(FeederTest, WritesTogetherWhatAReceiverHasSentMeanwhile) {
   Feed(RMC + RMC + RMC, true);
   EXPECT_EQ(RMC + RMC + RMC, Receive(3 * RMC.size()));
-  feeder->Answer();
-  feeder->Answer();
+  Answer();
+  Answer();
   EXPECT_FALSE(ended);
-  feeder->Answer();
+  Answer();
   WaitForEnd();
 }
 
@@ -145,13 +147,13 @@ TEST_F(FeederTest, WritesTheStartOfAStretchByItselfAndTellsItOnce) {
   EXPECT_EQ(RMC + RMC, Receive(2 * RMC.size()));
   EXPECT_TRUE(IsSilent());
   EXPECT_FALSE(feeder->TakeStretchStart());
-  feeder->Answer();
-  feeder->Answer();
+  Answer();
+  Answer();
   EXPECT_EQ(gap, Receive(gap.size()));
   EXPECT_TRUE(IsSilent());
   EXPECT_TRUE(feeder->TakeStretchStart());
   EXPECT_FALSE(feeder->TakeStretchStart());
-  feeder->Answer();
+  Answer();
   EXPECT_EQ(late + late, Receive(2 * late.size()));
   EXPECT_FALSE(feeder->TakeStretchStart());
   EXPECT_EQ(1u, feeder->GetReport().clockJumps);
@@ -161,12 +163,12 @@ TEST_F(FeederTest, TellsTheFixesOfARecordingWhenTheyArePlayed) {
   Feed(GGA + RMC + GGA + RMC + GGA + RMC);
   EXPECT_EQ(GGA + RMC, Receive(GGA.size() + RMC.size()));
   EXPECT_EQ(0, fixes);
-  feeder->Answer();
+  Answer();
   EXPECT_EQ(GGA + RMC, Receive(GGA.size() + RMC.size()));
   EXPECT_LE(fixes, 1);
-  feeder->Answer();
+  Answer();
   EXPECT_EQ(GGA + RMC, Receive(GGA.size() + RMC.size()));
-  feeder->Answer();
+  Answer();
   WaitForEnd();
   EXPECT_EQ(3, fixes);
 }
@@ -175,12 +177,13 @@ TEST_F(FeederTest, KnowsTheFixOfTheUpdateThatIsNotAnsweredYet) {
   const std::string later = "$GPRMC,120001,A,5545.0000,N,03736.0000,E,20.00,090.0,010120,,\r\n";
   Feed(RMC + later);
   EXPECT_EQ(RMC, Receive(RMC.size()));
-  const std::optional<double> first = feeder->GetFix().speedKmh;
-  feeder->Answer();
+  const std::optional<double> first = feeder->TakeFixes().back().speedKmh;
+  Answer();
   EXPECT_EQ(later, Receive(later.size()));
-  EXPECT_NE(first, feeder->GetFix().speedKmh);
-  EXPECT_DOUBLE_EQ(37.04, feeder->GetFix().speedKmh.value_or(0));
-  feeder->Answer();
+  const std::optional<double> second = feeder->TakeFixes().back().speedKmh;
+  EXPECT_NE(first, second);
+  EXPECT_DOUBLE_EQ(37.04, second.value_or(0));
+  Answer();
 }
 
 TEST_F(FeederTest, TellsTheFixesOfAReceiverAtOnce) {
@@ -191,7 +194,7 @@ TEST_F(FeederTest, TellsTheFixesOfAReceiverAtOnce) {
 }
 
 TEST_F(FeederTest, TellsFixesWithoutABridgeToo) {
-  bridge = Feeder::Bridge::OFF;
+  bridge = EpochQueue::Bridge::OFF;
   Feed(RMC + RMC, true);
   EXPECT_EQ(RMC + RMC, Receive(2 * RMC.size()));
   EXPECT_EQ(2, fixes);
@@ -200,18 +203,18 @@ TEST_F(FeederTest, TellsFixesWithoutABridgeToo) {
 TEST_F(FeederTest, FillsTheSilenceOfAReceiverWithoutAFix) {
   const std::string gap = NmeaSentence("$GPRMC,,V,,,,,,,,,").GetText() + "\r\n";
   source = std::make_unique<SilentSource>();
-  feeder = std::make_unique<Feeder>(
-      *source, line, Feeder::Bridge::ON, 0, [](const Epoch&) {}, [this] { ended = true; });
+  feeder =
+      std::make_unique<Feeder>(*source, line, EpochQueue::Bridge::ON, 0, [this] { ended = true; });
   feeder->TellFixes([this](const Fix& fix) { fixes += fix == Fix() ? 1 : 100; });
   feeder->Start();
   EXPECT_EQ(gap, Receive(gap.size()));
   EXPECT_TRUE(feeder->TakeStretchStart());
-  feeder->Answer();
+  Answer();
   EXPECT_EQ(gap, Receive(gap.size()));
   EXPECT_EQ(1, fixes);
   EXPECT_FALSE(feeder->TakeStretchStart());
   EXPECT_LE(3, feeder->GetReport().reception.silentSeconds);
-  feeder->Answer();
+  Answer();
 }
 
 TEST_F(FeederTest, StopsWhileItWaitsForAnAnswer) {
