@@ -33,6 +33,8 @@ struct Update {
   std::optional<Fix> fix = {};
   /// Of the whole trip.
   MovingTime::Sums moving = {};
+  /// Time that the rest of the recording takes, such as "0:12 left"; empty when that is not told.
+  std::string timeLeft = {};
 };
 
 }  // namespace host

@@ -148,14 +148,18 @@ std::vector<std::string> TerminalTable::LayOut(const Update& update, std::size_t
   return lines;
 }
 
-/// The progress, if it is known and there is room, and how to end the program.
+/// The progress with the time left, if they are known and there is room, and how to end the program.
 std::string TerminalTable::LastLine(const Update& update, std::size_t columns, std::size_t width) {
   const std::string hint = "Ctrl-C ends";
   if (!update.progress || columns <= hint.size() + GAP + SHORTEST_BAR) {
     return CutToColumns(hint, columns);
   }
   const std::size_t length = std::min(columns - hint.size() - GAP, LONGEST_BAR);
-  return Ends(Bar(*update.progress, length), hint, width);
+  const std::size_t timeColumns = update.timeLeft.empty() ? 0 : 2 + CountColumns(update.timeLeft);
+  if (timeColumns == 0 || length < SHORTEST_BAR + timeColumns) {
+    return Ends(Bar(*update.progress, length), hint, width);
+  }
+  return Ends(Bar(*update.progress, length - timeColumns) + "  " + update.timeLeft, hint, width);
 }
 
 }  // namespace host

@@ -59,7 +59,9 @@ HostRun::HostRun(const EngineLibrary& engine, const Options& options, const std:
       needsEachUpdate(NeedsEachUpdate(options, views.get())),
       pictures(OpenPictures(options, engine, views.get())),
       reports(engine, options, messages),
-      summary(options, source, reports, messages) {
+      summary(options, source, reports, messages),
+      timeLeft(std::chrono::steady_clock::now()),
+      progress(messages) {
   ApplySpeedLimits(engine(), options);
   trip.Resume(options, drive.GetTrip(), messages);
 }
@@ -171,12 +173,16 @@ void HostRun::ShowUpdate() {
   update.readouts = engine.GetReadouts();
   const PositionFeed::Report report = source.GetReport();
   update.progress = report.progress;
+  if (source.HasTurns()) {
+    update.timeLeft = timeLeft.Describe(report.progress, std::chrono::steady_clock::now());
+  }
   update.notice = Describe(report.reception);
   const std::vector<Fix> fixes = source.TakeFixes();
   update.fix = fixes.empty() ? std::nullopt : std::optional(fixes.back());
   trip.OnUpdate(fixes);
   update.moving = trip.GetMoving();
   output->Show(update);
+  progress.Show(update);
   reports.OnUpdate(update);
   summary.OnUpdate(update);
   drive.OnUpdate(trip);
@@ -208,6 +214,7 @@ void HostRun::ShowNotice() {
 void HostRun::Finish() {
   source.Stop();
   engine().StopCallBack();
+  progress.Clear();
   update.readouts = engine.GetReadouts();
   output->Finish(update, engine.GetStates());
   messages.Release();

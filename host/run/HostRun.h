@@ -11,7 +11,9 @@
 #include "engine/Readout.h"
 #include "outputs/Output.h"
 #include "outputs/Pictures.h"
+#include "outputs/ProgressLine.h"
 #include "outputs/StandardOutput.h"
+#include "outputs/TimeLeft.h"
 #include "run/Choices.h"
 #include "run/DriveKeeping.h"
 #include "run/PositionSource.h"
@@ -73,6 +75,8 @@ class HostRun {
   SmsReports reports;
   RunSummary summary;
   std::unique_ptr<Output> output;
+  TimeLeft timeLeft;
+  ProgressLine progress;
   Update update;
   /// Number of the last update shown.
   std::uint64_t lastShown = 0;

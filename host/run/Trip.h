@@ -5,6 +5,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "base/Messages.h"
 #include "commandline/Options.h"

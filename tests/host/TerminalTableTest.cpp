@@ -39,6 +39,7 @@ TEST(TerminalTable, NeverExceedsTheTerminal) {
   Update update = MakeUpdate("Максимальная скорость за поездку ", "123°45'59'' ЗД");
   update.progress = 0.5;
   update.notice = "bytes but no sentences: is the baud rate right? (--baud)";
+  update.timeLeft = "1:30 left";
   for (std::size_t columns = 8; columns <= 200; ++columns) {
     for (const std::size_t rows : {1, 2, 10, 24, 60}) {
       const std::vector<std::string> lines = table.LayOut(update, columns, rows);
@@ -95,6 +96,17 @@ TEST(TerminalTable, ShowsProgressOnlyWhenThereIsAnEnd) {
   EXPECT_EQ(std::string::npos, Joined(TerminalTable("x").LayOut(update, 80, 24)).find('['));
   update.progress = 0.25;
   EXPECT_NE(Joined(TerminalTable("x").LayOut(update, 80, 24)).find("25 %"), std::string::npos);
+}
+
+TEST(TerminalTable, ShowsTheTimeLeftBesideTheBar) {
+  Update update = MakeUpdate("n", "v");
+  update.progress = 0.25;
+  update.timeLeft = "1:30 left";
+  const std::string wide = Joined(TerminalTable("x").LayOut(update, 80, 24));
+  EXPECT_NE(wide.find("25 %  1:30 left"), std::string::npos);
+  const std::string narrow = Joined(TerminalTable("x").LayOut(update, 30, 60));
+  EXPECT_NE(narrow.find("25 %"), std::string::npos);
+  EXPECT_EQ(narrow.find("left"), std::string::npos);
 }
 
 TEST(TerminalTable, DrawsABarOfTheShare) {

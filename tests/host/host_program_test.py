@@ -818,6 +818,23 @@ class Terminal(HostTest):
         shown = self.watch("--nmea", path, "--rate", "50", until=r"update 1\d\d\b")
         self.assertRegex(shown, r"\[#+\.+\] +(2[5-9]|[34]\d) %")
 
+    def test_shows_the_time_left_beside_output_to_a_file(self):
+        path = self.write(recording([10.0] * 2000))
+        master, slave = pty.openpty()
+        self.addCleanup(os.close, master)
+        process = self.start_host("--nmea", path, "--rate", "max", "--json", stderr=slave)
+        os.close(slave)
+        # The time left is told from the first second on; nobody reads the pipe until it is over.
+        first = process.stdout.readline()
+        time.sleep(1)
+        process.stdout.read()
+        process.stdout.close()
+        self.assertEqual(process.wait(timeout=PATIENCE), 0)
+        self.assertTrue(first)
+        told = os.read(master, 65536).decode()
+        self.assertRegex(told, r"\r\x1b\[K\[#*\.+\] +\d+ %  \d+:\d\d left")
+        self.assertNotIn("left", told.rpartition("\x1b[K")[2])
+
     def test_fits_a_small_terminal(self):
         shown = self.watch("--rate", "20", until=r"update [2-9]\d\b", size=(10, 50))
         table = shown.partition("\x1b[?25h")[0]
