@@ -49,7 +49,7 @@ DriveStore::DriveStore(const std::string& folder, Database::Missing missing)
 
 std::string DriveStore::PutAside(const std::string& folder) {
   const auto now = std::chrono::system_clock::now().time_since_epoch();
-  const std::string aside =
+  std::string aside =
       "drives-damaged-" +
       DescribeFileTime(std::chrono::duration_cast<std::chrono::milliseconds>(now).count()) + ".db";
   Database::Rename(folder, FILE_NAME, aside);
