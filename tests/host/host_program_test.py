@@ -901,7 +901,8 @@ class Receiver(HostTest):
 
     def read_until(self, process, accept):
         """The first line of JSON that is accepted."""
-        for _ in range(1000):
+        deadline = time.monotonic() + PATIENCE
+        while time.monotonic() < deadline:
             line = json.loads(process.stdout.readline())
             if accept(line):
                 return line
