@@ -12,6 +12,7 @@ import json
 import os
 import pty
 import select
+import shutil
 import signal
 import sqlite3
 import subprocess
@@ -310,15 +311,19 @@ class PowerCut(DrivesTest):
         self.wait_for_trip(0.195)
         process.kill()
         process.wait()
+        older = self.path("older")
+        shutil.copytree(self.home, older)
         process = self.start()
-        update = self.drive(process, range(30, 31))
-        self.assertEqual(update["Distance"], "200 m")
+        update = self.drive(process, range(30, 33))
+        self.assertEqual(update["Distance"], "220 m")
         self.assertIn("continuing the trip of the last run, 200 m", self.stop(process))
-        # It goes on from the settings file as well, which is newer now than a copy of before.
+        # It goes on from the settings file as well, which is newer now than the copy of before.
         for name in glob.glob(os.path.join(self.home, "drives.db*")):
             os.remove(name)
+        for name in glob.glob(os.path.join(older, "drives.db*")):
+            shutil.copy(name, self.home)
         process = self.start()
-        self.assertEqual(self.drive(process, range(40, 41))["Distance"], "200 m")
+        self.assertEqual(self.drive(process, range(40, 41))["Distance"], "220 m")
         self.stop(process)
 
     def test_choices_are_kept(self):
