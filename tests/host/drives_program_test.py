@@ -72,6 +72,11 @@ class Keeping(DrivesTest):
         self.assertEqual(self.drives(), [
             "    1  2026-11-21 17:00   0:00:10      100 m   36.0 km/h   36.0 km/h   36.0 km/h   0:00:00"])
 
+    def test_a_recording_is_kept_when_raw_too(self):
+        broken = moment(4).replace("A,", "V,")  # with checksums that are wrong now
+        said = self.keep("".join(moment(second) for second in range(11)) + broken, "--raw")
+        self.assertIn("kept as drive 1: 100 m in 0:00:10", said)
+
     def test_a_recording_is_not_kept_otherwise(self):
         self.run_host("--nmea", "-", "--json", text=moment(0))
         self.assertFalse(os.path.exists(os.path.join(self.home, "drives.db")))
