@@ -48,7 +48,8 @@ Examples:
   ferolin-host --gpsd --limit 50 --limit 90:5 --beep-on-zero
                                             any receiver that gpsd knows, with warnings
   ferolin-host --nmea drive.nmea --rate 10  a recording, ten times as fast
-  ferolin-host --fullscreen --mirror        a head-up display
+  ferolin-host --port auto --fullscreen --mirror --view speed
+                                            a head-up display
   ferolin-host export last --gpx drive.gpx  the drive of today, for a map
   ferolin-host --updates 300 --view Speed --shot speed.png
                                             a picture of the simulated drive

@@ -120,13 +120,24 @@ void OptionTable::AddWindow() {
   AddFlag("--no-window", "open no window: show a table in a terminal, else print lines of text",
           Assign(options.windowUse, Options::WindowUse::NEVER));
   AddValue("--size", "WxH",
-           "size of the picture in pixels (default: 800x480); its window can be resized",
-           [this](const std::string& text) { options.size = ParseSize(text); });
-  AddValue("--dpi", "N", "dots per inch (default: 96); buttons grow with it: 192 doubles them",
+           "size of the picture in pixels; default: that of the display with --fullscreen, else "
+           "800x480; its window can be resized",
            [this](const std::string& text) {
-             options.dpi = ParseWholeNumber(text, LOWEST_DPI, HIGHEST_DPI);
+             options.size = ParseSize(text);
+             options.isSizeChosen = true;
+           });
+  AddValue("--dpi", "N|auto",
+           "dots per inch: figures and buttons grow with them; auto (the default) makes them fill "
+           "the picture: 96 for each 240 pixels of its shorter side",
+           [this](const std::string& text) {
+             options.dpi.reset();
+             if (text != "auto") {
+               options.dpi = ParseWholeNumber(text, LOWEST_DPI, HIGHEST_DPI);
+             }
            });
   AddFlag("--fullscreen", "fill the screen", Assign(options.fullscreen, true));
+  AddFlag("--no-keep-awake", "let the display go dark when nobody touches it",
+          Assign(options.keepAwake, false));
   AddView();
 }
 

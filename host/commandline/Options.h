@@ -90,10 +90,14 @@ struct Options {
   /// Whether positions are shown as decimal degrees.
   bool decimalDegrees = false;
   WindowUse windowUse = WindowUse::IF_PRESENT;
+  /// Size of the picture; that of the display when it is filled and the user wants no other.
   Size size;
-  /// Dots per inch.
-  int dpi = 96;
+  bool isSizeChosen = false;
+  /// Dots per inch; nothing: chosen by the size.
+  std::optional<int> dpi;
   bool fullscreen = false;
+  /// Whether neither screen saver nor power saving blanks the display.
+  bool keepAwake = true;
   Picture picture;
   /// Where drawn pictures are written; empty: nowhere.
   std::string framesFolder;
@@ -128,6 +132,10 @@ struct Options {
   /// Minutes between two position reports; 0: none are sent.
   int smsEveryMinutes = 0;
 };
+
+/// The dots per inch wanted, or those with which figures fill a picture of this size: 96 for each
+/// 240 pixels of the shorter side.
+int GetDpi(const Options& options);
 
 /// Whether to open a window if there is a display.
 bool WantsWindow(const Options& options);

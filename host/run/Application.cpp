@@ -8,6 +8,8 @@
 #include "base/HostError.h"
 #include "base/Messages.h"
 #include "commandline/CommandLine.h"
+#include "display/Display.h"
+#include "display/DisplaySetup.h"
 #include "engine/EngineLibrary.h"
 #include "handheld.h"
 #include "outputs/StandardOutput.h"
@@ -36,9 +38,22 @@ std::unique_ptr<NmeaSource> OpenRecording(const Options& options) {
                                                  : nullptr;
 }
 
+/// A full screen has a picture of its own size, portrait or landscape.
+void ChooseSize(Options& options) {
+  const bool fillsDisplay = options.fullscreen && !options.isSizeChosen && WantsWindow(options) &&
+                            handheld::Display::IsPresent();
+  if (!fillsDisplay) {
+    return;
+  }
+  if (const std::optional<handheld::DisplaySize> size = handheld::FindDisplaySize()) {
+    options.size = {size->width, size->height};
+  }
+}
+
 void PrepareDevice(const Options& options, const HomeFolder& home) {
   handheld::SetProgramFolder(home.GetPath());
-  handheld::SetScreen(options.size.width, options.size.height, options.dpi);
+  handheld::SetScreen(options.size.width, options.size.height, GetDpi(options));
+  handheld::KeepDisplaysAwake(options.keepAwake);
   if (!options.language.empty()) {
     handheld::SetLanguage(options.language.c_str());
   }
@@ -87,6 +102,7 @@ void Play(Options options, StandardOutput& output, Messages& messages) {
   std::unique_ptr<NmeaSource> recording = OpenRecording(options);
   const HomeFolder home(options.home);
   const HomeLock lock(home.GetPath());
+  ChooseSize(options);
   PrepareDevice(options, home);
   SettingsFile settings(home.GetPath(), HOME_ON_DEVICE, messages);
   std::optional<TrackFolder> tracks;

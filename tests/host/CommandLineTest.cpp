@@ -57,6 +57,21 @@ TEST(CommandLine, TakesUnitsTripAndRecord) {
   EXPECT_NE("(accepted)", ErrorOf({"--record", "a.nmea", "--port", "/dev/x", "--raw"}));
 }
 
+TEST(CommandLine, ChoosesDotsPerInchByTheShorterSide) {
+  const auto dpi = [](const std::vector<std::string>& arguments) {
+    return GetDpi(ParseOptions(arguments));
+  };
+  EXPECT_EQ(192, dpi({}));
+  EXPECT_EQ(96, dpi({"--size", "240x320"}));
+  EXPECT_EQ(96, dpi({"--size", "176x220"}));
+  EXPECT_EQ(96, dpi({"--size", "800x359"}));
+  EXPECT_EQ(192, dpi({"--size", "360x800"}));
+  EXPECT_EQ(480, dpi({"--size", "1920x1080"}));
+  EXPECT_EQ(96, dpi({"--contact-sheet", "a.png"}));
+  EXPECT_EQ(120, dpi({"--dpi", "120"}));
+  EXPECT_EQ(192, dpi({"--dpi", "120", "--dpi", "auto"}));
+}
+
 TEST(CommandLine, LeavesOutValuesThatWereUsedBefore) {
   const Options port = ParseOptions({"--port", "--json"});
   EXPECT_EQ(Options::Source::PORT, port.source);
@@ -259,7 +274,7 @@ TEST(CommandLine, TakesTheSizeOfThePicture) {
   const Options usual = ParseOptions({});
   EXPECT_EQ(800, usual.size.width);
   EXPECT_EQ(480, usual.size.height);
-  EXPECT_EQ(96, usual.dpi);
+  EXPECT_FALSE(usual.dpi);
   const Options options = ParseOptions({"--size", "240x320", "--dpi", "192"});
   EXPECT_EQ(240, options.size.width);
   EXPECT_EQ(320, options.size.height);

@@ -84,6 +84,13 @@ class Pictures(WindowTest):
         self.assertEqual((width, len(rows)), (240, 320))
         self.assertGreater(count_lit(rows), 1000)
 
+    def test_figures_fill_the_picture(self):
+        self.assertEqual(self.shoot("--dpi", "auto"), self.shoot("--dpi", "96"))
+        large = ["--size", "640x480", "--view", "dial"]
+        small = count_lit(self.shoot(*large, "--dpi", "96"))
+        self.assertGreater(count_lit(self.shoot(*large)), 1.5 * small)
+        self.assertEqual(self.shoot(*large), self.shoot(*large, "--dpi", "192"))
+
     def test_flags_turn_the_picture(self):
         plain = self.shoot()
         self.assertEqual(self.shoot("--mirror"), [row[::-1] for row in plain])

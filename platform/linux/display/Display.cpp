@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "display/DisplaySetup.h"
 #include "handheld.h"
 
 namespace handheld {
@@ -91,9 +92,9 @@ std::unique_ptr<Display> Display::Open(HWND window, bool isFullscreen, std::stri
     error = "there is no window to show";
     return nullptr;
   }
-  // SDL must handle neither Ctrl-C nor the screen saver.
+  // SDL must not handle Ctrl-C.
   SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
-  SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
+  SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, AreDisplaysKeptAwake() ? "0" : "1");
   // A full-screen window must not change the desktop, neither its compositor nor other windows.
   SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
   SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
