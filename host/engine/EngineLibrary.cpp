@@ -48,6 +48,9 @@ EngineLibrary::EngineLibrary() : module(LoadLibraryW(TEXT("Ferolin.dll"))) {
   }
   try {
     functions = FindFunctions(module);
+    for (int i = 0; i < CountSensors(); ++i) {
+      names.push_back(GetSensorName(i));
+    }
   } catch (...) {
     FreeLibrary(module);
     throw;
@@ -86,8 +89,9 @@ std::string EngineLibrary::GetSensorState(int index) const {
 
 Readouts EngineLibrary::GetReadouts() const {
   Readouts readouts;
-  for (int i = 0; i < CountSensors(); ++i) {
-    readouts.push_back({GetSensorName(i), GetSensorValue(i)});
+  readouts.reserve(names.size());
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    readouts.push_back({names[i], GetSensorValue(static_cast<int>(i))});
   }
   return readouts;
 }

@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <string>
+#include <vector>
 
 #include "engine/Readout.h"
 
@@ -97,6 +98,8 @@ class EngineLibrary {
  private:
   HMODULE module;
   Functions functions;
+  /// Of the sensors, which keep their names.
+  std::vector<std::string> names;
 };
 
 }  // namespace host

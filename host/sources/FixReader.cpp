@@ -85,11 +85,11 @@ void StoreMissing(std::optional<Value>& target, std::optional<Value> value) {
 }  // namespace
 
 void FixReader::Add(std::string_view text) {
-  const NmeaSentence sentence(text);
-  const Kind kind = KindOf(sentence);
+  const Kind kind = KindOf(text);
   if (kind == Kind::NONE) {
     return;
   }
+  const NmeaSentence sentence(text);
   const bool hasTime = kind == Kind::RMC || kind == Kind::GGA;
   const std::string_view itsTime = hasTime ? Field(sentence, TIME) : std::string_view();
   if (Begins(kind, itsTime)) {
@@ -115,13 +115,16 @@ void FixReader::Finish() {
   ender = Kind::NONE;
 }
 
-FixReader::Kind FixReader::KindOf(const NmeaSentence& sentence) {
+FixReader::Kind FixReader::KindOf(std::string_view text) {
+  constexpr std::size_t NAME_LENGTH = 5;  // of talker and type
+  constexpr std::size_t TALKER_LENGTH = 2;
+  const std::string_view body = text.substr(1);
+  const std::string_view name = body.substr(0, body.find_first_of(",*"));
   // Names of proprietary sentences start with "P".
-  const bool isReceivers = sentence.GetTalker().size() == 2 && sentence.name[0] != 'P';
-  const std::string_view type = sentence.GetType();
-  if (!isReceivers) {
+  if (name.size() != NAME_LENGTH || name[0] == 'P') {
     return Kind::NONE;
   }
+  const std::string_view type = name.substr(TALKER_LENGTH);
   if (type == "RMC") {
     return Kind::RMC;
   }

@@ -36,7 +36,7 @@ class FixReader {
  private:
   enum class Kind { RMC, GGA, VTG, GSA, NONE };
 
-  static Kind KindOf(const NmeaSentence& sentence);
+  static Kind KindOf(std::string_view text);
   bool Begins(Kind kind, std::string_view time) const;
   void Take(Kind kind, const NmeaSentence& sentence);
   void TakeRmc(const NmeaSentence& rmc);

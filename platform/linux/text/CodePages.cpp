@@ -113,6 +113,12 @@ void SetCodePage(UINT codePage) {
 }
 
 std::string Utf8FromAnsi(const std::string& ansi) {
+  const bool isAscii = std::none_of(ansi.begin(), ansi.end(), [](char byte) {
+    return static_cast<unsigned char>(byte) >= CodePage::FIRST_UPPER;
+  });
+  if (isAscii) {
+    return ansi;
+  }
   const CodePage& page = *CodePage::Find(CP_ACP);
   std::u16string wide;
   for (const char byte : ansi) {
