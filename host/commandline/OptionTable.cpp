@@ -157,6 +157,10 @@ void OptionTable::AddView() {
   AddFlag("--no-rotate", "turn rotation off", Assign(picture.rotate, false));
   AddFlag("--invert", "invert all colours (kept)", Assign(picture.invert, true));
   AddFlag("--no-invert", "show the normal colours again", Assign(picture.invert, false));
+  AddValue("--theme", "NAME",
+           "colours of the views: day (black on light), night (dim red and amber) or standard "
+           "(kept)",
+           [this](const std::string& text) { options.theme = ParseTheme(text); });
 }
 
 void OptionTable::AddPictures() {

@@ -99,6 +99,8 @@ struct Options {
   /// Whether neither screen saver nor power saving blanks the display.
   bool keepAwake = true;
   Picture picture;
+  /// Colours of the views: "standard", "day" or "night"; empty: as kept by the engine.
+  std::string theme;
   /// Where drawn pictures are written; empty: nowhere.
   std::string framesFolder;
   std::string shotFile;

@@ -68,6 +68,13 @@ Units ParseUnits(const std::string& text) {
   return text == "mi" ? Units::MI : Units::NM;
 }
 
+std::string ParseTheme(const std::string& text) {
+  if (text != "standard" && text != "day" && text != "night") {
+    throw BadValue(R"("standard", "day" or "night")");
+  }
+  return text;
+}
+
 Options::TripName ParseTripName(const std::string& text) {
   if (text == "A" || text == "a") {
     return Options::TripName::A;

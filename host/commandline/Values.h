@@ -27,6 +27,9 @@ double ParseRate(const std::string& text);
 /// "km", "mi" or "nm".
 Units ParseUnits(const std::string& text);
 
+/// "standard", "day" or "night".
+std::string ParseTheme(const std::string& text);
+
 /// "A", "B" or "day".
 Options::TripName ParseTripName(const std::string& text);
 

@@ -20,6 +20,7 @@
 #include "run/HostRun.h"
 #include "run/SettingsFile.h"
 #include "run/SignalWatcher.h"
+#include "run/Theme.h"
 #include "run/TrackFolder.h"
 #include "sources/FileSource.h"
 #include "window/ViewNames.h"
@@ -105,6 +106,9 @@ void Play(Options options, StandardOutput& output, Messages& messages) {
   ChooseSize(options);
   PrepareDevice(options, home);
   SettingsFile settings(home.GetPath(), HOME_ON_DEVICE, messages);
+  if (!options.theme.empty()) {
+    settings.Override(ReadTheme(options.theme));
+  }
   std::optional<TrackFolder> tracks;
   bool hadPosition = false;
   {

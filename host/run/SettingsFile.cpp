@@ -12,6 +12,7 @@
 #include "base/HostError.h"
 #include "base/SafeFile.h"
 #include "handheld.h"
+#include "run/SettingsMerge.h"
 #include "run/SettingsSpellings.h"
 #include "run/WritableFolder.h"
 
@@ -41,9 +42,7 @@ SettingsFile::SettingsFile(const fs::path& home, const std::u16string& deviceHom
       deviceFile(deviceHome + DEVICE_NAME) {
   Check();
   PrepareSaving();
-  std::error_code error;
-  const bool isThere = canRead && fs::exists(file, error);
-  handheld::MapPath(deviceFile, (isThere ? file : saved).string());
+  handheld::MapPath(deviceFile, (IsThere() ? file : saved).string());
   // The engine saves under this name first. One that lies in the home folder is not its own.
   handheld::MapPath(deviceFile + SAVING_SUFFIX, saved.string() + ".new");
 }
@@ -54,6 +53,27 @@ SettingsFile::~SettingsFile() {
   } catch (const std::exception& error) {
     messages.Say(error.what());
   }
+}
+
+bool SettingsFile::IsThere() const {
+  std::error_code error;
+  return canRead && fs::exists(file, error);
+}
+
+/// The engine reads them from the folder aside: the user's file changes when the run ends.
+void SettingsFile::Override(const std::string& settings) {
+  std::string own;
+  if (IsThere()) {
+    std::ifstream stream(file, std::ios::binary);
+    own.assign(std::istreambuf_iterator<char>(stream), {});
+  }
+  std::ofstream stream(saved, std::ios::binary);
+  stream << AddMissingSettings(settings, own);
+  stream.close();
+  if (!stream) {
+    throw HostError("cannot write " + saved.string() + ": " + std::strerror(errno));
+  }
+  handheld::MapPath(deviceFile, saved.string());
 }
 
 void SettingsFile::Check() {

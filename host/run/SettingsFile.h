@@ -23,6 +23,10 @@ class SettingsFile {
   /// Keeps the settings if that was not done, and tells what goes wrong.
   ~SettingsFile();
 
+  /// Gives the engine these settings in place of those in the file. To be called before the engine
+  /// is loaded. Throws HostError when they cannot be handed over.
+  void Override(const std::string& settings);
+
   /// To be called once the engine is loaded: it has read its settings and gets them no more.
   void OnEngineLoaded();
 
@@ -32,6 +36,7 @@ class SettingsFile {
 
  private:
   void Check();
+  bool IsThere() const;
   void PrepareSaving();
   void GiveUp(const std::string& trouble);
 

@@ -298,6 +298,12 @@ TEST(CommandLine, TurnsThePictureOrLeavesItAsBefore) {
   EXPECT_EQ("Speed", picture.view);
 }
 
+TEST(CommandLine, TakesOneOfTheThemes) {
+  EXPECT_EQ("", ParseOptions({}).theme);
+  EXPECT_EQ("night", ParseOptions({"--theme", "night"}).theme);
+  EXPECT_NE(ErrorOf({"--theme", "dusk"}), "(accepted)");
+}
+
 TEST(CommandLine, EndsAfterUpdates) {
   EXPECT_EQ(0u, ParseOptions({}).updates);
   EXPECT_EQ(5u, ParseOptions({"--updates", "5"}).updates);
@@ -341,6 +347,7 @@ TEST(CommandLine, NamesEveryOptionInTheHelp) {
                            "--flip",
                            "--rotate",
                            "--invert",
+                           "--theme NAME",
                            "--frames DIR",
                            "--shot FILE",
                            "--contact-sheet FILE",

@@ -4,7 +4,9 @@
 usage: files_program_test.py PROGRAM [unittest arguments]
 """
 
+import configparser
 import os
+import pathlib
 import stat
 import subprocess
 import time
@@ -45,6 +47,42 @@ class FilesTest(HostTest):
         result = self.run_drive(*arguments)
         self.assertEqual(result.returncode, 0, result.stderr)
         return result.stderr
+
+
+class ThemeTest(FilesTest):
+    SECTIONS = ("SpeedometerWidget", "FullScreenSpeedWidget", "PathWidget", "SattelitesWidget", "SpeedChartWidget")
+
+    def colours(self):
+        parser = configparser.ConfigParser(strict=False, interpolation=None)
+        parser.read_string("\n".join(self.settings()))
+        return {(section, key): value for section in self.SECTIONS for key, value in parser[section].items()
+                if key.endswith("color")}
+
+    def test_is_kept_with_all_other_settings(self):
+        self.drive_well("--sms-to", "+111", "--theme", "night")
+        self.assertIn("Address=+111", self.settings())
+        night = self.colours()
+        self.assertEqual(night["SpeedometerWidget", "speedtextcolor"], "30928")
+        self.drive_well()
+        self.assertEqual(self.colours(), night)
+        self.assertIn("Address=+111", self.settings())
+
+    def test_standard_is_what_the_engine_starts_with(self):
+        self.drive_well()
+        first = self.colours()
+        self.drive_well("--theme", "day")
+        self.assertEqual(len(self.colours()), len(first))
+        self.assertNotEqual(self.colours(), first)
+        self.drive_well("--theme", "standard")
+        self.assertEqual(self.colours(), first)
+
+    def test_names_every_colour(self):
+        self.drive_well("--theme", "day")
+        for theme in ("standard", "day", "night"):
+            parser = configparser.ConfigParser()
+            parser.read(pathlib.Path(__file__).parents[2] / "assets" / "themes" / f"{theme}.ini")
+            keys = {(section, key) for section in parser.sections() for key in parser[section]}
+            self.assertEqual(keys, set(self.colours()), theme)
 
 
 class AnyHome(FilesTest):
