@@ -27,8 +27,8 @@ constexpr int LOOK_INTERVAL_MS = 1000;
 constexpr int LOOKS_BETWEEN_TRIES = 5;
 
 constexpr std::string_view REQUEST = "?WATCH={\"enable\":true,\"nmea\":true};\n";
-constexpr std::string_view DEVICE_LIST = "\"class\":\"DEVICES\"";
-constexpr std::string_view DEVICE_IN_LIST = "\"path\":";
+constexpr std::string_view DEVICE_LIST = R"("class":"DEVICES")";
+constexpr std::string_view DEVICE_IN_LIST = R"("path":)";
 constexpr int WAIT_FOREVER = -1;
 constexpr const char* LOOKING = "looking for a receiver: ";
 
