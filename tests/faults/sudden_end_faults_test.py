@@ -122,6 +122,13 @@ class PowerCut(SuddenEnd):
                 self.check_what_is_left(*drive)
         self.check_next_start()
 
+    def test_settings_that_were_saved_stay(self):
+        disk = ForgetfulDisk(self.home, self.path("memory"))
+        result = self.run_host("--sms-to", "+333", "--updates", "1", **disk.environment)
+        self.assertEqual(result.returncode, 0, result.stderr)
+        disk.cut_power()
+        self.assertIn("Address=+333", self.settings())
+
     def test_the_disk_forgets(self):
         """Without this the other test would say nothing."""
         disk = ForgetfulDisk(self.home, self.path("memory"))

@@ -11,6 +11,7 @@ import io
 import json
 import os
 import pty
+import resource
 import select
 import shutil
 import signal
@@ -94,6 +95,20 @@ class Keeping(DrivesTest):
         self.assertEqual(rows, [
             (1, 1, time_ms + 250, 1, 55 + 10 / 60, 37.5, 150.0, speed, 0.0, 0.9, 8),
             (1, 2, time_ms + 1000, 0, None, None, 151.0, speed, 0.0, 0.9, 8)])
+
+    def test_a_loss_gives_exit_status_1(self):
+        def limit_files():
+            resource.setrlimit(resource.RLIMIT_FSIZE, (65536, 65536))
+
+        # The settings fit into a file of that size, a drive of 3,000 positions does not.
+        result = subprocess.run(
+            self.command("--nmea", "-", "--keep", "--json"),
+            input="".join(moment(second) for second in range(3000)), stdout=subprocess.DEVNULL,
+            stderr=subprocess.PIPE, encoding="utf-8", timeout=PATIENCE, check=False,
+            env=self.environment(), preexec_fn=limit_files, restore_signals=False)
+        self.assertRegex(result.stderr, r"[1-9]\d* (more )?positions could not be written")
+        self.assertNotIn("settings were not kept", result.stderr)
+        self.assertEqual(result.returncode, 1, result.stderr)
 
     def test_without_a_fix_there_is_no_entry(self):
         said = self.keep("".join(moment(second, status="V") for second in range(5)), status=1)
