@@ -35,7 +35,8 @@ int NumberIn(WideStringView name) {
     return -1;
   }
   const std::string digits = ferolin::Narrow(name.substr(PREFIX.size()));
-  const bool isNumber = !digits.empty() && digits.find_first_not_of("0123456789") == digits.npos;
+  const bool isNumber =
+      !digits.empty() && digits.find_first_not_of("0123456789") == std::string::npos;
   return isNumber ? ferolin::ParseInt(digits.c_str()) : -1;
 }
 
