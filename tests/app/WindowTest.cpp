@@ -51,6 +51,8 @@ class AppWindow : public ApplicationTest {
 };
 
 TEST_F(AppWindow, WaitsForTheFirstPositionWithAPage) {
+  // The service would report after a second.
+  device->WriteFile("TachyMo.ini", "[Application]\r\nUseGpsApi=0\r\nPort=COM1\r\n");
   Start();
   EXPECT_EQ(FEROLIN_VIEW_NONE, GetEngine().GetCurRenderWidget());
   EXPECT_EQ(DARK_THEME.header, GetPixel(WIDTH - 2, 2));
