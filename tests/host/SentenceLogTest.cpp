@@ -61,9 +61,8 @@ TEST_F(SentenceLogTest, BeginsAFileForEachDay) {
     log.Take("$GPRMC,3\r\n");
   }
   EXPECT_EQ("# 2026-11-22T23:59:59.000Z\r\n$GPRMC,1\r\n", Content("drive.day-2026-11-22.nmea"));
-  EXPECT_EQ(
-      "# 2026-11-23T00:00:00.000Z\r\n$GPRMC,2\r\n# 2026-11-23T00:00:01.000Z\r\n$GPRMC,3\r\n",
-      Content("drive.day-2026-11-23.nmea"));
+  EXPECT_EQ("# 2026-11-23T00:00:00.000Z\r\n$GPRMC,2\r\n# 2026-11-23T00:00:01.000Z\r\n$GPRMC,3\r\n",
+            Content("drive.day-2026-11-23.nmea"));
 }
 
 TEST_F(SentenceLogTest, ChangesTheFileWhileItRuns) {
