@@ -71,7 +71,7 @@ ferolin_folder(platform/linux/windows USES ${FAMILY_USES} platform/linux/time pl
 ferolin_folder(platform/linux/gdi
   USES ${FAMILY_USES} platform/linux/text platform/linux/files platform/linux/windows)
 ferolin_folder(platform/linux/imaging USES ${FAMILY_USES} platform/linux/files)
-ferolin_folder(platform/linux/display USES ${FAMILY_USES})
+ferolin_folder(platform/linux/display USES ${FAMILY_USES} platform/linux/windows)
 ferolin_folder(platform/linux/hosting USES ${FAMILY_USES} include platform/linux/modules)
 
 # The libraries beside the engine
@@ -85,11 +85,12 @@ ferolin_folder(host/base)
 ferolin_folder(host/commandline USES host/base)
 ferolin_folder(host/sources
   USES platform/api platform/linux platform/linux/serial siblings/common host/base)
-ferolin_folder(host/engine USES include platform/api platform/linux host/base host/sources)
+ferolin_folder(host/engine
+  USES include platform/api platform/linux app/engine host/base host/sources)
 ferolin_folder(host/drives USES host/base host/sources)
 ferolin_folder(host/window
-  USES include platform/api platform/linux platform/linux/display host/base host/commandline
-       host/engine)
+  USES include platform/api platform/linux platform/linux/display app/receiver app/window host/base
+       host/commandline host/engine)
 ferolin_folder(host/outputs
   USES include platform/api platform/linux host/base host/sources host/engine host/window)
 ferolin_folder(host/run

@@ -19,8 +19,8 @@ class LoadedEngine : public EngineFunctions {
 
   /// False when the library or one of its functions is missing. Nothing may be called then.
   bool IsLoaded() const { return module != nullptr && missing == nullptr; }
-  /// Name of a function that the library lacks; null without one.
-  LPCWSTR GetMissing() const { return missing; }
+  /// Name of a function that the library lacks; null when there is none, or no library.
+  LPCWSTR GetMissing() const { return module != nullptr ? missing : nullptr; }
 
   // Texts as wide text; empty when there is none.
 

@@ -42,6 +42,8 @@ class Application {
 
   // For the surroundings, between start and end.
 
+  /// False while a page lies over the views.
+  bool ShowsViews() const { return views->AreShown(); }
   /// Shows an update that the surroundings were told of.
   void ShowUpdate();
   /// Shows how well the receiver is heard.

@@ -16,24 +16,6 @@ std::string Utf8(const Buffer& buffer) {
   return handheld::Utf8FromAnsi(buffer.data());
 }
 
-template <class Function>
-void Find(HMODULE module, const char* name, Function& function) {
-  const FARPROC found = GetProcAddressW(module, handheld::WideFromUtf8(name).c_str());
-  // Compilers allow the cast from one function type to another by way of this type.
-  function = reinterpret_cast<Function>(reinterpret_cast<void (*)()>(found));
-  if (function == nullptr) {
-    throw HostError(std::string("the engine library has no ") + name);
-  }
-}
-
-EngineLibrary::Functions FindFunctions(HMODULE module) {
-  EngineLibrary::Functions functions;
-#define FIND(name) Find(module, #name, functions.name);
-  FEROLIN_HOST_FUNCTIONS(FIND)
-#undef FIND
-  return functions;
-}
-
 std::string DescribeLoadError(DWORD error) {
   return error == ERROR_MOD_NOT_FOUND
              ? "there is no engine library, libferolin.so, that can be loaded"
@@ -42,48 +24,41 @@ std::string DescribeLoadError(DWORD error) {
 
 }  // namespace
 
-EngineLibrary::EngineLibrary() : module(LoadLibraryW(TEXT("Ferolin.dll"))) {
-  if (module == nullptr) {
+EngineLibrary::EngineLibrary() {
+  if (loaded.GetMissing() != nullptr) {
+    throw HostError("the engine library has no " + handheld::Utf8FromWide(loaded.GetMissing()));
+  }
+  if (!loaded.IsLoaded()) {
     throw HostError(DescribeLoadError(GetLastError()));
   }
-  try {
-    functions = FindFunctions(module);
-    for (int i = 0; i < CountSensors(); ++i) {
-      names.push_back(GetSensorName(i));
-    }
-  } catch (...) {
-    FreeLibrary(module);
-    throw;
+  for (int i = 0; i < CountSensors(); ++i) {
+    names.push_back(GetSensorName(i));
   }
-}
-
-EngineLibrary::~EngineLibrary() {
-  FreeLibrary(module);
 }
 
 int EngineLibrary::CountSensors() const {
-  return functions.GetSensorsCount();
+  return loaded.GetSensorsCount();
 }
 
 std::string EngineLibrary::GetSensorName(int index) const {
   Buffer buffer = {};
-  functions.GetSensorName(index, buffer.data(), static_cast<int>(buffer.size()));
+  loaded.GetSensorName(index, buffer.data(), static_cast<int>(buffer.size()));
   return Utf8(buffer);
 }
 
 std::string EngineLibrary::GetSensorValue(int index) const {
   Buffer buffer = {};
-  functions.GetSensorValue(index, buffer.data(), static_cast<int>(buffer.size()));
+  loaded.GetSensorValue(index, buffer.data(), static_cast<int>(buffer.size()));
   return Utf8(buffer);
 }
 
 bool EngineLibrary::IsSensorSaveable(int index) const {
-  return functions.IsSensorSaveable(index) != 0;
+  return loaded.IsSensorSaveable(index) != 0;
 }
 
 std::string EngineLibrary::GetSensorState(int index) const {
   Buffer buffer = {};
-  functions.GetSensorRegistryString(index, buffer.data(), static_cast<int>(buffer.size()));
+  loaded.GetSensorRegistryString(index, buffer.data(), static_cast<int>(buffer.size()));
   return Utf8(buffer);
 }
 

@@ -7,57 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "engine/LoadedEngine.h"
 #include "engine/Readout.h"
-
-/// Calls the macro USE with the name of every function of ferolin.h that the host uses.
-#define FEROLIN_HOST_FUNCTIONS(USE) \
-  USE(StartCallBack)                \
-  USE(StopCallBack)                 \
-  USE(GetWndMessageID)              \
-  USE(SetComPortName)               \
-  USE(SetComPortSpeed)              \
-  USE(SetUseGPSAPI)                 \
-  USE(GetSensorsCount)              \
-  USE(GetSensorName)                \
-  USE(GetSensorValue)               \
-  USE(IsSensorSaveable)             \
-  USE(GetSensorRegistryString)      \
-  USE(SetSensorRegistryString)      \
-  USE(ResetSensorValue)             \
-  USE(GetWidgetsCount)              \
-  USE(GetWidgetName)                \
-  USE(GetCurRenderWidget)           \
-  USE(SetCurRenderWidget)           \
-  USE(SetRenderWindow)              \
-  USE(GetInvertVert)                \
-  USE(SetInvertVert)                \
-  USE(GetInvertHorz)                \
-  USE(SetInvertHorz)                \
-  USE(GetInvertColor)               \
-  USE(SetInvertColor)               \
-  USE(GetInvertOrient)              \
-  USE(SetInvertOrient)              \
-  USE(OnDoubleClick)                \
-  USE(OnMouseDown)                  \
-  USE(OnMouseMove)                  \
-  USE(OnMouseUp)                    \
-  USE(SetWriteKML)                  \
-  USE(SetLogFolder)                 \
-  USE(SendSMS)                      \
-  USE(GetSMSText)                   \
-  USE(GetSMSAddress)                \
-  USE(SetSMSParams)                 \
-  USE(GetSMSInterval)               \
-  USE(IsSMSExist)                   \
-  USE(GetSpeedEventsCount)          \
-  USE(GetEventSpeedLimit)           \
-  USE(GetEventSpeedInter)           \
-  USE(SetSpeedEvent)                \
-  USE(GetUseEventSound)             \
-  USE(GetBeepOnZero)                \
-  USE(SetBeepOnZero)                \
-  USE(GetIniFileValue)              \
-  USE(SetIniFileValue)
 
 namespace host {
 
@@ -69,19 +20,14 @@ class EngineLibrary {
   EngineLibrary();
   EngineLibrary(const EngineLibrary&) = delete;
   EngineLibrary& operator=(const EngineLibrary&) = delete;
-  ~EngineLibrary();
 
-  /// The functions that the host uses, named and documented as in ferolin.h.
-  struct Functions {
-// A declared name stands without parentheses. NOLINTNEXTLINE(bugprone-macro-parentheses)
-#define DECLARE(name) decltype(&::name) name = nullptr;
-    FEROLIN_HOST_FUNCTIONS(DECLARE)
-#undef DECLARE
-  };
+  /// Named and documented as in ferolin.h.
+  using Functions = app::EngineFunctions;
 
-  const Functions& operator()() const {
-    return functions;
-  }
+  const Functions& operator()() const { return loaded; }
+
+  /// As the application knows it.
+  const app::LoadedEngine& GetLoaded() const { return loaded; }
 
   int CountSensors() const;
   std::string GetSensorName(int index) const;
@@ -96,8 +42,7 @@ class EngineLibrary {
   Readouts GetStates() const;
 
  private:
-  HMODULE module;
-  Functions functions;
+  app::LoadedEngine loaded;
   /// Of the sensors, which keep their names.
   std::vector<std::string> names;
 };

@@ -13,11 +13,9 @@ namespace host {
 
 namespace {
 
-/// Refresh interval of a display.
-constexpr DWORD DISPLAY_WAIT_MS = 16;
 constexpr DWORD LONG_WAIT_MS = 60000;
-/// Interval at which a silent receiver is looked at.
-constexpr DWORD RECEIVER_WAIT_MS = 500;
+/// Interval at which a silent receiver and the title of a window are looked at.
+constexpr DWORD SHORT_WAIT_MS = 500;
 
 // Longest rest while the engine takes a recording as fast as it can; signals wait as long.
 constexpr std::chrono::milliseconds DISPLAY_REST(16);
@@ -93,7 +91,8 @@ void HostRun::Start() {
   update.readouts = engine.GetReadouts();
   output = OpenOutput(options, engine, views.get(), standard, messages);
   summary.Start();
-  if (engine().StartCallBack(window.GetHandle()) == 0) {
+  const HWND shown = views ? views->GetNotifiedWindow() : nullptr;
+  if (engine().StartCallBack(shown != nullptr ? shown : window.GetHandle()) == 0) {
     throw HostError("the engine does not start reading from " + DescribeSource(options));
   }
   source.Start();
@@ -102,11 +101,10 @@ void HostRun::Start() {
 void HostRun::Loop() {
   const bool hasDisplay = views != nullptr && views->HasDisplay();
   const bool hasTurns = source.HasTurns();
-  const DWORD otherWaitMs = IsLive(options.source) ? RECEIVER_WAIT_MS : LONG_WAIT_MS;
-  const DWORD waitMs = hasDisplay ? DISPLAY_WAIT_MS : otherWaitMs;
+  const DWORD waitMs = hasDisplay || IsLive(options.source) ? SHORT_WAIT_MS : LONG_WAIT_MS;
   while (!standard.IsBroken() && !isComplete) {
     if (hasDisplay) {
-      views->Refresh(update);
+      views->ShowTitle(update);
     }
     BackUpChoices();
     switch (window.Wait(hasTurns ? 0 : waitMs)) {
@@ -148,6 +146,7 @@ void HostRun::BackUpChoices() {
   nextBackup = now + BACKUP_INTERVAL;
   if (views) {
     choices.KeepPicture(views->GetPicture());
+    views->KeepChoices();
   }
   KeepReceiver();
   choices.BackUp();
@@ -183,10 +182,14 @@ void HostRun::ShowUpdate() {
   update.moving = trip.GetMoving();
   output->Show(update);
   progress.Show(update);
+  if (views) {
+    views->ShowUpdate(update);
+  }
   reports.OnUpdate(update);
   summary.OnUpdate(update);
   drive.OnUpdate(trip);
-  const bool hasAllPictures = pictures != nullptr && pictures->OnUpdate();
+  const bool isDrawn = views == nullptr || views->ShowsViews();
+  const bool hasAllPictures = pictures != nullptr && isDrawn && pictures->OnUpdate();
   isComplete = hasAllPictures || update.number == options.updates;
   if (!needsEachUpdate && summary.HadPosition()) {
     source.LookSeldom();
@@ -208,6 +211,9 @@ void HostRun::ShowNotice() {
   }
   update.notice = notice;
   output->Show(update);
+  if (views) {
+    views->ShowReception(update);
+  }
   summary.SayNews();
 }
 

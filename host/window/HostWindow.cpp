@@ -34,11 +34,6 @@ void HostWindow::Post(Event event) const {
   PostMessageW(window, own, static_cast<WPARAM>(event), 0);
 }
 
-void HostWindow::SetListeners(OnButton buttonListener, OnOther otherListener) {
-  onButton = std::move(buttonListener);
-  onOther = std::move(otherListener);
-}
-
 HostWindow::Event HostWindow::Wait(DWORD milliseconds) const {
   do {
     MSG message = {};
@@ -53,14 +48,8 @@ HostWindow::Event HostWindow::Wait(DWORD milliseconds) const {
       if (isOurs && message.message == update && message.lParam == FEROLIN_BUTTON_NONE) {
         return Event::UPDATE;
       }
-      if (isOurs && message.message == update) {
-        onButton(message.lParam);
-      } else if (message.message == WM_PAINT) {
-        // Comes again until the window has answered. The engine draws into it by itself.
-        DispatchMessageW(&message);
-      } else if (!isOurs && message.hwnd != nullptr) {
-        onOther(message);
-      }
+      TranslateMessage(&message);
+      DispatchMessageW(&message);
     }
   } while (MsgWaitForMultipleObjectsEx(0, nullptr, milliseconds, QS_ALLINPUT,
                                        MWMO_INPUTAVAILABLE) == WAIT_OBJECT_0);

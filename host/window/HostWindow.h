@@ -3,8 +3,6 @@
 
 #include <windows.h>
 
-#include <functional>
-
 namespace host {
 
 /// A hidden window of the thread that makes it. Other threads may call Post only.
@@ -25,11 +23,6 @@ class HostWindow {
     NOTHING,
   };
 
-  /// Takes the code of a button that was touched.
-  using OnButton = std::function<void(LPARAM)>;
-  /// Takes the messages of the thread's other windows.
-  using OnOther = std::function<void(const MSG&)>;
-
   /// `updateMessage` is the number of the engine's notification. Throws HostError when the window
   /// cannot be made.
   explicit HostWindow(UINT updateMessage);
@@ -41,18 +34,14 @@ class HostWindow {
 
   void Post(Event event) const;
 
-  /// Sets who gets the messages that are no events; Wait calls them. By default nobody does.
-  void SetListeners(OnButton buttonListener, OnOther otherListener);
-
-  /// Waits for the next event, at most that long in real time.
+  /// Waits for the next event, at most that long in real time. The messages of the thread's other
+  /// windows are dispatched meanwhile.
   Event Wait(DWORD milliseconds) const;
 
  private:
   const UINT update;
   const UINT own;
   HWND window = nullptr;
-  OnButton onButton = [](LPARAM) {};
-  OnOther onOther = [](const MSG&) {};
 };
 
 }  // namespace host

@@ -19,7 +19,7 @@ constexpr auto CHECK_INTERVAL = 200us;
 
 }  // namespace
 
-RenderWindow::RenderWindow(int width, int height) {
+RenderWindow::RenderWindow(int width, int height) : isOwn(true) {
   WNDCLASSW description = {};
   description.lpfnWndProc = DefWindowProcW;
   description.lpszClassName = CLASS_NAME;
@@ -34,8 +34,13 @@ RenderWindow::RenderWindow(int width, int height) {
   versionTaken = handheld::WindowPixelsVersion(window);
 }
 
+RenderWindow::RenderWindow(HWND window)
+    : window(window), isOwn(false), versionTaken(handheld::WindowPixelsVersion(window)) {}
+
 RenderWindow::~RenderWindow() {
-  DestroyWindow(window);
+  if (isOwn) {
+    DestroyWindow(window);
+  }
 }
 
 std::optional<handheld::Pixels> RenderWindow::AwaitFrame() {

@@ -10,11 +10,13 @@
 
 namespace host {
 
-/// A visible window of the device; belongs to the thread that makes it.
+/// A visible window of the device. For the window's thread.
 class RenderWindow {
  public:
-  /// Size in pixels, above 0. Throws HostError when the window cannot be made.
+  /// Makes a window. Size in pixels, above 0. Throws HostError when it cannot be made.
   RenderWindow(int width, int height);
+  /// The window is another's, who outlives this object.
+  explicit RenderWindow(HWND window);
   RenderWindow(const RenderWindow&) = delete;
   RenderWindow& operator=(const RenderWindow&) = delete;
   ~RenderWindow();
@@ -27,6 +29,7 @@ class RenderWindow {
 
  private:
   HWND window;
+  bool isOwn;
   std::uint64_t versionTaken = 0;
 };
 

@@ -1,22 +1,20 @@
 // The views of the engine as the user sees them.
 #pragma once
 
-#include <chrono>
 #include <memory>
 #include <string>
 
 #include "base/Messages.h"
 #include "commandline/Options.h"
-#include "display/Display.h"
 #include "engine/EngineLibrary.h"
+#include "window/ApplicationWindow.h"
 #include "window/HostWindow.h"
 #include "window/RenderWindow.h"
-#include "window/ViewControl.h"
 
 namespace host {
 
-/// The window that the engine draws into, shown on a display if there is one. For the host's
-/// thread.
+/// The window that the engine draws into: on a display that of the application, else one that only
+/// picture files show. For the host's thread.
 class ViewWindow {
  public:
   /// Null when neither a display nor picture files are to show views. Throws HostError when the
@@ -28,31 +26,36 @@ class ViewWindow {
   ViewWindow& operator=(const ViewWindow&) = delete;
   ~ViewWindow();
 
-  bool HasDisplay() const { return display != nullptr; }
-  RenderWindow& GetRenderWindow() { return *window; }
+  bool HasDisplay() const { return shown != nullptr; }
+  /// Of the window that must get the engine's notifications; null when it is the host's own.
+  HWND GetNotifiedWindow() const { return HasDisplay() ? shown->GetHandle() : nullptr; }
+  RenderWindow& GetRenderWindow() { return *frames; }
+  /// False while the engine draws no frames, since a page of the application lies over the views.
+  bool ShowsViews() const { return !HasDisplay() || shown->ShowsViews(); }
 
-  /// Brings the display up to date if that is due. `update` is the last one.
-  void Refresh(const Update& update);
+  // What a display shows.
+
+  void ShowUpdate(const Update& update);
+  void ShowReception(const Update& update);
+  void ShowTitle(const Update& update);
 
   /// The picture as the user has it now, all set.
-  Options::Picture GetPicture() const { return control.GetPicture(); }
+  Options::Picture GetPicture() const;
+  /// Gives the choices of the application's pages to the settings.
+  void KeepChoices() const;
 
  private:
-  ViewWindow(const EngineLibrary& engine, const Options& options, HostWindow& hostWindow,
-             Messages& messages, std::unique_ptr<RenderWindow> window,
-             std::unique_ptr<handheld::Display> display);
+  ViewWindow(const EngineLibrary& engine, const Options& options,
+             std::unique_ptr<ApplicationWindow> shown);
 
-  ViewControl::Actions MakeActions(HostWindow& hostWindow, Messages& messages);
-  void ShowTitle(const Update& update);
+  int GetView() const;
 
   const EngineLibrary& engine;
   const std::string sourceName;
-  std::unique_ptr<RenderWindow> window;
   /// Null when only picture files are written.
-  std::unique_ptr<handheld::Display> display;
-  ViewControl control;
+  std::unique_ptr<ApplicationWindow> shown;
+  std::unique_ptr<RenderWindow> frames;
   std::string titleShown;
-  std::chrono::steady_clock::time_point nextRefresh;
 };
 
 }  // namespace host

@@ -39,8 +39,10 @@ struct Key {
 };
 
 constexpr std::array KEYS = {
-    Key{SDLK_ESCAPE, KEY_ESCAPE}, Key{SDLK_HOME, KEY_HOME},     Key{SDLK_LEFT, KEY_LEFT},
-    Key{SDLK_RIGHT, KEY_RIGHT},   Key{SDLK_DELETE, KEY_DELETE},
+    Key{SDLK_ESCAPE, VK_ESCAPE},  Key{SDLK_RETURN, VK_RETURN}, Key{SDLK_KP_ENTER, VK_RETURN},
+    Key{SDLK_BACKSPACE, VK_BACK}, Key{SDLK_HOME, VK_HOME},     Key{SDLK_DELETE, VK_DELETE},
+    Key{SDLK_LEFT, VK_LEFT},      Key{SDLK_RIGHT, VK_RIGHT},   Key{SDLK_UP, VK_UP},
+    Key{SDLK_DOWN, VK_DOWN},
 };
 
 /// Key code of the device; 0 for keys it does not have. On a keyboard without Latin letters the
@@ -53,6 +55,9 @@ WPARAM KeyCode(const SDL_Keysym& pressed) {
   }
   if (pressed.sym >= SDLK_a && pressed.sym <= SDLK_z) {
     return WPARAM{'A'} + static_cast<WPARAM>(pressed.sym - SDLK_a);
+  }
+  if (pressed.sym >= SDLK_0 && pressed.sym <= SDLK_9) {
+    return WPARAM{'0'} + static_cast<WPARAM>(pressed.sym - SDLK_0);
   }
   const bool isLatin = pressed.sym < 0x80;
   if (!isLatin && pressed.scancode >= SDL_SCANCODE_A && pressed.scancode <= SDL_SCANCODE_Z) {
@@ -77,6 +82,25 @@ SDL_Rect ScreenOf(int displayIndex) {
 bool IsInvisible() {
   return std::string_view(SDL_GetCurrentVideoDriver()) == "offscreen";
 }
+
+/// Whether SDL's wait for events sleeps. With the other drivers it polls a thousand times a second.
+bool CanWaitForEvents() {
+  const std::string_view driver = SDL_GetCurrentVideoDriver();
+  return driver == "x11" || driver == "wayland";
+}
+
+/// Where SDL can hand pixels to the display itself, they need no graphics driver: that of a machine
+/// without such hardware takes 80 MB and several threads. SDL_RENDER_DRIVER in the environment
+/// chooses another renderer.
+void AvoidGraphicsDriver() {
+  if (std::string_view(SDL_GetCurrentVideoDriver()) == "x11") {
+    SDL_SetHint(SDL_HINT_RENDER_DRIVER, "software");
+    SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
+  }
+}
+
+/// Refresh interval, 60 Hz.
+constexpr std::chrono::milliseconds REFRESH_INTERVAL(16);
 
 constexpr int ANYWHERE = static_cast<int>(SDL_WINDOWPOS_UNDEFINED);
 
@@ -107,12 +131,14 @@ std::unique_ptr<Display> Display::Open(HWND window, bool isFullscreen, std::stri
     error = "there is no display";
     return nullptr;
   }
+  AvoidGraphicsDriver();
   std::unique_ptr<Display> display(new Display(window, client.right, client.bottom));
   if (!display->Create(isFullscreen)) {
     error = SDL_GetError();
     return nullptr;
   }
   display->Draw();
+  MessageQueue::OfThisThread()->SetWaiter(display.get());
   return display;
 }
 
@@ -120,6 +146,7 @@ Display::Display(HWND windowToShow, int windowWidth, int windowHeight)
     : window(windowToShow), width(windowWidth), height(windowHeight) {}
 
 Display::~Display() {
+  MessageQueue::OfThisThread()->SetWaiter(nullptr);
   if (texture != nullptr) {
     SDL_DestroyTexture(texture);
   }
@@ -133,6 +160,8 @@ Display::~Display() {
 }
 
 bool Display::Create(bool isFullscreen) {
+  wakeEvent = SDL_RegisterEvents(1);
+  canWaitForEvents = CanWaitForEvents();
   const SDL_Rect place = isFullscreen ? ScreenOf(0) : SDL_Rect{ANYWHERE, ANYWHERE, width, height};
   frame = SDL_CreateWindow("", place.x, place.y, place.w, place.h, SDL_WINDOW_RESIZABLE);
   if (frame == nullptr) {
@@ -150,14 +179,70 @@ bool Display::Create(bool isFullscreen) {
   return texture != nullptr;
 }
 
-void Display::Update() {
+/// Answering input comes before drawing: what it changes is then in the picture.
+void Display::Wait(MessageQueue::Deadline deadline) {
+  if (IsStale()) {
+    const auto nextDrawing = lastDrawing + REFRESH_INTERVAL;
+    if (std::chrono::steady_clock::now() >= nextDrawing) {
+      Draw();
+    } else {
+      deadline = std::min(deadline.value_or(nextDrawing), nextDrawing);
+    }
+  }
+  if (canWaitForEvents) {
+    WaitForEvent(deadline);
+  } else {
+    WaitForWake(deadline);
+  }
   SDL_Event event = {};
   while (SDL_PollEvent(&event) != 0) {
     Take(event);
   }
-  if (isStale || WindowPixelsVersion(window) != versionShown) {
-    Draw();
+}
+
+void Display::WaitForEvent(MessageQueue::Deadline deadline) {
+  using std::chrono::ceil;
+  using std::chrono::milliseconds;
+  constexpr int FOREVER = -1;
+  int waitMs = FOREVER;
+  if (deadline) {
+    const auto wait = ceil<milliseconds>(*deadline - std::chrono::steady_clock::now());
+    waitMs = static_cast<int>(std::clamp<milliseconds::rep>(wait.count(), 0, 60'000));
   }
+  SDL_Event event = {};
+  if (SDL_WaitEventTimeout(&event, waitMs) != 0) {
+    Take(event);
+  }
+}
+
+void Display::WaitForWake(MessageQueue::Deadline deadline) {
+  const auto nextLook = std::chrono::steady_clock::now() + REFRESH_INTERVAL;
+  std::unique_lock lock(mutex);
+  woken.wait_until(lock, std::min(deadline.value_or(nextLook), nextLook),
+                   [this] { return isWoken; });
+  isWoken = false;
+}
+
+/// A drawing consists of many steps; one event tells of all.
+void Display::Wake() {
+  {
+    const std::lock_guard lock(mutex);
+    if (isWoken) {
+      return;
+    }
+    isWoken = true;
+  }
+  if (canWaitForEvents) {
+    SDL_Event event = {};
+    event.type = wakeEvent;
+    SDL_PushEvent(&event);
+  } else {
+    woken.notify_all();
+  }
+}
+
+bool Display::IsStale() const {
+  return isStale || WindowPixelsVersion(window) != versionShown;
 }
 
 void Display::SetTitle(const std::string& title) {
@@ -180,6 +265,11 @@ void Display::ToggleFullscreen() {
 
 /// SDL reports fingers as the left button.
 void Display::Take(const SDL_Event& event) {
+  if (event.type == wakeEvent) {
+    const std::lock_guard lock(mutex);
+    isWoken = false;
+    return;
+  }
   switch (event.type) {
     case SDL_MOUSEBUTTONDOWN:
       if (event.button.button == SDL_BUTTON_LEFT) {
@@ -256,6 +346,7 @@ void Display::Draw() {
   }
   SDL_RenderPresent(renderer);
   isStale = false;
+  lastDrawing = std::chrono::steady_clock::now();
 }
 
 }  // namespace handheld

@@ -3,9 +3,14 @@
 
 #include <windows.h>
 
+#include <chrono>
+#include <condition_variable>
 #include <cstdint>
 #include <memory>
+#include <mutex>
 #include <string>
+
+#include "windows/MessageQueue.h"
 
 struct SDL_Renderer;
 struct SDL_Texture;
@@ -14,17 +19,12 @@ union SDL_Event;
 
 namespace handheld {
 
-// Key codes of WM_KEYDOWN. Letters have the codes of their capitals.
-constexpr WPARAM KEY_ESCAPE = 0x1B;
-constexpr WPARAM KEY_HOME = 0x24;
-constexpr WPARAM KEY_LEFT = 0x25;
-constexpr WPARAM KEY_RIGHT = 0x27;
-constexpr WPARAM KEY_DELETE = 0x2E;
-
 /// Shows one window of the device through X11, Wayland or KMS and posts mouse, touch and keyboard
-/// messages to it. The picture keeps its proportions and stays sharp when the frame is resized.
-/// Belongs to the thread that made it; works only inside Update.
-class Display {
+/// messages to it: WM_LBUTTONDOWN, WM_LBUTTONDBLCLK, WM_MOUSEMOVE (while pressed) and WM_LBUTTONUP
+/// in pixels of the window, WM_KEYDOWN, and WM_CLOSE, which leaves the display open. The picture
+/// keeps its proportions and stays sharp when the frame is resized. Belongs to the thread that made
+/// it, which must be the window's; works while that thread waits for messages.
+class Display final : private MessageQueue::Waiter {
  public:
   /// False when there is certainly no display: no X11 or Wayland server is named and standard input
   /// is no console of this machine (a remote user must not take over its screen).
@@ -38,11 +38,6 @@ class Display {
   Display& operator=(const Display&) = delete;
   ~Display();
 
-  /// Posts the user's input since the last call: WM_LBUTTONDOWN, WM_LBUTTONDBLCLK, WM_MOUSEMOVE
-  /// (while pressed) and WM_LBUTTONUP in pixels of the window, WM_KEYDOWN, and WM_CLOSE, which
-  /// leaves the display open. Shows what has been drawn since.
-  void Update();
-
   /// UTF-8.
   void SetTitle(const std::string& title);
 
@@ -51,7 +46,15 @@ class Display {
  private:
   Display(HWND windowToShow, int windowWidth, int windowHeight);
 
+  using TimePoint = std::chrono::steady_clock::time_point;
+
+  void Wait(MessageQueue::Deadline deadline) override;
+  void Wake() override;
+
   bool Create(bool isFullscreen);
+  bool IsStale() const;
+  void WaitForEvent(MessageQueue::Deadline deadline);
+  void WaitForWake(MessageQueue::Deadline deadline);
   void Take(const SDL_Event& event);
   void PostMouse(UINT message, int x, int y) const;
   void ChooseScaling();
@@ -67,6 +70,15 @@ class Display {
   std::uint64_t versionShown = 0;
   bool isStale = true;
   bool isPressed = false;
+  TimePoint lastDrawing;
+
+  /// Number of SDL's events that end a wait. Where SDL can only poll, `woken` does.
+  std::uint32_t wakeEvent = 0;
+  bool canWaitForEvents = false;
+  std::mutex mutex;
+  std::condition_variable woken;
+  /// Whether a wake has not been answered yet. Guarded by `mutex`.
+  bool isWoken = false;
 };
 
 }  // namespace handheld

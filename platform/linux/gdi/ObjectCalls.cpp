@@ -8,6 +8,7 @@
 #include "gdi/ObjectTable.h"
 #include "handheld.h"
 #include "windows/DeviceScreen.h"
+#include "windows/WindowTable.h"
 
 namespace handheld {
 
@@ -132,12 +133,14 @@ HDC WINAPI GetWindowDC(HWND window) {
   return WindowContext(window);
 }
 
-int WINAPI ReleaseDC(HWND, HDC dc) {
+int WINAPI ReleaseDC(HWND window, HDC dc) {
   const auto context = ObjectTable::Instance().Find<DeviceContext>(dc);
   if (context == nullptr || context->IsMemory()) {
     return 0;
   }
-  return DeleteContext(dc) ? 1 : 0;
+  const bool isReleased = DeleteContext(dc);
+  WindowTable::Instance().NoteDrawing(window);
+  return isReleased ? 1 : 0;
 }
 
 HDC WINAPI CreateCompatibleDC(HDC dc) {

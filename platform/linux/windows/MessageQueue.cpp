@@ -1,6 +1,7 @@
 #include "windows/MessageQueue.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "time/Clock.h"
 #include "windows/WindowTable.h"
@@ -45,34 +46,36 @@ bool MessageQueue::Filter::Admits(const MSG& message) const {
   return (first == 0 && last == 0) || (message.message >= first && message.message <= last);
 }
 
-void MessageQueue::Post(const MSG& message) {
-  {
-    const std::lock_guard lock(mutex);
-    messages.push_back(message);
-    hasUnseen = true;
+void MessageQueue::Announce(std::unique_lock<std::mutex> lock) {
+  if (waiter != nullptr) {
+    waiter->Wake();
   }
+  lock.unlock();
   arrival.notify_all();
+}
+
+void MessageQueue::Post(const MSG& message) {
+  std::unique_lock lock(mutex);
+  messages.push_back(message);
+  hasUnseen = true;
+  Announce(std::move(lock));
 }
 
 void MessageQueue::PostQuit(int exitCode) {
-  {
-    const std::lock_guard lock(mutex);
-    quitCode = exitCode;
-    hasUnseen = true;
-  }
-  arrival.notify_all();
+  std::unique_lock lock(mutex);
+  quitCode = exitCode;
+  hasUnseen = true;
+  Announce(std::move(lock));
 }
 
 void MessageQueue::RequestPaint(HWND window) {
-  {
-    const std::lock_guard lock(mutex);
-    if (std::find(paints.begin(), paints.end(), window) != paints.end()) {
-      return;
-    }
-    paints.push_back(window);
-    hasUnseen = true;
+  std::unique_lock lock(mutex);
+  if (std::find(paints.begin(), paints.end(), window) != paints.end()) {
+    return;
   }
-  arrival.notify_all();
+  paints.push_back(window);
+  hasUnseen = true;
+  Announce(std::move(lock));
 }
 
 void MessageQueue::CancelPaint(HWND window) {
@@ -81,17 +84,27 @@ void MessageQueue::CancelPaint(HWND window) {
 }
 
 void MessageQueue::SetTimer(HWND window, UINT_PTR number, DWORD periodMs) {
-  {
-    const std::lock_guard lock(mutex);
-    timers.Set(window, number, periodMs);
-  }
+  std::unique_lock lock(mutex);
+  timers.Set(window, number, periodMs);
   // The thread may be waiting until a later moment.
-  arrival.notify_all();
+  Announce(std::move(lock));
 }
 
 bool MessageQueue::KillTimer(HWND window, UINT_PTR number) {
   const std::lock_guard lock(mutex);
   return timers.Kill(window, number);
+}
+
+void MessageQueue::SetWaiter(Waiter* newWaiter) {
+  const std::lock_guard lock(mutex);
+  waiter = newWaiter;
+}
+
+void MessageQueue::WakeWaiter() {
+  const std::lock_guard lock(mutex);
+  if (waiter != nullptr) {
+    waiter->Wake();
+  }
 }
 
 void MessageQueue::DropWindow(HWND window) {
@@ -159,7 +172,11 @@ void MessageQueue::WaitForChange(std::unique_lock<std::mutex>& lock, const Filte
     const auto due = std::chrono::steady_clock::now() + *untilTimer;
     deadline = std::min(deadline.value_or(due), due);
   }
-  if (deadline) {
+  if (Waiter* const present = waiter) {
+    lock.unlock();
+    present->Wait(deadline);
+    lock.lock();
+  } else if (deadline) {
     arrival.wait_until(lock, *deadline);
   } else {
     arrival.wait(lock);

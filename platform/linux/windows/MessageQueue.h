@@ -33,6 +33,25 @@ class MessageQueue {
     bool Admits(const MSG& message) const;
   };
 
+  /// Waits in place of the queue while its thread has something else to look after, such as a
+  /// display.
+  class Waiter {
+   public:
+    Waiter() = default;
+    Waiter(const Waiter&) = delete;
+    Waiter& operator=(const Waiter&) = delete;
+
+    /// Waits until Wake is called or the deadline passes; may return earlier. May post messages.
+    /// Called by the queue's thread.
+    virtual void Wait(Deadline deadline) = 0;
+    /// Ends the present wait or, without one, the next. Called by any thread; must not wait for the
+    /// queue's.
+    virtual void Wake() = 0;
+
+   protected:
+    ~Waiter() = default;
+  };
+
   /// The calling thread's queue, made on first use.
   static const std::shared_ptr<MessageQueue>& OfThisThread();
 
@@ -48,6 +67,11 @@ class MessageQueue {
   /// False when there is no such timer.
   bool KillTimer(HWND window, UINT_PTR number);
 
+  /// Null: the queue waits by itself. Once this returns, the former waiter is not called any more.
+  void SetWaiter(Waiter* newWaiter);
+  /// Tells the waiter, if there is one, that there is something to look after.
+  void WakeWaiter();
+
   /// Drops the messages and timers of a destroyed window.
   void DropWindow(HWND window);
 
@@ -62,6 +86,8 @@ class MessageQueue {
   bool Await(bool onlyUnseen, Deadline deadline);
 
  private:
+  /// Ends the thread's wait.
+  void Announce(std::unique_lock<std::mutex> lock);
   std::optional<MSG> TakeLocked(const Filter& filter, bool remove);
   std::optional<MSG> TakePosted(const Filter& filter, bool remove);
   std::optional<MSG> TakeQuit(bool remove);
@@ -71,6 +97,7 @@ class MessageQueue {
 
   std::mutex mutex;
   std::condition_variable arrival;
+  Waiter* waiter = nullptr;
   std::deque<MSG> messages;
   std::optional<int> quitCode;
   /// Windows that are to be drawn.

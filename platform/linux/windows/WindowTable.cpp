@@ -101,6 +101,14 @@ bool WindowTable::Post(const MSG& message) {
   return true;
 }
 
+void WindowTable::NoteDrawing(HWND handle) {
+  const std::lock_guard lock(mutex);
+  const auto found = windows.find(handle);
+  if (found != windows.end()) {
+    found->second.queue->WakeWaiter();
+  }
+}
+
 bool WindowTable::SetVisible(HWND handle, bool isVisible) {
   const std::lock_guard lock(mutex);
   const auto found = windows.find(handle);

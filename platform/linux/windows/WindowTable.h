@@ -59,6 +59,9 @@ class WindowTable {
   /// Handles of all windows, the oldest first.
   std::vector<HWND> GetAll() const;
 
+  /// Tells the window's thread that something was drawn into the window.
+  void NoteDrawing(HWND handle);
+
   /// Puts a message into the queue of the window's thread. False for an unknown window.
   bool Post(const MSG& message);
 
