@@ -35,6 +35,8 @@ struct Update {
   MovingTime::Sums moving = {};
   /// Time that the rest of the recording takes, such as "0:12 left"; empty when that is not told.
   std::string timeLeft = {};
+  /// Receiver that a search has found; empty when there was none.
+  std::string foundReceiver = {};
 };
 
 }  // namespace host

@@ -68,22 +68,38 @@ void Complete(Options& options, const EngineLibrary& engine, const Choices& choi
   choices.Recall(options);
 }
 
-/// Tells the engine where to write the track; nothing when none is wanted. Makes the user's folder
-/// an absolute path, so that it is found again from any other folder.
+std::string GetTrackPath(const Options& options, const HomeFolder& home) {
+  return options.kmlFolder.empty() ? home.GetPath() + "/Tracks" : options.kmlFolder;
+}
+
+/// Tells the engine where to write the track and whether to; nothing when none is wanted. Makes the
+/// user's folder an absolute path, so that it is found again from any other folder.
 std::optional<TrackFolder> OpenTrackFolder(Options& options, const EngineLibrary& engine,
                                            const HomeFolder& home) {
-  if (!options.writeKml) {
-    return std::nullopt;
-  }
   const bool hasOwnFolder = !options.kmlFolder.empty();
-  TrackFolder folder(hasOwnFolder ? options.kmlFolder : home.GetPath() + "/Tracks");
+  std::optional<TrackFolder> folder;
+  if (options.writeKml) {
+    folder.emplace(GetTrackPath(options, home));
+    engine().SetWriteKML(1);
+  }
+  if (folder && hasOwnFolder) {
+    options.kmlFolder = folder->GetPath().string();
+  }
   if (hasOwnFolder) {
-    options.kmlFolder = folder.GetPath().string();
     handheld::MapPath(TRACKS_ON_DEVICE, options.kmlFolder);
     engine().SetLogFolder(TRACKS_ON_DEVICE);
   }
-  engine().SetWriteKML(1);
   return folder;
+}
+
+/// The user may have turned the track on or off meanwhile.
+void FollowTrackSwitch(std::optional<TrackFolder>& folder, const Options& options,
+                       const EngineLibrary& engine, const HomeFolder& home) {
+  if (engine().IsWriteKML() == 0) {
+    folder.reset();
+  } else if (!folder) {
+    folder.emplace(GetTrackPath(options, home));
+  }
 }
 
 /// Says what became of the track.
@@ -121,6 +137,7 @@ void Play(Options options, StandardOutput& output, Messages& messages) {
                 messages);
     run.Run();
     hadPosition = run.HadPosition();
+    FollowTrackSwitch(tracks, options, engine, home);
   }
   // The engine writes its track and its settings when it is unloaded.
   if (tracks) {

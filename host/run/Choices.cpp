@@ -14,6 +14,7 @@ constexpr const char* DEVICE = "Device";
 constexpr const char* BAUD = "Baud";
 constexpr const char* GPSD = "Gpsd";
 constexpr const char* KML_FOLDER = "KmlFolder";
+constexpr const char* WRITE_TRACK = "WriteTrack";
 constexpr const char* VIEW = "View";
 
 struct PictureFlag {
@@ -37,7 +38,9 @@ int ParseBaud(const std::string& text) {
 }  // namespace
 
 Choices::Choices(const EngineLibrary& engine, const std::string& home, Messages& messages)
-    : settings(engine, SECTION), backup(engine, settings, home, messages) {}
+    : settings(engine, SECTION),
+      backup(engine, settings, home, messages),
+      keptTrack(settings.Get(WRITE_TRACK)) {}
 
 void Choices::Recall(Options& options) const {
   if (options.source == Options::Source::PORT) {
@@ -50,7 +53,8 @@ void Choices::Recall(Options& options) const {
   if (options.source == Options::Source::GPSD && options.gpsd.empty()) {
     options.gpsd = settings.Get(GPSD);
   }
-  if (options.writeKml && options.kmlFolder.empty()) {
+  options.writeKml = options.writeKml || settings.Get(WRITE_TRACK) == "1";
+  if (options.kmlFolder.empty()) {
     options.kmlFolder = settings.Get(KML_FOLDER);
   }
   RecallPicture(options.picture);
@@ -95,6 +99,11 @@ void Choices::Keep(const Options& options) const {
 void Choices::KeepReceiver(const std::string& device, int baud) const {
   settings.Set(DEVICE, device);
   settings.Set(BAUD, std::to_string(baud));
+}
+
+void Choices::KeepTrack(const Options& options, bool isWritten) const {
+  const std::string chosen = isWritten ? "1" : "0";
+  settings.Set(WRITE_TRACK, isWritten == options.writeKml ? keptTrack : chosen);
 }
 
 void Choices::KeepPicture(const Options::Picture& picture) const {

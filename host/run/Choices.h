@@ -28,6 +28,10 @@ class Choices {
   /// Keeps the receiver that a search has found.
   void KeepReceiver(const std::string& device, int baud) const;
 
+  /// Keeps whether a track is written if the user has changed that in the window: then it is
+  /// `isWritten` now and was not as in `options` at the start.
+  void KeepTrack(const Options& options, bool isWritten) const;
+
   /// Keeps the picture as it is now.
   void KeepPicture(const Options::Picture& picture) const;
 
@@ -40,6 +44,8 @@ class Choices {
 
   Settings settings;
   ChoicesBackup backup;
+  /// "1" or "0" as it was kept before this run; empty: never chosen.
+  const std::string keptTrack;
 };
 
 }  // namespace host

@@ -20,14 +20,18 @@ constexpr const char* FILE_NAME = "unsaved-choices.json";
 
 // Keys of the file.
 constexpr const char* HOST = "host";
+constexpr const char* APPLICATION = "application";
 constexpr const char* LIMITS = "limits";
 constexpr const char* BEEP_ON_ZERO = "beepOnZero";
 constexpr const char* SMS_TO = "smsTo";
 constexpr const char* SMS_TEXT = "smsText";
 
 /// The host's keys in the settings file.
-constexpr std::array HOST_KEYS = {"Device", "Baud", "Gpsd",   "KmlFolder", "View",
-                                  "Mirror", "Flip", "Rotate", "Invert"};
+constexpr std::array HOST_KEYS = {"Device", "Baud",   "Gpsd", "KmlFolder", "WriteTrack",
+                                  "View",   "Mirror", "Flip", "Rotate",    "Invert"};
+/// Those of the window's pages.
+constexpr std::array APPLICATION_KEYS = {"KeepScreenOn", "LightTheme"};
+constexpr const char* APPLICATION_SECTION = "Application";
 
 constexpr int NOT_AUTOMATIC = 0;
 
@@ -50,9 +54,14 @@ Json DescribeLimits(const EngineLibrary::Functions& engine) {
   return limits;
 }
 
-void Apply(const Json& choices, const EngineLibrary::Functions& engine, const Settings& settings) {
+void Apply(const Json& choices, const EngineLibrary& library, const Settings& settings) {
+  const EngineLibrary::Functions& engine = library();
   for (const auto& [key, value] : choices.at(HOST).items()) {
     settings.Set(key, value.get<std::string>());
+  }
+  const Settings application(library, APPLICATION_SECTION);
+  for (const auto& [key, value] : choices.value(APPLICATION, Json::object()).items()) {
+    application.Set(key, value.get<std::string>());
   }
   int event = 0;
   for (const Json& limit : choices.at(LIMITS)) {
@@ -80,7 +89,7 @@ void ChoicesBackup::Recover() {
   std::ifstream file(path);
   const std::string text{std::istreambuf_iterator<char>(file), {}};
   try {
-    Apply(Json::parse(text), engine(), settings);
+    Apply(Json::parse(text), engine, settings);
     messages.Say("what was chosen in the last run, which ended without warning, is kept");
   } catch (const nlohmann::json::exception&) {
     messages.Say("left out " + path + ": it is damaged");
@@ -114,6 +123,10 @@ std::string ChoicesBackup::Describe() const {
   Json choices = Json::object();
   for (const char* key : HOST_KEYS) {
     choices[HOST][key] = settings.Get(key);
+  }
+  const Settings application(engine, APPLICATION_SECTION);
+  for (const char* key : APPLICATION_KEYS) {
+    choices[APPLICATION][key] = application.Get(key);
   }
   choices[LIMITS] = DescribeLimits(engine());
   choices[BEEP_ON_ZERO] = engine().GetBeepOnZero();

@@ -144,12 +144,17 @@ void HostRun::BackUpChoices() {
     return;
   }
   nextBackup = now + BACKUP_INTERVAL;
-  if (views) {
-    choices.KeepPicture(views->GetPicture());
-    views->KeepChoices();
-  }
+  KeepShown();
   KeepReceiver();
   choices.BackUp();
+}
+
+void HostRun::KeepShown() {
+  if (views) {
+    choices.KeepPicture(views->GetPicture());
+    choices.KeepTrack(options, engine().IsWriteKML() != 0);
+    views->KeepChoices();
+  }
 }
 
 void HostRun::KeepReceiver() {
@@ -176,6 +181,7 @@ void HostRun::ShowUpdate() {
     update.timeLeft = timeLeft.Describe(report.progress, std::chrono::steady_clock::now());
   }
   update.notice = Describe(report.reception);
+  update.foundReceiver = report.reception.found;
   const std::vector<Fix> fixes = source.TakeFixes();
   update.fix = fixes.empty() ? std::nullopt : std::optional(fixes.back());
   trip.OnUpdate(fixes);
@@ -204,12 +210,14 @@ void HostRun::ShowUpdate() {
 /// Shows what is wrong with the reception. While the engine gets sentences of the silence, their
 /// updates do that every second.
 void HostRun::ShowNotice() {
-  const std::string notice = Describe(source.GetReport().reception);
+  const Reception reception = source.GetReport().reception;
+  const std::string notice = Describe(reception);
   const bool begins = notice.empty() != update.notice.empty();
   if (notice == update.notice || (source.FillsSilence() && !begins)) {
     return;
   }
   update.notice = notice;
+  update.foundReceiver = reception.found;
   output->Show(update);
   if (views) {
     views->ShowReception(update);
@@ -227,9 +235,7 @@ void HostRun::Finish() {
   drive.Finish(trip);
   trip.Store();
   KeepReceiver();
-  if (views) {
-    choices.KeepPicture(views->GetPicture());
-  }
+  KeepShown();
   summary.Finish(update.number, hasEnded);
   if (pictures) {
     pictures->Finish();

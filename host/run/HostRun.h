@@ -53,6 +53,8 @@ class HostRun {
   void ShowUpdate();
   void BackUpChoices();
   void KeepReceiver();
+  /// Keeps what the user has chosen in the window.
+  void KeepShown();
   void ShowNotice();
   void Finish();
 

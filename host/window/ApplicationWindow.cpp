@@ -23,7 +23,7 @@ std::unique_ptr<ApplicationWindow> ApplicationWindow::Open(const EngineLibrary& 
 }
 
 ApplicationWindow::ApplicationWindow(const EngineLibrary& engine, const Options& options,
-                                     const HostWindow& hostWindow)
+                                     HostWindow& hostWindow)
     : hostWindow(hostWindow),
       sourceName(handheld::WideFromUtf8(host::DescribeSource(options))),
       application(engine.GetLoaded(), this) {
@@ -39,13 +39,20 @@ bool ApplicationWindow::OpenDisplay(bool isFullscreen, std::string& error) {
   return display != nullptr;
 }
 
-void ApplicationWindow::ShowUpdate(const Update& update) {
+void ApplicationWindow::Take(const Update& update) {
   trouble = handheld::WideFromUtf8(update.notice);
+  if (!update.foundReceiver.empty()) {
+    sourceName = handheld::WideFromUtf8(update.foundReceiver);
+  }
+}
+
+void ApplicationWindow::ShowUpdate(const Update& update) {
+  Take(update);
   application.ShowUpdate();
 }
 
 void ApplicationWindow::ShowReception(const Update& update) {
-  trouble = handheld::WideFromUtf8(update.notice);
+  Take(update);
   application.ShowReception();
 }
 

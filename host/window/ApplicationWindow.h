@@ -40,19 +40,19 @@ class ApplicationWindow : public app::Surroundings {
 
   app::WideString DescribeSource() const override { return sourceName; }
   app::WideString DescribeTrouble() const override { return trouble; }
-  void OnUpdate() override { hostWindow.Post(HostWindow::Event::UPDATE); }
+  void OnUpdate() override { hostWindow.NoteUpdate(); }
   void OnQuit() override { hostWindow.Post(HostWindow::Event::STOP); }
   void ToggleFullScreen() override { display->ToggleFullscreen(); }
 
  private:
-  ApplicationWindow(const EngineLibrary& engine, const Options& options,
-                    const HostWindow& hostWindow);
+  ApplicationWindow(const EngineLibrary& engine, const Options& options, HostWindow& hostWindow);
 
+  void Take(const Update& update);
   /// False when there is no display; `error` is the reason then.
   bool OpenDisplay(bool isFullscreen, std::string& error);
 
-  const HostWindow& hostWindow;
-  const app::WideString sourceName;
+  HostWindow& hostWindow;
+  app::WideString sourceName;
   app::WideString trouble;
   app::Application application;
   std::unique_ptr<handheld::Display> display;

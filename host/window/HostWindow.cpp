@@ -34,10 +34,10 @@ void HostWindow::Post(Event event) const {
   PostMessageW(window, own, static_cast<WPARAM>(event), 0);
 }
 
-HostWindow::Event HostWindow::Wait(DWORD milliseconds) const {
+HostWindow::Event HostWindow::Wait(DWORD milliseconds) {
   do {
     MSG message = {};
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
+    while (updatesNoted == 0 && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
       if (message.message == WM_QUIT) {
         return Event::STOP;
       }
@@ -50,6 +50,10 @@ HostWindow::Event HostWindow::Wait(DWORD milliseconds) const {
       }
       TranslateMessage(&message);
       DispatchMessageW(&message);
+    }
+    if (updatesNoted > 0) {
+      --updatesNoted;
+      return Event::UPDATE;
     }
   } while (MsgWaitForMultipleObjectsEx(0, nullptr, milliseconds, QS_ALLINPUT,
                                        MWMO_INPUTAVAILABLE) == WAIT_OBJECT_0);

@@ -34,14 +34,19 @@ class HostWindow {
 
   void Post(Event event) const;
 
+  /// Makes the present or next wait end with UPDATE, once for each call. For the host's thread,
+  /// when another of its windows gets the engine's notifications.
+  void NoteUpdate() { ++updatesNoted; }
+
   /// Waits for the next event, at most that long in real time. The messages of the thread's other
   /// windows are dispatched meanwhile.
-  Event Wait(DWORD milliseconds) const;
+  Event Wait(DWORD milliseconds);
 
  private:
   const UINT update;
   const UINT own;
   HWND window = nullptr;
+  int updatesNoted = 0;
 };
 
 }  // namespace host

@@ -205,11 +205,15 @@ bool MessageQueue::Await(bool onlyUnseen, Deadline deadline) {
         onlyUnseen ? hasUnseen : !messages.empty() || quitCode.has_value() || !paints.empty();
     return isPending || timers.FindDue([](const MSG&) { return true; }, false).has_value();
   };
+  bool hasWaited = waiter == nullptr;
   while (!isThere()) {
-    if (deadline && std::chrono::steady_clock::now() >= *deadline) {
+    const bool isOver = deadline && std::chrono::steady_clock::now() >= *deadline;
+    // A waiter looks after its things also where there is no time to wait.
+    if (isOver && hasWaited) {
       return false;
     }
     WaitForChange(lock, {}, deadline);
+    hasWaited = true;
   }
   return true;
 }

@@ -1,0 +1,219 @@
+#!/usr/bin/env python3
+"""A user of ferolin-host's window: real clicks and keys (XTEST) on a real window (Xvfb).
+
+usage: application_window_test.py PROGRAM [unittest arguments]
+"""
+
+import os
+import pty
+import signal
+import subprocess
+import time
+import tty
+
+from program_test_case import PATIENCE, ProgramTestCase, run_tests
+
+# A window that is as large as the screen, high enough for all rows of a page.
+WIDTH, HEIGHT = 240, 700
+HEADER, ROW = 48, 48
+WRITE_TRACK, THEME, PICTURE, QUIT = 6, 9, 4, 11
+MIRROR = 0
+GEAR_X, CLOSE_X, BUTTON_Y = 150, 210, 25
+ORANGE = (255, 132, 41)
+LIGHT = 0xC0
+BODY = "GPRMC,120000,A,4807.038,N,01131.000,E,030.0,084.4,230324,,"
+
+
+def sentence():
+    checksum = 0
+    for character in BODY:
+        checksum ^= ord(character)
+    return f"${BODY}*{checksum:02X}\r\n".encode()
+
+
+class Screen:
+    """An X server without a display; its pixels lie in a file."""
+
+    def __init__(self, folder):
+        self.file = os.path.join(folder, "Xvfb_screen0")
+        reading, writing = os.pipe()
+        self.server = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{WIDTH}x{HEIGHT}x24", "-fbdir", folder,
+             "-nolisten", "tcp"], pass_fds=[writing], stderr=subprocess.DEVNULL)
+        os.close(writing)
+        with os.fdopen(reading) as display:
+            self.name = ":" + display.readline().strip()
+
+    def close(self):
+        self.server.terminate()
+        self.server.wait()
+
+    def do(self, *action):
+        subprocess.run(["xdotool", *map(str, action)], check=True, env=os.environ | {"DISPLAY": self.name})
+
+    def click(self, x, y):
+        self.do("mousemove", x, y, "mousedown", 1, "mouseup", 1)
+
+    def key(self, name):
+        self.do("key", name)
+
+    def pixels(self):
+        """Pixels from the upper left corner on, each red, green and blue."""
+        with open(self.file, "rb") as file:
+            content = file.read()[-WIDTH * HEIGHT * 4:]
+        return list(zip(content[2::4], content[1::4], content[::4]))
+
+    def corner(self):
+        return self.pixels()[0]
+
+    def is_mirrored(self):
+        """On a dial that is not mirrored the orange end of the scale is at the right."""
+        places = [index % WIDTH for index, pixel in enumerate(self.pixels()) if pixel == ORANGE]
+        return sum(x < WIDTH // 2 for x in places) > len(places) / 2
+
+    def shows(self):
+        """The corner of a view, and of the empty screen, is black; that of a page is not."""
+        return "page" if any(self.corner()) else "view"
+
+
+class ApplicationWindow(ProgramTestCase):
+    def setUp(self):
+        super().setUp()
+        pixels = self.path("screen")
+        os.mkdir(pixels)
+        self.screen = Screen(pixels)
+        self.addCleanup(self.screen.close)
+
+    def start(self, *arguments):
+        process = subprocess.Popen(
+            self.command("--window", "--fullscreen", "--size", f"{WIDTH}x{HEIGHT}", *arguments),
+            stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, encoding="utf-8",
+            env=self.environment(DISPLAY=self.screen.name, SDL_VIDEODRIVER="x11"))
+        self.addCleanup(process.stderr.close)
+        self.addCleanup(process.wait)
+        self.addCleanup(process.kill)
+        return process
+
+    @staticmethod
+    def comes(is_so, seconds):
+        deadline = time.monotonic() + seconds
+        while not is_so():
+            if time.monotonic() > deadline:
+                return False
+            time.sleep(0.02)
+        return True
+
+    def wait_until(self, is_so, what):
+        self.assertTrue(self.comes(is_so, PATIENCE), what)
+
+    def await_page(self):
+        self.wait_until(lambda: self.screen.shows() == "page", "no page")
+
+    def await_view(self):
+        self.wait_until(lambda: self.screen.shows() == "view", "no view")
+
+    def open_settings(self):
+        """The first click may just bring the buttons back."""
+        self.await_title("simulated drive")
+        self.await_view()
+
+        def is_open():
+            self.screen.click(GEAR_X, BUTTON_Y)
+            return self.comes(lambda: self.screen.shows() == "page", 1)
+
+        self.wait_until(is_open, "no page")
+
+    def await_title(self, text):
+        def is_there():
+            result = subprocess.run(["xdotool", "search", "--name", text], capture_output=True, check=False,
+                                    env=os.environ | {"DISPLAY": self.screen.name})
+            return result.stdout.strip() != b""
+
+        self.wait_until(is_there, "no title")
+
+    def click_row(self, row):
+        self.screen.click(WIDTH // 2, HEADER + row * ROW + ROW // 2)
+
+    def click_back(self):
+        self.screen.click(24, 24)
+
+    def await_end(self, process):
+        self.assertEqual(process.wait(PATIENCE), 0)
+        return process.stderr.read()
+
+    def test_what_is_chosen_by_touch_is_kept(self):
+        process = self.start("--new-trip")
+        self.open_settings()
+        self.click_row(THEME)
+        self.wait_until(lambda: min(self.screen.corner()) > LIGHT, "not light")
+        self.click_row(WRITE_TRACK)
+        self.click_row(PICTURE)
+        self.click_row(MIRROR)
+        self.click_back()
+        self.click_row(QUIT)
+        self.assertIn("track written to %s/Tracks/Track" % self.home, self.await_end(process))
+        for kept in ("Mirror=1", "WriteTrack=1", "LightTheme=1"):
+            self.assertIn(kept, self.settings())
+
+        process = self.start()
+        self.await_title("simulated drive")
+        self.await_view()
+        self.wait_until(self.screen.is_mirrored, "not mirrored")
+        self.open_settings()
+        self.assertGreater(min(self.screen.corner()), LIGHT)
+        self.click_back()
+        self.await_view()
+        self.screen.click(CLOSE_X, BUTTON_Y)
+        self.assertIn("track written", self.await_end(process))
+        self.assertIn("Mirror=1", self.settings())
+
+    def test_the_command_line_s_choices_come_first(self):
+        process = self.start("--mirror")
+        self.open_settings()
+        self.click_row(PICTURE)
+        self.click_row(MIRROR)
+        self.screen.key("q")
+        self.await_end(process)
+        self.assertIn("Mirror=0", self.settings())
+
+    def test_waits_for_a_receiver_with_a_page(self):
+        receiver, device = pty.openpty()
+        self.addCleanup(os.close, receiver)
+        self.addCleanup(os.close, device)
+        tty.setraw(device)
+        process = self.start("--port", os.ttyname(device))
+        self.await_page()
+
+        def is_view():
+            os.write(receiver, sentence())
+            return self.screen.shows() == "view"
+
+        self.wait_until(is_view, "no view")
+        self.screen.key("Return")
+        self.await_page()
+        self.screen.key("Escape")
+        self.await_view()
+        self.screen.key("Escape")
+        self.await_end(process)
+
+    def test_sleeps_while_nothing_happens(self):
+        receiver, device = pty.openpty()
+        self.addCleanup(os.close, receiver)
+        self.addCleanup(os.close, device)
+        process = self.start("--port", os.ttyname(device))
+        self.await_page()
+
+        def wakes():
+            with open(f"/proc/{process.pid}/status", encoding="utf-8") as file:
+                return int(next(line for line in file if line.startswith("voluntary_ctxt")).split()[1])
+
+        before = wakes()
+        time.sleep(2)
+        # Looking at a display 60 times a second would be 120.
+        self.assertLess(wakes() - before, 60)
+        process.send_signal(signal.SIGTERM)
+        self.await_end(process)
+
+
+if __name__ == "__main__":
+    run_tests()
