@@ -62,4 +62,7 @@ constexpr Theme LIGHT_THEME = {
     .focus = 0x0A6CC8,
 };
 
+/// Radius of the corners of fields and buttons, in units.
+constexpr int CORNER_RADIUS = 7;
+
 }  // namespace app

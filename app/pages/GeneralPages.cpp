@@ -69,10 +69,6 @@ int IsSmsThere(const Session& session, int) {
 WideString DescribeSms(const Session& session, int) {
   return session.engine.IsSMSExist() != 0 ? WideString() : GetWord(Word::NOT_AVAILABLE);
 }
-WideString DescribeReceiver(const Session& session, int) {
-  return session.receiver.Describe();
-}
-
 /// "60, 90 km/h": the limits that are on.
 WideString DescribeLimits(const Session& session, int) {
   WideString text;

@@ -9,7 +9,6 @@ namespace {
 // In units.
 constexpr int HEIGHT = 48;
 constexpr int MARGIN = 4;
-constexpr int RADIUS = 7;
 constexpr int ICON = 24;
 constexpr Painter::TextSize TITLE_SIZE = {18, 11};
 
@@ -39,7 +38,8 @@ void Draw(Painter& painter, const ferolin::WideString& title, const State& state
   shapes.FillRect({0, height - 1, painter.GetWidth(), height}, theme.headerLine);
   if (state.hasBack) {
     const RECT rect = BackRect(painter);
-    shapes.DrawFrame(rect, painter.PixelsFrom(RADIUS), painter.PixelsFrom(state.isFocused ? 2 : 1),
+    shapes.DrawFrame(rect, painter.PixelsFrom(CORNER_RADIUS),
+                     painter.PixelsFrom(state.isFocused ? 2 : 1),
                      state.isFocused ? theme.focus : theme.buttonBorder,
                      state.isPressed ? theme.pressedButton : theme.button);
     const int size = painter.PixelsFrom(ICON);

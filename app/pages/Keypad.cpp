@@ -35,8 +35,7 @@ constexpr int ROWS = 4;
 constexpr int FIELD = 52;
 constexpr int SMALLEST_KEY = 46;
 constexpr int SPACE = 2;
-constexpr int RADIUS = 7;
-constexpr int ICON = 28;
+constexpr int KEY_ICON = 28;
 constexpr int NUMBER_TEXT = 20;
 constexpr Painter::TextSize KEY_SIZE = {22, 16};
 
@@ -107,8 +106,8 @@ void Keypad::DrawField(Painter& target) const {
   const Theme& theme = target.GetTheme();
   const RECT rect = GetFieldRect(target);
   const int margin = target.PixelsFrom(3 * SPACE);
-  target.GetShapes().DrawFrame(rect, target.PixelsFrom(RADIUS), target.PixelsFrom(2), theme.accent,
-                               theme.background);
+  target.GetShapes().DrawFrame(rect, target.PixelsFrom(CORNER_RADIUS), target.PixelsFrom(2),
+                               theme.accent, theme.background);
   const RECT place = {rect.left + margin, rect.top, rect.right - 2 * margin, rect.bottom};
   WideStringView shown = number;
   int width = target.MeasureWidth(shown, NUMBER_TEXT);
@@ -134,10 +133,10 @@ void Keypad::DrawKey(Painter& target, int key) const {
   const Color fill = pressed == key ? theme.pressedButton
                      : isAccept     ? theme.accentFill
                                     : theme.button;
-  target.GetShapes().DrawFrame(rect, target.PixelsFrom(RADIUS),
+  target.GetShapes().DrawFrame(rect, target.PixelsFrom(CORNER_RADIUS),
                                target.PixelsFrom(isFocused ? 2 : 1), border, fill);
   if (isAccept || character == ERASE) {
-    const int size = target.PixelsFrom(ICON);
+    const int size = target.PixelsFrom(KEY_ICON);
     DrawIcon(target.GetShapes(), isAccept ? Icon::CHECK : Icon::ERASE,
              (rect.left + rect.right - size) / 2, (rect.top + rect.bottom - size) / 2, size,
              isAccept ? theme.knob : theme.text);

@@ -11,9 +11,6 @@ namespace {
 constexpr int BAUD_RATES[] = {
     4800, 9600, 19200, 38400, 57600, 115200, 2400, 300, Receiver::KEEP_PORT_SPEED};
 
-WideString DescribeReceiver(const Session& session, int) {
-  return session.receiver.Describe();
-}
 WideString DescribeChoice(const Session&, int) {
   return GetWord(Word::CHOSEN_AT_START);
 }

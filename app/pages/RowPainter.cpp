@@ -16,7 +16,6 @@ constexpr Painter::TextSize CAPTION_SIZE = {row_parts::CAPTION, row_parts::CAPTI
 constexpr int CAPTION_END = 20;
 constexpr int LABEL_END = 28;
 constexpr int BOTTOM_MARGIN = 4;
-constexpr int RADIUS = 7;
 constexpr int MARK = 22;
 
 bool IsEnabled(const Row& row, const Session& session) {
@@ -110,7 +109,8 @@ void RowPainter::DrawStepButtons(const RECT& rect, const State& state) {
     const RECT button = row_parts::GetStepButton(painter, rect, static_cast<int>(part));
     const bool isMeant = state.part == part;
     const bool isFocused = state.isFocused && isMeant;
-    shapes.DrawFrame(button, painter.PixelsFrom(RADIUS), painter.PixelsFrom(isFocused ? 2 : 1),
+    shapes.DrawFrame(button, painter.PixelsFrom(CORNER_RADIUS),
+                     painter.PixelsFrom(isFocused ? 2 : 1),
                      isFocused ? theme.focus : theme.buttonBorder,
                      state.isPressed && isMeant ? theme.pressedButton : theme.button);
     const int size = painter.PixelsFrom(MARK);

@@ -4,6 +4,7 @@
 
 #include "base/CodePage.h"
 #include "base/Format.h"
+#include "pages/Session.h"
 
 namespace app {
 
@@ -20,6 +21,10 @@ int Step(int value, int direction, int step, int lowest, int highest) {
   const int next =
       direction > 0 ? value / step * step + step : (value + step - 1) / step * step - step;
   return std::clamp(next, lowest, highest);
+}
+
+WideString DescribeReceiver(const Session& session, int) {
+  return session.receiver.Describe();
 }
 
 Rows RowsOf(std::span<const Row> table) {

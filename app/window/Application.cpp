@@ -15,7 +15,7 @@ constexpr LPCWSTR TITLE = TEXT("Ferolin");
 
 constexpr WPARAM SECOND_TIMER = 1;
 constexpr WPARAM STEP_TIMER = 2;
-constexpr UINT SECOND_MS = 1000;
+constexpr UINT SECOND_TIMER_MS = 1000;
 
 Application* theApplication = nullptr;
 
@@ -48,7 +48,7 @@ bool Application::Start(HINSTANCE instance) {
   session.receiver.Start(window);
   pages.Open(PageId::WAITING);
   if (surroundings == nullptr) {
-    SetTimer(window, SECOND_TIMER, SECOND_MS, nullptr);
+    SetTimer(window, SECOND_TIMER, SECOND_TIMER_MS, nullptr);
   }
   ShowTop();
   return true;

@@ -8,8 +8,6 @@ namespace host {
 
 namespace {
 
-constexpr double KMH_PER_METRE_PER_SECOND = 3.6;
-
 /// ",12.3", or "," for a missing value.
 std::string Cell(const std::optional<double>& value, int decimals) {
   return "," + (value ? DescribeNumber(*value, decimals) : std::string());

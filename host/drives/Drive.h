@@ -9,6 +9,8 @@
 
 namespace host {
 
+inline constexpr double MS_PER_HOUR = 3600000;
+
 struct Drive {
   /// From 1 on; numbers of deleted drives are not used again.
   std::int64_t number = 0;

@@ -9,8 +9,6 @@ namespace host {
 
 namespace {
 
-constexpr double MS_PER_HOUR = 3600000;
-
 /// Widths of the columns that are aligned at their right, and the blanks before each.
 constexpr std::array<std::size_t, 8> WIDTHS = {5, 18, 10, 11, 12, 12, 12, 10};
 

@@ -32,4 +32,6 @@ std::string DescribeUtc(const std::optional<std::int64_t>& timeMs);
 /// Degrees with eight decimals, which is about a millimetre; empty for a missing value.
 std::string DescribeCoordinate(const std::optional<double>& degrees);
 
+inline constexpr double KMH_PER_METRE_PER_SECOND = 3.6;
+
 }  // namespace host

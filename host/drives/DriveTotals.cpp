@@ -4,11 +4,7 @@
 
 namespace host {
 
-namespace {
-
-constexpr double MS_PER_HOUR = 3600000;
-
-}  // namespace
+namespace {}  // namespace
 
 void DriveTotals::Add(const Fix& fix) {
   const std::int64_t timeMs = fix.timeMs.value_or(endMs);

@@ -9,8 +9,6 @@ namespace host {
 
 namespace {
 
-constexpr double KMH_PER_METRE_PER_SECOND = 3.6;
-
 std::string Element(const char* name, const std::string& content) {
   return std::string("<") + name + ">" + content + "</" + name + ">";
 }

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int SHORT_SIDE = 240;
 constexpr int LONG_SIDE = 320;
-constexpr int GAP = 12;
+constexpr int PICTURE_GAP = 12;
 constexpr std::uint32_t BACKGROUND = 0x606060;
 
 /// Portrait and landscape, each with and without buttons.
@@ -25,12 +25,13 @@ struct Place {
 constexpr int PlaceOfColumn(std::size_t column) {
   const int portraits = std::min(static_cast<int>(column), 2);
   const int landscapes = static_cast<int>(column) - portraits;
-  return GAP + portraits * (SHORT_SIDE + GAP) + landscapes * (LONG_SIDE + GAP);
+  return PICTURE_GAP + portraits * (SHORT_SIDE + PICTURE_GAP) +
+         landscapes * (LONG_SIDE + PICTURE_GAP);
 }
 
 Place PlaceOf(std::size_t picture) {
   const int row = static_cast<int>(picture / PER_VIEW);
-  return {PlaceOfColumn(picture % PER_VIEW), GAP + row * (LONG_SIDE + GAP)};
+  return {PlaceOfColumn(picture % PER_VIEW), PICTURE_GAP + row * (LONG_SIDE + PICTURE_GAP)};
 }
 
 void Paste(const handheld::Pixels& picture, Place place, handheld::Pixels& sheet) {

@@ -12,7 +12,7 @@ namespace host {
 
 namespace {
 
-constexpr std::size_t GAP = 4;
+constexpr std::size_t COLUMN_GAP = 4;
 constexpr std::size_t WIDEST_CELL = 44;
 constexpr std::size_t SHORTEST_BAR = 12;
 constexpr std::size_t LONGEST_BAR = 60;
@@ -61,11 +61,11 @@ bool HasTwoColumns(std::size_t columns) {
 }
 
 std::size_t WidthOfCell(std::size_t columns) {
-  return std::min(HasTwoColumns(columns) ? (columns - GAP) / 2 : columns, WIDEST_CELL);
+  return std::min(HasTwoColumns(columns) ? (columns - COLUMN_GAP) / 2 : columns, WIDEST_CELL);
 }
 
 std::size_t WidthOfReadouts(std::size_t columns) {
-  return HasTwoColumns(columns) ? 2 * WidthOfCell(columns) + GAP : WidthOfCell(columns);
+  return HasTwoColumns(columns) ? 2 * WidthOfCell(columns) + COLUMN_GAP : WidthOfCell(columns);
 }
 
 std::string Cell(const Readouts& readouts, int sensor, std::size_t columns) {
@@ -94,7 +94,7 @@ std::vector<std::string> TwoColumns(const Readouts& readouts, std::size_t column
   const std::size_t cell = WidthOfCell(columns);
   std::vector<std::string> lines;
   for (std::size_t i = 0; i < LINES; ++i) {
-    lines.push_back(Cell(readouts, LEFT[i], cell) + std::string(GAP, ' ') +
+    lines.push_back(Cell(readouts, LEFT[i], cell) + std::string(COLUMN_GAP, ' ') +
                     Cell(readouts, RIGHT[i], cell));
   }
   return lines;
@@ -151,10 +151,10 @@ std::vector<std::string> TerminalTable::LayOut(const Update& update, std::size_t
 /// The progress with the time left, if they are known and there is room, and how to end the program.
 std::string TerminalTable::LastLine(const Update& update, std::size_t columns, std::size_t width) {
   const std::string hint = "Ctrl-C ends";
-  if (!update.progress || columns <= hint.size() + GAP + SHORTEST_BAR) {
+  if (!update.progress || columns <= hint.size() + COLUMN_GAP + SHORTEST_BAR) {
     return CutToColumns(hint, columns);
   }
-  const std::size_t length = std::min(columns - hint.size() - GAP, LONGEST_BAR);
+  const std::size_t length = std::min(columns - hint.size() - COLUMN_GAP, LONGEST_BAR);
   const std::size_t timeColumns = update.timeLeft.empty() ? 0 : 2 + CountColumns(update.timeLeft);
   if (timeColumns == 0 || length < SHORTEST_BAR + timeColumns) {
     return Ends(Bar(*update.progress, length), hint, width);

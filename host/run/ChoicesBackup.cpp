@@ -9,6 +9,7 @@
 #include "base/HostError.h"
 #include "base/SafeFile.h"
 #include "handheld.h"
+#include "run/SmsReports.h"
 
 namespace host {
 
@@ -16,7 +17,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr const char* FILE_NAME = "unsaved-choices.json";
+constexpr const char* CHOICES_FILE = "unsaved-choices.json";
 
 // Keys of the file.
 constexpr const char* HOST = "host";
@@ -33,16 +34,8 @@ constexpr std::array HOST_KEYS = {"Device", "Baud",   "Gpsd", "KmlFolder", "Writ
 constexpr std::array APPLICATION_KEYS = {"KeepScreenOn", "LightTheme"};
 constexpr const char* APPLICATION_SECTION = "Application";
 
-constexpr int NOT_AUTOMATIC = 0;
-
 std::string PathIn(const std::string& home) {
-  return home + "/" + FILE_NAME;
-}
-
-std::string ReadText(void(WINAPI* get)(char*, int)) {
-  std::array<char, 2048> buffer = {};
-  get(buffer.data(), static_cast<int>(buffer.size()));
-  return handheld::Utf8FromAnsi(buffer.data());
+  return home + "/" + CHOICES_FILE;
 }
 
 Json DescribeLimits(const EngineLibrary::Functions& engine) {

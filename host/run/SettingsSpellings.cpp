@@ -20,7 +20,7 @@ namespace {
 namespace fs = std::filesystem;
 using Paths = std::vector<fs::path>;
 
-constexpr const char* FILE_NAME = "TachyMo.ini";
+constexpr const char* SETTINGS_FILE = "TachyMo.ini";
 constexpr const char* INTERRUPTED_SAVE = "TachyMo.ini.new";
 /// A full file has 5 KB. The engine takes half a second for one of this size.
 constexpr std::uintmax_t MAX_BYTES = 250'000;
@@ -95,7 +95,7 @@ void FinishInterruptedSave(const fs::path& home) {
   std::error_code error;
   for (const fs::path& path : FindSpellings(home, INTERRUPTED_SAVE)) {
     if (fs::is_regular_file(fs::symlink_status(path, error))) {
-      fs::rename(path, home / FILE_NAME, error);
+      fs::rename(path, home / SETTINGS_FILE, error);
     }
   }
 }
@@ -103,12 +103,12 @@ void FinishInterruptedSave(const fs::path& home) {
 }  // namespace
 
 fs::path FindSettingsFile(const fs::path& home, Messages& messages) {
-  if (FindSpellings(home, FILE_NAME).empty()) {
+  if (FindSpellings(home, SETTINGS_FILE).empty()) {
     FinishInterruptedSave(home);
   }
-  Paths spellings = FindSpellings(home, FILE_NAME);
+  Paths spellings = FindSpellings(home, SETTINGS_FILE);
   if (spellings.empty()) {
-    return home / FILE_NAME;
+    return home / SETTINGS_FILE;
   }
   std::ranges::for_each(spellings, Check);
   std::ranges::sort(spellings, std::ranges::greater(), TimeOf);
@@ -117,11 +117,11 @@ fs::path FindSettingsFile(const fs::path& home, Messages& messages) {
     Unite(newest, *older, messages);
   }
   std::error_code error;
-  const bool isTaken = fs::exists(fs::symlink_status(home / FILE_NAME, error));
+  const bool isTaken = fs::exists(fs::symlink_status(home / SETTINGS_FILE, error));
   if (!isTaken) {
-    fs::rename(newest, home / FILE_NAME, error);
+    fs::rename(newest, home / SETTINGS_FILE, error);
   }
-  return isTaken || error ? newest : home / FILE_NAME;
+  return isTaken || error ? newest : home / SETTINGS_FILE;
 }
 
 }  // namespace host

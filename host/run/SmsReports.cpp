@@ -17,15 +17,6 @@ constexpr int LONGEST_STEP_SECONDS = SECONDS_PER_DAY / 2;
 
 constexpr const char* DEFAULT_TEXT = "%Time% %Latitude% %Longitude% %Speed% km/h %GoogleMaps%";
 
-/// The engine's own automatic reports stay off.
-constexpr int NOT_AUTOMATIC = 0;
-
-std::string ReadText(void(WINAPI* get)(char*, int)) {
-  std::array<char, 2048> buffer = {};
-  get(buffer.data(), static_cast<int>(buffer.size()));
-  return handheld::Utf8FromAnsi(buffer.data());
-}
-
 void SetParameters(const EngineLibrary::Functions& engine, const Options& options,
                    Messages& messages) {
   const bool isChange = options.smsTo || options.smsText || options.smsEveryMinutes > 0;
@@ -48,6 +39,12 @@ void SetParameters(const EngineLibrary::Functions& engine, const Options& option
 }
 
 }  // namespace
+
+std::string ReadText(void(WINAPI* get)(char*, int)) {
+  std::array<char, 2048> buffer = {};
+  get(buffer.data(), static_cast<int>(buffer.size()));
+  return handheld::Utf8FromAnsi(buffer.data());
+}
 
 std::optional<int> ParseClock(const std::string& text) {
   int seconds = 0;

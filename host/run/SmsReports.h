@@ -37,4 +37,10 @@ class SmsReports {
 /// Seconds of "h:mm:ss"; nothing for any other text.
 std::optional<int> ParseClock(const std::string& text);
 
+/// Keeps the engine's own automatic reports off.
+inline constexpr int NOT_AUTOMATIC = 0;
+
+/// What a function of the engine puts into its buffer, in UTF-8.
+std::string ReadText(void(WINAPI* get)(char*, int));
+
 }  // namespace host

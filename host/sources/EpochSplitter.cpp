@@ -15,9 +15,6 @@ constexpr char COMMENT = '#';
 constexpr std::string_view RMC_NAME = "$GPRMC";
 /// Number of separators (commas and the star) that the engine needs in an RMC.
 constexpr std::ptrdiff_t RMC_SEPARATORS = 10;
-constexpr std::size_t RMC_TIME = 0;
-constexpr std::size_t RMC_STATUS = 1;
-constexpr std::size_t RMC_DATE = 8;
 constexpr std::size_t RMC_FIELDS = 11;
 
 bool IsSeparator(char character) {

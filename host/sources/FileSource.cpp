@@ -15,7 +15,7 @@ namespace host {
 
 namespace {
 
-constexpr std::size_t BLOCK = 65536;
+constexpr std::size_t FILE_BLOCK_BYTES = 65536;
 
 /// Not open, with errno set, when that fails.
 FileDescriptor Open(const std::string& path) {
@@ -58,7 +58,7 @@ bool FileSource::Wait() {
 }
 
 std::optional<std::string> FileSource::Read() {
-  std::string bytes(BLOCK, '\0');
+  std::string bytes(FILE_BLOCK_BYTES, '\0');
   ssize_t count = -1;
   do {
     if (!Wait()) {

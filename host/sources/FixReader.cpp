@@ -13,11 +13,9 @@ constexpr double KMH_PER_KNOT = 1.852;
 
 // Indices in NmeaSentence::fields.
 constexpr std::size_t TIME = 0;  // of RMC and GGA
-constexpr std::size_t RMC_STATUS = 1;
 constexpr std::size_t RMC_POSITION = 2;
 constexpr std::size_t RMC_KNOTS = 6;
 constexpr std::size_t RMC_COURSE = 7;
-constexpr std::size_t RMC_DATE = 8;
 constexpr std::size_t GGA_POSITION = 1;
 constexpr std::size_t GGA_QUALITY = 5;
 constexpr std::size_t GGA_SATELLITES = 6;
@@ -25,14 +23,9 @@ constexpr std::size_t GGA_HDOP = 7;
 constexpr std::size_t GGA_ALTITUDE = 8;
 constexpr std::size_t VTG_COURSE = 0;
 constexpr std::size_t VTG_UNIT = 1;
-constexpr std::size_t VTG_KNOTS = 2;
-constexpr std::size_t VTG_KNOTS_BEHIND_UNITS = 4;
+constexpr std::size_t VTG_KNOTS_WITHOUT_UNITS = 2;
+constexpr std::size_t VTG_KNOTS_WITH_UNITS = 4;
 constexpr std::size_t GSA_HDOP = 15;
-
-std::string_view Field(const NmeaSentence& sentence, std::size_t index) {
-  return index < sentence.fields.size() ? std::string_view(sentence.fields[index])
-                                        : std::string_view();
-}
 
 template <class Number>
 std::optional<Number> ParseNumber(std::string_view text) {
@@ -190,7 +183,8 @@ void FixReader::TakeGga(const NmeaSentence& gga) {
 void FixReader::TakeVtg(const NmeaSentence& vtg) {
   const bool hasUnits = Field(vtg, VTG_UNIT) == "T";
   StoreMissing(fix.course, ParseDouble(Field(vtg, VTG_COURSE)));
-  StoreMissing(fix.speedKmh, ParseSpeed(Field(vtg, hasUnits ? VTG_KNOTS_BEHIND_UNITS : VTG_KNOTS)));
+  StoreMissing(fix.speedKmh,
+               ParseSpeed(Field(vtg, hasUnits ? VTG_KNOTS_WITH_UNITS : VTG_KNOTS_WITHOUT_UNITS)));
 }
 
 /// $GPGSA,A,3,04,05,,09,12,,,24,,,,,2.5,1.3,2.1*39

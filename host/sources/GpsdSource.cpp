@@ -4,7 +4,6 @@ namespace host {
 
 namespace {
 
-constexpr std::string_view REQUEST = "?WATCH={\"enable\":true,\"nmea\":true};\n";
 constexpr int RECONNECT_PAUSE_MS = 1000;
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <memory>
 #include <mutex>
 #include <string>
+#include <string_view>
 
 #include "common/GpsdConnection.h"
 #include "common/WakeEvent.h"
@@ -16,6 +17,9 @@ namespace host {
 /// a second while gpsd is missing.
 class GpsdSource : public NmeaSource {
  public:
+  /// What gpsd is asked for sentences with.
+  static constexpr std::string_view REQUEST = "?WATCH={\"enable\":true,\"nmea\":true};\n";
+
   /// `address` is a text for siblings::GpsdAddress::FromText; empty for the usual one.
   explicit GpsdSource(const std::string& address);
 

@@ -69,4 +69,9 @@ std::string_view NmeaSentence::GetTalker() const {
   return all.substr(0, all.size() - std::min(TYPE_LENGTH, all.size()));
 }
 
+std::string_view Field(const NmeaSentence& sentence, std::size_t index) {
+  return index < sentence.fields.size() ? std::string_view(sentence.fields[index])
+                                        : std::string_view();
+}
+
 }  // namespace host

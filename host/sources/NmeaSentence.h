@@ -1,6 +1,7 @@
 // One NMEA 0183 sentence in its parts.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -32,5 +33,13 @@ class NmeaSentence {
   std::string_view GetType() const;
   std::string_view GetTalker() const;
 };
+
+/// Empty when the sentence has no such field.
+std::string_view Field(const NmeaSentence& sentence, std::size_t index);
+
+// Fields of an RMC.
+inline constexpr std::size_t RMC_TIME = 0;
+inline constexpr std::size_t RMC_STATUS = 1;
+inline constexpr std::size_t RMC_DATE = 8;
 
 }  // namespace host

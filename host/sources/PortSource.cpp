@@ -16,7 +16,7 @@ namespace host {
 
 namespace {
 
-constexpr std::size_t BLOCK = 2048;
+constexpr std::size_t PORT_BLOCK_BYTES = 2048;
 constexpr std::chrono::seconds RETRY_PAUSE(1);
 constexpr const char* NO_PORT = ": it is no serial port";
 
@@ -105,7 +105,7 @@ HANDLE PortSource::Open() {
 }
 
 std::optional<std::string> PortSource::ReadFrom(HANDLE port) {
-  std::string bytes(BLOCK, '\0');
+  std::string bytes(PORT_BLOCK_BYTES, '\0');
   DWORD count = 0;
   if (ReadFile(port, bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr) == FALSE) {
     return std::nullopt;

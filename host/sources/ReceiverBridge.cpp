@@ -32,7 +32,6 @@ constexpr std::array<SatelliteSystem, 8> SATELLITE_SYSTEMS = {{
 }};
 
 // Indices in NmeaSentence::fields.
-constexpr std::size_t RMC_TIME = 0;
 constexpr std::size_t GSV_SATELLITES = 3;
 constexpr std::size_t GSV_SATELLITE_FIELDS = 4;
 constexpr std::size_t GSV_FIELDS = GSV_SATELLITES + 4 * GSV_SATELLITE_FIELDS;
@@ -48,7 +47,7 @@ bool IsKnown(const NmeaSentence& sentence) {
          std::find(KNOWN_TYPES.begin(), KNOWN_TYPES.end(), sentence.GetType()) != KNOWN_TYPES.end();
 }
 
-int ParseNumber(std::string_view text) {
+int ParseInteger(std::string_view text) {
   int value = 0;
   std::from_chars(text.data(), text.data() + text.size(), value);
   return value;
@@ -77,7 +76,7 @@ bool RenumberSatellites(NmeaSentence& sentence) {
   }
   bool changed = false;
   for (std::size_t i = GSV_SATELLITES; i < sentence.fields.size(); i += GSV_SATELLITE_FIELDS) {
-    const int number = ParseNumber(sentence.fields[i]);
+    const int number = ParseInteger(sentence.fields[i]);
     if (number >= 1 && number <= system->ownLast) {
       sentence.fields[i] = std::to_string(number + system->offset);
       changed = true;

@@ -6,6 +6,7 @@
 #include <chrono>
 #include <utility>
 
+#include "sources/GpsdSource.h"
 #include "sources/NmeaSentence.h"
 #include "sources/PortSource.h"
 #include "sources/ReceiverPorts.h"
@@ -26,7 +27,6 @@ constexpr int LOOK_INTERVAL_MS = 1000;
 /// Looks after which ports that gave nothing are tried again.
 constexpr int LOOKS_BETWEEN_TRIES = 5;
 
-constexpr std::string_view REQUEST = "?WATCH={\"enable\":true,\"nmea\":true};\n";
 constexpr std::string_view DEVICE_LIST = R"("class":"DEVICES")";
 constexpr std::string_view DEVICE_IN_LIST = R"("path":)";
 constexpr int WAIT_FOREVER = -1;
@@ -117,7 +117,7 @@ void SearchSource::Search() {
 /// A gpsd that knows no receiver is left alone. It tells its devices before anything else.
 bool SearchSource::FindGpsd() {
   auto opening = std::make_unique<siblings::GpsdConnection>(stop);
-  if (!opening->Open(siblings::GpsdAddress::FromText(wishes.gpsd), REQUEST)) {
+  if (!opening->Open(siblings::GpsdAddress::FromText(wishes.gpsd), GpsdSource::REQUEST)) {
     return false;
   }
   std::string line;

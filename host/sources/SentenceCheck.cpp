@@ -19,13 +19,8 @@ constexpr double HIGHEST_LONGITUDE = 180;
 /// What receivers send for a date that they do not know yet.
 constexpr std::string_view UNKNOWN_DATE = "000000";
 
-std::string_view Field(const NmeaSentence& sentence, std::size_t index) {
-  return index < sentence.fields.size() ? std::string_view(sentence.fields[index])
-                                        : std::string_view();
-}
-
 /// NaN for what is no number.
-double ParseNumber(std::string_view text) {
+double ParseFixed(std::string_view text) {
   double value = 0;
   const char* end = text.data() + text.size();
   const auto result = std::from_chars(text.data(), end, value, std::chars_format::fixed);
@@ -39,7 +34,7 @@ bool IsPrintable(std::string_view text) {
 }
 
 bool IsSpeed(std::string_view text, double highest) {
-  const double speed = ParseNumber(text);
+  const double speed = ParseFixed(text);
   return text.empty() || (speed >= 0 && speed <= highest);
 }
 
@@ -51,7 +46,7 @@ bool IsCoordinate(std::string_view value, std::string_view hemisphere, std::stri
   if (value.empty()) {
     return isHemisphere;
   }
-  const double number = ParseNumber(value);
+  const double number = ParseFixed(value);
   const double degrees = std::floor(number / 100);
   const double minutes = number - degrees * 100;
   return isHemisphere && number >= 0 && minutes < 60 && degrees + minutes / 60 <= highestDegrees;

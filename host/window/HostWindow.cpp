@@ -8,7 +8,7 @@ namespace host {
 
 namespace {
 
-constexpr LPCWSTR CLASS_NAME = TEXT("FerolinHost");
+constexpr LPCWSTR HOST_CLASS = TEXT("FerolinHost");
 constexpr LPCWSTR OWN_MESSAGE = TEXT("FerolinHostEvent");
 
 }  // namespace
@@ -17,9 +17,9 @@ HostWindow::HostWindow(UINT updateMessage)
     : update(updateMessage), own(RegisterWindowMessageW(OWN_MESSAGE)) {
   WNDCLASSW description = {};
   description.lpfnWndProc = DefWindowProcW;
-  description.lpszClassName = CLASS_NAME;
+  description.lpszClassName = HOST_CLASS;
   RegisterClassW(&description);
-  window = CreateWindowExW(0, CLASS_NAME, TEXT("Ferolin"), WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
+  window = CreateWindowExW(0, HOST_CLASS, TEXT("Ferolin"), WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
                            nullptr, nullptr);
   if (window == nullptr) {
     throw HostError("cannot make a window: error " + std::to_string(GetLastError()));

@@ -12,7 +12,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr LPCWSTR CLASS_NAME = TEXT("FerolinView");
+constexpr LPCWSTR VIEW_CLASS = TEXT("FerolinView");
 /// Drawing takes a few milliseconds, on a machine under load much longer.
 constexpr auto PATIENCE = 2s;
 constexpr auto CHECK_INTERVAL = 200us;
@@ -22,9 +22,9 @@ constexpr auto CHECK_INTERVAL = 200us;
 RenderWindow::RenderWindow(int width, int height) : isOwn(true) {
   WNDCLASSW description = {};
   description.lpfnWndProc = DefWindowProcW;
-  description.lpszClassName = CLASS_NAME;
+  description.lpszClassName = VIEW_CLASS;
   RegisterClassW(&description);
-  window = CreateWindowExW(0, CLASS_NAME, TEXT("Ferolin"), WS_POPUP | WS_VISIBLE, 0, 0, width,
+  window = CreateWindowExW(0, VIEW_CLASS, TEXT("Ferolin"), WS_POPUP | WS_VISIBLE, 0, 0, width,
                            height, nullptr, nullptr, nullptr, nullptr);
   if (window == nullptr) {
     throw HostError("cannot make a window: error " + std::to_string(GetLastError()));

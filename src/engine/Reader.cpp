@@ -11,7 +11,7 @@ namespace {
 
 constexpr DWORD READ_PAUSE_MS = 100;
 constexpr DWORD POLL_PAUSE_MS = 1000;
-constexpr DWORD WAIT_PAUSE_MS = 100;
+constexpr DWORD END_PAUSE_MS = 100;
 
 }  // namespace
 
@@ -46,7 +46,7 @@ bool Reader::OpenSource() {
 
 void Reader::Stop() {
   CloseSource();
-  WaitForThread(readerThread, WAIT_PAUSE_MS);
+  WaitForThread(readerThread, END_PAUSE_MS);
   Release();
 }
 

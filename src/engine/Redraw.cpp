@@ -8,7 +8,7 @@ namespace ferolin {
 
 namespace {
 
-constexpr DWORD WAIT_PAUSE_MS = 10;
+constexpr DWORD FRAME_PAUSE_MS = 10;
 constexpr int LOWEST_PRIORITY = 5;
 
 bool IsShown(HWND window) {
@@ -38,7 +38,7 @@ void Redraw::Request() {
 
 void Redraw::Wait() {
   const LockGuard guard(redrawLock);
-  WaitForThread(redrawThread, WAIT_PAUSE_MS);
+  WaitForThread(redrawThread, FRAME_PAUSE_MS);
   if (redrawThread != INVALID_HANDLE_VALUE) {
     CloseHandle(redrawThread);
     redrawThread = INVALID_HANDLE_VALUE;

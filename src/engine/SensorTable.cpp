@@ -95,7 +95,7 @@ constexpr SensorEntry SENSORS[] = {
     {FEROLIN_SENSOR_ACCEL_120, &Accel<120>},
 };
 
-constexpr bool IsInOrder() {
+constexpr bool AreSensorsInOrder() {
   int index = 0;
   for (const SensorEntry& entry : SENSORS) {
     if (entry.index != index++) {
@@ -105,7 +105,7 @@ constexpr bool IsInOrder() {
   return index == FEROLIN_SENSOR_COUNT;
 }
 
-static_assert(IsInOrder(), "hosts know the sensors by these indexes");
+static_assert(AreSensorsInOrder(), "hosts know the sensors by these indexes");
 
 }  // namespace
 

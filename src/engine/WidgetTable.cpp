@@ -34,7 +34,7 @@ constexpr WidgetEntry WIDGETS[] = {
     {FEROLIN_VIEW_SPEED_CHART, &Make<SpeedChartWidget>},
 };
 
-constexpr bool IsInOrder() {
+constexpr bool AreWidgetsInOrder() {
   int index = 0;
   for (const WidgetEntry& entry : WIDGETS) {
     if (entry.index != index++) {
@@ -44,7 +44,7 @@ constexpr bool IsInOrder() {
   return index == FEROLIN_VIEW_COUNT;
 }
 
-static_assert(IsInOrder(), "hosts know the views by these indexes");
+static_assert(AreWidgetsInOrder(), "hosts know the views by these indexes");
 
 }  // namespace
 

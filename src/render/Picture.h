@@ -12,6 +12,9 @@ struct IImagingFactory;
 
 namespace ferolin {
 
+/// Alpha of a pixel that hides what lies below it.
+inline constexpr BYTE OPAQUE_ALPHA = 255;
+
 /// A picture file, decoded into 32-bit pixels whose colours are multiplied by their alpha. A
 /// picture that is not loaded has size 0 x 0 and draws nothing. Loading needs COM on the calling
 /// thread. No lock.
@@ -32,7 +35,7 @@ class Picture {
   void Draw(HDC dc, const RECT& target) const;
 
   /// Blends the whole picture into the rectangle, scaled. `alpha` weakens it further: from 0,
-  /// invisible, to 255, as it is.
+  /// invisible, to OPAQUE_ALPHA, as it is.
   void DrawBlended(HDC dc, const RECT& target, BYTE alpha) const;
 
   void Release();

@@ -13,7 +13,7 @@ namespace ferolin {
 
 namespace {
 
-std::string NameFor(float targetKmh) {
+std::string NameForSpeed(float targetKmh) {
   return Format("%s 0-%g %s", GetText(Word::ACCEL), targetKmh, GetText(Word::KMH));
 }
 
@@ -22,7 +22,7 @@ constexpr std::int64_t LONGEST_MS = 1'000'000;
 }  // namespace
 
 AccelSensor::AccelSensor(float targetKmh)
-    : SaveableSensor(NameFor(targetKmh)), targetSpeed(targetKmh) {}
+    : SaveableSensor(NameForSpeed(targetKmh)), targetSpeed(targetKmh) {}
 
 void AccelSensor::GetRegistryString(char* out, int) const {
   PrintState(out, "%g;%g", targetSpeed, bestTime);
@@ -36,7 +36,7 @@ int AccelSensor::SetRegistryString(const char* text) {
     return 0;
   }
   targetSpeed = savedTarget;
-  SetName(NameFor(targetSpeed));
+  SetName(NameForSpeed(targetSpeed));
   bestTime = savedTime;
   SetText("%s", TimeText(static_cast<double>(bestTime)));
   return 1;

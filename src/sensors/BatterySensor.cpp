@@ -9,7 +9,6 @@ namespace ferolin {
 
 namespace {
 
-constexpr const char* NOT_AVAILABLE = "N/A";
 constexpr int FULL_BATTERY_PERCENT = 100;
 
 std::string BatteryText() {

@@ -12,8 +12,6 @@ namespace ferolin {
 
 namespace {
 
-constexpr const char* NOT_AVAILABLE = "N/A";
-
 int CutToInt(float value) {
   return Saturated<int>(static_cast<double>(value));
 }

@@ -16,14 +16,14 @@ namespace {
 
 constexpr int NOT_FOUND = -1;
 
-std::string NameFor(float targetMetres) {
+std::string NameForDistance(float targetMetres) {
   return Format("%s %g%s", GetText(Word::FASTEST), targetMetres, GetText(Word::METRE));
 }
 
 }  // namespace
 
 FastestSensor::FastestSensor(float targetMetres)
-    : SaveableSensor(NameFor(targetMetres)), targetDistance(targetMetres) {}
+    : SaveableSensor(NameForDistance(targetMetres)), targetDistance(targetMetres) {}
 
 void FastestSensor::GetRegistryString(char* out, int) const {
   PrintState(out, "%g;%i", targetDistance, static_cast<int>(bestTime));
@@ -37,7 +37,7 @@ int FastestSensor::SetRegistryString(const char* text) {
     return 0;
   }
   targetDistance = savedTarget;
-  SetName(NameFor(targetDistance));
+  SetName(NameForDistance(targetDistance));
   bestTime = savedTime;
   ShowBest();
   return 1;

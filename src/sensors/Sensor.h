@@ -10,6 +10,9 @@ namespace ferolin {
 
 class FixRecord;
 
+/// Value text of a read-out whose value is missing.
+inline constexpr const char* NOT_AVAILABLE = "N/A";
+
 /// One named read-out. Names and texts are 8-bit text in the device's ANSI code page. Updated on
 /// the reader thread, read and reset on the host's and the redraw thread, always under the engine's
 /// data lock.

@@ -5,11 +5,7 @@
 
 namespace ferolin {
 
-namespace {
-
-constexpr BYTE OPAQUE_ALPHA = 255;
-
-}  // namespace
+namespace {}  // namespace
 
 void ScaledPicture::Load(const WideString& path) {
   picture = LoadPicture(path);

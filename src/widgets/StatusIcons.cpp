@@ -8,7 +8,6 @@ namespace ferolin {
 
 namespace {
 
-constexpr BYTE OPAQUE_ALPHA = 255;
 constexpr BYTE CHARGING_ALPHA = 192;
 constexpr std::size_t CHARGING = 5;
 

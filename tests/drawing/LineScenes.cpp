@@ -9,12 +9,7 @@ namespace drawing {
 
 namespace {
 
-constexpr COLORREF WHITE = RGB(255, 255, 255);
 constexpr COLORREF GRAY = RGB(128, 128, 128);
-
-Paper::Kind KindOf(const Scene& scene) {
-  return static_cast<Paper::Kind>(scene.index % Paper::KINDS);
-}
 
 POINT PointIn(Random& random, int low, int right, int bottom) {
   const int x = random.In(low, right);
@@ -28,7 +23,7 @@ void Line(HDC dc, POINT from, POINT to) {
 }
 
 void DrawThin(Scene& scene) {
-  const Paper paper(KindOf(scene), 64, 48);
+  const Paper paper(scene.GetKind(), 64, 48);
   paper.Fill(WHITE);
   const InUse pen(paper.GetDC(),
                   CreatePen(PS_SOLID, scene.index % 4 == 0 ? 0 : 1, scene.random.Color()));
@@ -83,7 +78,7 @@ void DrawFar(Scene& scene) {
 }
 
 void DrawWide(Scene& scene) {
-  const Paper paper(KindOf(scene), 64, 48);
+  const Paper paper(scene.GetKind(), 64, 48);
   paper.Fill(WHITE);
   const int width = scene.random.In(2, 9);
   const InUse pen(paper.GetDC(), CreatePen(PS_SOLID, width, scene.random.Color()));
@@ -94,7 +89,7 @@ void DrawWide(Scene& scene) {
 
 void DrawPolyline(Scene& scene) {
   constexpr std::array WIDTHS = {1, 2, 3, 5, 2, 7};
-  const Paper paper(KindOf(scene), 64, 48);
+  const Paper paper(scene.GetKind(), 64, 48);
   paper.Fill(WHITE);
   const int width = WIDTHS[static_cast<std::size_t>(scene.index) % WIDTHS.size()];
   const InUse pen(paper.GetDC(), CreatePen(PS_SOLID, width, scene.random.Color()));
@@ -139,7 +134,7 @@ void DrawChart(Scene& scene) {
 }
 
 void DrawDashed(Scene& scene) {
-  const Paper paper(KindOf(scene), 100, 80);
+  const Paper paper(scene.GetKind(), 100, 80);
   paper.Fill(GRAY);
   const InUse pen(paper.GetDC(),
                   CreatePen(PS_DASH, scene.index % 5 == 4 ? 3 : 1, scene.random.Color()));

@@ -10,6 +10,8 @@
 
 namespace drawing {
 
+inline constexpr COLORREF WHITE = RGB(255, 255, 255);
+
 /// A picture in memory and the context that draws into it.
 class Paper {
  public:

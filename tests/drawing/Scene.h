@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Album.h"
+#include "Paper.h"
 #include "Random.h"
 
 namespace drawing {
@@ -23,6 +24,9 @@ class Scene {
   void Note(std::int64_t answer) {
     answers = (answers ^ static_cast<std::uint32_t>(answer)) * 16777619U;
   }
+
+  /// The kinds of paper take turns.
+  Paper::Kind GetKind() const { return static_cast<Paper::Kind>(index % Paper::KINDS); }
 
   /// Puts the picture into the album. A scene with several pictures names each.
   void Keep(const Paper& paper, const char* part = "");

@@ -9,12 +9,6 @@ namespace drawing {
 
 namespace {
 
-constexpr COLORREF WHITE = RGB(255, 255, 255);
-
-Paper::Kind KindOf(const Scene& scene) {
-  return static_cast<Paper::Kind>(scene.index % Paper::KINDS);
-}
-
 RECT RectIn(Random& random, int low, int high) {
   const int left = random.In(low, high);
   const int top = random.In(low, high);
@@ -39,7 +33,7 @@ void DrawCircle(Scene& scene) {
 }
 
 void DrawEllipse(Scene& scene) {
-  const Paper paper(KindOf(scene), 60, 60);
+  const Paper paper(scene.GetKind(), 60, 60);
   paper.Fill(WHITE);
   const InUse pen(paper.GetDC(), PenOf(scene, scene.random.In(0, 7)));
   const InUse brush(paper.GetDC(), CreateSolidBrush(scene.random.Color()));
@@ -53,7 +47,7 @@ void DrawEllipse(Scene& scene) {
 }
 
 void DrawRectangle(Scene& scene) {
-  const Paper paper(KindOf(scene), 60, 60);
+  const Paper paper(scene.GetKind(), 60, 60);
   paper.Fill(WHITE);
   const int style = scene.index % 9 == 7 ? PS_DASH : PS_SOLID;
   const int width = scene.index % 2 == 0 ? 1 : scene.random.In(0, 7);
@@ -69,7 +63,7 @@ void DrawRectangle(Scene& scene) {
 }
 
 void DrawRounded(Scene& scene, int corner) {
-  const Paper paper(KindOf(scene), 60, 60);
+  const Paper paper(scene.GetKind(), 60, 60);
   paper.Fill(WHITE);
   const int width = scene.index % 2 == 0 ? 1 : scene.random.In(0, 7);
   const InUse pen(paper.GetDC(), PenOf(scene, width));
@@ -91,7 +85,7 @@ void DrawLargeCorners(Scene& scene) {
 }
 
 void DrawPixels(Scene& scene) {
-  const Paper paper(KindOf(scene), 16, 16);
+  const Paper paper(scene.GetKind(), 16, 16);
   for (int pixel = 0; pixel < 300; ++pixel) {
     const int x = scene.random.In(-1, 16);
     const int y = scene.random.In(-1, 16);
@@ -103,7 +97,7 @@ void DrawPixels(Scene& scene) {
 }
 
 void DrawFilled(Scene& scene) {
-  const Paper paper(KindOf(scene), 16, 16);
+  const Paper paper(scene.GetKind(), 16, 16);
   paper.Fill(scene.random.Color());
   const RECT rect = RectIn(scene.random, -3, 20);
   const HBRUSH brush = CreateSolidBrush(scene.random.Color());
@@ -113,7 +107,7 @@ void DrawFilled(Scene& scene) {
 }
 
 void DrawClipped(Scene& scene) {
-  const Paper paper(KindOf(scene), 64, 48);
+  const Paper paper(scene.GetKind(), 64, 48);
   const HDC dc = paper.GetDC();
   paper.Fill(WHITE);
   const RECT visible = RectIn(scene.random, -5, 60);

@@ -10,9 +10,6 @@
 
 namespace {
 
-constexpr COLORREF RED = RGB(255, 0, 0);
-constexpr COLORREF GREEN = RGB(0, 255, 0);
-
 HGDIOBJ NoSuchObject() {
   return reinterpret_cast<HGDIOBJ>(static_cast<LONG_PTR>(0x1234));
 }

@@ -4,9 +4,6 @@
 
 namespace {
 
-constexpr COLORREF RED = RGB(255, 0, 0);
-constexpr COLORREF BLUE = RGB(0, 0, 255);
-
 /// Red pixel left of a blue one.
 class Blits : public testing::Test {
  protected:

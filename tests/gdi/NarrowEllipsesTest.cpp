@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr COLORREF WHITE = RGB(255, 255, 255);
-
 TEST(NarrowEllipses, LeaveTheirEndsEmpty) {
   const Section section(5, -10);
   SelectObject(section.dc, GetStockObject(WHITE_PEN));

@@ -5,6 +5,11 @@
 
 #include <cstdint>
 
+inline constexpr COLORREF RED = RGB(255, 0, 0);
+inline constexpr COLORREF GREEN = RGB(0, 255, 0);
+inline constexpr COLORREF BLUE = RGB(0, 0, 255);
+inline constexpr COLORREF WHITE = RGB(255, 255, 255);
+
 /// Of a DIB section without colour masks. Height as in BITMAPINFOHEADER: positive runs from the
 /// bottom up.
 inline BITMAPINFO SectionInfo(LONG width, LONG height, WORD bitsPerPixel) {

@@ -4,9 +4,6 @@
 
 namespace {
 
-constexpr COLORREF RED = RGB(255, 0, 0);
-constexpr COLORREF BLUE = RGB(0, 0, 255);
-
 /// 8 x 8 pixels, drawn on with a thin red pen and a blue brush.
 class Shapes : public testing::Test {
  protected:

@@ -8,9 +8,6 @@
 
 namespace {
 
-constexpr COLORREF RED = RGB(255, 0, 0);
-constexpr COLORREF BLUE = RGB(0, 0, 255);
-
 /// A canvas that prints itself: R for the red pen, B for the blue brush, a dot where nothing was
 /// drawn.
 class Sketch {

@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr COLORREF WHITE = RGB(255, 255, 255);
-
 /// A picture with a font selected.
 class Page {
  public:

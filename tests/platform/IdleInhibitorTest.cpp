@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "Backlight.h"
 #include "handheld.h"
 #include "power/IdleInhibitor.h"
 
@@ -122,11 +123,6 @@ class Logind {
   bool isReady = false;
   std::string what;
 };
-
-HANDLE HoldBacklight() {
-  char16_t name[] = u"BKL1:";
-  return SetPowerRequirement(name, D0, POWER_NAME, nullptr, 0);
-}
 
 TEST(IdleInhibitorTest, IsHeldWhileAPowerRequirementIs) {
   const PrivateBus bus;

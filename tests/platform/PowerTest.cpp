@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <pm.h>
 
+#include "Backlight.h"
 #include "handheld.h"
 #include "power/PowerSupply.h"
 #include "support/TempFolder.h"
@@ -8,11 +9,6 @@
 namespace {
 
 using testing_support::TempFolder;
-
-HANDLE HoldBacklight() {
-  char16_t name[] = u"BKL1:";
-  return SetPowerRequirement(name, D0, POWER_NAME, nullptr, 0);
-}
 
 TEST(Battery, AnswersWhatItWasSetTo) {
   handheld::SetBattery(BATTERY_FLAG_CHARGING, 80);

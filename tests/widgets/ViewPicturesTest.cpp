@@ -7,13 +7,12 @@
 #include "render/InvertFlags.h"
 #include "sensors/Sensor.h"
 #include "widgets/Golden.h"
+#include "widgets/PictureLanguage.h"
 #include "widgets/ViewTest.h"
 
 namespace ferolin {
 
 namespace {
-
-constexpr bool IS_RUSSIAN = std::string_view(LANGUAGE) == "RUS";
 
 class ViewPictures : public ViewTest {
  protected:

@@ -21,7 +21,6 @@ constexpr Cp1251Text COMMENT = u"Настройки виджета спидом�
 
 constexpr double PI = 3.141592F;
 constexpr double DEGREES_PER_HALF_TURN = 180;
-constexpr BYTE OPAQUE_ALPHA = 255;
 
 constexpr int NEEDLE_WIDTH = 3;
 constexpr int MARK_WIDTH = 5;

@@ -9,7 +9,7 @@ namespace ferolin {
 
 namespace {
 
-constexpr float SECONDS_PER_HOUR = 3600;
+constexpr float HOUR_SECONDS = 3600;
 constexpr float MEAN_KM_PER_SECOND = 0.00013888889F;  // 1 / (2 x 3600)
 
 }  // namespace
@@ -41,7 +41,7 @@ void PathTrip::AddStretch(std::int64_t units, float speedKmh) {
   elapsedSeconds = Saturated<std::int32_t>(std::int64_t{elapsedSeconds} + seconds);
   distanceKm += (speedKmh + previousKmh) * static_cast<float>(seconds) * MEAN_KM_PER_SECOND;
   if (elapsedSeconds > 0) {
-    averageKmh = distanceKm * SECONDS_PER_HOUR / static_cast<float>(elapsedSeconds);
+    averageKmh = distanceKm * HOUR_SECONDS / static_cast<float>(elapsedSeconds);
   }
 }
 

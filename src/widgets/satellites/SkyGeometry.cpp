@@ -8,7 +8,7 @@ namespace ferolin {
 
 namespace {
 
-constexpr int MARGIN = 10;
+constexpr int CIRCLE_MARGIN = 10;
 constexpr int LETTER_ROOM = 8;  // half of a compass letter, and a gap
 constexpr int LETTER_RISE = 5;  // from the centre up to the tops of E and W
 constexpr int LABEL_GAP = 2;
@@ -26,7 +26,8 @@ SkyGeometry::SkyGeometry(const RECT& area)
     : area(area),
       centerX((area.left + area.right) / 2),
       centerY((area.top + area.bottom) / 2),
-      radius(std::min((area.right - area.left) / 2, (area.bottom - area.top) / 2) - MARGIN) {}
+      radius(std::min((area.right - area.left) / 2, (area.bottom - area.top) / 2) - CIRCLE_MARGIN) {
+}
 
 POINT SkyGeometry::PointAt(int elevation, int azimuth) const {
   const std::int64_t distance = (std::int64_t{ZENITH} - elevation) * radius / ZENITH;
@@ -52,8 +53,8 @@ bool SkyGeometry::CoversLetter(POINT corner, SIZE text) const {
   const LONG outermost = std::max(corner.x + text.cx - centerX, centerX - corner.x);
   const LONG innermost = std::max(corner.x - centerX, centerX - corner.x - text.cx);
   const LONG letterTop = centerY - LETTER_RISE;
-  return outermost > radius && innermost < radius + MARGIN && corner.y < letterTop + text.cy &&
-         corner.y + text.cy > letterTop;
+  return outermost > radius && innermost < radius + CIRCLE_MARGIN &&
+         corner.y < letterTop + text.cy && corner.y + text.cy > letterTop;
 }
 
 int SkyGeometry::RoomBeside(int depth) const {

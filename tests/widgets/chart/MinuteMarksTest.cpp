@@ -9,8 +9,8 @@ namespace {
 using Columns = std::vector<LONG>;
 using Texts = std::vector<WideString>;
 
-constexpr LONG LEFT = 5;
-constexpr LONG RIGHT = 235;
+constexpr LONG PLOT_LEFT = 5;
+constexpr LONG PLOT_RIGHT = 235;
 
 class MinuteMarksTest : public ViewTest {
  protected:
@@ -22,7 +22,7 @@ class MinuteMarksTest : public ViewTest {
     Begin();
   }
 
-  void Begin() { marks.Begin(theCanvas, font.get(), LEFT, RIGHT); }
+  void Begin() { marks.Begin(theCanvas, font.get(), PLOT_LEFT, PLOT_RIGHT); }
 
   static TrackPoint At(int hour, int minute, int second) {
     TrackPoint point = {};
@@ -72,12 +72,12 @@ TEST_F(MinuteMarksTest, WriteTwoFigures) {
 }
 
 TEST_F(MinuteMarksTest, KeepTheirLabelsInsideTheFrame) {
-  Add(RIGHT - 1, {At(12, 35, 0)});
-  Add(LEFT + 1, {At(12, 34, 0)});
+  Add(PLOT_RIGHT - 1, {At(12, 35, 0)});
+  Add(PLOT_LEFT + 1, {At(12, 34, 0)});
   ASSERT_EQ(2U, marks.GetLabels().size());
-  EXPECT_EQ(RIGHT - width, marks.GetLabels()[0].left);
-  EXPECT_EQ(LEFT, marks.GetLabels()[1].left);
-  EXPECT_EQ((Columns{RIGHT - 1, LEFT + 1}), Lines()) << "lines stay where they are";
+  EXPECT_EQ(PLOT_RIGHT - width, marks.GetLabels()[0].left);
+  EXPECT_EQ(PLOT_LEFT, marks.GetLabels()[1].left);
+  EXPECT_EQ((Columns{PLOT_RIGHT - 1, PLOT_LEFT + 1}), Lines()) << "lines stay where they are";
 }
 
 TEST_F(MinuteMarksTest, LeaveOutALabelThatWouldTouchANewerOne) {
@@ -107,12 +107,12 @@ TEST_F(MinuteMarksTest, TakeTheNewestMinuteOfAColumn) {
 }
 
 TEST_F(MinuteMarksTest, NeverOverlapHoweverDenseTheyAre) {
-  for (LONG x = RIGHT - 1; x > LEFT; --x) {
+  for (LONG x = PLOT_RIGHT - 1; x > PLOT_LEFT; --x) {
     Add(x, {At(static_cast<int>(x) / 60, static_cast<int>(x) % 60, 0)});
   }
   EXPECT_EQ(229U, marks.GetLines().size()) << "from 234 down to 6";
   ASSERT_GT(marks.GetLabels().size(), 4U);
-  LONG newer = RIGHT + 6;
+  LONG newer = PLOT_RIGHT + 6;
   for (const MinuteMarks::Label& label : marks.GetLabels()) {
     const LONG right = label.left + theCanvas.MeasureText(font.get(), label.text.data()).cx;
     EXPECT_LT(right, newer - 5);

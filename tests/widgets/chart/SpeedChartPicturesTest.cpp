@@ -5,13 +5,12 @@
 #include "base/Format.h"
 #include "gps/FixRecord.h"
 #include "widgets/Golden.h"
+#include "widgets/PictureLanguage.h"
 #include "widgets/ViewTest.h"
 
 namespace ferolin {
 
 namespace {
-
-constexpr bool IS_RUSSIAN = std::string_view(LANGUAGE) == "RUS";
 
 /// A speed reached at an even rate in that many seconds.
 struct Leg {

@@ -13,13 +13,13 @@ namespace {
 
 using Codes = std::vector<LPARAM>;
 
-constexpr COLORREF BACKGROUND = RGB(0, 0, 0);
+constexpr COLORREF CHART_BACKGROUND = RGB(0, 0, 0);
 constexpr COLORREF AXES = RGB(0, 255, 255);
 constexpr COLORREF CURRENT = RGB(255, 0, 255);
 constexpr COLORREF MAXIMUM = RGB(255, 255, 0);
 constexpr COLORREF BIG_TEXT = RGB(255, 0, 0);  // set apart from the axes' colour
 const COLORREF CHART = Seen(0x0080FF00);
-const COLORREF BORDER = Seen(0x00606060);
+const COLORREF CHART_BORDER = Seen(0x00606060);
 
 // Portrait, 240 x 320: the plot is {15, 25, 225, 305}, which leaves 200 columns. Dashes of 18
 // pixels have gaps of 6.
@@ -101,9 +101,9 @@ TEST_F(SpeedChartTest, DrawsAxesAndBorderOfAnEmptyTrack) {
   EXPECT_EQ(AXES, FrameAt(15, 150));
   EXPECT_EQ(AXES, FrameAt(15, 305));
   EXPECT_EQ(AXES, FrameAt(229, 305));
-  EXPECT_EQ(BACKGROUND, FrameAt(230, 305));
-  EXPECT_EQ(BORDER, FrameAt(230, 100));
-  EXPECT_EQ(BORDER, FrameAt(30, 25)) << "in a gap of the topmost grid line";
+  EXPECT_EQ(CHART_BACKGROUND, FrameAt(230, 305));
+  EXPECT_EQ(CHART_BORDER, FrameAt(230, 100));
+  EXPECT_EQ(CHART_BORDER, FrameAt(30, 25)) << "in a gap of the topmost grid line";
   EXPECT_FALSE(Has(CHART));
   EXPECT_FALSE(Has(CURRENT));
   EXPECT_FALSE(Has(MAXIMUM));
@@ -115,8 +115,8 @@ TEST_F(SpeedChartTest, HasFourGridLinesOnTheSmallestScale) {
   DrawPlain();
   for (const int row : {235, 165, 95}) {
     EXPECT_EQ(AXES, FrameAt(10, row)) << row;
-    EXPECT_EQ(AXES, FrameAt(210, row)) << row;        // 200 % 24 = 8
-    EXPECT_EQ(BACKGROUND, FrameAt(200, row)) << row;  // 190 % 24 = 22
+    EXPECT_EQ(AXES, FrameAt(210, row)) << row;              // 200 % 24 = 8
+    EXPECT_EQ(CHART_BACKGROUND, FrameAt(200, row)) << row;  // 190 % 24 = 22
   }
 }
 
@@ -142,8 +142,8 @@ TEST_F(SpeedChartTest, DrawsALineOfTwoPixels) {
   // 305 - 140; the lines of the speeds lie on the lower of the two rows.
   EXPECT_EQ(CHART, FrameAt(20, 164));
   EXPECT_EQ(CHART, FrameAt(113, 164)) << "a hundred columns";
-  EXPECT_EQ(BACKGROUND, FrameAt(20, 163));
-  EXPECT_EQ(BACKGROUND, FrameAt(117, 164));
+  EXPECT_EQ(CHART_BACKGROUND, FrameAt(20, 163));
+  EXPECT_EQ(CHART_BACKGROUND, FrameAt(117, 164));
 }
 
 TEST_F(SpeedChartTest, WidensTheScaleForOneFastPointAnywhere) {
@@ -165,7 +165,7 @@ TEST_F(SpeedChartTest, FillsTwoHundredColumns) {
   Append(500, 10);
   DrawPlain();
   EXPECT_EQ(CHART, FrameAt(213, 164));
-  EXPECT_EQ(BACKGROUND, FrameAt(217, 164));
+  EXPECT_EQ(CHART_BACKGROUND, FrameAt(217, 164));
 }
 
 TEST_F(SpeedChartTest, MarksCurrentAndMaximumSpeed) {
@@ -227,8 +227,8 @@ TEST_F(SpeedChartTest, MarksMinutesByDashedLines) {
     const int x = 15 + column;
     EXPECT_EQ(AXES, FrameAt(x, 30)) << column;
     EXPECT_EQ(AXES, FrameAt(x, 306)) << column;  // 281 % 24 = 17
-    EXPECT_EQ(BACKGROUND, FrameAt(x, 45)) << column;
-    EXPECT_EQ(BACKGROUND, FrameAt(x + 1, 30)) << column;
+    EXPECT_EQ(CHART_BACKGROUND, FrameAt(x, 45)) << column;
+    EXPECT_EQ(CHART_BACKGROUND, FrameAt(x + 1, 30)) << column;
   }
 }
 
@@ -241,7 +241,7 @@ TEST_F(SpeedChartTest, MarksAlsoMinutesWithoutRoomForALabel) {
   // Points 59, 119, 179 and 239 share columns with 61, 121, 181 and 241: 61 / 4 = 15 and so on.
   for (const int column : {15, 30, 45, 60}) {
     EXPECT_EQ(AXES, FrameAt(15 + column, 30)) << column;
-    EXPECT_EQ(BACKGROUND, FrameAt(16 + column, 30)) << column;
+    EXPECT_EQ(CHART_BACKGROUND, FrameAt(16 + column, 30)) << column;
   }
 }
 
@@ -272,7 +272,7 @@ TEST_F(SpeedChartTest, GroupsPointsWhenZoomedOut) {
   for (int x = 16; x < 64; ++x) {
     EXPECT_EQ(CHART, FrameAt(x, 200)) << x;
   }
-  EXPECT_EQ(BACKGROUND, FrameAt(66, 200));
+  EXPECT_EQ(CHART_BACKGROUND, FrameAt(66, 200));
 }
 
 TEST_F(SpeedChartTest, PutsEachPointOnItsOwnWhenZoomIsTwo) {
@@ -284,7 +284,7 @@ TEST_F(SpeedChartTest, PutsEachPointOnItsOwnWhenZoomIsTwo) {
   DrawPlain();
   EXPECT_EQ(CHART, FrameAt(16, 200));
   EXPECT_EQ(CHART, FrameAt(63, 200));
-  EXPECT_EQ(BACKGROUND, FrameAt(67, 200));
+  EXPECT_EQ(CHART_BACKGROUND, FrameAt(67, 200));
 }
 
 TEST_F(SpeedChartTest, KeepsItsZoomWithinLimits) {

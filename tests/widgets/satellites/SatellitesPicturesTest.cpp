@@ -3,13 +3,12 @@
 #include "base/Format.h"
 #include "gps/FixRecord.h"
 #include "widgets/Golden.h"
+#include "widgets/PictureLanguage.h"
 #include "widgets/ViewTest.h"
 
 namespace ferolin {
 
 namespace {
-
-constexpr bool IS_RUSSIAN = std::string_view(LANGUAGE) == "RUS";
 
 class SatellitesPictures : public ViewTest {
  protected:
