@@ -1,6 +1,6 @@
-# ferolin_test(<name> SOURCES <file>... [LIBS <target>...] [LABELS <label>...])
-# One GoogleTest program, found by CTest case by case.
-include(GoogleTest)
+# ferolin_test(<name> [SINGLE_CASES] SOURCES <file>... [LIBS <target>...] [LABELS <label>...])
+# One GoogleTest program. CTest runs it suite by suite; with SINGLE_CASES it starts it for each case,
+# as an engine needs whose state lasts as long as the process.
 
 # GoogleTest's header takes more than half of the time in which a test compiles, so it is compiled
 # once for each set of options: src/ and app/ have their own, which their libraries pass on. A
@@ -19,7 +19,7 @@ if(NOT CMAKE_CXX_COMPILER_LAUNCHER AND NOT CMAKE_CROSSCOMPILING)
 endif()
 
 function(ferolin_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 TEST "" "" "SOURCES;LIBS;LABELS")
+  cmake_parse_arguments(PARSE_ARGV 1 TEST "SINGLE_CASES" "" "SOURCES;LIBS;LABELS")
   add_executable(${name} ${TEST_SOURCES})
   target_compile_options(${name} PRIVATE -O0)  # tests are compiled more often than they are run
   target_link_libraries(${name} PRIVATE ${TEST_LIBS} GTest::gtest GTest::gmock GTest::gtest_main)
@@ -30,8 +30,16 @@ function(ferolin_test name)
     endif()
     target_precompile_headers(${name} REUSE_FROM ${header})
   endif()
-  gtest_discover_tests(${name}
-    TEST_PREFIX ${name}.
-    PROPERTIES TIMEOUT 60 LABELS "${TEST_LABELS}"
-    DISCOVERY_TIMEOUT 30)
+  # A dozen sources share the time that GoogleTest's templates take.
+  set_target_properties(${name} PROPERTIES UNITY_BUILD_BATCH_SIZE 12)
+
+  set(folder ${CMAKE_CURRENT_BINARY_DIR})
+  set(labels "${TEST_LABELS}")
+  set(program "$<TARGET_FILE:${name}>")
+  set(start "${CMAKE_CROSSCOMPILING_EMULATOR}")
+  configure_file(${CMAKE_CURRENT_FUNCTION_LIST_DIR}/TestSuites.cmake.in ${name}.cmake.in @ONLY)
+  file(GENERATE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/${name}.cmake
+    INPUT ${CMAKE_CURRENT_BINARY_DIR}/${name}.cmake.in)
+  set_property(DIRECTORY APPEND PROPERTY
+    TEST_INCLUDE_FILES ${CMAKE_CURRENT_BINARY_DIR}/${name}.cmake)
 endfunction()
