@@ -256,7 +256,7 @@ TEST_F(SpeedChartTest, DimsMinutesThatStandCloseTogether) {
   // A quarter of the axes' colour. Points 59 and 1979 stand in columns 59 / 16 and 1979 / 16.
   for (const int column : {3, 123}) {
     EXPECT_EQ(Seen(RGB(0, 63, 63)), FrameAt(15 + column, 30)) << column;
-    EXPECT_EQ(BACKGROUND, FrameAt(16 + column, 30)) << column;
+    EXPECT_EQ(CHART_BACKGROUND, FrameAt(16 + column, 30)) << column;
   }
 }
 
