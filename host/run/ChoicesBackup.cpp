@@ -53,7 +53,8 @@ void Apply(const Json& choices, const EngineLibrary& library, const Settings& se
     settings.Set(key, value.get<std::string>());
   }
   const Settings application(library, APPLICATION_SECTION);
-  for (const auto& [key, value] : choices.value(APPLICATION, Json::object()).items()) {
+  const Json pages = choices.value(APPLICATION, Json::object());  // items() refers to it
+  for (const auto& [key, value] : pages.items()) {
     application.Set(key, value.get<std::string>());
   }
   int event = 0;
