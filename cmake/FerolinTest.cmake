@@ -1,6 +1,5 @@
-# ferolin_test(<name> [SINGLE_CASES] SOURCES <file>... [LIBS <target>...] [LABELS <label>...])
-# One GoogleTest program. CTest runs it suite by suite; with SINGLE_CASES it starts it for each case,
-# as an engine needs whose state lasts as long as the process.
+# ferolin_test(<name> SOURCES <file>... [LIBS <target>...] [LABELS <label>...])
+# One GoogleTest program; CTest runs it suite by suite.
 
 # GoogleTest's header takes more than half of the time in which a test compiles, so it is compiled
 # once for each set of options: src/ and app/ have their own, which their libraries pass on. A
@@ -19,7 +18,7 @@ if(NOT CMAKE_CXX_COMPILER_LAUNCHER AND NOT CMAKE_CROSSCOMPILING)
 endif()
 
 function(ferolin_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 TEST "SINGLE_CASES" "" "SOURCES;LIBS;LABELS")
+  cmake_parse_arguments(PARSE_ARGV 1 TEST "" "" "SOURCES;LIBS;LABELS")
   add_executable(${name} ${TEST_SOURCES})
   target_compile_options(${name} PRIVATE -O0)  # tests are compiled more often than they are run
   target_link_libraries(${name} PRIVATE ${TEST_LIBS} GTest::gtest GTest::gmock GTest::gtest_main)
