@@ -105,23 +105,22 @@ void EngineViews::ToggleColors() {
   PresentAgain();
 }
 
-/// Middle of the first button of the common bar, which lies at the top or, if the window is wider
-/// than high, at the left, filled from the bottom.
-POINT EngineViews::FindFirstButton() const {
+/// Touches a button of the common bar. The bar lies at the top or, if the window was wider than high
+/// at the last update, at the left, filled from the bottom. The point at the top is tried first: it
+/// lies on no button of the view's own. False when the buttons are hidden.
+bool EngineViews::TouchFirstButton() {
   RECT client = {};
   GetClientRect(window, &client);
   const int size = ButtonSize(window);
-  const bool isPortrait = client.right <= client.bottom;
-  const int length = isPortrait ? client.right : client.bottom;
-  const int step = length / std::max(length / size, 1);
-  return isPortrait ? POINT{step / 2, size / 2} : POINT{size / 2, client.bottom - step / 2};
+  const auto middle = [size](LONG length) { return length / std::max<LONG>(length / size, 1) / 2; };
+  return TouchButton({middle(client.right), size / 2}) ||
+         TouchButton({size / 2, client.bottom - middle(client.bottom)});
 }
 
-/// Presses and releases the first button and drops the notification that follows. False when none
-/// does: the buttons are hidden.
-bool EngineViews::TouchFirstButton() {
+/// Presses and releases a button and drops the notification that follows. False when none does:
+/// there is no button.
+bool EngineViews::TouchButton(POINT point) {
   DispatchNotifications();
-  const POINT point = FindFirstButton();
   engine.OnMouseDown(window, point.x, point.y);
   engine.OnMouseUp(window, point.x, point.y);
   bool hasAnswered = false;

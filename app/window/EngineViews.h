@@ -51,10 +51,10 @@ class EngineViews {
 
  private:
   void RedrawWithButtons();
-  POINT FindFirstButton() const;
   /// Hands the engine's notifications that wait to the window.
   void DispatchNotifications() const;
   bool TouchFirstButton();
+  bool TouchButton(POINT point);
   bool IsTap(POINT released) const;
 
   const LoadedEngine& engine;

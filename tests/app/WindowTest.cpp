@@ -232,6 +232,22 @@ TEST_F(AppWindow, DrawsATurnedViewWithoutWaitingForAPosition) {
   EXPECT_TRUE(WaitUntil([&] { return GetPicture() == upright; }));
 }
 
+TEST_F(AppWindow, FillsAWindowOfAnotherShapeWithoutWaitingForAPosition) {
+  StartWithView();
+  DoubleTap(WIDTH / 2, HEIGHT / 2);
+  FinishFrame();
+  // Above the strip that tells of a silent receiver.
+  const auto isTopDrawn = [&] {
+    const auto pixels = GetPicture().pixels;
+    return std::any_of(pixels.begin(), pixels.begin() + static_cast<int>(pixels.size() / 4),
+                       [](std::uint32_t pixel) { return pixel != 0; });
+  };
+  MoveWindow(GetWindow(), 0, 0, 700, 480, TRUE);
+  EXPECT_TRUE(WaitUntil(isTopDrawn));
+  MoveWindow(GetWindow(), 0, 0, WIDTH, HEIGHT, TRUE);
+  EXPECT_TRUE(WaitUntil(isTopDrawn));
+}
+
 TEST_F(AppWindow, KeepsFramesOfTheEngineOffItsPages) {
   StartWithView();
   OpenSettings();
