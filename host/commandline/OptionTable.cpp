@@ -121,14 +121,15 @@ void OptionTable::AddWindow() {
           Assign(options.windowUse, Options::WindowUse::NEVER));
   AddValue("--size", "WxH",
            "size of the picture in pixels; default: that of the display with --fullscreen, else "
-           "800x480; its window can be resized",
+           "800x480; it follows a window that is resized, but stays, and the picture is scaled, "
+           "with --frames, --shot, or --size and --fullscreen",
            [this](const std::string& text) {
              options.size = ParseSize(text);
              options.isSizeChosen = true;
            });
   AddValue("--dpi", "N|auto",
            "dots per inch: figures and buttons grow with them; auto (the default) makes them fill "
-           "the picture: 96 for each 240 pixels of its shorter side",
+           "the picture, of whatever size: 96 for each 240 pixels of its shorter side",
            [this](const std::string& text) {
              options.dpi.reset();
              if (text != "auto") {

@@ -5,12 +5,12 @@
 
 namespace host {
 
-int GetDpi(const Options& options) {
+int GetDpi(const Options& options, const Options::Size& size) {
   constexpr int LOGICAL_DPI = 96;
   constexpr double LOGICAL_SIDE = 240;
   // The pictures of a contact sheet are small.
   const bool isSheet = !options.contactSheetFile.empty();
-  const int side = isSheet ? 0 : std::min(options.size.width, options.size.height);
+  const int side = isSheet ? 0 : std::min(size.width, size.height);
   const int scale = std::max(1, static_cast<int>(std::lround(side / LOGICAL_SIDE)));
   return options.dpi.value_or(LOGICAL_DPI * scale);
 }

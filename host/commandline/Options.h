@@ -137,7 +137,7 @@ struct Options {
 
 /// The dots per inch wanted, or those with which figures fill a picture of this size: 96 for each
 /// 240 pixels of the shorter side.
-int GetDpi(const Options& options);
+int GetDpi(const Options& options, const Options::Size& size);
 
 /// Whether to open a window if there is a display.
 bool WantsWindow(const Options& options);

@@ -1,10 +1,24 @@
 #include "window/ApplicationWindow.h"
 
+#include <algorithm>
+
 #include "base/HostError.h"
 #include "handheld.h"
 #include "window/Picture.h"
 
 namespace host {
+
+namespace {
+
+/// Smaller frames show a smaller copy of a picture of this size.
+constexpr Options::Size SMALLEST_PICTURE = {176, 144};
+
+/// Pictures in files all have one size, and one wanted on the full screen is scaled to it.
+bool FollowsFrame(const Options& options) {
+  return !WantsPictures(options) && !(options.fullscreen && options.isSizeChosen);
+}
+
+}  // namespace
 
 std::unique_ptr<ApplicationWindow> ApplicationWindow::Open(const EngineLibrary& engine,
                                                            const Options& options,
@@ -12,7 +26,7 @@ std::unique_ptr<ApplicationWindow> ApplicationWindow::Open(const EngineLibrary& 
                                                            Messages& messages) {
   std::unique_ptr<ApplicationWindow> window(new ApplicationWindow(engine, options, hostWindow));
   std::string error;
-  if (window->OpenDisplay(options.fullscreen, error)) {
+  if (window->OpenDisplay(options, error)) {
     return window;
   }
   if (options.windowUse == Options::WindowUse::ALWAYS) {
@@ -34,9 +48,20 @@ ApplicationWindow::ApplicationWindow(const EngineLibrary& engine, const Options&
   application.SetView(GetChosenView(engine(), options.picture));
 }
 
-bool ApplicationWindow::OpenDisplay(bool isFullscreen, std::string& error) {
-  display = handheld::Display::Open(GetHandle(), isFullscreen, error);
+bool ApplicationWindow::OpenDisplay(const Options& options, std::string& error) {
+  display = handheld::Display::Open(GetHandle(), options.fullscreen, error);
+  if (display != nullptr && FollowsFrame(options)) {
+    display->ObserveSize(
+        [this, &options](int width, int height) { FollowFrame(options, width, height); });
+  }
   return display != nullptr;
+}
+
+void ApplicationWindow::FollowFrame(const Options& options, int width, int height) const {
+  const Options::Size size = {std::max(width, SMALLEST_PICTURE.width),
+                              std::max(height, SMALLEST_PICTURE.height)};
+  handheld::SetScreen(size.width, size.height, GetDpi(options, size));
+  PostMessageW(GetHandle(), WM_SETTINGCHANGE, 0, 0);
 }
 
 void ApplicationWindow::Take(const Update& update) {

@@ -48,8 +48,10 @@ class ApplicationWindow : public app::Surroundings {
   ApplicationWindow(const EngineLibrary& engine, const Options& options, HostWindow& hostWindow);
 
   void Take(const Update& update);
+  /// Makes the device's screen as large as the frame; the application draws for it then.
+  void FollowFrame(const Options& options, int width, int height) const;
   /// False when there is no display; `error` is the reason then.
-  bool OpenDisplay(bool isFullscreen, std::string& error);
+  bool OpenDisplay(const Options& options, std::string& error);
 
   HostWindow& hostWindow;
   app::WideString sourceName;

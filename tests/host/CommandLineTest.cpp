@@ -59,7 +59,8 @@ TEST(CommandLine, TakesUnitsTripAndRecord) {
 
 TEST(CommandLine, ChoosesDotsPerInchByTheShorterSide) {
   const auto dpi = [](const std::vector<std::string>& arguments) {
-    return GetDpi(ParseOptions(arguments));
+    const Options options = ParseOptions(arguments);
+    return GetDpi(options, options.size);
   };
   EXPECT_EQ(192, dpi({}));
   EXPECT_EQ(96, dpi({"--size", "240x320"}));

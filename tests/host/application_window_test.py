@@ -20,6 +20,7 @@ WRITE_TRACK, THEME, PICTURE, QUIT = 6, 9, 4, 11
 MIRROR = 0
 GEAR_X, CLOSE_X, BUTTON_Y = 150, 210, 25
 ORANGE = (255, 132, 41)
+HEADER_LINE = (0x4A, 0x60, 0x78)
 LIGHT = 0xC0
 BODY = "GPRMC,120000,A,4807.038,N,01131.000,E,030.0,084.4,230324,,"
 
@@ -34,11 +35,12 @@ def sentence():
 class Screen:
     """An X server without a display; its pixels lie in a file."""
 
-    def __init__(self, folder):
+    def __init__(self, folder, width, height):
+        self.width, self.height = width, height
         self.file = os.path.join(folder, "Xvfb_screen0")
         reading, writing = os.pipe()
         self.server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{WIDTH}x{HEIGHT}x24", "-fbdir", folder,
+            ["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{width}x{height}x24", "-fbdir", folder,
              "-nolisten", "tcp"], pass_fds=[writing], stderr=subprocess.DEVNULL)
         os.close(writing)
         with os.fdopen(reading) as display:
@@ -60,11 +62,15 @@ class Screen:
     def pixels(self):
         """Pixels from the upper left corner on, each red, green and blue."""
         with open(self.file, "rb") as file:
-            content = file.read()[-WIDTH * HEIGHT * 4:]
+            content = file.read()[-self.width * self.height * 4:]
         return list(zip(content[2::4], content[1::4], content[::4]))
 
     def corner(self):
         return self.pixels()[0]
+
+    def pixels_at(self, *places):
+        pixels = self.pixels()
+        return [pixels[y * self.width + x] for x, y in places]
 
     def is_mirrored(self):
         """On a dial that is not mirrored the orange end of the scale is at the right."""
@@ -79,14 +85,17 @@ class Screen:
 class ApplicationWindow(ProgramTestCase):
     def setUp(self):
         super().setUp()
-        pixels = self.path("screen")
+        self.open_screen(WIDTH, HEIGHT)
+
+    def open_screen(self, width, height):
+        pixels = self.path(f"screen{width}x{height}")
         os.mkdir(pixels)
-        self.screen = Screen(pixels)
+        self.screen = Screen(pixels, width, height)
         self.addCleanup(self.screen.close)
 
-    def start(self, *arguments):
+    def start(self, *arguments, window=("--fullscreen", "--size", f"{WIDTH}x{HEIGHT}")):
         process = subprocess.Popen(
-            self.command("--window", "--fullscreen", "--size", f"{WIDTH}x{HEIGHT}", *arguments),
+            self.command("--window", *window, *arguments),
             stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, encoding="utf-8",
             env=self.environment(DISPLAY=self.screen.name, SDL_VIDEODRIVER="x11"))
         self.addCleanup(process.stderr.close)
@@ -211,6 +220,54 @@ class ApplicationWindow(ProgramTestCase):
         time.sleep(2)
         # Looking at a display 60 times a second would be 120.
         self.assertLess(wakes() - before, 60)
+        process.send_signal(signal.SIGTERM)
+        self.await_end(process)
+
+    def resize(self, width, height):
+        self.screen.do("search", "--name", " - Ferolin", "windowmove", 0, 0, "windowsize", width, height)
+
+    def await_page_of(self, width, scale):
+        """Its header reaches from side to side; below it the page is drawn in the same scale."""
+        line = HEADER * scale - 1
+        self.wait_until(lambda: self.screen.pixels_at((0, line), (width - 1, line)) == [HEADER_LINE] * 2,
+                        "no page of that size")
+
+    def await_view_of(self, width, height):
+        """An inverted view is light in all corners."""
+        corners = [(x, y) for x in (0, width - 1) for y in (0, height - 1)]
+        self.wait_until(lambda: all(min(pixel) > LIGHT for pixel in self.screen.pixels_at(*corners)),
+                        "no view of that size")
+
+    def test_fills_a_new_size_with_new_pixels(self):
+        width, height = 640, 400
+        self.open_screen(width, height)
+        receiver, device = pty.openpty()
+        self.addCleanup(os.close, receiver)
+        self.addCleanup(os.close, device)
+        tty.setraw(device)
+        process = self.start("--port", os.ttyname(device), "--invert", window=("--size", "240x320"))
+        self.await_title("Waiting for positions")
+        self.resize(240, 320)
+        self.await_page_of(240, 1)
+        self.resize(width, height)
+        self.await_page_of(width, 2)
+
+        def is_view():
+            os.write(receiver, sentence())
+            return min(self.screen.corner()) > LIGHT
+
+        self.wait_until(is_view, "no view")
+        self.await_view_of(width, height)
+        self.resize(240, 320)
+        self.await_view_of(240, 320)
+        self.screen.key("f")
+        self.await_view_of(width, height)
+
+        self.screen.key("Return")
+        self.await_page_of(width, 2)
+        # At the edge of the arrow back, where a smaller page would have its first row.
+        self.screen.click(70, 70)
+        self.await_view_of(width, height)
         process.send_signal(signal.SIGTERM)
         self.await_end(process)
 

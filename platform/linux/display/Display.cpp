@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <string_view>
+#include <utility>
 
 #include "display/DisplaySetup.h"
 #include "handheld.h"
@@ -102,6 +103,9 @@ void AvoidGraphicsDriver() {
 /// Refresh interval, 60 Hz.
 constexpr std::chrono::milliseconds REFRESH_INTERVAL(16);
 
+/// A frame that has kept its size for so long is not being dragged.
+constexpr std::chrono::milliseconds SIZE_REST(100);
+
 constexpr int ANYWHERE = static_cast<int>(SDL_WINDOWPOS_UNDEFINED);
 
 }  // namespace
@@ -143,7 +147,7 @@ std::unique_ptr<Display> Display::Open(HWND window, bool isFullscreen, std::stri
 }
 
 Display::Display(HWND windowToShow, int windowWidth, int windowHeight)
-    : window(windowToShow), width(windowWidth), height(windowHeight) {}
+    : window(windowToShow), frameWidth(windowWidth), frameHeight(windowHeight) {}
 
 Display::~Display() {
   MessageQueue::OfThisThread()->SetWaiter(nullptr);
@@ -162,7 +166,8 @@ Display::~Display() {
 bool Display::Create(bool isFullscreen) {
   wakeEvent = SDL_RegisterEvents(1);
   canWaitForEvents = CanWaitForEvents();
-  const SDL_Rect place = isFullscreen ? ScreenOf(0) : SDL_Rect{ANYWHERE, ANYWHERE, width, height};
+  const SDL_Rect place =
+      isFullscreen ? ScreenOf(0) : SDL_Rect{ANYWHERE, ANYWHERE, frameWidth, frameHeight};
   frame = SDL_CreateWindow("", place.x, place.y, place.w, place.h, SDL_WINDOW_RESIZABLE);
   if (frame == nullptr) {
     return false;
@@ -171,12 +176,18 @@ bool Display::Create(bool isFullscreen) {
     SDL_SetWindowFullscreen(frame, SDL_WINDOW_FULLSCREEN_DESKTOP);
   }
   renderer = SDL_CreateRenderer(frame, -1, 0);
-  if (renderer == nullptr || SDL_RenderSetLogicalSize(renderer, width, height) != 0) {
-    return false;
+  return renderer != nullptr && MakeTexture(frameWidth, frameHeight);
+}
+
+bool Display::MakeTexture(int width, int height) {
+  if (texture != nullptr) {
+    SDL_DestroyTexture(texture);
   }
   texture = SDL_CreateTexture(renderer, SDL_PIXELFORMAT_RGB888, SDL_TEXTUREACCESS_STREAMING, width,
                               height);
-  return texture != nullptr;
+  textureWidth = width;
+  textureHeight = height;
+  return texture != nullptr && SDL_RenderSetLogicalSize(renderer, width, height) == 0;
 }
 
 /// Answering input comes before drawing: what it changes is then in the picture.
@@ -189,6 +200,9 @@ void Display::Wait(MessageQueue::Deadline deadline) {
       deadline = std::min(deadline.value_or(nextDrawing), nextDrawing);
     }
   }
+  if (sizeDue) {
+    deadline = std::min(deadline.value_or(*sizeDue), *sizeDue);
+  }
   if (canWaitForEvents) {
     WaitForEvent(deadline);
   } else {
@@ -197,6 +211,9 @@ void Display::Wait(MessageQueue::Deadline deadline) {
   SDL_Event event = {};
   while (SDL_PollEvent(&event) != 0) {
     Take(event);
+  }
+  if (sizeDue && std::chrono::steady_clock::now() >= *sizeDue) {
+    TellSize();
   }
 }
 
@@ -252,15 +269,30 @@ void Display::SetTitle(const std::string& title) {
 void Display::ToggleFullscreen() {
   if ((SDL_GetWindowFlags(frame) & SDL_WINDOW_FULLSCREEN_DESKTOP) != 0) {
     SDL_SetWindowFullscreen(frame, 0);
-    SDL_SetWindowSize(frame, width, height);
+    SDL_SetWindowSize(frame, frameWidth, frameHeight);
     SDL_SetWindowPosition(frame, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED);
   } else {
+    SDL_GetWindowSize(frame, &frameWidth, &frameHeight);
     const SDL_Rect screen = ScreenOf(SDL_GetWindowDisplayIndex(frame));
     SDL_SetWindowPosition(frame, screen.x, screen.y);
     SDL_SetWindowSize(frame, screen.w, screen.h);
     SDL_SetWindowFullscreen(frame, SDL_WINDOW_FULLSCREEN_DESKTOP);
   }
   isStale = true;
+}
+
+void Display::ObserveSize(std::function<void(int width, int height)> observer) {
+  sizeObserver = std::move(observer);
+}
+
+void Display::TellSize() {
+  sizeDue.reset();
+  if (sizeObserver) {
+    int width = 0;
+    int height = 0;
+    SDL_GetWindowSize(frame, &width, &height);
+    sizeObserver(width, height);
+  }
 }
 
 /// SDL reports fingers as the left button.
@@ -299,6 +331,9 @@ void Display::Take(const SDL_Event& event) {
       break;
     }
     case SDL_WINDOWEVENT:
+      if (event.window.event == SDL_WINDOWEVENT_SIZE_CHANGED) {
+        sizeDue = std::chrono::steady_clock::now() + SIZE_REST;
+      }
       isStale = true;
       break;
     case SDL_RENDER_TARGETS_RESET:
@@ -333,14 +368,15 @@ void Display::Draw() {
   const std::uint64_t version = WindowPixelsVersion(window);
   if (version != versionShown) {
     const Pixels pixels = WindowPixels(window);
-    if (pixels.width == width && pixels.height == height) {
-      SDL_UpdateTexture(texture, nullptr, pixels.rows.data(), width * 4);
+    const bool fits = pixels.width == textureWidth && pixels.height == textureHeight;
+    if (!pixels.rows.empty() && (fits || MakeTexture(pixels.width, pixels.height))) {
+      SDL_UpdateTexture(texture, nullptr, pixels.rows.data(), pixels.width * 4);
     }
     versionShown = version;
   }
   SDL_SetRenderDrawColor(renderer, 0, 0, 0, SDL_ALPHA_OPAQUE);
   SDL_RenderClear(renderer);
-  if (versionShown != 0) {
+  if (versionShown != 0 && texture != nullptr) {
     ChooseScaling();
     SDL_RenderCopy(renderer, texture, nullptr, nullptr);
   }
