@@ -91,7 +91,7 @@ void DriveRecorder::Run() {
   while (!isLast) {
     std::unique_lock lock(mutex);
     changed.wait(lock, [this] { return stopped || !waiting.IsEmpty(); });
-    changed.wait_for(lock, COMMIT_INTERVAL, [this] { return stopped; });
+    changed.wait_for(lock, COMMIT_INTERVAL, [this] { return IsCommitDue(); });
     isLast = stopped;
     Batch batch = std::exchange(waiting, {});
     lock.unlock();
@@ -101,6 +101,10 @@ void DriveRecorder::Run() {
   }
   const std::lock_guard lock(mutex);
   lost += waiting.fixes.size();
+}
+
+bool DriveRecorder::IsCommitDue() const {
+  return stopped || (waiting.fixes.size() >= FULL_BATCH && !hasProblem);
 }
 
 bool DriveRecorder::Write(const Batch& batch, bool isLast) {

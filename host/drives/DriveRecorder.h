@@ -27,6 +27,9 @@ class DriveRecorder {
   /// Longest wait of a fix before it is written. With the time of the write and the second until
   /// the next fix, not more than three seconds are lost.
   static constexpr std::chrono::milliseconds COMMIT_INTERVAL{1500};
+  /// Fixes that are committed at once: recordings are read faster than they were driven.
+  static constexpr std::size_t FULL_BATCH = 1000;
+
   /// Fixes held while the disk takes nothing: ten minutes at ten a second.
   static constexpr std::size_t MOST_HELD = 6000;
 
@@ -81,6 +84,8 @@ class DriveRecorder {
   };
 
   void Run();
+  /// For the thread that holds the mutex.
+  bool IsCommitDue() const;
   /// Writes the batch or nothing.
   bool Write(const Batch& batch, bool isLast);
   void Add(Progress& next, const Fix& fix);
