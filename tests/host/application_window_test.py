@@ -33,7 +33,10 @@ def sentence():
 
 
 class Screen:
-    """An X server without a display; its pixels lie in a file."""
+    """An X server without a display; its pixels lie in a file.
+
+    It must not start anew when its last client leaves: whoever connects just then is dropped.
+    """
 
     def __init__(self, folder, width, height):
         self.width, self.height = width, height
@@ -41,7 +44,7 @@ class Screen:
         reading, writing = os.pipe()
         self.server = subprocess.Popen(
             ["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{width}x{height}x24", "-fbdir", folder,
-             "-nolisten", "tcp"], pass_fds=[writing], stderr=subprocess.DEVNULL)
+             "-nolisten", "tcp", "-noreset"], pass_fds=[writing], stderr=subprocess.DEVNULL)
         os.close(writing)
         with os.fdopen(reading) as display:
             self.name = ":" + display.readline().strip()
@@ -101,6 +104,7 @@ class ApplicationWindow(ProgramTestCase):
         self.addCleanup(process.stderr.close)
         self.addCleanup(process.wait)
         self.addCleanup(process.kill)
+        self.process = process
         return process
 
     @staticmethod
@@ -113,7 +117,12 @@ class ApplicationWindow(ProgramTestCase):
         return True
 
     def wait_until(self, is_so, what):
-        self.assertTrue(self.comes(is_so, PATIENCE), what)
+        def has_ended():
+            return self.process.poll() is not None
+
+        self.assertTrue(self.comes(lambda: is_so() or has_ended(), PATIENCE), what)
+        if has_ended():
+            self.fail(f"{what}: the program has ended: {self.process.stderr.read()}")
 
     def await_page(self):
         self.wait_until(lambda: self.screen.shows() == "page", "no page")

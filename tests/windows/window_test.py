@@ -39,7 +39,7 @@ class Screen:
         reading, writing = os.pipe()
         self.server = subprocess.Popen(
             ["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{WIDTH}x{HEIGHT}x24", "-fbdir", str(folder),
-             "-nolisten", "tcp"], pass_fds=[writing], stderr=subprocess.DEVNULL)
+             "-nolisten", "tcp", "-noreset"], pass_fds=[writing], stderr=subprocess.DEVNULL)
         os.close(writing)
         with os.fdopen(reading) as display:
             self.environment = os.environ | {"DISPLAY": ":" + display.readline().strip()}
