@@ -203,6 +203,9 @@ void Install(Device& device) {
   const fs::path assets = ASSETS;
   for (const auto& entry : fs::recursive_directory_iterator(assets)) {
     const std::string name = fs::relative(entry.path(), assets).string();
+    if (!entry.is_regular_file()) {
+      continue;
+    }
     if (name.starts_with("Pics/") || name.starts_with("Wav/") || name == "lcd-u.ttf") {
       std::ifstream file(entry.path(), std::ios::binary);
       device.WriteFile(name, std::string(std::istreambuf_iterator<char>(file), {}));

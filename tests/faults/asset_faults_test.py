@@ -19,7 +19,7 @@ class Assets(FaultCase):
         super().setUp()
         for name in ("Pics", "Wav"):
             shutil.copytree(os.path.join(os.path.dirname(self.program), name),
-                            os.path.join(self.home, name))
+                            os.path.join(self.home, name), ignore=shutil.ignore_patterns("4x"))
         self.font = os.path.join(self.home, "lcd-u.ttf")
         shutil.copy(os.path.join(os.path.dirname(self.program), "lcd-u.ttf"), self.font)
         self.pictures = os.path.join(self.home, "Pics")

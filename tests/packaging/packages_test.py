@@ -73,6 +73,11 @@ class Packages(unittest.TestCase):
         self.assertIn("sounds played", result.stderr)
         self.assertNotIn("missing", result.stderr)
 
+    def test_the_larger_pictures_are_there(self):
+        pictures = ROOT / "usr/share/ferolin/Pics"
+        names = {path.name for path in pictures.glob("*.png")}
+        self.assertEqual({path.name for path in (pictures / "4x").glob("*.png")}, names)
+
     def test_libraries_are_looked_for_where_the_system_has_them(self):
         files = [ROOT / "usr/bin/ferolin-host", *LIBRARIES.glob("*.so.0.*"),
                  *LIBRARIES.glob("ferolin/lib[dp]*.so")]

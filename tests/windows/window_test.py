@@ -106,7 +106,7 @@ class WindowTest(unittest.TestCase):
         for name in ("Ferolin.exe", "Ferolin.dll"):
             shutil.copy(self.parts / name, program)
         for name in ("Pics", "Wav"):
-            shutil.copytree(TOP / "assets" / name, program / name)
+            shutil.copytree(TOP / "assets" / name, program / name, ignore=shutil.ignore_patterns("4x"))
         shutil.copy(TOP / "assets/lcd-u.ttf", program)
         self.settings_file = program / "TachyMo.ini"
         self.screen = Screen(self.folder)

@@ -106,6 +106,9 @@ class Bench {
     const fs::path assets = ASSETS;
     for (const char* folder : {"Pics", "Wav"}) {
       for (const auto& entry : fs::directory_iterator(assets / folder)) {
+        if (!entry.is_regular_file()) {
+          continue;
+        }
         std::ifstream file(entry.path(), std::ios::binary);
         device->WriteFile(fs::relative(entry.path(), assets).string(),
                           std::string(std::istreambuf_iterator<char>(file), {}));

@@ -58,6 +58,9 @@ class ProgramTest : public testing::Test {
     constexpr double SOMEWHAT_FASTER = 5;
     device->SetTimeRate(SOMEWHAT_FASTER);
     for (const auto& entry : std::filesystem::directory_iterator(ASSETS_FOLDER "/Pics")) {
+      if (!entry.is_regular_file()) {
+        continue;
+      }
       std::ifstream file(entry.path(), std::ios::binary);
       device->WriteFile("Pics/" + entry.path().filename().string(),
                         std::string(std::istreambuf_iterator<char>(file), {}));
