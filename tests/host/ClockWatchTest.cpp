@@ -8,19 +8,19 @@ namespace {
 constexpr std::int64_t SECOND = 1000;
 constexpr std::int64_t HOUR = 3600 * SECOND;
 constexpr std::int64_t YEAR = 8766 * HOUR;
-constexpr std::int64_t START = 50 * YEAR;
+constexpr std::int64_t CLOCK_START = 50 * YEAR;
 
 /// Whether the clock jumps when it makes this step.
 bool Jumps(std::int64_t stepMs) {
   ClockWatch clock;
-  EXPECT_FALSE(clock.Jumps(START));
-  return clock.Jumps(START + stepMs);
+  EXPECT_FALSE(clock.Jumps(CLOCK_START));
+  return clock.Jumps(CLOCK_START + stepMs);
 }
 
 TEST(ClockWatch, TakesItsTimeFromTheFirstTimeStamp) {
   ClockWatch clock;
-  EXPECT_FALSE(clock.Jumps(START));
-  EXPECT_FALSE(clock.Jumps(START + SECOND));
+  EXPECT_FALSE(clock.Jumps(CLOCK_START));
+  EXPECT_FALSE(clock.Jumps(CLOCK_START + SECOND));
 }
 
 TEST(ClockWatch, AcceptsGapsOfUpToAnHour) {
@@ -38,10 +38,10 @@ TEST(ClockWatch, AcceptsStepsBackOfUpToFiveSeconds) {
 
 TEST(ClockWatch, GoesOnFromTheNewTime) {
   ClockWatch clock;
-  clock.Jumps(START);
-  EXPECT_TRUE(clock.Jumps(START + YEAR));
-  EXPECT_FALSE(clock.Jumps(START + YEAR + SECOND));
-  EXPECT_TRUE(clock.Jumps(START));
+  clock.Jumps(CLOCK_START);
+  EXPECT_TRUE(clock.Jumps(CLOCK_START + YEAR));
+  EXPECT_FALSE(clock.Jumps(CLOCK_START + YEAR + SECOND));
+  EXPECT_TRUE(clock.Jumps(CLOCK_START));
 }
 
 }  // namespace

@@ -11,11 +11,11 @@
 namespace host {
 namespace {
 
-constexpr std::chrono::sys_seconds START{std::chrono::sys_days{std::chrono::year{2024} / 6 / 1} +
-                                         std::chrono::hours(6)};
+constexpr std::chrono::sys_seconds DEPARTURE{
+    std::chrono::sys_days{std::chrono::year{2024} / 6 / 1} + std::chrono::hours(6)};
 
 std::vector<DemoState> DriveLap() {
-  DemoDrive drive(START);
+  DemoDrive drive(DEPARTURE);
   std::vector<DemoState> states = {drive.GetState()};
   for (int second = 0; second < DemoDrive::GetLapSeconds(); ++second) {
     drive.Advance();
@@ -114,7 +114,7 @@ TEST(DemoDrive, LosesTheFixInATunnelOnce) {
 }
 
 TEST(DemoDrive, AllChecksumsAreRight) {
-  DemoDrive drive(START);
+  DemoDrive drive(DEPARTURE);
   for (int second = 0; second < DemoDrive::GetLapSeconds(); ++second) {
     for (const NmeaSentence& each : SentencesOf(drive)) {
       ASSERT_EQ(NmeaSentence::Checksum::RIGHT, each.checksum) << each.GetText();
@@ -124,7 +124,7 @@ TEST(DemoDrive, AllChecksumsAreRight) {
 }
 
 TEST(DemoDrive, EndsAnEpochWithTheRmc) {
-  const std::vector<NmeaSentence> sentences = SentencesOf(DemoDrive(START));
+  const std::vector<NmeaSentence> sentences = SentencesOf(DemoDrive(DEPARTURE));
   std::vector<std::string> names;
   for (const NmeaSentence& each : sentences) {
     names.push_back(each.name);
@@ -135,7 +135,7 @@ TEST(DemoDrive, EndsAnEpochWithTheRmc) {
 
 TEST(DemoDrive, TellsTimeDateAndPlaceOfTheStart) {
   // 55.7512 degrees are 55 degrees and 45.072 minutes, 37.5984 are 37 and 35.904.
-  const NmeaSentence rmc = SentencesOf(DemoDrive(START)).back();
+  const NmeaSentence rmc = SentencesOf(DemoDrive(DEPARTURE)).back();
   EXPECT_EQ("060000", rmc.fields[0]);
   EXPECT_EQ("A", rmc.fields[1]);
   EXPECT_EQ("5545.07200", rmc.fields[2]);
@@ -145,7 +145,7 @@ TEST(DemoDrive, TellsTimeDateAndPlaceOfTheStart) {
 }
 
 TEST(DemoDrive, KeepsTwelveSatellitesInPlausiblePlaces) {
-  DemoDrive drive(START);
+  DemoDrive drive(DEPARTURE);
   for (int second = 0; second < DemoDrive::GetLapSeconds(); ++second) {
     int received = 0;
     int used = -1;
@@ -178,7 +178,7 @@ TEST(DemoDrive, KeepsTwelveSatellitesInPlausiblePlaces) {
 }
 
 TEST(DemoDrive, HasNoPositionInTheTunnel) {
-  DemoDrive drive(START);
+  DemoDrive drive(DEPARTURE);
   while (drive.GetState().hasFix) {
     drive.Advance();
   }
@@ -189,8 +189,8 @@ TEST(DemoDrive, HasNoPositionInTheTunnel) {
 }
 
 TEST(DemoDrive, IsTheSameEveryTime) {
-  DemoDrive one(START);
-  DemoDrive other(START);
+  DemoDrive one(DEPARTURE);
+  DemoDrive other(DEPARTURE);
   for (int second = 0; second < 300; ++second) {
     ASSERT_EQ(other.GetSentences(), one.GetSentences());
     one.Advance();
@@ -199,7 +199,7 @@ TEST(DemoDrive, IsTheSameEveryTime) {
 }
 
 TEST(DemoDrive, GoesOnAfterALap) {
-  DemoDrive drive(START);
+  DemoDrive drive(DEPARTURE);
   for (int second = 0; second < DemoDrive::GetLapSeconds(); ++second) {
     drive.Advance();
   }

@@ -9,7 +9,7 @@ namespace host {
 namespace {
 
 // 21 November 2026, 17:42:03 UTC.
-constexpr std::int64_t START_MS = (20778LL * 86400 + 63723) * 1000;
+constexpr std::int64_t DRIVE_START_MS = (20778LL * 86400 + 63723) * 1000;
 
 TEST(DriveList, HasALineForEachDrive) {
   setenv("TZ", "UTC0", 1);
@@ -17,13 +17,13 @@ TEST(DriveList, HasALineForEachDrive) {
   const Drive whole = {7,
                        "gpsd",
                        true,
-                       START_MS,
-                       START_MS + 2 * 3600000,
+                       DRIVE_START_MS,
+                       DRIVE_START_MS + 2 * 3600000,
                        90.25,
                        131,
                        MovingTime::Sums{90, 90 * 60000, 30 * 60000}};
-  const Drive open = {12, "gpsd", false, START_MS, START_MS, 0, 0, MovingTime::Sums()};
-  const Drive old = {3, "gpsd", true, START_MS, START_MS + 3600000, 20, 50};
+  const Drive open = {12, "gpsd", false, DRIVE_START_MS, DRIVE_START_MS, 0, 0, MovingTime::Sums()};
+  const Drive old = {3, "gpsd", true, DRIVE_START_MS, DRIVE_START_MS + 3600000, 20, 50};
   EXPECT_EQ(
       "Drive             Start  Duration   Distance     Highest     Average      Moving   Stopped\n"
       "    3  2026-11-21 17:42   1:00:00    20.0 km   50.0 km/h   20.0 km/h\n"

@@ -11,8 +11,8 @@
 namespace host {
 namespace {
 
-const std::string RMC = "$GPRMC,120000,A,1,N,2,E,3,4,010120,,\r\n";
-const std::string GGA = "$GPGGA,120000,1,N\r\n";
+const std::string RMC_LINE = "$GPRMC,120000,A,1,N,2,E,3,4,010120,,\r\n";
+const std::string GGA_LINE = "$GPGGA,120000,1,N\r\n";
 
 /// A source of one text.
 class TextSource : public NmeaSource {
@@ -98,12 +98,12 @@ class FeederTest : public testing::Test {
 };
 
 TEST_F(FeederTest, WritesTheNextEpochOnlyAfterTheAnswerToTheOneBefore) {
-  Feed(GGA + RMC + GGA + RMC);
-  EXPECT_EQ(GGA + RMC, Receive(GGA.size() + RMC.size()));
+  Feed(GGA_LINE + RMC_LINE + GGA_LINE + RMC_LINE);
+  EXPECT_EQ(GGA_LINE + RMC_LINE, Receive(GGA_LINE.size() + RMC_LINE.size()));
   EXPECT_TRUE(IsSilent());
   EXPECT_FALSE(ended);
   Answer();
-  EXPECT_EQ(GGA + RMC, Receive(GGA.size() + RMC.size()));
+  EXPECT_EQ(GGA_LINE + RMC_LINE, Receive(GGA_LINE.size() + RMC_LINE.size()));
   Answer();
   WaitForEnd();
   EXPECT_EQ(1.0, feeder->GetReport().progress);
@@ -112,8 +112,8 @@ TEST_F(FeederTest, WritesTheNextEpochOnlyAfterTheAnswerToTheOneBefore) {
 }
 
 TEST_F(FeederTest, DoesNotHangOnSentencesWithoutAnUpdate) {
-  Feed(GGA + GGA);
-  EXPECT_EQ(GGA + GGA, Receive(2 * GGA.size()));
+  Feed(GGA_LINE + GGA_LINE);
+  EXPECT_EQ(GGA_LINE + GGA_LINE, Receive(2 * GGA_LINE.size()));
   WaitForEnd();
 }
 
@@ -124,15 +124,15 @@ TEST_F(FeederTest, CountsDamageEvenWhenNothingIsLeft) {
 }
 
 TEST_F(FeederTest, DoesNotHangWhenAnUpdateDoesNotCome) {
-  Feed(RMC);
-  EXPECT_EQ(RMC, Receive(RMC.size()));
+  Feed(RMC_LINE);
+  EXPECT_EQ(RMC_LINE, Receive(RMC_LINE.size()));
   WaitForEnd();
   EXPECT_EQ(1u, feeder->GetReport().updatesMissed);
 }
 
 TEST_F(FeederTest, WritesTogetherWhatAReceiverHasSentMeanwhile) {
-  Feed(RMC + RMC + RMC, true);
-  EXPECT_EQ(RMC + RMC + RMC, Receive(3 * RMC.size()));
+  Feed(RMC_LINE + RMC_LINE + RMC_LINE, true);
+  EXPECT_EQ(RMC_LINE + RMC_LINE + RMC_LINE, Receive(3 * RMC_LINE.size()));
   Answer();
   Answer();
   EXPECT_FALSE(ended);
@@ -143,8 +143,8 @@ TEST_F(FeederTest, WritesTogetherWhatAReceiverHasSentMeanwhile) {
 TEST_F(FeederTest, WritesTheStartOfAStretchByItselfAndTellsItOnce) {
   const std::string late = "$GPRMC,120001,A,1,N,2,E,3,4,010121,,\r\n";
   const std::string gap = NmeaSentence("$GPRMC,120001,V,,,,,,,010121,,").GetText() + "\r\n";
-  Feed(RMC + RMC + late + late, true);
-  EXPECT_EQ(RMC + RMC, Receive(2 * RMC.size()));
+  Feed(RMC_LINE + RMC_LINE + late + late, true);
+  EXPECT_EQ(RMC_LINE + RMC_LINE, Receive(2 * RMC_LINE.size()));
   EXPECT_TRUE(IsSilent());
   EXPECT_FALSE(feeder->TakeStretchStart());
   Answer();
@@ -160,14 +160,14 @@ TEST_F(FeederTest, WritesTheStartOfAStretchByItselfAndTellsItOnce) {
 }
 
 TEST_F(FeederTest, TellsTheFixesOfARecordingWhenTheyArePlayed) {
-  Feed(GGA + RMC + GGA + RMC + GGA + RMC);
-  EXPECT_EQ(GGA + RMC, Receive(GGA.size() + RMC.size()));
+  Feed(GGA_LINE + RMC_LINE + GGA_LINE + RMC_LINE + GGA_LINE + RMC_LINE);
+  EXPECT_EQ(GGA_LINE + RMC_LINE, Receive(GGA_LINE.size() + RMC_LINE.size()));
   EXPECT_EQ(0, fixes);
   Answer();
-  EXPECT_EQ(GGA + RMC, Receive(GGA.size() + RMC.size()));
+  EXPECT_EQ(GGA_LINE + RMC_LINE, Receive(GGA_LINE.size() + RMC_LINE.size()));
   EXPECT_LE(fixes, 1);
   Answer();
-  EXPECT_EQ(GGA + RMC, Receive(GGA.size() + RMC.size()));
+  EXPECT_EQ(GGA_LINE + RMC_LINE, Receive(GGA_LINE.size() + RMC_LINE.size()));
   Answer();
   WaitForEnd();
   EXPECT_EQ(3, fixes);
@@ -175,8 +175,8 @@ TEST_F(FeederTest, TellsTheFixesOfARecordingWhenTheyArePlayed) {
 
 TEST_F(FeederTest, KnowsTheFixOfTheUpdateThatIsNotAnsweredYet) {
   const std::string later = "$GPRMC,120001,A,5545.0000,N,03736.0000,E,20.00,090.0,010120,,\r\n";
-  Feed(RMC + later);
-  EXPECT_EQ(RMC, Receive(RMC.size()));
+  Feed(RMC_LINE + later);
+  EXPECT_EQ(RMC_LINE, Receive(RMC_LINE.size()));
   const std::optional<double> first = feeder->TakeFixes().back().speedKmh;
   Answer();
   EXPECT_EQ(later, Receive(later.size()));
@@ -187,16 +187,16 @@ TEST_F(FeederTest, KnowsTheFixOfTheUpdateThatIsNotAnsweredYet) {
 }
 
 TEST_F(FeederTest, TellsTheFixesOfAReceiverAtOnce) {
-  Feed(RMC + RMC + RMC, true);
-  EXPECT_EQ(RMC + RMC + RMC, Receive(3 * RMC.size()));
+  Feed(RMC_LINE + RMC_LINE + RMC_LINE, true);
+  EXPECT_EQ(RMC_LINE + RMC_LINE + RMC_LINE, Receive(3 * RMC_LINE.size()));
   EXPECT_FALSE(ended);
   EXPECT_EQ(3, fixes);
 }
 
 TEST_F(FeederTest, TellsFixesWithoutABridgeToo) {
   bridge = EpochQueue::Bridge::OFF;
-  Feed(RMC + RMC, true);
-  EXPECT_EQ(RMC + RMC, Receive(2 * RMC.size()));
+  Feed(RMC_LINE + RMC_LINE, true);
+  EXPECT_EQ(RMC_LINE + RMC_LINE, Receive(2 * RMC_LINE.size()));
   EXPECT_EQ(2, fixes);
 }
 
@@ -218,8 +218,8 @@ TEST_F(FeederTest, FillsTheSilenceOfAReceiverWithoutAFix) {
 }
 
 TEST_F(FeederTest, StopsWhileItWaitsForAnAnswer) {
-  Feed(RMC + RMC);
-  EXPECT_EQ(RMC, Receive(RMC.size()));
+  Feed(RMC_LINE + RMC_LINE);
+  EXPECT_EQ(RMC_LINE, Receive(RMC_LINE.size()));
   feeder->Stop();
   EXPECT_TRUE(IsSilent());
 }
@@ -227,7 +227,7 @@ TEST_F(FeederTest, StopsWhileItWaitsForAnAnswer) {
 TEST_F(FeederTest, StopsWhileNobodyReads) {
   std::string much;
   for (int i = 0; i < 5000; ++i) {
-    much += GGA;
+    much += GGA_LINE;
   }
   Feed(much);
   feeder->Stop();

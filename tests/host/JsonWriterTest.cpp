@@ -20,7 +20,7 @@ std::string Written(const std::string& value) {
   return json.substr(before.size(), json.size() - before.size() - after.size());
 }
 
-Fix WholeFix() {
+Fix FullFix() {
   Fix fix;
   fix.timeMs = 1717221600250;  // 1 June 2024, 6:00:00.25
   fix.hasFix = true;
@@ -64,7 +64,7 @@ TEST(JsonWriter, ReplacesBytesThatAreNoUtf8) {
 }
 
 TEST(JsonWriter, WritesAnUpdateInSiUnits) {
-  const Update update = {12, 0.5, {{"Speed", "18.5 km/h"}, {"HDOP", ""}}, "", WholeFix(), MOVING};
+  const Update update = {12, 0.5, {{"Speed", "18.5 km/h"}, {"HDOP", ""}}, "", FullFix(), MOVING};
   EXPECT_EQ(R"({"update":12,"time":"2024-06-01T06:00:00.250Z","fix":true,"lat":55.75,"lon":-37.6,)"
             R"("alt_m":150.5,"speed_mps":5.144,"course_deg":90.0,"satellites":8,"hdop":0.9,)" +
                 TRIP + R"(,"text":{"Speed":"18.5 km/h","HDOP":""}})" + "\n",
@@ -72,7 +72,7 @@ TEST(JsonWriter, WritesAnUpdateInSiUnits) {
 }
 
 TEST(JsonWriter, WritesNeitherPositionNorMotionWithoutAFix) {
-  Fix fix = WholeFix();
+  Fix fix = FullFix();
   fix.hasFix = false;
   const std::string json = JsonUpdate({1, std::nullopt, {}, "no data for 12 s", fix, {}}, {});
   EXPECT_EQ(

@@ -15,7 +15,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-const std::string GGA = "$GPGGA,120000,1,N\r\n";
+const std::string NEXT_GGA = "$GPGGA,120000,1,N\r\n";
 
 /// One second later with each number.
 std::string Rmc(int second, const std::string& date = "010120") {
@@ -24,9 +24,9 @@ std::string Rmc(int second, const std::string& date = "010120") {
          ",A,1,N,2,E,3,4," + date + ",,\r\n";
 }
 
-class TextSource : public NmeaSource {
+class RecordedText : public NmeaSource {
  public:
-  explicit TextSource(std::string text) : text(std::move(text)) {}
+  explicit RecordedText(std::string text) : text(std::move(text)) {}
 
   std::optional<std::string> Read() override {
     return given.exchange(true) ? std::nullopt : std::optional(text);
@@ -51,7 +51,7 @@ class RecordingFeedTest : public testing::Test {
   }
 
   void Feed(const std::string& text) {
-    source = std::make_unique<TextSource>(text);
+    source = std::make_unique<RecordedText>(text);
     feed = std::make_unique<RecordingFeed>(
         *source, EpochQueue::Bridge::ON, [this] { Tell(turns); }, [this] { Tell(ends); });
     feed->TellFixes([this](const Fix&) { ++fixes; });
@@ -86,7 +86,7 @@ class RecordingFeedTest : public testing::Test {
     return reads;
   }
 
-  std::unique_ptr<TextSource> source;
+  std::unique_ptr<RecordedText> source;
   std::unique_ptr<RecordingFeed> feed;
   std::mutex mutex;
   std::condition_variable changed;
@@ -101,15 +101,15 @@ using Texts = std::vector<std::string>;
 
 TEST_F(RecordingFeedTest, GivesAnEpochOnlyAfterTheAnswerToTheOneBefore) {
   const std::string laterGga = "$GPGGA,120001,1,N\r\n";
-  Feed(GGA + Rmc(0) + laterGga + Rmc(1));
+  Feed(NEXT_GGA + Rmc(0) + laterGga + Rmc(1));
   StartEngine();
   ASSERT_TRUE(Await(turns, 1));
-  EXPECT_EQ(Texts({GGA + Rmc(0)}), GetReads());
+  EXPECT_EQ(Texts({NEXT_GGA + Rmc(0)}), GetReads());
   EXPECT_EQ(0.5, feed->GetReport().progress);
   EXPECT_EQ(0, fixes);
   feed->Answer(1);
   ASSERT_TRUE(Await(turns, 2));
-  EXPECT_EQ(Texts({GGA + Rmc(0), laterGga + Rmc(1)}), GetReads());
+  EXPECT_EQ(Texts({NEXT_GGA + Rmc(0), laterGga + Rmc(1)}), GetReads());
   EXPECT_EQ(1.0, feed->GetReport().progress);
   EXPECT_EQ(0, ends);
   feed->Answer(2);

@@ -21,9 +21,9 @@ const std::string SECOND_GGA = "$GPGGA,120001,5530.0,N,03730.0,E,1\r\n";
 constexpr std::int64_t FIRST_MS = (19723LL * 24 + 12) * 3600 * 1000;
 
 /// Gives one text and then waits for Stop.
-class TextSource : public NmeaSource {
+class SideText : public NmeaSource {
  public:
-  explicit TextSource(std::string text) : text(std::move(text)) {}
+  explicit SideText(std::string text) : text(std::move(text)) {}
 
   std::optional<std::string> Read() override {
     std::unique_lock lock(mutex);
@@ -68,7 +68,7 @@ class SideReaderTest : public testing::Test {
 };
 
 TEST_F(SideReaderTest, TellsTheFixesOfASourceAndAtTheEndTheLastOne) {
-  SideReader reader(std::make_unique<TextSource>(FIRST_RMC + SECOND_GGA));
+  SideReader reader(std::make_unique<SideText>(FIRST_RMC + SECOND_GGA));
   reader.TellFixes([this](const Fix& fix) { Take(fix); });
   reader.Start();
   ASSERT_TRUE(AwaitFixes(1));
@@ -79,7 +79,7 @@ TEST_F(SideReaderTest, TellsTheFixesOfASourceAndAtTheEndTheLastOne) {
 }
 
 TEST_F(SideReaderTest, TellsTheTroubleOfASource) {
-  SideReader reader(std::make_unique<TextSource>(""));
+  SideReader reader(std::make_unique<SideText>(""));
   reader.Start();
   EXPECT_EQ("cannot reach it", reader.GetReception().trouble);
 }

@@ -26,7 +26,7 @@ EngineLibrary::Functions MakeFunctions() {
 
 const EngineLibrary::Functions ENGINE = MakeFunctions();
 
-std::string ErrorOf(const std::string& nameOrNumber) {
+std::string NameError(const std::string& nameOrNumber) {
   try {
     FindView(ENGINE, nameOrNumber);
   } catch (const UsageError& error) {
@@ -44,7 +44,7 @@ TEST(ViewNames, AreFoundInAnyCaseAndByNumber) {
 TEST(ViewNames, ArePlainInEveryLanguage) {
   EXPECT_EQ(0, FindView(ENGINE, "dial"));
   EXPECT_EQ(1, FindView(ENGINE, "SPEED"));
-  EXPECT_EQ("--view: there is no view \"path\"", ErrorOf("path").substr(0, 31));
+  EXPECT_EQ("--view: there is no view \"path\"", NameError("path").substr(0, 31));
 }
 
 TEST(ViewNames, AreListedWhenThereIsNoSuchView) {
@@ -52,13 +52,13 @@ TEST(ViewNames, AreListedWhenThereIsNoSuchView) {
     EXPECT_EQ("--view: there is no view \"" + std::string(wrong) +
                   "\" (views: dial, speed, satellites, path, chart; Speedometer (0), Speed (1), "
                   "Satellites (2))",
-              ErrorOf(wrong));
+              NameError(wrong));
   }
 }
 
 TEST(ViewNames, AreSuggested) {
   EXPECT_EQ("--view: there is no view \"sped\"; did you mean Speed?",
-            ErrorOf("sped").substr(0, 52));
+            NameError("sped").substr(0, 52));
 }
 
 TEST(ViewNames, AreParsedAsNumbers) {
