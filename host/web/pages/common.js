@@ -21,8 +21,7 @@ var Ferolin = (function () {
         'of this device to “never” while driving.',
       tiles: 'Tiles', tilesHelp: 'They stand in the order in which they are chosen; the first ones also ' +
         'stand beside the dial.',
-      understood: 'Understood', askReset: 'Reset the trip and the records?', reset: 'Reset',
-      cancel: 'Cancel', fit: 'Fit to this screen', leave: 'Back', limit: 'Limit'
+      understood: 'Understood', fit: 'Fit to this screen', leave: 'Back'
     },
     ru: {
       ok: 'GPS OK', noFix: 'Нет сигнала', silent: 'Приёмник молчит', unreached: 'Нет связи с блоком',
@@ -41,8 +40,7 @@ var Ferolin = (function () {
         'поездки гашение экрана в этом устройстве.',
       tiles: 'Показания', tilesHelp: 'Они стоят в том порядке, в каком выбраны; первые стоят и рядом ' +
         'со шкалой.',
-      understood: 'Понятно', askReset: 'Сбросить поездку и рекорды?', reset: 'Сбросить',
-      cancel: 'Отмена', fit: 'По размеру экрана', leave: 'Назад', limit: 'Ограничение'
+      understood: 'Понятно', fit: 'По размеру экрана', leave: 'Назад'
     }
   };
 

@@ -39,7 +39,7 @@
   var latest = null;  // the newest read-outs
   var receivedAt = 0;
   var limits = [];
-  var awakeKey = 'awakeMissing';
+  var awakeKey = 'awakeHeld';  // until the browser says something else
 
   // --- Values ---------------------------------------------------------------------------------
 

@@ -8,6 +8,7 @@
   var picture = element('picture');
   var settings = Ferolin.loadSettings({ language: '' });
   var mayControl = false;
+  var streamNumber = 0;  // tells the box whom an answer is for
 
   // --- Picture --------------------------------------------------------------------------------
 
@@ -69,6 +70,7 @@
     if (input.type === 'move' && last && last.type === 'move') {
       queue.pop();
     }
+    input.stream = streamNumber;
     queue.push(input);
     sendNext();
   }
@@ -174,18 +176,21 @@
 
   var KEYS = {
     ArrowLeft: 'left', ArrowRight: 'right', ArrowUp: 'up', ArrowDown: 'down', Enter: 'enter',
-    Tab: 'tab', Backspace: 'backspace', ' ': 'space'
+    Home: 'home', Delete: 'delete', Backspace: 'backspace'
   };
+  var LETTERS = 'ohvribs';
 
   function pressKey(event) {
     if (event.ctrlKey || event.altKey || event.metaKey) {
       return;
     }
-    if (event.key === 'Escape' || event.key === 'q' || event.key === 'Q') {
+    var letter = event.key.length === 1 ? event.key.toLowerCase() : '';
+    var key = KEYS[event.key] || (letter && LETTERS.indexOf(letter) >= 0 ? letter : '');
+    if (event.key === 'Escape' || letter === 'q') {
       leave();
-    } else if (KEYS[event.key] && document.activeElement.tagName !== 'BUTTON') {
+    } else if (key && !(key === 'enter' && document.activeElement.tagName === 'BUTTON')) {
       event.preventDefault();
-      send({ type: 'key', key: KEYS[event.key] });
+      send({ type: 'key', key: key });
     }
   }
 
@@ -213,9 +218,10 @@
 
   function greet(hello) {
     mayControl = hello.may_control;
-    ['previous', 'next', 'fit'].forEach(function (id) {
-      element(id).hidden = !mayControl;
-    });
+    streamNumber = hello.stream;
+    element('previous').hidden = !mayControl;
+    element('next').hidden = !mayControl;
+    element('fit').hidden = !hello.may_fit;
     Ferolin.translate(settings.language || hello.language);
     showState();
   }
@@ -229,24 +235,10 @@
     fetchNewest();
   }
 
-  function ask(question) {
-    element('ask').hidden = question.what !== 'reset';
-  }
-
-  function answerAsk(isWanted) {
-    element('ask').hidden = true;
-    if (isWanted) {
-      send({ type: 'reset' });
-    }
-  }
-
-  element('reset-yes').addEventListener('click', function () { answerAsk(true); });
-  element('reset-no').addEventListener('click', function () { answerAsk(false); });
-
   var stream = { state: 'connecting' };
   Ferolin.translate(settings.language);
   stream = new Ferolin.Stream('/events?views=1',
-    { hello: greet, update: function () {}, view: view, ask: ask }, showState);
+    { hello: greet, update: function () {}, view: view }, showState);
   showState();
   Ferolin.keepAwake(function () {});
 })();
