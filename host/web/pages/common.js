@@ -16,7 +16,7 @@ var Ferolin = (function () {
       awakeRefused: 'This browser did not keep the display awake. Touch the page once, or set the display ' +
         'time-out of this device to “never”.',
       awakeInsecure: 'The display may go dark: browsers keep it awake only over https. Set the display ' +
-        'time-out of this device to “never” while driving, or start the box with --web-tls.',
+        'time-out of this device to “never” while driving, or open the page through https (--web-tls).',
       awakeMissing: 'The display may go dark: this browser cannot keep it awake. Set the display time-out ' +
         'of this device to “never” while driving.',
       tiles: 'Tiles', tilesHelp: 'They stand in the order in which they are chosen; the first ones also ' +
@@ -24,7 +24,7 @@ var Ferolin = (function () {
       understood: 'Understood', fit: 'Fit to this screen', leave: 'Back'
     },
     ru: {
-      ok: 'GPS OK', noFix: 'Нет сигнала', silent: 'Приёмник молчит', unreached: 'Нет связи с блоком',
+      ok: 'GPS OK', noFix: 'Нет сигнала', silent: 'Приёмник молчит', unreached: 'Нет связи с прибором',
       connecting: 'Соединение…', full: 'Нет свободных мест', refused: 'Ссылка устарела',
       everyone: 'Этот вид видят все', lookOnly: 'Только просмотр: для касаний нужна ссылка управления',
       previousView: 'Предыдущий вид', nextView: 'Следующий вид', mirror: 'Отражение для стекла',
@@ -35,7 +35,7 @@ var Ferolin = (function () {
       awakeRefused: 'Браузер не удержал экран включённым. Коснитесь страницы один раз или отключите ' +
         'в этом устройстве гашение экрана.',
       awakeInsecure: 'Экран может погаснуть: браузеры удерживают его только через https. Отключите на ' +
-        'время поездки гашение экрана в этом устройстве или запустите блок с --web-tls.',
+        'время поездки гашение экрана в этом устройстве или откройте страницу через https (--web-tls).',
       awakeMissing: 'Экран может погаснуть: этот браузер не умеет его удерживать. Отключите на время ' +
         'поездки гашение экрана в этом устройстве.',
       tiles: 'Показания', tilesHelp: 'Они стоят в том порядке, в каком выбраны; первые стоят и рядом ' +

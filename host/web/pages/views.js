@@ -30,7 +30,7 @@
       letterbox();
     }
     picture.getContext('2d').drawImage(image, 0, 0);
-    picture.setAttribute('data-frame', image.getAttribute('data-frame'));
+    picture.setAttribute('aria-label', image.alt);
     picture.classList.remove('waiting');
   }
 
@@ -40,7 +40,7 @@
       return;
     }
     var image = new Image();
-    image.setAttribute('data-frame', wanted.frame);
+    image.alt = wanted.view;
     image.onload = function () {
       draw(image);
       goOn();
