@@ -48,6 +48,9 @@ ApplicationTest::ApplicationTest() : device(e2e::Device::Make()) {
   // The faster time runs, the sooner is the receiver taken to be silent.
   device->SetTimeRate(1);
   for (const auto& entry : std::filesystem::directory_iterator(ASSETS_FOLDER "/Pics")) {
+    if (!entry.is_regular_file()) {
+      continue;
+    }
     std::ifstream file(entry.path(), std::ios::binary);
     device->WriteFile("Pics/" + entry.path().filename().string(),
                       std::string(std::istreambuf_iterator<char>(file), {}));

@@ -133,6 +133,9 @@ class Views : public EngineTest {
 
   void InstallPictures() {
     for (const auto& entry : std::filesystem::directory_iterator(ASSETS_FOLDER "/Pics")) {
+      if (!entry.is_regular_file()) {
+        continue;
+      }
       std::ifstream file(entry.path(), std::ios::binary);
       device->WriteFile("Pics/" + entry.path().filename().string(),
                         std::string(std::istreambuf_iterator<char>(file), {}));
