@@ -100,7 +100,9 @@
     var stage = element('stage');
     var ratio = window.devicePixelRatio || 1;
     send({
-      type: 'fit', width: Math.round(stage.clientWidth * ratio), height: Math.round(stage.clientHeight * ratio),
+      type: 'fit',
+      width: Math.round(stage.clientWidth * ratio),
+      height: Math.round(stage.clientHeight * ratio),
       dpi: Math.round(96 * ratio)
     });
   }
@@ -213,7 +215,8 @@
   function showState() {
     var isOpen = stream.state === 'open';
     element('lamp').className = isOpen ? 'good' : stream.state === 'connecting' ? 'fair' : 'bad';
-    Ferolin.setText(element('state'), word(!isOpen ? stream.state : mayControl ? 'everyone' : 'lookOnly'));
+    var openKey = mayControl ? 'everyone' : 'lookOnly';
+    Ferolin.setText(element('state'), word(isOpen ? openKey : stream.state));
   }
 
   function greet(hello) {
