@@ -52,7 +52,7 @@ void DriveKeeping::OpenOrReplace(const std::string& home) {
 
 void DriveKeeping::Open(const std::string& home) {
   auto store = std::make_unique<DriveStore>(home, Database::Missing::CREATE);
-  keptTrip = store->GetTrip(Trip::NameOf(options));
+  keptTrip = store->GetTrip(Trips::NameOf(options));
   recorder = std::make_unique<DriveRecorder>(std::move(store), DescribeSource(options));
   for (const Drive& drive : recorder->GetEndedDrives()) {
     messages.Say("the drive of " + DescribeDay(drive.startMs) + ", " +
@@ -67,14 +67,14 @@ void DriveKeeping::Start(PositionSource& source) {
   }
 }
 
-void DriveKeeping::OnUpdate(const Trip& trip) {
+void DriveKeeping::OnUpdate(const Trips& trips) {
   if (!recorder) {
     return;
   }
   const auto now = std::chrono::steady_clock::now();
   if (now >= nextTrip) {
     nextTrip = now + TRIP_INTERVAL;
-    recorder->TakeTrip(trip.GetStates());
+    recorder->TakeTrip(trips.GetStates());
   }
   SayNews();
 }
@@ -85,11 +85,11 @@ void DriveKeeping::SayNews() {
   }
 }
 
-void DriveKeeping::Finish(const Trip& trip) {
+void DriveKeeping::Finish(const Trips& trips) {
   if (!recorder) {
     return;
   }
-  recorder->TakeTrip(trip.GetStates());
+  recorder->TakeTrip(trips.GetStates());
   recorder->Finish();
   SayNews();
   const std::optional<Drive> drive = recorder->GetDrive();

@@ -11,7 +11,7 @@
 #include "drives/DriveRecorder.h"
 #include "drives/KeptTrip.h"
 #include "run/PositionSource.h"
-#include "run/Trip.h"
+#include "run/Trips.h"
 
 namespace host {
 
@@ -30,10 +30,10 @@ class DriveKeeping {
   const std::optional<KeptTrip>& GetTrip() const { return keptTrip; }
 
   /// Keeps the trip about once a second, and tells news of the disk.
-  void OnUpdate(const Trip& trip);
+  void OnUpdate(const Trips& trips);
 
   /// Call when the source has stopped.
-  void Finish(const Trip& trip);
+  void Finish(const Trips& trips);
 
  private:
   void OpenOrReplace(const std::string& home);

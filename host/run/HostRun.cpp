@@ -46,7 +46,7 @@ HostRun::HostRun(const EngineLibrary& engine, const Options& options, const std:
       signals(signals),
       standard(standard),
       messages(messages),
-      trip(engine, options),
+      trips(engine, options),
       window(engine().GetWndMessageID()),
       views(ViewWindow::Open(engine, options, window, messages)),
       drive(options, home, messages),
@@ -61,7 +61,7 @@ HostRun::HostRun(const EngineLibrary& engine, const Options& options, const std:
       timeLeft(std::chrono::steady_clock::now()),
       progress(messages) {
   ApplySpeedLimits(engine(), options);
-  trip.Resume(options, drive.GetTrip(), messages);
+  trips.Resume(options, drive.GetTrip(), messages);
 }
 
 /// All threads that use the windows end before these are destroyed. Held messages are shown on the
@@ -184,8 +184,8 @@ void HostRun::ShowUpdate() {
   update.foundReceiver = report.reception.found;
   const std::vector<Fix> fixes = source.TakeFixes();
   update.fix = fixes.empty() ? std::nullopt : std::optional(fixes.back());
-  trip.OnUpdate(fixes);
-  update.moving = trip.GetMoving();
+  trips.OnUpdate(fixes);
+  update.moving = trips.GetMoving();
   output->Show(update);
   progress.Show(update);
   if (views) {
@@ -193,7 +193,7 @@ void HostRun::ShowUpdate() {
   }
   reports.OnUpdate(update);
   summary.OnUpdate(update);
-  drive.OnUpdate(trip);
+  drive.OnUpdate(trips);
   const bool isDrawn = views == nullptr || views->ShowsViews();
   const bool hasAllPictures = pictures != nullptr && isDrawn && pictures->OnUpdate();
   isComplete = hasAllPictures || update.number == options.updates;
@@ -232,8 +232,8 @@ void HostRun::Finish() {
   update.readouts = engine.GetReadouts();
   output->Finish(update, engine.GetStates());
   messages.Release();
-  drive.Finish(trip);
-  trip.Store();
+  drive.Finish(trips);
+  trips.Store();
   KeepReceiver();
   KeepShown();
   summary.Finish(update.number, hasEnded);

@@ -20,7 +20,7 @@
 #include "run/RunSummary.h"
 #include "run/SignalWatcher.h"
 #include "run/SmsReports.h"
-#include "run/Trip.h"
+#include "run/Trips.h"
 #include "sources/NmeaSource.h"
 #include "window/HostWindow.h"
 #include "window/ViewWindow.h"
@@ -64,7 +64,7 @@ class HostRun {
   SignalWatcher& signals;
   StandardOutput& standard;
   Messages& messages;
-  Trip trip;
+  Trips trips;
   HostWindow window;
   /// Null when no views are drawn.
   std::unique_ptr<ViewWindow> views;

@@ -1,4 +1,4 @@
-#include "run/Trip.h"
+#include "run/Trips.h"
 
 #include <algorithm>
 #include <array>
@@ -60,10 +60,10 @@ std::string GetToday() {
 
 }  // namespace
 
-Trip::Trip(const EngineLibrary& engine, const Options& options)
+Trips::Trips(const EngineLibrary& engine, const Options& options)
     : engine(engine), name(NameOf(options)), today(GetToday()), settings(engine, name) {}
 
-std::string Trip::NameOf(const Options& options) {
+std::string Trips::NameOf(const Options& options) {
   std::string name = "HostRecordingTrip";
   if (IsLive(options.source)) {
     name = "HostTrip";
@@ -83,7 +83,7 @@ std::string Trip::NameOf(const Options& options) {
   return name;
 }
 
-void Trip::Resume(const Options& options, const std::optional<KeptTrip>& copy, Messages& messages) {
+void Trips::Resume(const Options& options, const std::optional<KeptTrip>& copy, Messages& messages) {
   const std::set<int> resets = FindResets(options.resets);
   KeptTrip kept = ReadSettings();
   if (copy && copy->run >= kept.run) {
@@ -103,7 +103,7 @@ void Trip::Resume(const Options& options, const std::optional<KeptTrip>& copy, M
 }
 
 /// Indices of the sensors with these names, in upper or lower case.
-std::set<int> Trip::FindResets(const std::vector<std::string>& names) const {
+std::set<int> Trips::FindResets(const std::vector<std::string>& names) const {
   const Readouts sensors = engine.GetReadouts();
   std::set<int> found;
   for (const std::string& name : names) {
@@ -118,7 +118,7 @@ std::set<int> Trip::FindResets(const std::vector<std::string>& names) const {
   return found;
 }
 
-KeptTrip Trip::ReadSettings() const {
+KeptTrip Trips::ReadSettings() const {
   KeptTrip kept;
   kept.name = name;
   kept.run = Parse<std::int64_t>(settings.Get(RUN));
@@ -135,7 +135,7 @@ KeptTrip Trip::ReadSettings() const {
 }
 
 /// True when a state was restored.
-bool Trip::Restore(const KeptTrip& kept, const std::set<int>& resets) {
+bool Trips::Restore(const KeptTrip& kept, const std::set<int>& resets) {
   bool isRestored = false;
   for (const auto& [sensor, state] : kept.states) {
     if (state.empty() || resets.contains(sensor) || !engine.IsSensorSaveable(sensor)) {
@@ -151,11 +151,11 @@ bool Trip::Restore(const KeptTrip& kept, const std::set<int>& resets) {
   return isRestored;
 }
 
-std::int64_t Trip::GetElapsed() const {
+std::int64_t Trips::GetElapsed() const {
   return Parse<std::int64_t>(engine.GetSensorState(FEROLIN_SENSOR_ELAPSED));
 }
 
-void Trip::OnUpdate(const std::vector<Fix>& fixes) {
+void Trips::OnUpdate(const std::vector<Fix>& fixes) {
   const std::int64_t elapsedBefore = std::exchange(elapsed, GetElapsed());
   if (elapsed < elapsedBefore) {
     moving.Resume({});
@@ -168,7 +168,7 @@ void Trip::OnUpdate(const std::vector<Fix>& fixes) {
   }
 }
 
-KeptTrip Trip::GetStates() const {
+KeptTrip Trips::GetStates() const {
   KeptTrip states;
   states.name = name;
   states.run = run;
@@ -183,7 +183,7 @@ KeptTrip Trip::GetStates() const {
 }
 
 /// The first key set stands last in the file.
-void Trip::Store() const {
+void Trips::Store() const {
   const KeptTrip states = GetStates();
   std::for_each(states.states.rbegin(), states.states.rend(),
                 [this](const auto& each) { settings.Set(KeyOf(each.first), each.second); });

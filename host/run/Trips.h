@@ -18,10 +18,10 @@ namespace host {
 /// Keeps the states of the saveable sensors in the settings file, by their index, because names
 /// depend on the language. Receivers, recordings and the demo each have a section of their own. A
 /// drive that is kept on the disk has a second copy there, which a power cut does not harm.
-class Trip {
+class Trips {
  public:
   /// The engine outlives it.
-  Trip(const EngineLibrary& engine, const Options& options);
+  Trips(const EngineLibrary& engine, const Options& options);
 
   /// Gives the sensors the states of the last run, except those that the user starts from zero:
   /// those of `copy` unless the settings file has newer ones. Throws UsageError when the user names
