@@ -57,7 +57,7 @@ Examples:
                                             the totals of a recording
 
 Pauses of more than 10 seconds in a recording are cut short. Trip figures continue from run to
-run; receivers, recordings and the demo each have their own trip. Ctrl-C ends the program. Exit
+run; receivers, recordings and the demo each have their own trips. Ctrl-C ends the program. Exit
 status: 0 success, 1 failure, 2 wrong command line.
 )";
 

@@ -182,8 +182,8 @@ void OptionTable::AddTrip() {
           "start trip figures and records from zero instead of continuing those of the last run",
           Assign(options.newTrip, true));
   AddValue("--trip", "A|B|day",
-           "the trip that goes on: A (the default), B, or that of the day; each is kept, and the "
-           "others stand still meanwhile",
+           "the trip to show: A (the default), B, or that of the day, which begins anew at "
+           "midnight; all three run together, and --new-trip and --reset are for this one",
            [this](const std::string& text) { options.trip = ParseTripName(text); });
   AddValue("--reset", "NAME",
            "start one read-out from zero, such as \"Max speed\"; may be given several times",

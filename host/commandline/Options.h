@@ -16,7 +16,7 @@ struct Options {
   enum class Action { RUN, HELP, VERSION, LIST_DRIVES, DELETE_DRIVE, EXPORT_DRIVES };
   /// SEARCH looks for a receiver at gpsd and all serial ports.
   enum class Source { DEMO, PORT, FILE, GPSD, SEARCH };
-  /// DAY begins anew every day.
+  /// All run together. DAY begins anew every day.
   enum class TripName { A, B, DAY };
   enum class WindowUse { IF_PRESENT, ALWAYS, NEVER };
 
@@ -117,7 +117,7 @@ struct Options {
   std::string kmlFolder;
   /// Whether to keep the drive also when it is the demo or a recording.
   bool keep = false;
-  /// The trip that goes on in this run.
+  /// The trip to show.
   TripName trip = TripName::A;
   bool newTrip = false;
   /// Names of the sensors to start from zero.

@@ -41,15 +41,15 @@ void DriveRecorder::Take(Fix fix) {
   changed.notify_all();
 }
 
-/// A trip that stands still is not written again and again.
-void DriveRecorder::TakeTrip(KeptTrip trip) {
+/// Trips that stand still are not written again and again.
+void DriveRecorder::TakeTrips(std::vector<KeptTrip> trips) {
   {
     const std::lock_guard lock(mutex);
-    if (trip == latestTrip) {
+    if (trips == latestTrips) {
       return;
     }
-    latestTrip = trip;
-    waiting.trip = std::move(trip);
+    latestTrips = trips;
+    waiting.trips = std::move(trips);
   }
   changed.notify_all();
 }
@@ -115,8 +115,8 @@ bool DriveRecorder::Write(const Batch& batch, bool isLast) {
       for (const Fix& fix : batch.fixes) {
         Add(next, fix);
       }
-      if (batch.trip) {
-        store->KeepTrip(*batch.trip);
+      for (const KeptTrip& trip : batch.trips) {
+        store->KeepTrip(trip);
       }
       if (isLast && next.number != 0) {
         store->End(next.GetDrive());
@@ -155,8 +155,8 @@ void DriveRecorder::Hold(Batch batch) {
   const std::size_t excess = fixes.size() - std::min(fixes.size(), MOST_HELD);
   fixes.erase(fixes.begin(), fixes.begin() + static_cast<std::ptrdiff_t>(excess));
   lost += excess;
-  if (!waiting.trip) {
-    waiting.trip = std::move(batch.trip);
+  if (waiting.trips.empty()) {
+    waiting.trips = std::move(batch.trips);
   }
   waiting.fixes = std::move(fixes);
 }

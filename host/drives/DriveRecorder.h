@@ -19,7 +19,7 @@
 
 namespace host {
 
-/// Writes fixes and the trip to the disk on a thread of its own, so that a slow disk never holds up
+/// Writes fixes and the trips to the disk on a thread of its own, so that a slow disk never holds up
 /// the engine. The drive begins with the first fix that has a position; without one nothing is
 /// kept. While the disk takes nothing, fixes are held in memory for a while.
 class DriveRecorder {
@@ -47,8 +47,8 @@ class DriveRecorder {
   /// moment without a fix and a time gets that of the fix before.
   void Take(Fix fix);
 
-  /// Takes the trip as it is now.
-  void TakeTrip(KeptTrip trip);
+  /// Takes the trips as they are now.
+  void TakeTrips(std::vector<KeptTrip> trips);
 
   /// Writes what is left and ends the drive. No fix may come any more.
   void Finish();
@@ -77,10 +77,10 @@ class DriveRecorder {
   /// What waits for the disk.
   struct Batch {
     std::vector<Fix> fixes;
-    /// Nothing when the trip has not changed.
-    std::optional<KeptTrip> trip;
+    /// None when they have not changed.
+    std::vector<KeptTrip> trips;
 
-    bool IsEmpty() const { return fixes.empty() && !trip; }
+    bool IsEmpty() const { return fixes.empty() && trips.empty(); }
   };
 
   void Run();
@@ -99,8 +99,8 @@ class DriveRecorder {
   mutable std::mutex mutex;
   std::condition_variable changed;
   Batch waiting;
-  /// The trip taken last.
-  KeptTrip latestTrip;
+  /// The trips taken last.
+  std::vector<KeptTrip> latestTrips;
   std::optional<std::int64_t> latestTimeMs;
   bool stopped = false;
   bool hasProblem = false;

@@ -34,17 +34,6 @@ std::optional<double> ParseNumber(std::string_view text) {
   return isNumber ? std::optional(value) : std::nullopt;
 }
 
-struct Pair {
-  std::optional<double> first;
-  std::optional<double> second;
-};
-
-Pair ParsePair(std::string_view state) {
-  const std::size_t semicolon = std::min(state.find(';'), state.size());
-  return {ParseNumber(state.substr(0, semicolon)),
-          ParseNumber(state.substr(std::min(semicolon + 1, state.size())))};
-}
-
 template <class Sensors>
 std::vector<BestTime> ReadBestTimes(const EngineLibrary& engine, const Sensors& sensors,
                                     double unitsPerSecond) {
@@ -62,16 +51,20 @@ std::optional<double> ParseState(const std::string& state) {
   return ParseNumber(state);
 }
 
+StatePair ParseStatePair(std::string_view state) {
+  const std::size_t semicolon = std::min(state.find(';'), state.size());
+  return {ParseNumber(state.substr(0, semicolon)).value_or(0),
+          ParseNumber(state.substr(std::min(semicolon + 1, state.size()))).value_or(0)};
+}
+
 BestTime ParseBestTime(const std::string& state, double unitsPerSecond) {
-  const Pair pair = ParsePair(state);
-  const double time = pair.second.value_or(0);
-  return {pair.first.value_or(0), time > 0 ? std::optional(time / unitsPerSecond) : std::nullopt};
+  const auto [target, time] = ParseStatePair(state);
+  return {target, time > 0 ? std::optional(time / unitsPerSecond) : std::nullopt};
 }
 
 std::optional<double> ParseAverage(const std::string& state) {
-  const Pair pair = ParsePair(state);
-  const double hours = pair.second.value_or(0) / SECONDS_PER_HOUR;
-  return hours > 0 ? std::optional(pair.first.value_or(0) / hours) : std::nullopt;
+  const auto [km, seconds] = ParseStatePair(state);
+  return seconds > 0 ? std::optional(km / (seconds / SECONDS_PER_HOUR)) : std::nullopt;
 }
 
 Figures ReadFigures(const EngineLibrary& engine) {

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "engine/EngineLibrary.h"
@@ -37,6 +39,14 @@ Figures ReadFigures(const EngineLibrary& engine);
 
 /// "12.5"; nothing for a missing value.
 std::optional<double> ParseState(const std::string& state);
+
+struct StatePair {
+  double first = 0;
+  double second = 0;
+};
+
+/// "15.4;3600"; 0 for a missing value.
+StatePair ParseStatePair(std::string_view state);
 
 /// "100;9.5" or, with times in milliseconds, "402;17250".
 BestTime ParseBestTime(const std::string& state, double unitsPerSecond);

@@ -7,7 +7,7 @@ namespace host {
 
 namespace {
 
-constexpr std::chrono::seconds TRIP_INTERVAL(1);
+constexpr std::chrono::seconds ADVANCE_INTERVAL(1);
 
 /// What became of the drive; without one, some positions were lost.
 std::string DescribeResult(const std::optional<Drive>& drive, std::uint64_t lost, Units units) {
@@ -52,7 +52,11 @@ void DriveKeeping::OpenOrReplace(const std::string& home) {
 
 void DriveKeeping::Open(const std::string& home) {
   auto store = std::make_unique<DriveStore>(home, Database::Missing::CREATE);
-  keptTrip = store->GetTrip(Trips::NameOf(options));
+  for (const std::string& name : Trips::NamesOf(options)) {
+    if (std::optional<KeptTrip> kept = store->GetTrip(name)) {
+      keptTrips.push_back(*std::move(kept));
+    }
+  }
   recorder = std::make_unique<DriveRecorder>(std::move(store), DescribeSource(options));
   for (const Drive& drive : recorder->GetEndedDrives()) {
     messages.Say("the drive of " + DescribeDay(drive.startMs) + ", " +
@@ -67,16 +71,18 @@ void DriveKeeping::Start(PositionSource& source) {
   }
 }
 
-void DriveKeeping::OnUpdate(const Trips& trips) {
-  if (!recorder) {
-    return;
-  }
+void DriveKeeping::OnUpdate(Trips& trips) {
   const auto now = std::chrono::steady_clock::now();
-  if (now >= nextTrip) {
-    nextTrip = now + TRIP_INTERVAL;
-    recorder->TakeTrip(trips.GetStates());
+  if (now >= nextAdvance) {
+    nextAdvance = now + ADVANCE_INTERVAL;
+    trips.Advance();
+    if (recorder) {
+      recorder->TakeTrips(trips.Get());
+    }
   }
-  SayNews();
+  if (recorder) {
+    SayNews();
+  }
 }
 
 void DriveKeeping::SayNews() {
@@ -85,11 +91,12 @@ void DriveKeeping::SayNews() {
   }
 }
 
-void DriveKeeping::Finish(const Trips& trips) {
+void DriveKeeping::Finish(Trips& trips) {
+  trips.Advance();
   if (!recorder) {
     return;
   }
-  recorder->TakeTrip(trips.GetStates());
+  recorder->TakeTrips(trips.Get());
   recorder->Finish();
   SayNews();
   const std::optional<Drive> drive = recorder->GetDrive();

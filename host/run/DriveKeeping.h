@@ -3,8 +3,8 @@
 
 #include <chrono>
 #include <memory>
-#include <optional>
 #include <string>
+#include <vector>
 
 #include "base/Messages.h"
 #include "commandline/Options.h"
@@ -26,14 +26,14 @@ class DriveKeeping {
   /// Call between the source's Open and its Start.
   void Start(PositionSource& source);
 
-  /// The trip as it was kept; nothing when there is none.
-  const std::optional<KeptTrip>& GetTrip() const { return keptTrip; }
+  /// The trips as they were kept; without those that were not.
+  const std::vector<KeptTrip>& GetTrips() const { return keptTrips; }
 
-  /// Keeps the trip about once a second, and tells news of the disk.
-  void OnUpdate(const Trips& trips);
+  /// Advances the trips about once a second and keeps them, and tells news of the disk.
+  void OnUpdate(Trips& trips);
 
   /// Call when the source has stopped.
-  void Finish(const Trips& trips);
+  void Finish(Trips& trips);
 
  private:
   void OpenOrReplace(const std::string& home);
@@ -44,8 +44,8 @@ class DriveKeeping {
   Messages& messages;
   /// Null when the drive is not kept.
   std::unique_ptr<DriveRecorder> recorder;
-  std::optional<KeptTrip> keptTrip;
-  std::chrono::steady_clock::time_point nextTrip;
+  std::vector<KeptTrip> keptTrips;
+  std::chrono::steady_clock::time_point nextAdvance;
 };
 
 }  // namespace host

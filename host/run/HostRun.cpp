@@ -61,7 +61,7 @@ HostRun::HostRun(const EngineLibrary& engine, const Options& options, const std:
       timeLeft(std::chrono::steady_clock::now()),
       progress(messages) {
   ApplySpeedLimits(engine(), options);
-  trips.Resume(options, drive.GetTrip(), messages);
+  trips.Resume(options, drive.GetTrips(), messages);
 }
 
 /// All threads that use the windows end before these are destroyed. Held messages are shown on the

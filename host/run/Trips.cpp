@@ -14,6 +14,7 @@
 #include "base/Units.h"
 #include "engine/Figures.h"
 #include "handheld.h"
+#include "run/TripGain.h"
 
 namespace host {
 
@@ -36,6 +37,27 @@ Number Parse(const std::string& text) {
 
 std::string KeyOf(int sensor) {
   return "Sensor" + std::to_string(sensor);
+}
+
+/// Name of a trip in the settings file and the database.
+std::string NameOf(Options::Source source, Options::TripName trip) {
+  std::string name = "HostRecordingTrip";
+  if (IsLive(source)) {
+    name = "HostTrip";
+  } else if (source == Options::Source::DEMO) {
+    name = "HostDemoTrip";
+  }
+  switch (trip) {
+    case Options::TripName::A:
+      break;
+    case Options::TripName::B:
+      name += "B";
+      break;
+    case Options::TripName::DAY:
+      name += "Day";
+      break;
+  }
+  return name;
 }
 
 /// In the user's time zone.
@@ -61,37 +83,27 @@ std::string GetToday() {
 }  // namespace
 
 Trips::Trips(const EngineLibrary& engine, const Options& options)
-    : engine(engine), name(NameOf(options)), today(GetToday()), settings(engine, name) {}
+    : engine(engine),
+      nameOfDay(NameOf(options.source, Options::TripName::DAY)),
+      today(GetToday()) {}
 
-std::string Trips::NameOf(const Options& options) {
-  std::string name = "HostRecordingTrip";
-  if (IsLive(options.source)) {
-    name = "HostTrip";
-  } else if (options.source == Options::Source::DEMO) {
-    name = "HostDemoTrip";
+std::vector<std::string> Trips::NamesOf(const Options& options) {
+  std::vector<std::string> names;
+  for (const auto trip : {Options::TripName::A, Options::TripName::B, Options::TripName::DAY}) {
+    names.insert(trip == options.trip ? names.begin() : names.end(), NameOf(options.source, trip));
   }
-  switch (options.trip) {
-    case Options::TripName::A:
-      break;
-    case Options::TripName::B:
-      name += "B";
-      break;
-    case Options::TripName::DAY:
-      name += "Day";
-      break;
-  }
-  return name;
+  return names;
 }
 
-void Trips::Resume(const Options& options, const std::optional<KeptTrip>& copy, Messages& messages) {
+void Trips::Resume(const Options& options, const std::vector<KeptTrip>& copies,
+                   Messages& messages) {
   const std::set<int> resets = FindResets(options.resets);
-  KeptTrip kept = ReadSettings();
-  if (copy && copy->run >= kept.run) {
-    kept = *copy;
+  for (const std::string& name : NamesOf(options)) {
+    trips.push_back(FindKept(name, copies));
   }
-  run = kept.run + 1;
-  const bool isOver = options.trip == Options::TripName::DAY && kept.day != today;
-  if (options.newTrip || isOver || !Restore(kept, resets)) {
+  const bool goesOn = !options.newTrip && Restore(trips.front(), resets);
+  trips.front() = ReadShown();
+  if (!goesOn) {
     return;
   }
   std::string distance = engine.GetSensorValue(FEROLIN_SENSOR_DISTANCE);
@@ -118,7 +130,25 @@ std::set<int> Trips::FindResets(const std::vector<std::string>& names) const {
   return found;
 }
 
-KeptTrip Trips::ReadSettings() const {
+/// The newer one of two copies; without figures when its day is over.
+KeptTrip Trips::FindKept(const std::string& name, const std::vector<KeptTrip>& copies) const {
+  KeptTrip kept = ReadSettings(name);
+  for (const KeptTrip& copy : copies) {
+    if (copy.name == name && copy.run >= kept.run) {
+      kept = copy;
+    }
+  }
+  if (name == nameOfDay && kept.day != today) {
+    kept.states.clear();
+    kept.moving = {};
+  }
+  ++kept.run;
+  kept.day = today;
+  return kept;
+}
+
+KeptTrip Trips::ReadSettings(const std::string& name) const {
+  const Settings settings(engine, name);
   KeptTrip kept;
   kept.name = name;
   kept.run = Parse<std::int64_t>(settings.Get(RUN));
@@ -165,33 +195,70 @@ void Trips::OnUpdate(const std::vector<Fix>& fixes) {
   }
   for (const Fix& fix : fixes) {
     moving.Add(fix);
+    highestKmh = std::max(highestKmh, fix.hasFix ? fix.speedKmh.value_or(0) : 0);
   }
 }
 
-KeptTrip Trips::GetStates() const {
-  KeptTrip states;
-  states.name = name;
-  states.run = run;
-  states.moving = moving.GetSums();
-  states.day = today;
+void Trips::Advance() {
+  const KeptTrip shown = ReadShown();
+  const TripStep step = {trips.front(), shown, std::exchange(highestKmh, 0)};
+  std::for_each(trips.begin() + 1, trips.end(), [&](KeptTrip& trip) { AddGain(trip, step); });
+  trips.front() = shown;
+  if (GetToday() != today) {
+    BeginDay();
+  }
+}
+
+/// The shown trip as it is now.
+KeptTrip Trips::ReadShown() const {
+  KeptTrip shown = trips.front();
+  shown.moving = moving.GetSums();
+  shown.states.clear();
   for (int i = 0; i < engine.CountSensors(); ++i) {
     if (engine.IsSensorSaveable(i)) {
-      states.states[i] = engine.GetSensorState(i);
+      shown.states[i] = engine.GetSensorState(i);
     }
   }
-  return states;
+  return shown;
 }
 
-/// The first key set stands last in the file.
+void Trips::BeginDay() {
+  today = GetToday();
+  for (KeptTrip& trip : trips) {
+    trip.day = today;
+    if (trip.name == nameOfDay) {
+      trip.states.clear();
+      trip.moving = {};
+    }
+  }
+  if (trips.front().name == nameOfDay) {
+    ResetShown();
+  }
+}
+
+void Trips::ResetShown() {
+  for (int i = 0; i < engine.CountSensors(); ++i) {
+    if (engine.IsSensorSaveable(i)) {
+      engine().ResetSensorValue(i);
+    }
+  }
+  moving.Resume({});
+  elapsed = 0;
+  trips.front() = ReadShown();
+}
+
+/// The section and the key set first stand last in the file.
 void Trips::Store() const {
-  const KeptTrip states = GetStates();
-  std::for_each(states.states.rbegin(), states.states.rend(),
-                [this](const auto& each) { settings.Set(KeyOf(each.first), each.second); });
-  settings.Set(STOPPED_MS, std::to_string(states.moving.stoppedMs));
-  settings.Set(MOVING_MS, std::to_string(states.moving.movingMs));
-  settings.Set(MOVING_KM, DescribeNumber(states.moving.movingKm, METRE_DECIMALS));
-  settings.Set(DAY, states.day);
-  settings.Set(RUN, std::to_string(run));
+  std::for_each(trips.rbegin(), trips.rend(), [this](const KeptTrip& trip) {
+    const Settings settings(engine, trip.name);
+    std::for_each(trip.states.rbegin(), trip.states.rend(),
+                  [&settings](const auto& each) { settings.Set(KeyOf(each.first), each.second); });
+    settings.Set(STOPPED_MS, std::to_string(trip.moving.stoppedMs));
+    settings.Set(MOVING_MS, std::to_string(trip.moving.movingMs));
+    settings.Set(MOVING_KM, DescribeNumber(trip.moving.movingKm, METRE_DECIMALS));
+    settings.Set(DAY, trip.day);
+    settings.Set(RUN, std::to_string(trip.run));
+  });
 }
 
 }  // namespace host

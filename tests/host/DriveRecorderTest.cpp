@@ -98,13 +98,15 @@ TEST_F(DriveRecorderTest, TakesTheComputersClockWhereTheReceiverHasNoDate) {
   EXPECT_LT(1700000000000, Open()->List().at(0).startMs);
 }
 
-TEST_F(DriveRecorderTest, KeepsTheTripAlsoWithoutADrive) {
+TEST_F(DriveRecorderTest, KeepsTheTripsAlsoWithoutADrive) {
   const KeptTrip trip = {"HostTrip", 3, {{6, "12.5"}}};
+  const KeptTrip other = {"HostTripB", 2, {{6, "100"}}};
   const auto recorder = Record();
-  recorder->TakeTrip(trip);
+  recorder->TakeTrips({trip, other});
   EXPECT_TRUE(Becomes([&] { return Open()->GetTrip("HostTrip") == trip; }));
+  EXPECT_EQ(other, Open()->GetTrip("HostTripB"));
   const KeptTrip later = {"HostTrip", 3, {{6, "13"}}};
-  recorder->TakeTrip(later);
+  recorder->TakeTrips({later, other});
   recorder->Finish();
   EXPECT_EQ(later, Open()->GetTrip("HostTrip"));
 }

@@ -22,6 +22,15 @@ TEST(Figures, AreBestTimes) {
   EXPECT_EQ((BestTime{402, std::nullopt}), ParseBestTime("402;0", 1000));
 }
 
+TEST(Figures, AreReadFromPairs) {
+  const StatePair pair = ParseStatePair("15.4;3600");
+  EXPECT_EQ(15.4, pair.first);
+  EXPECT_EQ(3600, pair.second);
+  EXPECT_EQ(0, ParseStatePair("100;-9999").second);
+  EXPECT_EQ(0, ParseStatePair("").first);
+  EXPECT_EQ(0, ParseStatePair("12").second);
+}
+
 TEST(Figures, AreAverages) {
   EXPECT_EQ(60.0, ParseAverage("30;1800"));
   EXPECT_EQ(0.0, ParseAverage("0;10"));

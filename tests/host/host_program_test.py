@@ -72,7 +72,8 @@ class HostTest(ProgramTestCase):
         options.setdefault("stdout", subprocess.PIPE)
         options.setdefault("stderr", subprocess.PIPE)
         options.setdefault("stdin", subprocess.DEVNULL)
-        process = subprocess.Popen(self.command(*arguments), env=self.environment(), **options)
+        environment = self.environment(**options.pop("environment", {}))
+        process = subprocess.Popen(self.command(*arguments), env=environment, **options)
         self.addCleanup(self.end, process)
         return process
 
@@ -733,18 +734,67 @@ class Units(HostTest):
 
 
 class Trips(HostTest):
-    def metres(self, *arguments):
-        """Drives 10 m on, and tells how long the trip is then."""
-        return round(json.loads(self.run_host("--nmea", self.write(recording([36 / 1.852] * 2)), "--json", *arguments)
-                                .stdout.splitlines()[-1])["distance_m"])
+    def drive(self, *arguments, kmh=36, **environment):
+        """The totals of the shown trip after a second more."""
+        result = self.run_host("--nmea", self.write(recording([kmh / 1.852] * 2)), "--json", *arguments, **environment)
+        return json.loads(result.stdout.splitlines()[-1])
 
-    def test_are_kept_apart(self):
+    def metres(self, *arguments, **environment):
+        """Drives 10 m on, and tells how long the shown trip is then."""
+        return round(self.drive(*arguments, **environment)["distance_m"])
+
+    def test_run_together(self):
         self.assertEqual(self.metres(), 10)
-        self.assertEqual(self.metres("--trip", "B"), 10)
-        self.assertEqual(self.metres("--trip", "A"), 20)
         self.assertEqual(self.metres("--trip", "B"), 20)
+        self.assertEqual(self.metres("--trip", "day"), 30)
         self.assertEqual(self.metres("--trip", "B", "--new-trip"), 10)
-        self.assertEqual(self.metres(), 30)
+        self.assertEqual(self.metres("--trip", "A"), 50)
+        self.assertEqual(self.metres("--trip", "B"), 30)
+
+    def test_run_together_also_when_kept_as_drives(self):
+        self.assertEqual(self.metres("--keep"), 10)
+        self.assertEqual(self.metres("--keep", "--trip", "B", "--new-trip"), 10)
+        # Without the settings file, as after a power cut.
+        os.remove(os.path.join(self.home, "TachyMo.ini"))
+        self.assertEqual(self.metres("--keep", "--trip", "day"), 30)
+        self.assertEqual(self.metres("--keep", "--trip", "B"), 30)
+
+    def test_share_times_and_the_highest_speed_of_each_drive(self):
+        self.drive(kmh=72)
+        self.drive("--trip", "B", "--new-trip")
+        self.drive()
+        totals = self.drive("--trip", "B")
+        self.assertAlmostEqual(totals["max_speed_mps"], 10, places=2)
+        self.assertEqual((totals["elapsed_s"], totals["moving_s"]), (3, 3))
+        self.assertAlmostEqual(totals["average_speed_mps"], 10, places=2)
+        self.assertAlmostEqual(self.drive("--trip", "day")["max_speed_mps"], 20, places=2)
+
+    def metres_around_midnight(self, seconds):
+        """Each distance until the trip begins anew, in a time zone in which the day ends in so many seconds."""
+        east = (-seconds - int(time.time())) % 86400
+        zone = "NOW-%02d:%02d:%02d" % (east // 3600, east // 60 % 60, east % 60)
+        process = self.start_host("--nmea", "-", "--json", "--trip", "day", stdin=subprocess.PIPE, bufsize=0,
+                                  environment={"TZ": zone})
+        self.addCleanup(process.stdin.close)
+        ends = time.monotonic() + seconds + 10
+        metres = []
+        # A moment has ended when the next one begins.
+        process.stdin.write(rmc(0, 36 / 1.852).encode() + b"\r\n")
+        while time.monotonic() < ends and metres == sorted(metres):
+            process.stdin.write(rmc(len(metres) + 1, 36 / 1.852).encode() + b"\r\n")
+            metres.append(json.loads(process.stdout.readline())["distance_m"])
+            time.sleep(0.05)
+        self.end(process)
+        return metres
+
+    def test_of_the_day_begins_anew_at_midnight(self):
+        # A slow machine may start the program after midnight.
+        for seconds in (2, 10, 60):
+            metres = self.metres_around_midnight(seconds)
+            if metres != sorted(metres):
+                break
+        self.assertGreater(metres[-2], 10)
+        self.assertLess(metres[-1], 10.1)
 
     def test_of_the_day_begins_anew_every_day(self):
         self.assertEqual(self.metres("--trip", "day"), 10)
