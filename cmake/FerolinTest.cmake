@@ -12,7 +12,7 @@ function(ferolin_test_header name)
   target_precompile_headers(${name} PRIVATE <gtest/gtest.h>)
 endfunction()
 
-if(NOT CMAKE_CXX_COMPILER_LAUNCHER AND NOT CMAKE_CROSSCOMPILING)
+if(NOT CMAKE_CXX_COMPILER_LAUNCHER AND FEROLIN_HOME STREQUAL "linux")
   ferolin_test_header(test-header)
   ferolin_test_header(engine-test-header ferolin-options)
 endif()

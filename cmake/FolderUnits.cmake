@@ -1,9 +1,9 @@
 # A folder's sources are compiled as one unit: their headers take most of the time in which each
-# compiles by itself. Names in unnamed namespaces are therefore unique in a folder. The other homes,
-# the sanitizers and the fuzzers compile source by source, which finds a missing include. So does a
-# build with a compiler cache, which keeps single sources better.
-if(NOT DEFINED CMAKE_UNITY_BUILD AND NOT CMAKE_CXX_COMPILER_LAUNCHER AND NOT CMAKE_CROSSCOMPILING
-   AND NOT FEROLIN_SANITIZE AND NOT FEROLIN_FUZZ)
+# compiles by itself. Names in unnamed namespaces are therefore unique in a folder. The other homes
+# and the fuzzers compile source by source, which finds a missing include. So does a build with a
+# compiler cache, which keeps single sources better.
+if(NOT DEFINED CMAKE_UNITY_BUILD AND FEROLIN_HOME STREQUAL "linux"
+   AND NOT CMAKE_CXX_COMPILER_LAUNCHER AND NOT FEROLIN_FUZZ)
   set(CMAKE_UNITY_BUILD ON CACHE BOOL "Compile the sources of a folder together")
 endif()
 
