@@ -1,6 +1,6 @@
-// The emulator does not know the newer terminal calls, which carry the baud rate as a number. Put
-// in front of the C library's ioctl, this turns them into the older ones, which know the rates that
-// are used.
+// The emulator does not know the newer terminal calls, which carry the baud rate as a number. Linked
+// before the C library's ioctl, this turns them into the older ones, which know the rates of the
+// tests.
 
 #include <asm/ioctls.h>
 #include <asm/termbits.h>
