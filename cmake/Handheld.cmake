@@ -13,8 +13,9 @@ foreach(part settings sms events render widgets widgets-dial widgets-speed widge
   target_compile_options(ferolin-${part} PRIVATE -Os)
 endforeach()
 add_subdirectory(app)
-# Pages run at a finger's pace: of them only the drawing is to be fast.
-target_compile_options(app-parts PRIVATE -Os)
-file(GLOB DRAWING ${CMAKE_SOURCE_DIR}/app/drawing/*.cpp)
-set_property(SOURCE ${DRAWING} TARGET_DIRECTORY app-parts APPEND PROPERTY COMPILE_OPTIONS -O2)
+# Pages run at a finger's pace: of them only what goes over pixels is to be fast. Clones of functions for one source
+# (-fipa-sra) would be copies of the same templates in many.
+target_compile_options(app-parts PRIVATE -Os -fno-ipa-sra)
+set(PIXELS ${CMAKE_SOURCE_DIR}/app/drawing/PixelBitmap.cpp ${CMAKE_SOURCE_DIR}/app/drawing/Shapes.cpp)
+set_property(SOURCE ${PIXELS} TARGET_DIRECTORY app-parts APPEND PROPERTY COMPILE_OPTIONS -O2)
 include(${CMAKE_SOURCE_DIR}/cmake/DeviceModules.cmake)

@@ -24,7 +24,7 @@ struct Theme {
   Color focus;
 };
 
-constexpr Theme DARK_THEME = {
+inline constexpr Theme DARK_THEME = {
     .background = 0x000000,
     .header = 0x0A0E12,
     .headerLine = 0x4A6078,
@@ -43,7 +43,7 @@ constexpr Theme DARK_THEME = {
     .focus = 0x4FB3FF,
 };
 
-constexpr Theme LIGHT_THEME = {
+inline constexpr Theme LIGHT_THEME = {
     .background = 0xD3DAE0,
     .header = 0xF4F7F9,
     .headerLine = 0x8296A8,

@@ -1,4 +1,5 @@
 #include "base/CodePage.h"
+#include "engine/ColorTheme.h"
 #include "pages/PageRows.h"
 #include "pages/RowTools.h"
 #include "pages/Session.h"
@@ -38,6 +39,17 @@ int IsLightTheme(const Session& session, int) {
 }
 void SetLightTheme(Session& session, int, int value) {
   session.isLightTheme = value != 0;
+}
+
+/// Names of the files in the folder "themes". The first one has the colours of a first start.
+constexpr LPCWSTR THEMES[] = {TEXT("standard"), TEXT("day"), TEXT("night")};
+int IsThemeChosen(const Session& session, int theme) {
+  const WideString chosen = session.engine.ReadSetting(theme_keys::CHOSEN);
+  return (chosen.empty() ? theme == 0 : chosen == THEMES[theme]) ? 1 : 0;
+}
+void ChooseTheme(Session& session, int theme, int) {
+  session.engine.KeepSetting(theme_keys::CHOSEN, THEMES[theme]);
+  session.engine.KeepSetting(theme_keys::TAKEN, WideString());
 }
 
 // Settings
@@ -185,6 +197,22 @@ constexpr Row PICTURE_ROWS[] = {
      .label = Word::LIGHT_THEME,
      .get = &IsLightTheme,
      .set = &SetLightTheme},
+    {.kind = RowKind::HEADING, .label = Word::FROM_NEXT_START},
+    {.kind = RowKind::CHOICE,
+     .label = Word::STANDARD_COLORS,
+     .get = &IsThemeChosen,
+     .set = &ChooseTheme,
+     .argument = 0},
+    {.kind = RowKind::CHOICE,
+     .label = Word::DAY_COLORS,
+     .get = &IsThemeChosen,
+     .set = &ChooseTheme,
+     .argument = 1},
+    {.kind = RowKind::CHOICE,
+     .label = Word::NIGHT_COLORS,
+     .get = &IsThemeChosen,
+     .set = &ChooseTheme,
+     .argument = 2},
 };
 
 constexpr Row ABOUT_ROWS[] = {

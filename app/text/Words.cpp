@@ -48,6 +48,10 @@ constexpr std::array<Translation, static_cast<std::size_t>(Word::COUNT)> WORDS =
     {TEXT("Upside down"), TEXT("Вверх ногами")},
     {TEXT("Turn"), TEXT("Повернуть")},
     {TEXT("Invert colours"), TEXT("Обратить цвета")},
+    {TEXT("From the next start"), TEXT("Со следующего запуска")},
+    {TEXT("Standard colours"), TEXT("Обычные цвета")},
+    {TEXT("Day colours"), TEXT("Дневные цвета")},
+    {TEXT("Night colours"), TEXT("Ночные цвета")},
     // Reset
     {TEXT("Reset all"), TEXT("Сбросить всё")},
     {TEXT("Tap again"), TEXT("Нажмите ещё раз")},

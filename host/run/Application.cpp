@@ -10,6 +10,7 @@
 #include "commandline/CommandLine.h"
 #include "display/Display.h"
 #include "display/DisplaySetup.h"
+#include "engine/ColorTheme.h"
 #include "engine/EngineLibrary.h"
 #include "handheld.h"
 #include "outputs/StandardOutput.h"
@@ -127,6 +128,7 @@ void Play(Options options, StandardOutput& output, Messages& messages) {
   }
   std::optional<TrackFolder> tracks;
   bool hadPosition = false;
+  std::string theme;
   {
     const EngineLibrary engine;
     settings.OnEngineLoaded();
@@ -138,12 +140,13 @@ void Play(Options options, StandardOutput& output, Messages& messages) {
     run.Run();
     hadPosition = run.HadPosition();
     FollowTrackSwitch(tracks, options, engine, home);
+    theme = handheld::Utf8FromWide(app::FindNewTheme(engine.GetLoaded()));
   }
   // The engine writes its track and its settings when it is unloaded.
   if (tracks) {
     SayTrack(*tracks, hadPosition, messages);
   }
-  settings.Keep();
+  settings.Keep(theme.empty() ? std::string() : ReadTheme(theme));
   ChoicesBackup::Remove(home.GetPath());
 }
 

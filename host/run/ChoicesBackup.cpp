@@ -31,7 +31,7 @@ constexpr const char* SMS_TEXT = "smsText";
 constexpr std::array HOST_KEYS = {"Device", "Baud",   "Gpsd", "KmlFolder", "WriteTrack",
                                   "View",   "Mirror", "Flip", "Rotate",    "Invert"};
 /// Those of the window's pages.
-constexpr std::array APPLICATION_KEYS = {"KeepScreenOn", "LightTheme"};
+constexpr std::array APPLICATION_KEYS = {"KeepScreenOn", "LightTheme", "Theme"};
 constexpr const char* APPLICATION_SECTION = "Application";
 
 std::string PathIn(const std::string& home) {

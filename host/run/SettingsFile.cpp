@@ -11,6 +11,7 @@
 
 #include "base/HostError.h"
 #include "base/SafeFile.h"
+#include "engine/ColorTheme.h"
 #include "handheld.h"
 #include "run/SettingsMerge.h"
 #include "run/SettingsSpellings.h"
@@ -61,14 +62,14 @@ bool SettingsFile::IsThere() const {
 }
 
 /// The engine reads them from the folder aside: the user's file changes when the run ends.
-void SettingsFile::Override(const std::string& settings) {
+void SettingsFile::Override(const std::string& theme) {
   std::string own;
   if (IsThere()) {
     std::ifstream stream(file, std::ios::binary);
     own.assign(std::istreambuf_iterator<char>(stream), {});
   }
   std::ofstream stream(saved, std::ios::binary);
-  stream << AddMissingSettings(settings, own);
+  stream << AddMissingSettings(app::WithTheme(own, theme), theme);
   stream.close();
   if (!stream) {
     throw HostError("cannot write " + saved.string() + ": " + std::strerror(errno));
@@ -106,7 +107,7 @@ void SettingsFile::OnEngineLoaded() {
   fs::remove(saved, error);
 }
 
-void SettingsFile::Keep() {
+void SettingsFile::Keep(const std::string& theme) {
   if (!std::exchange(isLoaded, false)) {
     return;
   }
@@ -122,7 +123,7 @@ void SettingsFile::Keep() {
   if (!isSaved) {
     throw HostError("settings were not kept: " + DescribeWriteFailure(folder.parent_path()));
   }
-  ReplaceFile(file, settings);
+  ReplaceFile(file, app::WithTheme(settings, theme));
 }
 
 }  // namespace host

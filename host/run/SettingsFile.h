@@ -23,16 +23,16 @@ class SettingsFile {
   /// Keeps the settings if that was not done, and tells what goes wrong.
   ~SettingsFile();
 
-  /// Gives the engine these settings in place of those in the file. To be called before the engine
-  /// is loaded. Throws HostError when they cannot be handed over.
-  void Override(const std::string& settings);
+  /// Gives the engine the settings of a theme in place of those in the file. To be called before
+  /// the engine is loaded. Throws HostError when they cannot be handed over.
+  void Override(const std::string& theme);
 
   /// To be called once the engine is loaded: it has read its settings and gets them no more.
   void OnEngineLoaded();
 
-  /// To be called once the engine is unloaded: it has saved its settings. Throws HostError when
-  /// they are lost.
-  void Keep();
+  /// To be called once the engine is unloaded: it has saved its settings. The settings of a theme
+  /// take the place of its own. Throws HostError when they are lost.
+  void Keep(const std::string& theme = {});
 
  private:
   void Check();

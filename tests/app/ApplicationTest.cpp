@@ -8,6 +8,7 @@
 
 #include "base/CodePage.h"
 #include "base/ModuleFunction.h"
+#include "engine/ColorTheme.h"
 
 namespace app {
 
@@ -84,7 +85,14 @@ void ApplicationTest::Quit() {
     EXPECT_FALSE(IsRunning());
   }
   application.reset();
+  if (engine == nullptr) {
+    return;
+  }
+  const WideString theme = FindNewTheme(*engine);
   engine.reset();
+  if (!theme.empty()) {
+    TakeTheme(ferolin::Widen(device->GetProgramFolder() + "\\"), theme);
+  }
 }
 
 void ApplicationTest::Pump() {

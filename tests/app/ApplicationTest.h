@@ -39,7 +39,7 @@ enum Settings {
   QUIT
 };
 enum Receiver { SERVICE, SERIAL, PORT = 3, BAUD_RATE };
-enum Picture { MIRROR, UPSIDE_DOWN, TURN, INVERT };
+enum Picture { MIRROR, UPSIDE_DOWN, TURN, INVERT, LIGHT, NEXT_START, STANDARD, DAY, NIGHT };
 enum Sms { RECIPIENTS, AUTOMATIC, INTERVAL, AFTER_MOVING, SEND_NOW };
 }  // namespace rows
 

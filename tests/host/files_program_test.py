@@ -67,6 +67,39 @@ class ThemeTest(FilesTest):
         self.assertEqual(self.colours(), night)
         self.assertIn("Address=+111", self.settings())
 
+    def test_leaves_comments(self):
+        self.drive_well()
+        with open(os.path.join(self.home, "TachyMo.ini"), encoding="cp1251") as file:
+            settings = file.read()
+        commented = settings.replace(" [PathWidget]", "# mine\n [PathWidget]").replace(" PathColor", "; own\n PathColor")
+        self.assertEqual(commented.count("# mine") + commented.count("; own"), 2)
+        with open(os.path.join(self.home, "TachyMo.ini"), "w", encoding="cp1251") as file:
+            file.write(commented)
+        self.drive_well("--theme", "night")
+        kept = "\n".join(self.settings())
+        self.assertRegex(kept, r"# mine\n *\[PathWidget\]")
+        self.assertRegex(kept, r"; own\n *PathColor=30928")
+
+    def test_is_taken_when_it_was_chosen_in_the_window(self):
+        os.makedirs(self.home, exist_ok=True)
+        with open(os.path.join(self.home, "TachyMo.ini"), "w", encoding="cp1251") as file:
+            file.write("[Application]\nTheme=day\nThemeTaken=\n")
+        self.drive_well()
+        day = self.colours()
+        self.assertEqual(day["PathWidget", "pathcolor"], "11534336")
+        self.assertIn("ThemeTaken=day", self.settings())
+        self.drive_well("--theme", "night")
+        self.assertEqual(self.colours()["PathWidget", "pathcolor"], "30928")
+        self.assertIn("Theme=night", self.settings())
+
+    def test_that_is_missing_loses_no_settings(self):
+        os.makedirs(self.home, exist_ok=True)
+        with open(os.path.join(self.home, "TachyMo.ini"), "w", encoding="cp1251") as file:
+            file.write("[Application]\nTheme=dusk\nThemeTaken=\n")
+        result = self.run_drive("--sms-to", "+111")
+        self.assertIn("cannot read the theme", result.stderr)
+        self.assertIn("Address=+111", self.settings())
+
     def test_standard_is_what_the_engine_starts_with(self):
         self.drive_well()
         first = self.colours()
@@ -81,8 +114,9 @@ class ThemeTest(FilesTest):
         for theme in ("standard", "day", "night"):
             parser = configparser.ConfigParser()
             parser.read(pathlib.Path(__file__).parents[2] / "assets" / "themes" / f"{theme}.ini")
-            keys = {(section, key) for section in parser.sections() for key in parser[section]}
+            keys = {(section, key) for section in self.SECTIONS for key in parser[section]}
             self.assertEqual(keys, set(self.colours()), theme)
+            self.assertEqual(dict(parser["Application"]), {"theme": theme, "themetaken": theme})
 
 
 class AnyHome(FilesTest):

@@ -20,6 +20,7 @@ HEADER, ROW, GAP = 48, 48, 12
 WAITING_RECEIVER = 2
 SERIAL, PORT, BAUD_RATE = 1, 3, 4
 LIMITS, PICTURE, QUIT = 0, 4, 11
+DAY = 7
 PATIENCE_S = 60
 BODY = "GPRMC,120000,A,4807.038,N,01131.000,E,030.0,084.4,230324,,"
 
@@ -105,7 +106,7 @@ class WindowTest(unittest.TestCase):
         program.mkdir()
         for name in ("Ferolin.exe", "Ferolin.dll"):
             shutil.copy(self.parts / name, program)
-        for name in ("Pics", "Wav"):
+        for name in ("Pics", "Wav", "themes"):
             shutil.copytree(TOP / "assets" / name, program / name, ignore=shutil.ignore_patterns("4x"))
         shutil.copy(TOP / "assets/lcd-u.ttf", program)
         self.settings_file = program / "TachyMo.ini"
@@ -176,17 +177,19 @@ class WindowTest(unittest.TestCase):
         self.click_back()
         self.click_row(PICTURE)
         self.click_row(0)
+        self.click_row(DAY)
         self.click_back()
         self.click_row(QUIT)
         settings = self.await_end()
-        for kept in ("Port=COM1", "BaudRate=4800", "UseGpsApi=0", "Mirror=1", "Limit1=65", "UseSound1=true"):
+        for kept in ("Port=COM1", "BaudRate=4800", "UseGpsApi=0", "Mirror=1", "Limit1=65", "UseSound1=true",
+                     "ThemeTaken=day", "PathColor=11534336"):
             self.assertIn(kept, settings)
 
         self.start()
         self.await_view()
         self.screen.do("key", "q")
         settings = self.await_end()
-        for kept in ("Mirror=1", "Limit1=65", "UseSound1=true"):
+        for kept in ("Mirror=1", "Limit1=65", "UseSound1=true", "PathColor=11534336"):
             self.assertIn(kept, settings)
 
 

@@ -1,5 +1,5 @@
 // A new user of the handheld's program: chooses port and rate by touch, sees the speed, sets a limit,
-// mirrors the picture, quits, and finds all of it kept.
+// mirrors the picture, chooses a theme, quits, and finds all of it kept.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -35,6 +35,7 @@ constexpr int GAP = 12;
 // Rows of the pages, gaps included.
 enum WaitingRow { WAITING_RECEIVER = 2 };
 enum SettingsRow { LIMITS, PICTURE = 4, QUIT = 11 };
+enum PictureRow { MIRROR, DAY = 7 };
 enum ReceiverRow { SERIAL = 1, PORT = 3, BAUD_RATE = 4 };
 
 constexpr std::string_view SENTENCE_BODY =
@@ -57,13 +58,18 @@ class ProgramTest : public testing::Test {
     handheld::SetScreen(WIDTH, HEIGHT, 96);
     constexpr double SOMEWHAT_FASTER = 5;
     device->SetTimeRate(SOMEWHAT_FASTER);
-    for (const auto& entry : std::filesystem::directory_iterator(ASSETS_FOLDER "/Pics")) {
-      if (!entry.is_regular_file()) {
-        continue;
+    Install("Pics");
+    Install("themes");
+  }
+
+  /// The files of a folder, beside the engine.
+  void Install(const std::string& folder) {
+    for (const auto& entry : std::filesystem::directory_iterator(ASSETS_FOLDER "/" + folder)) {
+      if (entry.is_regular_file()) {
+        std::ifstream file(entry.path(), std::ios::binary);
+        device->WriteFile(folder + "/" + entry.path().filename().string(),
+                          std::string(std::istreambuf_iterator<char>(file), {}));
       }
-      std::ifstream file(entry.path(), std::ios::binary);
-      device->WriteFile("Pics/" + entry.path().filename().string(),
-                        std::string(std::istreambuf_iterator<char>(file), {}));
     }
   }
 
@@ -143,7 +149,8 @@ TEST_F(ProgramTest, IsSetUpByTouchAndKeepsIt) {
   Tap(WIDTH - 33, HEADER + ROW + ROW / 2);  // "+" of the limit
   TapBack();
   TapRow(PICTURE);
-  TapRow(0);
+  TapRow(MIRROR);
+  TapRow(DAY);
   TapBack();
   TapRow(QUIT);
   AwaitEnd();
@@ -153,6 +160,8 @@ TEST_F(ProgramTest, IsSetUpByTouchAndKeepsIt) {
   EXPECT_THAT(kept, HasSubstr("UseGpsApi=0"));
   EXPECT_THAT(kept, HasSubstr("Mirror=1"));
   EXPECT_THAT(kept, HasSubstr("Limit1=65"));
+  EXPECT_THAT(kept, HasSubstr("ThemeTaken=day"));
+  EXPECT_THAT(kept, HasSubstr("PathColor=11534336"));
   EXPECT_THAT(kept, HasSubstr("UseSound1=true"));
 
   Start();
