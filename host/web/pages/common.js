@@ -136,8 +136,9 @@ var Ferolin = (function () {
         if (document.hidden || source) {
           return;
         }
-        enter(status === 401 || status === 403 ? 'refused' :
-          status === 429 || status === 503 ? 'full' : 'unreached');
+        if (status !== 200) {
+          enter({ 401: 'refused', 403: 'refused', 429: 'full', 503: 'full' }[status] || 'unreached');
+        }
         openLater();
       });
     }

@@ -109,7 +109,7 @@
   }
 
   function show() {
-    var isKnown = latest && typeof latest.speed_mps === 'number' && isFresh();
+    var isKnown = stateKey() === 'ok' && typeof latest.speed_mps === 'number';
     var speed = isKnown ? latest.speed_mps : null;
     showState();
     showSpeed(speed);
