@@ -135,7 +135,10 @@ Ferolin.Readouts = function (settings) {
       bestOf('accelerations_s', '0-' + kmh + '_kmh'), secondsValue]);
   });
   [100, 402, 500, 1000, 10000].forEach(function (metres) {
-    TILES.push(['best' + metres, 'Best ' + metres + ' m', 'Лучшие ' + metres + ' м',
+    var isLong = metres >= 1000;
+    var length = isLong ? metres / 1000 : metres;
+    TILES.push(['best' + metres, 'Best ' + length + (isLong ? ' km' : ' m'),
+      'Лучшие ' + length + (isLong ? ' км' : ' м'),
       bestOf('fastest_s', metres + '_m'), secondsValue]);
   });
 
