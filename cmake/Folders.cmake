@@ -93,7 +93,11 @@ ferolin_folder(host/window
        host/commandline host/engine)
 ferolin_folder(host/outputs
   USES include platform/api platform/linux host/base host/sources host/engine host/window)
+ferolin_folder(host/web
+  USES include platform/api platform/linux host/base host/commandline host/sources host/engine
+       host/drives host/window host/outputs)
 ferolin_folder(host/run
   USES include platform/api platform/linux platform/linux/display app/engine host/base
-       host/commandline host/engine host/sources host/drives host/window host/outputs)
+       host/commandline host/engine host/sources host/drives host/window host/outputs
+       host/web)
 ferolin_folder(host USES host/base host/run)

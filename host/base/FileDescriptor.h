@@ -26,6 +26,8 @@ class FileDescriptor {
 
   int Get() const { return descriptor; }
   bool IsOpen() const { return descriptor >= 0; }
+  /// Its new owner closes it.
+  int Release() { return std::exchange(descriptor, -1); }
 
  private:
   int descriptor = -1;

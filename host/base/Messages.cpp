@@ -32,6 +32,12 @@ void Messages::Say(const std::string& text) {
   }
 }
 
+void Messages::ShowOnTerminal(const std::string& lines) {
+  if (isatty(STDERR_FILENO) != 0) {
+    std::cerr << lines << std::flush;
+  }
+}
+
 /// The status stays below the text.
 void Messages::Print(const std::string& text) const {
   std::cerr << (status.empty() ? "" : ERASE_LINE) + text + status << std::flush;

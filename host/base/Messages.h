@@ -13,6 +13,9 @@ class Messages {
 
   void Say(const std::string& text);
 
+  /// Prints lines as they are if standard error is a terminal.
+  static void ShowOnTerminal(const std::string& lines);
+
   /// Says what was lost or went wrong; the program goes on, and its exit status tells.
   void SayLoss(const std::string& text);
   bool HasLosses() const { return hasLosses; }

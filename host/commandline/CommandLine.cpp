@@ -109,6 +109,18 @@ void CheckCombinations(const Options& options) {
   if (!options.recordFile.empty() && !passesHost) {
     throw UsageError("--record does not go with --gps-api or --port --raw");
   }
+  if (options.web && !passesHost) {
+    throw UsageError("--web does not go with --gps-api or --port --raw");
+  }
+  if (options.web && isSheet) {
+    throw UsageError("--web does not go with --contact-sheet");
+  }
+  if (!options.web && !options.webNames.empty()) {
+    throw UsageError("--web-name goes with --web");
+  }
+  if (!options.web && !options.webCertificateFile.empty()) {
+    throw UsageError("--web-tls goes with --web");
+  }
   if (options.rate && IsLive(options.source)) {
     throw UsageError("--rate is for the demo and recordings: a receiver sets its own pace");
   }

@@ -35,6 +35,7 @@ OptionTable::OptionTable(CLI::App& app, Options& options) : app(app), options(op
   AddOutputs();
   AddWindow();
   AddPictures();
+  AddWeb();
   AddTrip();
   AddSounds();
   AddMessages();
@@ -176,6 +177,24 @@ void OptionTable::AddPictures() {
            StoreIn(options.contactSheetFile));
 }
 
+void OptionTable::AddWeb() {
+  StartGroup("Browsers");
+  AddOptionalValue("--web", "ADDRESS:PORT",
+                   "serve the speedometer to browsers; without ADDRESS:PORT at 127.0.0.1:8947, "
+                   "for this machine only; 0.0.0.0 serves telephones and tablets in the network, "
+                   "through links with a key, one to look and one to touch as well",
+                   [this](const std::string& text) {
+                     options.web = text.empty() ? Options::Web() : ParseWebAddress(text);
+                   });
+  AddValue("--web-name", "NAME",
+           "a further name of this machine that browsers may use, besides its addresses, localhost "
+           "and all names in .local; may be given several times",
+           [this](const std::string& text) { options.webNames.push_back(text); });
+  AddPair("--web-tls", "CERT KEY",
+          "encrypt, with the certificate and its key in these PEM files: https",
+          options.webCertificateFile, options.webKeyFile);
+}
+
 void OptionTable::AddTrip() {
   StartGroup("The trip");
   AddFlag("--new-trip",
@@ -271,9 +290,31 @@ void OptionTable::AddValue(const char* name, const char* valueName, const char* 
 
 void OptionTable::AddOptionalValue(const char* name, const char* valueName, const char* help,
                                    const TakeText& take) {
-  app.add_option_function<std::string>(name, take, help)
+  const auto callback = [name = std::string(name), take](const std::string& text) {
+    try {
+      take(text);
+    } catch (const BadValue& error) {
+      throw UsageError(name + ": \"" + text + "\" is not " + error.what());
+    }
+  };
+  app.add_option_function<std::string>(name, callback, help)
       ->option_text("[" + std::string(valueName) + "]")
       ->expected(0, 1)
+      ->trigger_on_parse();
+}
+
+void OptionTable::AddPair(const char* name, const char* valueNames, const char* help,
+                          std::string& first, std::string& second) {
+  const auto callback = [&first, &second](const CLI::results_t& results) {
+    first = results[0];
+    second = results[1];
+    return true;
+  };
+  constexpr int VALUES = 2;
+  app.add_option(name, callback, help)
+      ->option_text(valueNames)
+      ->type_size(VALUES)
+      ->expected(1)
       ->trigger_on_parse();
 }
 

@@ -31,6 +31,7 @@ class OptionTable {
   void AddWindow();
   void AddView();
   void AddPictures();
+  void AddWeb();
   void AddTrip();
   void AddSounds();
   void AddMessages();
@@ -42,9 +43,13 @@ class OptionTable {
   /// Option with a value. Names the option and the text in the UsageError when `take` throws
   /// BadValue.
   void AddValue(const char* name, const char* valueName, const char* help, const TakeText& take);
-  /// Option that may go without its value; `take` gets an empty text then.
+  /// Option that may go without its value; `take` gets an empty text then. Else as AddValue.
   void AddOptionalValue(const char* name, const char* valueName, const char* help,
                         const TakeText& take);
+
+  /// Option with two values.
+  void AddPair(const char* name, const char* valueNames, const char* help, std::string& first,
+               std::string& second);
 
   void ChooseSource(const std::string& name, Options::Source source);
   void AddLimit(const std::string& text);

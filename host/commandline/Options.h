@@ -42,6 +42,14 @@ struct Options {
     std::optional<bool> invert;
   };
 
+  /// Where browsers are served.
+  struct Web {
+    /// IP address; IPv6 without brackets.
+    std::string address = "127.0.0.1";
+    /// 0: any free one.
+    int port = 8947;
+  };
+
   /// What to do with kept drives.
   struct Drives {
     /// "last", "all" or a number.
@@ -111,6 +119,14 @@ struct Options {
   std::string language;
   /// Folder of settings, drives and tracks; empty: chosen by HomeFolder.
   std::string home;
+
+  /// Nothing: browsers are not served.
+  std::optional<Web> web;
+  /// Further names under which browsers reach this machine.
+  std::vector<std::string> webNames;
+  // PEM files; empty: not encrypted.
+  std::string webCertificateFile;
+  std::string webKeyFile;
 
   bool writeKml = false;
   /// Empty: the engine's own folder. Kept.

@@ -1,5 +1,7 @@
 #include "commandline/Values.h"
 
+#include <arpa/inet.h>
+
 #include <algorithm>
 #include <charconv>
 #include <optional>
@@ -16,6 +18,7 @@ constexpr double HIGHEST_RATE = 10000;
 constexpr int HIGHEST_LIMIT = 999;
 constexpr int SMALLEST_SIDE = 64;
 constexpr int LARGEST_SIDE = 4096;
+constexpr int HIGHEST_PORT = 65535;
 
 /// Nothing when the whole text is not one number.
 template <class Number>
@@ -29,6 +32,26 @@ std::optional<Number> ParseNumber(std::string_view text) {
 std::optional<int> ParseBetween(std::string_view text, int lowest, int highest) {
   const std::optional<int> number = ParseNumber<int>(text);
   return number && *number >= lowest && *number <= highest ? number : std::nullopt;
+}
+
+bool IsIpAddress(const std::string& text) {
+  in6_addr buffer = {};
+  return inet_pton(AF_INET, text.c_str(), &buffer) == 1 ||
+         inet_pton(AF_INET6, text.c_str(), &buffer) == 1;
+}
+
+/// What stands before the port. An address of IPv6 may go without brackets when no port follows.
+std::string GetAddressPart(const std::string& text) {
+  if (text.starts_with("[")) {
+    return text.substr(0, text.find(']') + 1);
+  }
+  const bool hasPort = text.find(':') == text.rfind(':');
+  return hasPort ? text.substr(0, text.find(':')) : text;
+}
+
+std::string WithoutBrackets(const std::string& address) {
+  const bool hasBrackets = address.starts_with("[") && address.ends_with("]");
+  return hasBrackets ? address.substr(1, address.size() - 2) : address;
 }
 
 }  // namespace
@@ -115,6 +138,28 @@ Options::Limit ParseLimit(const std::string& text) {
         "from 1 to 999");
   }
   return {*kmh, *band};
+}
+
+Options::Web ParseWebAddress(const std::string& text) {
+  Options::Web web;
+  if (const std::optional<int> port = ParseBetween(text, 0, HIGHEST_PORT)) {
+    web.port = *port;
+    return web;
+  }
+  const std::string address = GetAddressPart(text);
+  const std::string rest = text.substr(address.size());
+  if (rest.starts_with(":")) {
+    constexpr int NO_PORT = -1;
+    web.port = ParseBetween(rest.substr(1), 0, HIGHEST_PORT).value_or(NO_PORT);
+  }
+  if (address != "localhost") {
+    web.address = WithoutBrackets(address);
+  }
+  const bool isWhole = rest.empty() || rest.starts_with(":");
+  if (!isWhole || web.port < 0 || !IsIpAddress(web.address)) {
+    throw BadValue("an IP address and a port, such as 127.0.0.1:8947 or [::1]:8947");
+  }
+  return web;
 }
 
 std::string ParseLanguage(const std::string& text) {

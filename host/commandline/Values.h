@@ -39,6 +39,9 @@ Options::Size ParseSize(const std::string& text);
 /// "50" or "50:10".
 Options::Limit ParseLimit(const std::string& text);
 
+/// "192.168.1.5:8947", "[::1]:8947", an address, a port, or "localhost" in place of an address.
+Options::Web ParseWebAddress(const std::string& text);
+
 /// "en" or "ru"; returns "ENU" or "RUS".
 std::string ParseLanguage(const std::string& text);
 

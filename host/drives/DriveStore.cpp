@@ -95,6 +95,11 @@ std::vector<Drive> DriveStore::List() {
   return Read("SELECT * FROM drives ORDER BY number");
 }
 
+std::size_t DriveStore::Count() {
+  Statement row(database, "SELECT COUNT(*) FROM drives");
+  return row.Next() ? static_cast<std::size_t>(row.GetInteger(0).value_or(0)) : 0;
+}
+
 std::vector<Drive> DriveStore::Read(const char* sql) {
   std::vector<Drive> drives;
   Statement row(database, sql);

@@ -46,6 +46,9 @@ class DriveStore {
   /// Oldest first. The sums of an open drive are those of its positions so far.
   std::vector<Drive> List();
 
+  /// Number of drives; quicker than the list.
+  std::size_t Count();
+
   /// Calls `take` with each position of a drive, in their order.
   void ForEachPosition(std::int64_t drive, const std::function<void(const Fix&)>& take);
 

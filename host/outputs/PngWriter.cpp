@@ -40,6 +40,15 @@ std::vector<std::uint8_t> ToRgb(const handheld::Pixels& pixels) {
   return bytes;
 }
 
+png_image DescribeImage(const handheld::Pixels& pixels) {
+  png_image image = {};
+  image.version = PNG_IMAGE_VERSION;
+  image.width = static_cast<png_uint_32>(pixels.width);
+  image.height = static_cast<png_uint_32>(pixels.height);
+  image.format = PNG_FORMAT_RGB;
+  return image;
+}
+
 }  // namespace
 
 void CheckPngPath(const std::string& path) {
@@ -49,15 +58,25 @@ void CheckPngPath(const std::string& path) {
 }
 
 void WritePng(const std::string& path, const handheld::Pixels& pixels) {
-  png_image image = {};
-  image.version = PNG_IMAGE_VERSION;
-  image.width = static_cast<png_uint_32>(pixels.width);
-  image.height = static_cast<png_uint_32>(pixels.height);
-  image.format = PNG_FORMAT_RGB;
+  png_image image = DescribeImage(pixels);
   const std::vector<std::uint8_t> bytes = ToRgb(pixels);
   if (png_image_write_to_file(&image, path.c_str(), 0, bytes.data(), 0, nullptr) == 0) {
     throw HostError("cannot write " + path + ": " + image.message);
   }
+}
+
+std::string EncodePng(const handheld::Pixels& pixels) {
+  png_image image = DescribeImage(pixels);
+  image.flags = PNG_IMAGE_FLAG_FAST;
+  const std::vector<std::uint8_t> bytes = ToRgb(pixels);
+  png_alloc_size_t size = PNG_IMAGE_PNG_SIZE_MAX(image);
+  std::string png(size, '\0');
+  if (png_image_write_to_memory(&image, png.data(), &size, 0, bytes.data(), 0, nullptr) == 0) {
+    throw HostError(std::string("cannot make a picture: ") + image.message);
+  }
+  png.resize(size);
+  png.shrink_to_fit();
+  return png;
 }
 
 }  // namespace host

@@ -49,6 +49,7 @@ HostRun::HostRun(const EngineLibrary& engine, const Options& options, const std:
       trips(engine, options),
       window(engine().GetWndMessageID()),
       views(ViewWindow::Open(engine, options, window, messages)),
+      web(WebService::Open(engine, options, home, window, views.get())),
       drive(options, home, messages),
       source(
           engine, options, std::move(recording), FindAudience(options, views.get()),
@@ -68,6 +69,7 @@ HostRun::HostRun(const EngineLibrary& engine, const Options& options, const std:
 /// ordinary screen.
 HostRun::~HostRun() {
   signals.Stop();
+  web.reset();
   source.Stop();
   engine().StopCallBack();
   output.reset();
@@ -89,6 +91,9 @@ void HostRun::Start() {
   BackUpChoices();
   drive.Start(source);
   update.readouts = engine.GetReadouts();
+  if (web) {
+    web->Start(messages);
+  }
   output = OpenOutput(options, engine, views.get(), standard, messages);
   summary.Start();
   const HWND shown = views ? views->GetNotifiedWindow() : nullptr;
@@ -119,6 +124,9 @@ void HostRun::Loop() {
         break;
       case HostWindow::Event::RESIZE:
         output->Redraw();
+        break;
+      case HostWindow::Event::REMOTE:
+        web->TakeInputs();
         break;
       case HostWindow::Event::NOTHING:
         if (hasTurns) {
@@ -191,6 +199,9 @@ void HostRun::ShowUpdate() {
   if (views) {
     views->ShowUpdate(update);
   }
+  if (web) {
+    web->Show(update);
+  }
   reports.OnUpdate(update);
   summary.OnUpdate(update);
   drive.OnUpdate(trips);
@@ -222,10 +233,14 @@ void HostRun::ShowNotice() {
   if (views) {
     views->ShowReception(update);
   }
+  if (web) {
+    web->Show(update);
+  }
   summary.SayNews();
 }
 
 void HostRun::Finish() {
+  web.reset();
   source.Stop();
   engine().StopCallBack();
   progress.Clear();

@@ -21,6 +21,7 @@
 #include "run/SignalWatcher.h"
 #include "run/SmsReports.h"
 #include "run/Trips.h"
+#include "run/WebService.h"
 #include "sources/NmeaSource.h"
 #include "window/HostWindow.h"
 #include "window/ViewWindow.h"
@@ -68,6 +69,8 @@ class HostRun {
   HostWindow window;
   /// Null when no views are drawn.
   std::unique_ptr<ViewWindow> views;
+  /// Null when browsers are not served.
+  std::unique_ptr<WebService> web;
   DriveKeeping drive;
   PositionSource source;
   /// Something is told or written of every update.

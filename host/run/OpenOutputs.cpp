@@ -18,7 +18,8 @@ constexpr int UPDATES_BEFORE_SHEET = 200;
 }  // namespace
 
 bool ShowsTable(const Options& options) {
-  return Screen::IsTerminal() && !options.json && !WantsPictures(options);
+  // A table would cover the links for browsers.
+  return Screen::IsTerminal() && !options.json && !WantsPictures(options) && !options.web;
 }
 
 std::unique_ptr<Output> OpenOutput(const Options& options, const EngineLibrary& engine,

@@ -18,27 +18,44 @@ bool FollowsFrame(const Options& options) {
   return !WantsPictures(options) && !(options.fullscreen && options.isSizeChosen);
 }
 
+bool TriesDisplay(const Options& options) {
+  return WantsWindow(options) &&
+         (options.windowUse == Options::WindowUse::ALWAYS || handheld::Display::IsPresent());
+}
+
+LPARAM PackPoint(const RemoteInput& input) {
+  constexpr int LOW_WORD = 0xFFFF;
+  return static_cast<LPARAM>(static_cast<DWORD>(input.y & LOW_WORD) << 16 |
+                             static_cast<DWORD>(input.x & LOW_WORD));
+}
+
 }  // namespace
 
 std::unique_ptr<ApplicationWindow> ApplicationWindow::Open(const EngineLibrary& engine,
                                                            const Options& options,
                                                            HostWindow& hostWindow,
                                                            Messages& messages) {
+  const bool triesDisplay = TriesDisplay(options);
+  if (!triesDisplay && !options.web) {
+    return nullptr;
+  }
   std::unique_ptr<ApplicationWindow> window(new ApplicationWindow(engine, options, hostWindow));
   std::string error;
-  if (window->OpenDisplay(options, error)) {
-    return window;
+  if (triesDisplay && !window->OpenDisplay(options, error)) {
+    if (options.windowUse == Options::WindowUse::ALWAYS) {
+      throw HostError("cannot open a window: " + error);
+    }
+    messages.Say("no window is opened: " + error);
   }
-  if (options.windowUse == Options::WindowUse::ALWAYS) {
-    throw HostError("cannot open a window: " + error);
-  }
-  messages.Say("no window is opened: " + error);
-  return nullptr;
+  window->isAsleep = window->MayFit();
+  return window->display != nullptr || options.web ? std::move(window) : nullptr;
 }
 
 ApplicationWindow::ApplicationWindow(const EngineLibrary& engine, const Options& options,
                                      HostWindow& hostWindow)
-    : hostWindow(hostWindow),
+    : engine(engine),
+      hostWindow(hostWindow),
+      writesPictures(WantsPictures(options)),
       sourceName(handheld::WideFromUtf8(host::DescribeSource(options))),
       application(engine.GetLoaded(), this) {
   ApplyPicture(engine(), options.picture);
@@ -73,12 +90,105 @@ void ApplicationWindow::Take(const Update& update) {
 
 void ApplicationWindow::ShowUpdate(const Update& update) {
   Take(update);
-  application.ShowUpdate();
+  wasUpdated = true;
+  if (!isAsleep) {
+    application.ShowUpdate();
+  }
 }
 
 void ApplicationWindow::ShowReception(const Update& update) {
   Take(update);
-  application.ShowReception();
+  if (!isAsleep) {
+    application.ShowReception();
+  }
+}
+
+void ApplicationWindow::SetTitle(const std::string& title) {
+  if (display != nullptr) {
+    display->SetTitle(title);
+  }
+}
+
+void ApplicationWindow::ToggleFullScreen() {
+  if (display != nullptr) {
+    display->ToggleFullscreen();
+  }
+}
+
+/// The first who watches gets a new picture at once.
+void ApplicationWindow::SetWatched(bool isWatched) {
+  if (MayFit()) {
+    isAsleep = !isWatched;
+  }
+  if (isAsleep) {
+    engine().SetRenderWindow(nullptr);
+    return;
+  }
+  if (application.ShowsViews()) {
+    engine().SetRenderWindow(GetHandle());
+  }
+  if (wasUpdated) {
+    application.ShowUpdate();
+  }
+  Dispatch(WM_SIZE, 0, 0);
+}
+
+bool ApplicationWindow::TakeInput(const RemoteInput& input) {
+  Answer(input);
+  DispatchNotifications();
+  // The application asks its window to close; others still look at it.
+  MSG message = {};
+  return PeekMessageW(&message, GetHandle(), WM_CLOSE, WM_CLOSE, PM_REMOVE) != FALSE;
+}
+
+void ApplicationWindow::Answer(const RemoteInput& input) const {
+  switch (input.kind) {
+    case RemoteInput::Kind::DOWN:
+      Dispatch(WM_LBUTTONDOWN, 0, PackPoint(input));
+      break;
+    case RemoteInput::Kind::MOVE:
+      Dispatch(WM_MOUSEMOVE, 0, PackPoint(input));
+      break;
+    case RemoteInput::Kind::UP:
+      Dispatch(WM_LBUTTONUP, 0, PackPoint(input));
+      break;
+    case RemoteInput::Kind::DOUBLE_TAP:
+      Dispatch(WM_LBUTTONDBLCLK, 0, PackPoint(input));
+      Dispatch(WM_LBUTTONUP, 0, PackPoint(input));
+      break;
+    case RemoteInput::Kind::KEY:
+      Dispatch(WM_KEYDOWN, input.key, 0);
+      break;
+    case RemoteInput::Kind::STEP_VIEW:
+      if (ShowsViews()) {
+        Dispatch(WM_KEYDOWN, input.step > 0 ? VK_RIGHT : VK_LEFT, 0);
+      }
+      break;
+    case RemoteInput::Kind::FIT:
+      if (MayFit()) {
+        handheld::SetScreen(input.width, input.height, input.dpi);
+        Dispatch(WM_SETTINGCHANGE, 0, 0);
+      }
+      break;
+  }
+}
+
+void ApplicationWindow::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) const {
+  MSG now = {};
+  now.hwnd = GetHandle();
+  now.message = message;
+  now.wParam = wParam;
+  now.lParam = lParam;
+  DispatchMessageW(&now);
+}
+
+/// A button's notification, so that what follows from it is known.
+void ApplicationWindow::DispatchNotifications() const {
+  const UINT notification = engine().GetWndMessageID();
+  MSG message = {};
+  while (PeekMessageW(&message, GetHandle(), notification, notification, PM_REMOVE) != FALSE) {
+    DispatchMessageW(&message);
+  }
 }
 
 }  // namespace host

@@ -19,6 +19,8 @@ class HostWindow {
     STOP,
     /// The terminal has changed its size.
     RESIZE,
+    /// Somebody has touched the views from another device, or looks at them, or does not any more.
+    REMOTE,
     /// The wait is over without an event.
     NOTHING,
   };

@@ -10,11 +10,6 @@ namespace host {
 
 namespace {
 
-bool TriesDisplay(const Options& options) {
-  return WantsWindow(options) &&
-         (options.windowUse == Options::WindowUse::ALWAYS || handheld::Display::IsPresent());
-}
-
 bool KeepsFrames(const Options& options) {
   return !options.framesFolder.empty() || !options.shotFile.empty();
 }
@@ -24,8 +19,7 @@ bool KeepsFrames(const Options& options) {
 std::unique_ptr<ViewWindow> ViewWindow::Open(const EngineLibrary& engine, const Options& options,
                                              HostWindow& hostWindow, Messages& messages) {
   std::unique_ptr<ApplicationWindow> shown =
-      TriesDisplay(options) ? ApplicationWindow::Open(engine, options, hostWindow, messages)
-                            : nullptr;
+      ApplicationWindow::Open(engine, options, hostWindow, messages);
   if (shown == nullptr && !KeepsFrames(options)) {
     return nullptr;
   }

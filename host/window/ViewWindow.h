@@ -13,11 +13,11 @@
 
 namespace host {
 
-/// The window that the engine draws into: on a display that of the application, else one that only
-/// picture files show. For the host's thread.
+/// The window that the engine draws into: on a display and for browsers that of the application,
+/// else one that only picture files show. For the host's thread.
 class ViewWindow {
  public:
-  /// Null when neither a display nor picture files are to show views. Throws HostError when the
+  /// Null when neither a display nor browsers nor picture files are to show views. Throws HostError when the
   /// user insists on a display and it cannot be opened. All arguments outlive the window.
   static std::unique_ptr<ViewWindow> Open(const EngineLibrary& engine, const Options& options,
                                           HostWindow& hostWindow, Messages& messages);
@@ -26,7 +26,10 @@ class ViewWindow {
   ViewWindow& operator=(const ViewWindow&) = delete;
   ~ViewWindow();
 
+  /// Whether the application shows the views, on a display or to browsers.
   bool HasDisplay() const { return shown != nullptr; }
+  /// The application's window; null when nobody but picture files shows views.
+  ApplicationWindow* GetApplication() const { return shown.get(); }
   /// Of the window that must get the engine's notifications; null when it is the host's own.
   HWND GetNotifiedWindow() const { return HasDisplay() ? shown->GetHandle() : nullptr; }
   RenderWindow& GetRenderWindow() { return *frames; }
@@ -39,6 +42,7 @@ class ViewWindow {
   void ShowReception(const Update& update);
   void ShowTitle(const Update& update);
 
+  int GetView() const;
   /// The picture as the user has it now, all set.
   Options::Picture GetPicture() const;
   /// Gives the choices of the application's pages to the settings.
@@ -47,8 +51,6 @@ class ViewWindow {
  private:
   ViewWindow(const EngineLibrary& engine, const Options& options,
              std::unique_ptr<ApplicationWindow> shown);
-
-  int GetView() const;
 
   const EngineLibrary& engine;
   const std::string sourceName;
