@@ -61,9 +61,9 @@ std::string DescribeMetrics(const Snapshot& snapshot, const ServerCounts& counts
                 snapshot.figures.distanceKm * METRES_IN_KILOMETRE);
   page.AddGauge("ferolin_trip_seconds", "Time of the trip with a position.",
                 static_cast<double>(snapshot.figures.elapsedSeconds));
-  page.AddGauge("ferolin_web_connections", "Connections of browsers and programs.",
-                static_cast<double>(counts.connections));
-  page.AddGauge("ferolin_web_streams", "Streams of events.", static_cast<double>(counts.streams));
+  page.AddOne("ferolin_web_connections", "gauge", "Connections of browsers and programs.",
+              std::to_string(counts.connections));
+  page.AddOne("ferolin_web_streams", "gauge", "Streams of events.", std::to_string(counts.streams));
   const std::string replies = "ferolin_web_replies_total";
   page.Begin(replies, "counter", "Replies by their status.");
   for (const auto& [status, count] : counts.replies) {
