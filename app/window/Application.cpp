@@ -1,6 +1,7 @@
 #include "window/Application.h"
 
 #include <cstdint>
+#include <utility>
 
 #include "window/FullScreen.h"
 #include "window/Notice.h"
@@ -365,7 +366,7 @@ void Application::ApplyOutcome(const Screen::Outcome& outcome) {
     session.wantsViews = false;
     pages.Close(PageId::WAITING);
   }
-  if (session.wantsToQuit) {
+  if (std::exchange(session.wantsToQuit, false)) {
     Quit();
     return;
   }

@@ -140,9 +140,12 @@ Options ParseOptions(const std::vector<std::string>& arguments, Options::Source 
     app.parse(toParse);
   } catch (const CLI::ArgumentMismatch&) {
     // The last option lacks its value; all other mismatches are refused by the tables.
-    const CLI::Option* option = FindOption(app, arguments.back());
-    throw UsageError(arguments.back() + " needs " +
-                     (option == nullptr ? "a value" : option->get_option_text()));
+    const auto last = std::find_if(
+        arguments.rbegin(), arguments.rend(),
+        [&app](const std::string& argument) { return FindOption(app, argument) != nullptr; });
+    throw UsageError(last == arguments.rend()
+                         ? "a value is missing"
+                         : *last + " needs " + FindOption(app, *last)->get_option_text());
   } catch (const CLI::ParseError& error) {
     throw UsageError(error.what());
   }

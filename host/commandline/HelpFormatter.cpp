@@ -50,6 +50,7 @@ Examples:
   ferolin-host --nmea drive.nmea --rate 10  a recording, ten times as fast
   ferolin-host --port auto --fullscreen --mirror --view speed
                                             a head-up display
+  ferolin-host --port auto --web 0.0.0.0    the same for telephones in the network
   ferolin-host export last --gpx drive.gpx  the drive of today, for a map
   ferolin-host --updates 300 --view Speed --shot speed.png
                                             a picture of the simulated drive

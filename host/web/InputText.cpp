@@ -11,7 +11,7 @@ namespace host {
 
 namespace {
 
-using Json = nlohmann::json;
+using InputJson = nlohmann::json;
 using Kind = RemoteInput::Kind;
 
 struct KindName {
@@ -58,7 +58,7 @@ constexpr int LOWEST_DPI = 48;
 constexpr int HIGHEST_DPI = 480;
 
 /// Nothing when the member is no number. Messages to windows hold 16 bits.
-std::optional<int> GetNumber(const Json& object, const char* name) {
+std::optional<int> GetNumber(const InputJson& object, const char* name) {
   const auto found = object.find(name);
   if (found == object.end() || !found->is_number()) {
     return std::nullopt;
@@ -71,12 +71,12 @@ std::optional<int> GetNumber(const Json& object, const char* name) {
              : std::nullopt;
 }
 
-std::string GetText(const Json& object, const char* name) {
+std::string GetText(const InputJson& object, const char* name) {
   const auto found = object.find(name);
   return found != object.end() && found->is_string() ? found->get<std::string>() : "";
 }
 
-bool ReadPlace(const Json& object, RemoteInput& input) {
+bool ReadPlace(const InputJson& object, RemoteInput& input) {
   const std::optional<int> x = GetNumber(object, "x");
   const std::optional<int> y = GetNumber(object, "y");
   input.x = x.value_or(0);
@@ -84,7 +84,7 @@ bool ReadPlace(const Json& object, RemoteInput& input) {
   return x && y;
 }
 
-bool ReadKey(const Json& object, RemoteInput& input) {
+bool ReadKey(const InputJson& object, RemoteInput& input) {
   const std::string name = GetText(object, "key");
   const auto* const found = std::ranges::find(KEYS, name, &KeyName::name);
   if (found == KEYS.end()) {
@@ -94,12 +94,12 @@ bool ReadKey(const Json& object, RemoteInput& input) {
   return true;
 }
 
-bool ReadStep(const Json& object, RemoteInput& input) {
+bool ReadStep(const InputJson& object, RemoteInput& input) {
   input.step = GetNumber(object, "step").value_or(0);
   return input.step == 1 || input.step == -1;
 }
 
-bool ReadSize(const Json& object, RemoteInput& input) {
+bool ReadSize(const InputJson& object, RemoteInput& input) {
   const std::optional<int> width = GetNumber(object, "width");
   const std::optional<int> height = GetNumber(object, "height");
   const std::optional<int> dpi = GetNumber(object, "dpi");
@@ -112,7 +112,7 @@ bool ReadSize(const Json& object, RemoteInput& input) {
   return true;
 }
 
-bool ReadRest(const Json& object, RemoteInput& input) {
+bool ReadRest(const InputJson& object, RemoteInput& input) {
   switch (input.kind) {
     case Kind::KEY:
       return ReadKey(object, input);
@@ -133,7 +133,7 @@ bool ReadRest(const Json& object, RemoteInput& input) {
 
 std::optional<RemoteInput> ParseInput(const std::string& text) {
   constexpr bool THROWS = false;
-  const Json object = Json::parse(text, nullptr, THROWS);
+  const InputJson object = InputJson::parse(text, nullptr, THROWS);
   if (!object.is_object()) {
     return std::nullopt;
   }

@@ -20,6 +20,7 @@ namespace {
 
 constexpr unsigned INTERNAL_ERROR = 500;
 constexpr unsigned BUSY = 503;
+constexpr const char* ENDING = "The program is ending.";
 constexpr std::size_t CONNECTION_MEMORY = 16 * 1024;
 constexpr std::size_t STREAM_BLOCK = 4096;
 
@@ -331,6 +332,9 @@ void WebServer::OnCompleted(void* server, MHD_Connection* /*connection*/, void**
 }
 
 MHD_Result WebServer::Begin(MHD_Connection* connection, Exchanged& exchanged) {
+  if (isStopping) {
+    return Send(connection, exchanged, TextReply(BUSY, ENDING));
+  }
   const std::optional<Reply> refusal = router.Refuse(exchanged.request);
   return refusal ? Send(connection, exchanged, *refusal) : MHD_YES;
 }
@@ -338,8 +342,7 @@ MHD_Result WebServer::Begin(MHD_Connection* connection, Exchanged& exchanged) {
 MHD_Result WebServer::Go(MHD_Connection* connection, Exchanged& exchanged) {
   if (exchanged.job != nullptr) {
     return Send(connection, exchanged,
-                exchanged.job->IsDone() ? exchanged.job->GetReply()
-                                        : TextReply(BUSY, "The program is ending."));
+                exchanged.job->IsDone() ? exchanged.job->GetReply() : TextReply(BUSY, ENDING));
   }
   const Reply reply = router.Answer(exchanged.request);
   if (reply.isStream) {

@@ -32,6 +32,38 @@ TEST(CommandLine, TakesAPortWithItsBaudRate) {
   EXPECT_EQ(4800, options.baud);
 }
 
+TEST(CommandLine, TakesAnAddressForBrowsers) {
+  struct Case {
+    const char* text;
+    const char* address;
+    int port;
+  };
+  for (const auto& [text, address, port] :
+       {Case{"0.0.0.0", "0.0.0.0", 8947}, Case{"192.168.1.5:80", "192.168.1.5", 80},
+        Case{"[::1]:0", "::1", 0}, Case{"[::]", "::", 8947}, Case{"::1", "::1", 8947},
+        Case{"localhost:81", "127.0.0.1", 81}, Case{"8080", "127.0.0.1", 8080}}) {
+    const Options options = ParseOptions({"--web", text});
+    EXPECT_EQ(address, options.web->address) << text;
+    EXPECT_EQ(port, options.web->port) << text;
+  }
+  EXPECT_EQ("127.0.0.1", ParseOptions({"--web"}).web->address);
+  EXPECT_FALSE(ParseOptions({}).web);
+  for (const char* text : {"car", "1.2.3", "127.0.0.1:", "127.0.0.1:65536", "127.0.0.1:-1",
+                           "[::1]80", "[::1", "[127.0.0.1]x", ":80", "65536"}) {
+    EXPECT_NE("(accepted)", ErrorOf({"--web", text})) << text;
+  }
+}
+
+TEST(CommandLine, TakesNamesAndCertificatesForBrowsers) {
+  const Options options = ParseOptions(
+      {"--web", "--web-name", "a", "--web-name=b", "--web-tls", "cert", "key", "--json"});
+  EXPECT_EQ((std::vector<std::string>{"a", "b"}), options.webNames);
+  EXPECT_EQ("cert", options.webCertificateFile);
+  EXPECT_EQ("key", options.webKeyFile);
+  EXPECT_TRUE(options.json);
+  EXPECT_EQ("--web-tls needs CERT KEY", ErrorOf({"--web", "--web-tls"}));
+}
+
 TEST(CommandLine, LooksForAReceiver) {
   const Options options = ParseOptions({"--port", "auto", "--baud", "460800"});
   EXPECT_EQ(Options::Source::SEARCH, options.source);
