@@ -1,7 +1,12 @@
 #include "outputs/JsonWriter.h"
 
+#include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <nlohmann/json.hpp>
+#include <string_view>
+#include <utility>
 
 #include "base/UtcText.h"
 
@@ -9,108 +14,155 @@ namespace host {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 constexpr double METRES_PER_KM = 1000;
 constexpr double KMH_PER_METRE_PER_SECOND = 3.6;
 constexpr double MS_PER_SECOND = 1000;
 
-// Decimals.
-constexpr int DEGREES = 8;
-constexpr int THOUSANDTHS = 3;
+// Parts of a unit that are written.
+constexpr double DEGREE_PARTS = 1e8;
+constexpr double THOUSANDTHS = 1e3;
+
+// Values as JSON.
+
+constexpr const char* MISSING = "null";
 
 /// Rounded, so that no digits are written that the receiver did not give.
-Json Number(const std::optional<double>& value, int decimals) {
+std::string Number(const std::optional<double>& value, double parts) {
   if (!value || !std::isfinite(*value)) {
-    return nullptr;
+    return MISSING;
   }
-  const double scale = std::pow(10, decimals);
-  return std::round(*value * scale) / scale;
+  std::array<char, 400> buffer;  // holds every double
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
+                                 std::round(*value * parts) / parts, std::chars_format::fixed);
+  std::string text(buffer.data(), end.ptr);
+  return text.find('.') == std::string::npos ? text + ".0" : text;
 }
 
-Json Speed(const std::optional<double>& kmh) {
+std::string Speed(const std::optional<double>& kmh) {
   return Number(kmh ? std::optional(*kmh / KMH_PER_METRE_PER_SECOND) : std::nullopt, THOUSANDTHS);
 }
 
-Json Seconds(std::int64_t durationMs) {
+std::string Seconds(std::int64_t durationMs) {
   return Number(static_cast<double>(durationMs) / MS_PER_SECOND, THOUSANDTHS);
 }
 
-Json ObjectOf(const Readouts& readouts) {
-  Json object = Json::object();
-  // No two read-outs share a name: nothing is looked for.
-  auto& members = object.get_ref<Json::object_t&>();
-  members.reserve(readouts.size());
-  for (const Readout& each : readouts) {
-    members.emplace_back(each.name, each.value);
-  }
-  return object;
+std::string Flag(bool value) {
+  return value ? "true" : "false";
 }
 
-/// {"0-100_kmh":9.5,...}
-Json ObjectOf(const std::vector<BestTime>& times, const std::string& before,
-              const std::string& behind) {
-  Json object = Json::object();
-  for (const BestTime& each : times) {
-    std::string key = before;
-    key += std::to_string(std::llround(each.target));
-    key += behind;
-    object[key] = Number(each.seconds, THOUSANDTHS);
-  }
-  return object;
+bool NeedsEscapes(const std::string& text) {
+  return !std::all_of(text.begin(), text.end(), [](char each) {
+    return each >= ' ' && each <= '~' && each != '"' && each != '\\';
+  });
 }
 
-void AddMoment(Json& line, const std::optional<Fix>& moment) {
+std::string Text(const std::string& text) {
+  using Json = nlohmann::json;
+  constexpr int ONE_LINE = -1;
+  constexpr bool AS_UTF8 = false;
+  return NeedsEscapes(text)
+             ? Json(text).dump(ONE_LINE, ' ', AS_UTF8, Json::error_handler_t::replace)
+             : '"' + text + '"';
+}
+
+/// A line, written from front to back: objects of the JSON library would take most of the time of
+/// a recording that is played fast.
+class Line {
+ public:
+  Line() {
+    constexpr std::size_t USUAL_LENGTH = 2000;
+    text.reserve(USUAL_LENGTH);
+    text = "{";
+  }
+
+  /// The key needs no escapes.
+  void Add(std::string_view key, std::string_view value) {
+    AddKey(std::string("\"").append(key) + '"');
+    text += value;
+  }
+
+  void Add(std::string_view key, const Readouts& readouts) {
+    Add(key, "{");
+    for (const Readout& each : readouts) {
+      AddKey(Text(each.name));
+      text += Text(each.value);
+    }
+    text += '}';
+  }
+
+  /// {"0-100_kmh":9.5,...}
+  void Add(std::string_view key, const std::vector<BestTime>& times, const std::string& before,
+           const char* behind) {
+    Add(key, "{");
+    for (const BestTime& each : times) {
+      Add(before + std::to_string(std::llround(each.target)) + behind,
+          Number(each.seconds, THOUSANDTHS));
+    }
+    text += '}';
+  }
+
+  std::string Finish() { return std::move(text) + "}\n"; }
+
+ private:
+  void AddKey(std::string_view quoted) {
+    if (text.back() != '{') {
+      text += ',';
+    }
+    text += quoted;
+    text += ':';
+  }
+
+  std::string text;
+};
+
+void AddMoment(Line& line, const std::optional<Fix>& moment) {
   const Fix nothing;
   const Fix& known = moment ? *moment : nothing;
   const Fix& fix = known.hasFix ? known : nothing;
-  line["time"] = known.timeMs ? Json(UtcText(*known.timeMs)) : Json();
-  line["fix"] = moment ? Json(known.hasFix) : Json();
-  line["lat"] = Number(fix.latitude, DEGREES);
-  line["lon"] = Number(fix.longitude, DEGREES);
-  line["alt_m"] = Number(fix.altitude, THOUSANDTHS);
-  line["speed_mps"] = Speed(fix.speedKmh);
-  line["course_deg"] = Number(fix.course, THOUSANDTHS);
-  line["satellites"] = known.satellites ? Json(*known.satellites) : Json();
-  line["hdop"] = Number(known.hdop, THOUSANDTHS);
+  line.Add("time", known.timeMs ? Text(UtcText(*known.timeMs)) : MISSING);
+  line.Add("fix", moment ? Flag(known.hasFix) : MISSING);
+  line.Add("lat", Number(fix.latitude, DEGREE_PARTS));
+  line.Add("lon", Number(fix.longitude, DEGREE_PARTS));
+  line.Add("alt_m", Number(fix.altitude, THOUSANDTHS));
+  line.Add("speed_mps", Speed(fix.speedKmh));
+  line.Add("course_deg", Number(fix.course, THOUSANDTHS));
+  line.Add("satellites", known.satellites ? std::to_string(*known.satellites) : MISSING);
+  line.Add("hdop", Number(known.hdop, THOUSANDTHS));
 }
 
-void AddTrip(Json& line, const Update& update, const Figures& figures) {
-  line["distance_m"] = Number(figures.distanceKm * METRES_PER_KM, THOUSANDTHS);
-  line["elapsed_s"] = figures.elapsedSeconds;
-  line["moving_s"] = Seconds(update.moving.movingMs);
-  line["stopped_s"] = Seconds(update.moving.stoppedMs);
-  line["average_speed_mps"] = Speed(figures.averageKmh);
-  line["moving_average_speed_mps"] = Speed(update.moving.GetAverageKmh());
-  line["max_speed_mps"] = Speed(figures.highestKmh);
-  line["accelerations_s"] = ObjectOf(figures.accelerations, "0-", "_kmh");
-  line["fastest_s"] = ObjectOf(figures.fastest, "", "_m");
-}
-
-std::string LineOf(const Json& json) {
-  constexpr int ONE_LINE = -1;
-  constexpr bool AS_UTF8 = false;
-  return json.dump(ONE_LINE, ' ', AS_UTF8, Json::error_handler_t::replace) + "\n";
+void AddTrip(Line& line, const Update& update, const Figures& figures) {
+  line.Add("distance_m", Number(figures.distanceKm * METRES_PER_KM, THOUSANDTHS));
+  line.Add("elapsed_s", std::to_string(figures.elapsedSeconds));
+  line.Add("moving_s", Seconds(update.moving.movingMs));
+  line.Add("stopped_s", Seconds(update.moving.stoppedMs));
+  line.Add("average_speed_mps", Speed(figures.averageKmh));
+  line.Add("moving_average_speed_mps", Speed(update.moving.GetAverageKmh()));
+  line.Add("max_speed_mps", Speed(figures.highestKmh));
+  line.Add("accelerations_s", figures.accelerations, "0-", "_kmh");
+  line.Add("fastest_s", figures.fastest, "", "_m");
 }
 
 }  // namespace
 
 std::string JsonUpdate(const Update& update, const Figures& figures) {
-  Json line = {{"update", update.number}};
+  Line line;
+  line.Add("update", std::to_string(update.number));
   if (!update.notice.empty()) {
-    line["notice"] = update.notice;
+    line.Add("notice", Text(update.notice));
   }
   AddMoment(line, update.fix);
   AddTrip(line, update, figures);
-  line["text"] = ObjectOf(update.readouts);
-  return LineOf(line);
+  line.Add("text", update.readouts);
+  return line.Finish();
 }
 
 std::string JsonEnd(const Update& last, const Figures& figures, const Readouts& registry) {
-  Json line = {{"end", true}, {"updates", last.number}};
+  Line line;
+  line.Add("end", Flag(true));
+  line.Add("updates", std::to_string(last.number));
   AddTrip(line, last, figures);
-  line["registry"] = ObjectOf(registry);
-  return LineOf(line);
+  line.Add("registry", registry);
+  return line.Finish();
 }
 
 }  // namespace host
