@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "SpeedFix.h"
 #include "drives/DriveTotals.h"
 
 namespace host {
@@ -8,11 +9,7 @@ namespace {
 class DriveTotalsTest : public testing::Test {
  protected:
   void Add(std::int64_t timeMs, std::optional<double> kmh, bool hasFix = true) {
-    Fix fix;
-    fix.timeMs = timeMs;
-    fix.hasFix = hasFix;
-    fix.speedKmh = kmh;
-    totals.Add(fix);
+    totals.Add(SpeedFix(timeMs, kmh, hasFix));
   }
 
   Drive Sum() const {

@@ -21,28 +21,24 @@ std::string Written(const std::string& value) {
 }
 
 Fix FullFix() {
-  Fix fix;
-  fix.timeMs = 1717221600250;  // 1 June 2024, 6:00:00.25
-  fix.hasFix = true;
-  fix.latitude = 55.75000000000001;
-  fix.longitude = -37.6;
-  fix.altitude = 150.5;
-  fix.speedKmh = 18.52;  // 5.14444... m/s
-  fix.course = 90;
-  fix.hdop = 0.9;
-  fix.satellites = 8;
-  return fix;
+  return {.timeMs = 1717221600250,  // 1 June 2024, 6:00:00.25
+          .hasFix = true,
+          .latitude = 55.75000000000001,
+          .longitude = -37.6,
+          .altitude = 150.5,
+          .speedKmh = 18.52,  // 5.14444... m/s
+          .course = 90,
+          .hdop = 0.9,
+          .satellites = 8};
 }
 
 Figures WholeFigures() {
-  Figures figures;
-  figures.distanceKm = 1.5;
-  figures.elapsedSeconds = 100;
-  figures.averageKmh = 54;
-  figures.highestKmh = 90;
-  figures.accelerations = {{10, 1.1235}, {20, std::nullopt}};
-  figures.fastest = {{402, 17.25}};
-  return figures;
+  return {.distanceKm = 1.5,
+          .elapsedSeconds = 100,
+          .averageKmh = 54,
+          .highestKmh = 90,
+          .accelerations = {{10, 1.1235}, {20, std::nullopt}},
+          .fastest = {{402, 17.25}}};
 }
 
 constexpr MovingTime::Sums MOVING = {1.2, 80000, 20500};  // 54 km/h
