@@ -17,6 +17,8 @@ import tty
 sys.path.insert(1, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "host"))
 from program_test_case import PATIENCE, ProgramTestCase, run_tests  # noqa: E402,F401
 
+from nmea import sentence  # noqa: E402,F401
+
 # With ./test --all; the short form has fewer rounds and leaves out what takes long.
 IS_THOROUGH = os.environ.get("FEROLIN_FAULTS") == "all"
 
@@ -33,13 +35,6 @@ def become_root():
     if os.geteuid() != 0 and subprocess.run([*enter, "true"], capture_output=True,
                                             check=False).returncode == 0:
         os.execvp(enter[0], [*enter, sys.executable, *sys.argv])
-
-
-def sentence(body):
-    checksum = 0
-    for byte in body.encode():
-        checksum ^= byte
-    return "$%s*%02X\r\n" % (body, checksum)
 
 
 def moment(second, date="211126", knots=KNOTS_OF_36_KMH):

@@ -13,6 +13,9 @@ import tty
 
 from program_test_case import PATIENCE, ProgramTestCase, run_tests
 
+from nmea import sentence
+from x_screen import XScreen
+
 # A window that is as large as the screen, high enough for all rows of a page.
 WIDTH, HEIGHT = 240, 700
 HEADER, ROW = 48, 48
@@ -22,59 +25,10 @@ GEAR_X, CLOSE_X, BUTTON_Y = 150, 210, 25
 ORANGE = (255, 132, 41)
 HEADER_LINE = (0x4A, 0x60, 0x78)
 LIGHT = 0xC0
-BODY = "GPRMC,120000,A,4807.038,N,01131.000,E,030.0,084.4,230324,,"
+POSITION = sentence("GPRMC,120000,A,4807.038,N,01131.000,E,030.0,084.4,230324,,").encode()
 
 
-def sentence():
-    checksum = 0
-    for character in BODY:
-        checksum ^= ord(character)
-    return f"${BODY}*{checksum:02X}\r\n".encode()
-
-
-class Screen:
-    """An X server without a display; its pixels lie in a file.
-
-    It must not start anew when its last client leaves: whoever connects just then is dropped.
-    """
-
-    def __init__(self, folder, width, height):
-        self.width, self.height = width, height
-        self.file = os.path.join(folder, "Xvfb_screen0")
-        reading, writing = os.pipe()
-        self.server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{width}x{height}x24", "-fbdir", folder,
-             "-nolisten", "tcp", "-noreset"], pass_fds=[writing], stderr=subprocess.DEVNULL)
-        os.close(writing)
-        with os.fdopen(reading) as display:
-            self.name = ":" + display.readline().strip()
-
-    def close(self):
-        self.server.terminate()
-        self.server.wait()
-
-    def do(self, *action):
-        subprocess.run(["xdotool", *map(str, action)], check=True, env=os.environ | {"DISPLAY": self.name})
-
-    def click(self, x, y):
-        self.do("mousemove", x, y, "mousedown", 1, "mouseup", 1)
-
-    def key(self, name):
-        self.do("key", name)
-
-    def pixels(self):
-        """Pixels from the upper left corner on, each red, green and blue."""
-        with open(self.file, "rb") as file:
-            content = file.read()[-self.width * self.height * 4:]
-        return list(zip(content[2::4], content[1::4], content[::4]))
-
-    def corner(self):
-        return self.pixels()[0]
-
-    def pixels_at(self, *places):
-        pixels = self.pixels()
-        return [pixels[y * self.width + x] for x, y in places]
-
+class Screen(XScreen):
     def is_mirrored(self):
         """On a dial that is not mirrored the orange end of the scale is at the right."""
         places = [index % WIDTH for index, pixel in enumerate(self.pixels()) if pixel == ORANGE]
@@ -144,7 +98,7 @@ class ApplicationWindow(ProgramTestCase):
     def await_title(self, text):
         def is_there():
             result = subprocess.run(["xdotool", "search", "--name", text], capture_output=True, check=False,
-                                    env=os.environ | {"DISPLAY": self.screen.name})
+                                    env=self.screen.environment)
             return result.stdout.strip() != b""
 
         self.wait_until(is_there, "no title")
@@ -203,7 +157,7 @@ class ApplicationWindow(ProgramTestCase):
         self.await_page()
 
         def is_view():
-            os.write(receiver, sentence())
+            os.write(receiver, POSITION)
             return self.screen.shows() == "view"
 
         self.wait_until(is_view, "no view")
@@ -231,6 +185,23 @@ class ApplicationWindow(ProgramTestCase):
         self.assertLess(wakes() - before, 60)
         process.send_signal(signal.SIGTERM)
         self.await_end(process)
+
+    def test_a_second_start_brings_the_window_to_the_front(self):
+        self.start("--invert")
+        self.wait_until(lambda: min(self.screen.corner()) > LIGHT, "no view")
+        first_home, self.home = self.home, self.path("other")
+        self.start()
+        self.wait_until(lambda: max(self.screen.corner()) < LIGHT, "not covered")
+        self.home = first_home
+        result = self.run_host("--window", DISPLAY=self.screen.name, SDL_VIDEODRIVER="x11")
+        self.assertEqual((result.returncode, result.stderr),
+                         (0, "ferolin-host: ferolin-host runs in the folder %s already: its window comes to the front\n"
+                          % self.home))
+        self.wait_until(lambda: min(self.screen.corner()) > LIGHT, "still covered")
+        # Who wants no window is refused as ever.
+        result = self.run_host("--no-window", DISPLAY=self.screen.name, SDL_VIDEODRIVER="x11")
+        self.assertEqual(result.returncode, 1)
+        self.assertIn("another ferolin-host uses the folder", result.stderr)
 
     def resize(self, width, height):
         self.screen.do("search", "--name", " - Ferolin", "windowmove", 0, 0, "windowsize", width, height)
@@ -262,7 +233,7 @@ class ApplicationWindow(ProgramTestCase):
         self.await_page_of(width, 2)
 
         def is_view():
-            os.write(receiver, sentence())
+            os.write(receiver, POSITION)
             return min(self.screen.corner()) > LIGHT
 
         self.wait_until(is_view, "no view")

@@ -44,14 +44,6 @@ class GpsdTest(ProgramTestCase):
         return process
 
     @staticmethod
-    def end(process):
-        if process.poll() is None:
-            process.kill()
-            process.wait()
-        process.stdout.close()
-        process.stderr.close()
-
-    @staticmethod
     def next_update(process):
         return json.loads(process.stdout.readline())["text"]
 

@@ -21,6 +21,8 @@ import xml.etree.ElementTree
 
 from program_test_case import PATIENCE, ProgramTestCase, run_tests
 
+import nmea
+
 TCGETS2 = 0x802C542A
 
 NAMES = [
@@ -37,10 +39,7 @@ SAVEABLE = [name for name in NAMES
 
 
 def sentence(body):
-    checksum = 0
-    for byte in body.encode():
-        checksum ^= byte
-    return "$%s*%02X" % (body, checksum)
+    return nmea.sentence(body, end="")
 
 
 def clock(second):
@@ -76,15 +75,6 @@ class HostTest(ProgramTestCase):
         process = subprocess.Popen(self.command(*arguments), env=environment, **options)
         self.addCleanup(self.end, process)
         return process
-
-    @staticmethod
-    def end(process):
-        if process.poll() is None:
-            process.kill()
-            process.wait()
-        for stream in (process.stdout, process.stderr):
-            if stream is not None:
-                stream.close()
 
     def write(self, text, name="drive.nmea"):
         path = self.path(name)

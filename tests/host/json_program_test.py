@@ -12,6 +12,8 @@ import jsonschema
 
 from program_test_case import ProgramTestCase, run_tests
 
+from nmea import sentence
+
 PAGE = pathlib.Path(__file__).resolve().parents[2] / "docs" / "json.md"
 SCHEMA = json.loads(re.search(r"```json\n(.*?)```", PAGE.read_text("utf-8"), re.DOTALL)[1])
 KEYS = set(re.findall(r"`(\w+)`", "".join(line.split("|")[1] for line in PAGE.read_text("utf-8").splitlines()
@@ -20,13 +22,6 @@ SPEEDS = (10, 20, 30, 40, 50, 60, 70, 80, 90, 100, 120, 150, 200)
 # Of a long drive, one line in so many is held against the schema.
 SAMPLE = 20
 DISTANCES = (100, 402, 500, 1000, 10000)
-
-
-def sentence(body):
-    checksum = 0
-    for byte in body.encode():
-        checksum ^= byte
-    return "$%s*%02X\r\n" % (body, checksum)
 
 
 def moment(second, knots, altitude, status="A"):

@@ -6,6 +6,8 @@ import sys
 import tempfile
 import unittest
 
+sys.path.insert(1, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "support"))
+
 PATIENCE = 120
 
 
@@ -40,6 +42,16 @@ class ProgramTestCase(unittest.TestCase):
                               stdin=None if text is not None else subprocess.DEVNULL,
                               capture_output=True, encoding="utf-8", timeout=PATIENCE,
                               env=self.environment(**environment), check=False)
+
+    @staticmethod
+    def end(process):
+        """Ends a program whose output nobody has read to its end."""
+        if process.poll() is None:
+            process.kill()
+            process.wait()
+        for stream in (process.stdout, process.stderr):
+            if stream is not None:
+                stream.close()
 
     def settings(self):
         """Lines of the settings file."""

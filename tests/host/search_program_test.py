@@ -19,17 +19,11 @@ from program_test_case import PATIENCE, ProgramTestCase, run_tests
 
 sys.path.insert(1, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "siblings"))
 from harness import free_port  # noqa: E402
+from nmea import sentence  # noqa: E402
 from receiver import Gpsd  # noqa: E402
 from receiver import Receiver as SiblingsReceiver  # noqa: E402
 
 TCGETS2 = 0x802C542A
-
-
-def sentence(body):
-    checksum = 0
-    for byte in body.encode():
-        checksum ^= byte
-    return b"$%s*%02X\r\n" % (body.encode(), checksum)
 
 
 class Receiver:
@@ -52,7 +46,7 @@ class Receiver:
             text = sentence("GPRMC,%02d%02d%02d,A,5545.0000,N,03736.0000,E,10.00,090.0,010624,,,A"
                             % (6 + second // 3600, second // 60 % 60, second % 60))
             isHeard = struct.unpack("=4I20B2I", settings)[-1] == self.baud
-            os.write(self.master, text if isHeard else b"\xf3\x80\x1e\r\n")
+            os.write(self.master, text.encode() if isHeard else b"\xf3\x80\x1e\r\n")
 
     def pull(self):
         if not self.pulled.is_set():
@@ -85,14 +79,6 @@ class SearchTest(ProgramTestCase):
             env=self.environment(FEROLIN_DEVICES=self.devices, FEROLIN_GPSD=self.gpsd))
         self.addCleanup(self.end, process)
         return process
-
-    @staticmethod
-    def end(process):
-        if process.poll() is None:
-            process.kill()
-            process.wait()
-        process.stdout.close()
-        process.stderr.close()
 
     def await_line(self, process, accept):
         for _ in range(1000):

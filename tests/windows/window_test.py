@@ -15,6 +15,10 @@ import time
 import unittest
 
 TOP = pathlib.Path(__file__).resolve().parents[2]
+sys.path.insert(1, str(TOP / "tests/support"))
+from nmea import sentence  # noqa: E402
+from x_screen import XScreen  # noqa: E402
+
 WIDTH, HEIGHT = 240, 700
 HEADER, ROW, GAP = 48, 48, 12
 WAITING_RECEIVER = 2
@@ -22,46 +26,13 @@ SERIAL, PORT, BAUD_RATE = 1, 3, 4
 LIMITS, PICTURE, QUIT = 0, 4, 11
 DAY = 7
 PATIENCE_S = 60
-BODY = "GPRMC,120000,A,4807.038,N,01131.000,E,030.0,084.4,230324,,"
+POSITION = sentence("GPRMC,120000,A,4807.038,N,01131.000,E,030.0,084.4,230324,,").encode()
 
 
-def sentence():
-    checksum = 0
-    for character in BODY:
-        checksum ^= ord(character)
-    return f"${BODY}*{checksum:02X}\r\n".encode()
-
-
-class Screen:
-    """An X server without a display; its pixels lie in a file."""
-
-    def __init__(self, folder):
-        self.pixels = folder / "Xvfb_screen0"
-        reading, writing = os.pipe()
-        self.server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{WIDTH}x{HEIGHT}x24", "-fbdir", str(folder),
-             "-nolisten", "tcp", "-noreset"], pass_fds=[writing], stderr=subprocess.DEVNULL)
-        os.close(writing)
-        with os.fdopen(reading) as display:
-            self.environment = os.environ | {"DISPLAY": ":" + display.readline().strip()}
-
-    def close(self):
-        self.server.terminate()
-        self.server.wait()
-
-    def do(self, *action):
-        subprocess.run(["xdotool", *map(str, action)], check=True, env=self.environment)
-
-    def click(self, x, y):
-        self.do("mousemove", x, y, "mousedown", 1, "mouseup", 1)
-
-    def picture(self):
-        content = self.pixels.read_bytes()
-        return content[-WIDTH * HEIGHT * 4:]
-
+class Screen(XScreen):
     def shows(self):
         """What lies in the upper left corner: "view" is black, "page" a dark grey, "desktop" a strong blue."""
-        blue, green, red = self.picture()[:3]
+        red, green, blue = self.corner()
         return "view" if red == green == blue == 0 else "page" if blue < 0x40 else "desktop"
 
 
@@ -110,7 +81,7 @@ class WindowTest(unittest.TestCase):
             shutil.copytree(TOP / "assets" / name, program / name, ignore=shutil.ignore_patterns("4x"))
         shutil.copy(TOP / "assets/lcd-u.ttf", program)
         self.settings_file = program / "TachyMo.ini"
-        self.screen = Screen(self.folder)
+        self.screen = Screen(self.folder, WIDTH, HEIGHT)
         self.addCleanup(self.screen.close)
         choose_driver("x11")
         self.addCleanup(choose_driver, "null")
@@ -146,7 +117,7 @@ class WindowTest(unittest.TestCase):
 
     def await_view(self):
         def is_view():
-            self.line.send(sentence())
+            self.line.send(POSITION)
             return self.screen.shows() == "view"
 
         self.wait_until(is_view, "no view")
@@ -170,7 +141,7 @@ class WindowTest(unittest.TestCase):
         self.click_back()
         self.wait_until(lambda: self.line.baud_rate() == 4800, "port not opened")
         self.await_view()
-        self.screen.do("key", "Return")
+        self.screen.key("Return")
         self.click_row(LIMITS)
         self.click_row(0)
         self.screen.click(WIDTH - 33, HEADER + ROW + ROW // 2)  # "+" of the limit
@@ -187,7 +158,7 @@ class WindowTest(unittest.TestCase):
 
         self.start()
         self.await_view()
-        self.screen.do("key", "q")
+        self.screen.key("q")
         settings = self.await_end()
         for kept in ("Mirror=1", "Limit1=65", "UseSound1=true", "PathColor=11534336"):
             self.assertIn(kept, settings)
