@@ -73,14 +73,32 @@ std::string GetTrackPath(const Options& options, const HomeFolder& home) {
   return options.kmlFolder.empty() ? home.GetPath() + "/Tracks" : options.kmlFolder;
 }
 
+/// A kept choice whose folder has become unwritable does not end the drive: nothing is written then.
+std::optional<TrackFolder> MakeTrackFolder(const Options& options, bool isAskedFor,
+                                           const HomeFolder& home, Messages& messages) {
+  try {
+    return TrackFolder(GetTrackPath(options, home));
+  } catch (const HostError& error) {
+    if (isAskedFor) {
+      throw;
+    }
+    messages.SayLoss(std::string(error.what()) + "; no track is written");
+    return std::nullopt;
+  }
+}
+
 /// Tells the engine where to write the track and whether to; nothing when none is wanted. Makes the
 /// user's folder an absolute path, so that it is found again from any other folder.
-std::optional<TrackFolder> OpenTrackFolder(Options& options, const EngineLibrary& engine,
-                                           const HomeFolder& home) {
+std::optional<TrackFolder> OpenTrackFolder(Options& options, bool isAskedFor,
+                                           const EngineLibrary& engine, const HomeFolder& home,
+                                           Messages& messages) {
   const bool hasOwnFolder = !options.kmlFolder.empty();
   std::optional<TrackFolder> folder;
   if (options.writeKml) {
-    folder.emplace(GetTrackPath(options, home));
+    folder = MakeTrackFolder(options, isAskedFor, home, messages);
+    options.writeKml = folder.has_value();
+  }
+  if (folder) {
     engine().SetWriteKML(1);
   }
   if (folder && hasOwnFolder) {
@@ -103,6 +121,18 @@ void FollowTrackSwitch(std::optional<TrackFolder>& folder, const Options& option
   }
 }
 
+/// A second start in the same home folder shows the window that is there. Throws HostError when
+/// there is none.
+void CallFirst(HomeLock& lock, const Options& options, const HomeFolder& home, Messages& messages) {
+  const bool wantsWindow = WantsWindow(options) && handheld::Display::IsPresent();
+  if (!wantsWindow || !lock.CallWindow()) {
+    throw HostError("another ferolin-host uses the folder " + home.GetPath() +
+                    ": end it first, or choose another folder with --home");
+  }
+  messages.Say("ferolin-host runs in the folder " + home.GetPath() +
+               " already: its window comes to the front");
+}
+
 /// Says what became of the track.
 void SayTrack(const TrackFolder& folder, bool hadPosition, Messages& messages) {
   const TrackFolder::Outcome outcome = folder.Check(hadPosition);
@@ -118,11 +148,19 @@ void SayTrack(const TrackFolder& folder, bool hadPosition, Messages& messages) {
 void Play(Options options, StandardOutput& output, Messages& messages) {
   SignalWatcher signals;
   std::unique_ptr<NmeaSource> recording = OpenRecording(options);
-  const HomeFolder home(options.home);
-  const HomeLock lock(home.GetPath());
+  const HomeFolder home(options.home, HomeFolder::ReadOnly::ALLOWED);
+  HomeLock lock(home.GetPath());
+  if (lock.IsElsewhere()) {
+    CallFirst(lock, options, home, messages);
+    return;
+  }
+  if (!home.IsWritable()) {
+    messages.SayLoss(home.GetProblem() + "; settings, trips and drives are not kept");
+  }
+  const bool asksForTrack = options.writeKml;
   ChooseSize(options);
   PrepareDevice(options, home);
-  SettingsFile settings(home.GetPath(), HOME_ON_DEVICE, messages);
+  SettingsFile settings(home, HOME_ON_DEVICE, messages);
   if (!options.theme.empty()) {
     settings.Override(ReadTheme(options.theme));
   }
@@ -132,10 +170,10 @@ void Play(Options options, StandardOutput& output, Messages& messages) {
   {
     const EngineLibrary engine;
     settings.OnEngineLoaded();
-    Choices choices(engine, home.GetPath(), messages);
+    Choices choices(engine, home, messages);
     Complete(options, engine, choices);
-    tracks = OpenTrackFolder(options, engine, home);
-    HostRun run(engine, options, home.GetPath(), choices, std::move(recording), signals, output,
+    tracks = OpenTrackFolder(options, asksForTrack, engine, home, messages);
+    HostRun run(engine, options, home, choices, std::move(recording), signals, lock, output,
                 messages);
     run.Run();
     hadPosition = run.HadPosition();
@@ -170,7 +208,9 @@ void Run(const std::string& program, const std::vector<std::string>& arguments,
     case Options::Action::LIST_DRIVES:
     case Options::Action::DELETE_DRIVE:
     case Options::Action::EXPORT_DRIVES:
-      DriveCommands(HomeFolder(options.home).GetPath(), output, messages).Run(options);
+      DriveCommands(HomeFolder(options.home, HomeFolder::ReadOnly::REFUSED).GetPath(), output,
+                    messages)
+          .Run(options);
       break;
     case Options::Action::RUN:
       Play(options, output, messages);

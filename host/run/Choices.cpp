@@ -37,7 +37,7 @@ int ParseBaud(const std::string& text) {
 
 }  // namespace
 
-Choices::Choices(const EngineLibrary& engine, const std::string& home, Messages& messages)
+Choices::Choices(const EngineLibrary& engine, const HomeFolder& home, Messages& messages)
     : settings(engine, SECTION),
       backup(engine, settings, home, messages),
       keptTrack(settings.Get(WRITE_TRACK)) {}

@@ -7,6 +7,7 @@
 #include "commandline/Options.h"
 #include "engine/Settings.h"
 #include "run/ChoicesBackup.h"
+#include "run/HomeFolder.h"
 
 namespace host {
 
@@ -16,7 +17,7 @@ class Choices {
  public:
   /// Gives the engine the choices of a run that ended without warning. `home` is the folder of the
   /// backup. Engine and messages outlive it.
-  Choices(const EngineLibrary& engine, const std::string& home, Messages& messages);
+  Choices(const EngineLibrary& engine, const HomeFolder& home, Messages& messages);
 
   /// Fills in what the user left out with the values used last. Throws UsageError when a device is
   /// needed and none was used before.

@@ -70,8 +70,13 @@ void Apply(const Json& choices, const EngineLibrary& library, const Settings& se
 }  // namespace
 
 ChoicesBackup::ChoicesBackup(const EngineLibrary& engine, const Settings& settings,
-                             const std::string& home, Messages& messages)
-    : engine(engine), settings(settings), path(PathIn(home)), messages(messages), kept(Describe()) {
+                             const HomeFolder& home, Messages& messages)
+    : engine(engine),
+      settings(settings),
+      path(PathIn(home.GetPath())),
+      isWritable(home.IsWritable()),
+      messages(messages),
+      kept(Describe()) {
   Recover();
 }
 
@@ -91,6 +96,9 @@ void ChoicesBackup::Recover() {
 }
 
 void ChoicesBackup::Update() {
+  if (!isWritable) {
+    return;
+  }
   std::string choices = Describe();
   if (choices == kept) {
     return;

@@ -6,6 +6,7 @@
 #include "base/Messages.h"
 #include "engine/EngineLibrary.h"
 #include "engine/Settings.h"
+#include "run/HomeFolder.h"
 
 namespace host {
 
@@ -14,12 +15,13 @@ namespace host {
 /// is of a run that ended without warning. For the host's thread.
 class ChoicesBackup {
  public:
-  /// Gives the engine the choices of such a run. `home` is the file's folder, `settings` the host's
+  /// Gives the engine the choices of such a run. The file lies in `home`; `settings` is the host's
   /// section. All arguments but `home` outlive the backup.
-  ChoicesBackup(const EngineLibrary& engine, const Settings& settings, const std::string& home,
+  ChoicesBackup(const EngineLibrary& engine, const Settings& settings, const HomeFolder& home,
                 Messages& messages);
 
-  /// Writes the choices if they have changed. Tells the first failure.
+  /// Writes the choices if they have changed. Tells the first failure. Does nothing in a home folder
+  /// that is read-only.
   void Update();
 
   /// Call when the settings are saved.
@@ -33,6 +35,7 @@ class ChoicesBackup {
   const EngineLibrary& engine;
   const Settings& settings;
   const std::string path;
+  const bool isWritable;
   Messages& messages;
   /// As on the disk.
   std::string kept;

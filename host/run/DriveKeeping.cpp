@@ -26,13 +26,13 @@ std::string DescribeResult(const std::optional<Drive>& drive, std::uint64_t lost
 
 }  // namespace
 
-DriveKeeping::DriveKeeping(const Options& options, const std::string& home, Messages& messages)
+DriveKeeping::DriveKeeping(const Options& options, const HomeFolder& home, Messages& messages)
     : options(options), messages(messages) {
-  if (!IsLive(options.source) && !options.keep) {
+  if ((!IsLive(options.source) && !options.keep) || !home.IsWritable()) {
     return;
   }
   try {
-    OpenOrReplace(home);
+    OpenOrReplace(home.GetPath());
   } catch (const HostError& error) {
     messages.SayLoss(std::string("this drive is not kept: ") + error.what());
   }
@@ -61,7 +61,7 @@ void DriveKeeping::Open(const std::string& home) {
   for (const Drive& drive : recorder->GetEndedDrives()) {
     messages.Say("the drive of " + DescribeDay(drive.startMs) + ", " +
                  DescribeDistance(drive.distanceKm, options.units) + ", ended without warning at " +
-                 DescribeClock(drive.endMs) + "; kept");
+                 DescribeClock(drive.endMs) + ", or the disk took no more then; kept");
   }
 }
 

@@ -10,6 +10,7 @@
 #include "commandline/Options.h"
 #include "drives/DriveRecorder.h"
 #include "drives/KeptTrip.h"
+#include "run/HomeFolder.h"
 #include "run/PositionSource.h"
 #include "run/Trips.h"
 
@@ -19,9 +20,9 @@ namespace host {
 /// user is told and the run goes on. For the host's thread.
 class DriveKeeping {
  public:
-  /// Tells which drives a power cut has ended. `home` is the folder of the drives. All other
-  /// arguments outlive this object.
-  DriveKeeping(const Options& options, const std::string& home, Messages& messages);
+  /// Tells which drives a power cut has ended. `home` is the folder of the drives; nothing is kept
+  /// in one that is read-only. All other arguments outlive this object.
+  DriveKeeping(const Options& options, const HomeFolder& home, Messages& messages);
 
   /// Call between the source's Open and its Start.
   void Start(PositionSource& source);

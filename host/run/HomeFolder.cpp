@@ -1,5 +1,7 @@
 #include "run/HomeFolder.h"
 
+#include <filesystem>
+
 #include "base/HostError.h"
 #include "handheld.h"
 #include "run/WritableFolder.h"
@@ -18,7 +20,18 @@ std::string Choose(const std::string& asked) {
 
 }  // namespace
 
-HomeFolder::HomeFolder(const std::string& asked)
-    : path(MakeWritableFolder(Choose(asked), "cannot write to the folder").string()) {}
+HomeFolder::HomeFolder(const std::string& asked, ReadOnly readOnly) : path(Choose(asked)) {
+  try {
+    path = MakeWritableFolder(path, "cannot write to the folder").string();
+  } catch (const HostError& error) {
+    std::error_code none;
+    const bool isThere = std::filesystem::is_directory(path, none);
+    if (readOnly == ReadOnly::REFUSED || !isThere || !IsReadOnly(path)) {
+      throw;
+    }
+    path = std::filesystem::canonical(path).string();
+    problem = error.what();
+  }
+}
 
 }  // namespace host

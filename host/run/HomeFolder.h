@@ -10,13 +10,21 @@ namespace host {
 class HomeFolder {
  public:
   /// Uses the folder `asked`; if that is empty, "ferolin" in the user's data folder. Makes it where
-  /// it is missing. Throws HostError when the folder cannot be used.
-  explicit HomeFolder(const std::string& asked);
+  /// it is missing. Throws HostError when the folder cannot be used or, unless `readOnly` allows it,
+  /// cannot be written.
+  enum class ReadOnly { REFUSED, ALLOWED };
+  HomeFolder(const std::string& asked, ReadOnly readOnly);
 
   const std::string& GetPath() const { return path; }
 
+  /// False when nothing can be kept in the folder.
+  bool IsWritable() const { return problem.empty(); }
+  /// Why it cannot be written, for the user; empty when it can.
+  const std::string& GetProblem() const { return problem; }
+
  private:
   std::string path;
+  std::string problem;
 };
 
 }  // namespace host

@@ -37,13 +37,14 @@ bool NeedsEachUpdate(const Options& options, const ViewWindow* views) {
 
 }  // namespace
 
-HostRun::HostRun(const EngineLibrary& engine, const Options& options, const std::string& home,
+HostRun::HostRun(const EngineLibrary& engine, const Options& options, const HomeFolder& home,
                  Choices& choices, std::unique_ptr<NmeaSource> recording, SignalWatcher& signals,
-                 StandardOutput& standard, Messages& messages)
+                 HomeLock& lock, StandardOutput& standard, Messages& messages)
     : engine(engine),
       options(options),
       choices(choices),
       signals(signals),
+      lock(lock),
       standard(standard),
       messages(messages),
       trips(engine, options),
@@ -105,11 +106,17 @@ void HostRun::Start() {
 
 void HostRun::Loop() {
   const bool hasDisplay = views != nullptr && views->HasDisplay();
+  if (hasDisplay) {
+    lock.NoteWindow();
+  }
   const bool hasTurns = source.HasTurns();
   const DWORD waitMs = hasDisplay || IsLive(options.source) ? SHORT_WAIT_MS : LONG_WAIT_MS;
   while (!standard.IsBroken() && !isComplete) {
     if (hasDisplay) {
       views->ShowTitle(update);
+      if (lock.TakeCall()) {
+        views->Raise();
+      }
     }
     BackUpChoices();
     switch (window.Wait(hasTurns ? 0 : waitMs)) {

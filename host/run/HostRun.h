@@ -16,6 +16,8 @@
 #include "outputs/TimeLeft.h"
 #include "run/Choices.h"
 #include "run/DriveKeeping.h"
+#include "run/HomeFolder.h"
+#include "run/HomeLock.h"
 #include "run/PositionSource.h"
 #include "run/RunSummary.h"
 #include "run/SignalWatcher.h"
@@ -34,9 +36,9 @@ class HostRun {
   /// `options` are complete: kept choices are filled in. `home` is the folder of drives.
   /// `recording` is the opened file when one is played, else null. All other arguments outlive the
   /// run. Throws HostError.
-  HostRun(const EngineLibrary& engine, const Options& options, const std::string& home,
+  HostRun(const EngineLibrary& engine, const Options& options, const HomeFolder& home,
           Choices& choices, std::unique_ptr<NmeaSource> recording, SignalWatcher& signals,
-          StandardOutput& standard, Messages& messages);
+          HomeLock& lock, StandardOutput& standard, Messages& messages);
   HostRun(const HostRun&) = delete;
   HostRun& operator=(const HostRun&) = delete;
   ~HostRun();
@@ -63,6 +65,7 @@ class HostRun {
   const Options& options;
   Choices& choices;
   SignalWatcher& signals;
+  HomeLock& lock;
   StandardOutput& standard;
   Messages& messages;
   Trips trips;

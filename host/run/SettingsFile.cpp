@@ -28,19 +28,25 @@ constexpr const char* SAVED_NAME = "TachyMo.ini";
 constexpr const char16_t* DEVICE_NAME = u"\\TachyMo.ini";
 constexpr const char16_t* SAVING_SUFFIX = u".new";
 
+fs::path ChooseFolder(const HomeFolder& home) {
+  return home.IsWritable() ? fs::path(home.GetPath()) / FOLDER_NAME
+                           : fs::temp_directory_path() / (FOLDER_NAME + std::to_string(getpid()));
+}
+
 bool MayAccess(const fs::path& path, int mode) {
   return euidaccess(path.c_str(), mode) == 0 || errno == ENOENT;
 }
 
 }  // namespace
 
-SettingsFile::SettingsFile(const fs::path& home, const std::u16string& deviceHome,
+SettingsFile::SettingsFile(const HomeFolder& home, const std::u16string& deviceHome,
                            Messages& messages)
     : messages(messages),
-      file(FindSettingsFile(home, messages)),
-      folder(home / FOLDER_NAME),
+      file(FindSettingsFile(home.GetPath(), messages)),
+      folder(ChooseFolder(home)),
       saved(folder / SAVED_NAME),
-      deviceFile(deviceHome + DEVICE_NAME) {
+      deviceFile(deviceHome + DEVICE_NAME),
+      canKeep(home.IsWritable()) {
   Check();
   PrepareSaving();
   handheld::MapPath(deviceFile, (IsThere() ? file : saved).string());
@@ -81,7 +87,7 @@ void SettingsFile::Check() {
   canRead = MayAccess(file, R_OK);
   if (!canRead) {
     GiveUp("the settings in " + file.string() + " cannot be read: " + std::strerror(errno));
-  } else if (!MayAccess(file, W_OK)) {
+  } else if (canKeep && !MayAccess(file, W_OK)) {
     GiveUp("the settings in " + file.string() + " cannot be written: " + std::strerror(errno));
   }
 }

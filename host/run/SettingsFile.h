@@ -5,6 +5,7 @@
 #include <string>
 
 #include "base/Messages.h"
+#include "run/HomeFolder.h"
 
 namespace host {
 
@@ -16,8 +17,7 @@ class SettingsFile {
   /// To be made before the engine is loaded; the device knows its folder as `deviceHome`. A file
   /// that cannot be read or written is left alone, and the user is told that settings are not kept.
   /// Throws HostError when something that is no settings file has its name. `messages` outlives it.
-  SettingsFile(const std::filesystem::path& home, const std::u16string& deviceHome,
-               Messages& messages);
+  SettingsFile(const HomeFolder& home, const std::u16string& deviceHome, Messages& messages);
   SettingsFile(const SettingsFile&) = delete;
   SettingsFile& operator=(const SettingsFile&) = delete;
   /// Keeps the settings if that was not done, and tells what goes wrong.
@@ -43,12 +43,13 @@ class SettingsFile {
   Messages& messages;
   /// The user's file; it may be missing.
   const std::filesystem::path file;
-  /// What the engine saves into, empty but for a save.
+  /// What the engine saves into, empty but for a save. In a home folder that is read-only it lies
+  /// elsewhere, so that the engine finds its settings all the same.
   const std::filesystem::path folder;
   const std::filesystem::path saved;
   const std::u16string deviceFile;
   bool canRead = true;
-  bool canKeep = true;
+  bool canKeep;
   /// An engine was loaded whose settings are not kept yet.
   bool isLoaded = false;
 };

@@ -12,6 +12,7 @@
 #include "base/HostError.h"
 #include "base/SafeFile.h"
 #include "run/SettingsMerge.h"
+#include "run/WritableFolder.h"
 
 namespace host {
 
@@ -113,6 +114,9 @@ fs::path FindSettingsFile(const fs::path& home, Messages& messages) {
   std::ranges::for_each(spellings, Check);
   std::ranges::sort(spellings, std::ranges::greater(), TimeOf);
   const fs::path& newest = spellings.front();
+  if (IsReadOnly(home)) {
+    return newest;
+  }
   for (auto older = spellings.begin() + 1; older != spellings.end(); ++older) {
     Unite(newest, *older, messages);
   }

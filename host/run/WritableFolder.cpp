@@ -46,6 +46,10 @@ int FindError(const fs::path& folder) {
 
 }  // namespace
 
+bool IsReadOnly(const fs::path& folder) {
+  return FindWriteError(folder) != 0;
+}
+
 std::string DescribeWriteFailure(const fs::path& folder) {
   /// Less free space than the smallest file takes.
   constexpr std::uintmax_t FULL_DISK_BYTES = 4096;

@@ -43,6 +43,8 @@ class ApplicationWindow : public app::Surroundings {
   /// Whether others may choose the size: no display and no picture file does.
   bool MayFit() const { return display == nullptr && !writesPictures; }
 
+  void Raise() { display->Raise(); }
+
   int GetView() const { return application.GetView(); }
   /// False while a page lies over the views.
   bool ShowsViews() const { return application.ShowsViews(); }

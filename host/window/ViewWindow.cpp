@@ -66,6 +66,12 @@ void ViewWindow::ShowTitle(const Update& update) {
   }
 }
 
+void ViewWindow::Raise() {
+  if (HasDisplay()) {
+    shown->Raise();
+  }
+}
+
 int ViewWindow::GetView() const {
   return HasDisplay() ? shown->GetView() : engine().GetCurRenderWidget();
 }

@@ -41,6 +41,8 @@ class ViewWindow {
   void ShowUpdate(const Update& update);
   void ShowReception(const Update& update);
   void ShowTitle(const Update& update);
+  /// Brings the window to the front.
+  void Raise();
 
   int GetView() const;
   /// The picture as the user has it now, all set.

@@ -5,6 +5,7 @@ usage: files_program_test.py PROGRAM [unittest arguments]
 """
 
 import configparser
+import json
 import os
 import pathlib
 import stat
@@ -257,6 +258,15 @@ class SettingsFiles(SettingsTest):
             self.assertFalse(os.path.islink(self.file))
             self.assertIn("Address=+111", self.settings())
 
+    def test_nothing_is_read_through_a_planted_link(self):
+        with open(self.path("planted"), "w", encoding="ascii") as file:
+            file.write("[SMS]\nText=planted\n")
+        link = os.path.join(self.home, "TachyMo.ini.new")
+        os.symlink(self.path("planted"), link)
+        self.drive_well()
+        self.assertNotIn("Text=planted", self.settings())
+        self.assertTrue(os.path.islink(link))
+
     def test_an_interrupted_save_of_another_host_is_finished(self):
         self.put("[SMS]\nText=kept\n", "TachyMo.ini.new")
         self.drive_well()
@@ -349,6 +359,50 @@ class Modes(SettingsTest):
         self.assertIn("Text=kept", self.settings())
         self.assertIn("Address=+111", self.settings())
         self.assertLess(after.st_size, 100_000)
+
+
+class ReadOnlyHome(FilesTest):
+    def setUp(self):
+        super().setUp()
+        os.mkdir(self.path("disk"))
+        if subprocess.run(["mount", "-t", "tmpfs", "tmpfs", self.path("disk")], capture_output=True,
+                          check=False).returncode != 0:
+            self.skipTest("nothing can be mounted here")
+        self.addCleanup(subprocess.run, ["umount", self.path("disk")], check=True)
+        self.home = self.path("disk", "home")
+
+    def make_read_only(self):
+        subprocess.run(["mount", "-o", "remount,ro", self.path("disk")], check=True)
+
+    def test_is_told_and_the_drive_goes_on_as_chosen(self):
+        self.drive_well("--keep", "--sms-to", "+111", "--theme", "night")
+        before = self.settings()
+        self.make_read_only()
+        result = self.run_drive("--keep", "--json", "--sms-to", "+222", "--theme", "day", "--limit", "77:3")
+        self.assertEqual(result.returncode, 1)
+        said = result.stderr.splitlines()
+        self.assertEqual(said[0], "ferolin-host: cannot write to the folder %s: Read-only file system; "
+                         "settings, trips and drives are not kept" % self.home)
+        self.assertEqual(said[-1], "ferolin-host: settings were not kept")
+        self.assertNotRegex("".join(said[1:]), "cannot|not kept: ")
+        totals = json.loads(result.stdout.decode().splitlines()[-1])
+        self.assertGreater(totals["updates"], 0)
+        # The trip before went on.
+        self.assertIn("continuing the trip of the last run", result.stderr)
+        self.assertEqual(self.settings(), before)
+
+    def test_is_no_end_for_a_drive_whose_track_was_to_be_kept(self):
+        self.drive_well()
+        with open(os.path.join(self.home, "TachyMo.ini"), "a", encoding="cp1251") as file:
+            file.write("[Host]\nWriteTrack=1\n")
+        self.make_read_only()
+        result = self.run_drive()
+        self.assertRegex(result.stderr, "cannot write tracks to .*/Tracks: Read-only file system; no track is written")
+        self.assertIn("settings were not kept", result.stderr)
+        # Asked for now, the track is worth more than the drive.
+        result = self.run_drive("--kml")
+        self.assertNotIn("updates in", result.stderr)
+        self.assertTrue(result.stderr.endswith("Tracks: Read-only file system\n"), result.stderr)
 
 
 class FullDisk(FilesTest):

@@ -266,6 +266,13 @@ void Display::SetTitle(const std::string& title) {
   SDL_SetWindowTitle(frame, title.c_str());
 }
 
+void Display::Raise() {
+  if ((SDL_GetWindowFlags(frame) & SDL_WINDOW_MINIMIZED) != 0) {
+    SDL_RestoreWindow(frame);
+  }
+  SDL_RaiseWindow(frame);
+}
+
 void Display::ToggleFullscreen() {
   if ((SDL_GetWindowFlags(frame) & SDL_WINDOW_FULLSCREEN_DESKTOP) != 0) {
     SDL_SetWindowFullscreen(frame, 0);

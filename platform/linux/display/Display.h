@@ -45,6 +45,9 @@ class Display final : private MessageQueue::Waiter {
 
   void ToggleFullscreen();
 
+  /// Brings the window to the front, also when it is minimized.
+  void Raise();
+
   /// Calls `observer` with the frame's size in pixels once the frame has been resized: for a frame
   /// that is being dragged, when it rests. Called by this thread while it waits for messages; must
   /// not destroy the display.
