@@ -50,7 +50,7 @@ HostRun::HostRun(const EngineLibrary& engine, const Options& options, const Home
       trips(engine, options),
       window(engine().GetWndMessageID()),
       views(ViewWindow::Open(engine, options, window, messages)),
-      web(WebService::Open(engine, options, home, window, views.get())),
+      web(WebService::Open(engine, options, home.GetPath(), window, views.get())),
       drive(options, home, messages),
       source(
           engine, options, std::move(recording), FindAudience(options, views.get()),
