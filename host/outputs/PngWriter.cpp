@@ -30,12 +30,12 @@ int FindError(const fs::path& file) {
 }
 
 std::vector<std::uint8_t> ToRgb(const handheld::Pixels& pixels) {
-  std::vector<std::uint8_t> bytes;
-  bytes.reserve(pixels.rows.size() * 3);
+  std::vector<std::uint8_t> bytes(pixels.rows.size() * 3);
+  std::uint8_t* next = bytes.data();
   for (const std::uint32_t pixel : pixels.rows) {
-    bytes.push_back(static_cast<std::uint8_t>(pixel >> 16));
-    bytes.push_back(static_cast<std::uint8_t>(pixel >> 8));
-    bytes.push_back(static_cast<std::uint8_t>(pixel));
+    *next++ = static_cast<std::uint8_t>(pixel >> 16);
+    *next++ = static_cast<std::uint8_t>(pixel >> 8);
+    *next++ = static_cast<std::uint8_t>(pixel);
   }
   return bytes;
 }
