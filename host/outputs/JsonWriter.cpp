@@ -101,7 +101,7 @@ class Line {
     text += '}';
   }
 
-  std::string Finish() { return std::move(text) + "}\n"; }
+  std::string Finish() { return std::move(text) + "}"; }
 
  private:
   void AddKey(std::string_view quoted) {
@@ -142,9 +142,7 @@ void AddTrip(Line& line, const Update& update, const Figures& figures) {
   line.Add("fastest_s", figures.fastest, "", "_m");
 }
 
-}  // namespace
-
-std::string JsonUpdate(const Update& update, const Figures& figures) {
+Line StateLine(const Update& update, const Figures& figures) {
   Line line;
   line.Add("update", std::to_string(update.number));
   if (!update.notice.empty()) {
@@ -152,8 +150,19 @@ std::string JsonUpdate(const Update& update, const Figures& figures) {
   }
   AddMoment(line, update.fix);
   AddTrip(line, update, figures);
+  return line;
+}
+
+}  // namespace
+
+std::string JsonUpdate(const Update& update, const Figures& figures) {
+  Line line = StateLine(update, figures);
   line.Add("text", update.readouts);
-  return line.Finish();
+  return line.Finish() + "\n";
+}
+
+std::string JsonState(const Update& update, const Figures& figures) {
+  return StateLine(update, figures).Finish();
 }
 
 std::string JsonEnd(const Update& last, const Figures& figures, const Readouts& registry) {
@@ -162,7 +171,7 @@ std::string JsonEnd(const Update& last, const Figures& figures, const Readouts& 
   line.Add("updates", std::to_string(last.number));
   AddTrip(line, last, figures);
   line.Add("registry", registry);
-  return line.Finish();
+  return line.Finish() + "\n";
 }
 
 }  // namespace host

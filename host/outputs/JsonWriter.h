@@ -15,6 +15,9 @@ namespace host {
 /// The read-outs as texts come last.
 std::string JsonUpdate(const Update& update, const Figures& figures);
 
+/// An update without the read-outs as texts and without the line feed.
+std::string JsonState(const Update& update, const Figures& figures);
+
 /// The totals of the trip, with "end":true in front; `registry` holds names and states of the
 /// sensors that keep one.
 std::string JsonEnd(const Update& last, const Figures& figures, const Readouts& registry);

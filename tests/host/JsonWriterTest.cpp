@@ -89,6 +89,14 @@ TEST(JsonWriter, WritesNullForWhatIsNotKnown) {
       JsonUpdate(Update(), Figures()));
 }
 
+TEST(JsonWriter, WritesAStateWithoutTexts) {
+  const Update update = {12, 0.5, {{"Speed", "18.5 km/h"}}, "", FullFix(), MOVING};
+  EXPECT_EQ(R"({"update":12,"time":"2024-06-01T06:00:00.250Z","fix":true,"lat":55.75,"lon":-37.6,)"
+            R"("alt_m":150.5,"speed_mps":5.144,"course_deg":90.0,"satellites":8,"hdop":0.9,)" +
+                TRIP + "}",
+            JsonState(update, WholeFigures()));
+}
+
 TEST(JsonWriter, WritesTheEnd) {
   Update last;
   last.number = 3;
