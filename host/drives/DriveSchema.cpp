@@ -56,8 +56,18 @@ ALTER TABLE trips ADD COLUMN stopped_ms INTEGER;
 ALTER TABLE trips ADD COLUMN day TEXT;
 )";
 
+/// States that wait for a broker. The series is another one in every new file.
+constexpr const char* STATES = R"(
+CREATE TABLE states (
+  number INTEGER PRIMARY KEY AUTOINCREMENT,
+  state TEXT NOT NULL
+);
+CREATE TABLE state_series (name TEXT NOT NULL);
+INSERT INTO state_series VALUES (lower(hex(randomblob(4))));
+)";
+
 /// The step at index 0 makes version 1.
-constexpr std::array STEPS = {DRIVES, TRIPS, MOVING_TIMES};
+constexpr std::array STEPS = {DRIVES, TRIPS, MOVING_TIMES, STATES};
 
 std::size_t GetVersion(Database& database) {
   Statement statement(database, "PRAGMA user_version");

@@ -1,4 +1,4 @@
-// The tables of the drives.
+// The tables of the drives and of what lies beside them.
 #pragma once
 
 #include "drives/Database.h"
