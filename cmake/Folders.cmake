@@ -88,6 +88,7 @@ ferolin_folder(host/sources
 ferolin_folder(host/engine
   USES include platform/api platform/linux app/engine host/base host/sources)
 ferolin_folder(host/drives USES host/base host/sources)
+ferolin_folder(host/mqtt USES host/base host/drives)
 ferolin_folder(host/window
   USES include platform/api platform/linux platform/linux/display app/receiver app/window host/base
        host/commandline host/engine)
@@ -98,6 +99,6 @@ ferolin_folder(host/web
        host/drives host/window host/outputs)
 ferolin_folder(host/run
   USES include platform/api platform/linux platform/linux/display app/engine host/base
-       host/commandline host/engine host/sources host/drives host/window host/outputs
+       host/commandline host/engine host/sources host/drives host/mqtt host/window host/outputs
        host/web)
 ferolin_folder(host USES host/base host/run)

@@ -5,7 +5,7 @@ _ferolin() {
     --port)
       mapfile -t COMPREPLY < <(compgen -W "auto $(compgen -G '/dev/tty[AU]*' ) $(compgen -G '/dev/serial/by-id/*')" -- "$word")
       ;;
-    --nmea | --web-tls | --shot | --contact-sheet | --gpx | --csv | --geojson)
+    --nmea | --web-tls | --shot | --contact-sheet | --mqtt-password-file | --mqtt-tls | --gpx | --csv | --geojson)
       mapfile -t COMPREPLY < <(compgen -f -- "$word")
       ;;
     --home | --frames | --kml)

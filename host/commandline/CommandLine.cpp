@@ -80,7 +80,19 @@ void CheckEngineRate(int baud) {
   }
 }
 
+void CheckMqtt(const Options::Mqtt& mqtt) {
+  const bool hasDetails =
+      !mqtt.id.empty() || !mqtt.user.empty() || !mqtt.passwordFile.empty() || mqtt.hasTls;
+  if (mqtt.host.empty() && hasDetails) {
+    throw UsageError("--mqtt-id, --mqtt-user, --mqtt-password-file and --mqtt-tls go with --mqtt");
+  }
+  if (!mqtt.passwordFile.empty() && mqtt.user.empty()) {
+    throw UsageError("--mqtt-password-file goes with --mqtt-user");
+  }
+}
+
 void CheckCombinations(const Options& options) {
+  CheckMqtt(options.mqtt);
   const bool isPort =
       options.source == Options::Source::PORT || options.source == Options::Source::SEARCH;
   if (options.baud && !isPort) {

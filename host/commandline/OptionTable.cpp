@@ -39,6 +39,7 @@ OptionTable::OptionTable(CLI::App& app, Options& options) : app(app), options(op
   AddTrip();
   AddSounds();
   AddMessages();
+  AddMqtt();
   AddOthers();
 }
 
@@ -245,6 +246,33 @@ void OptionTable::AddMessages() {
            [this](const std::string& text) {
              options.smsEveryMinutes = ParseWholeNumber(text, 1, LONGEST_INTERVAL_MINUTES);
            });
+}
+
+void OptionTable::AddMqtt() {
+  StartGroup("Fleets and home automation");
+  AddValue(
+      "--mqtt", "HOST[:PORT]",
+      "send position, speed and trip to this MQTT broker every 5 seconds, to the topics "
+      "ferolin/ID/state and ferolin/ID/history, and tell Home Assistant of them; what cannot be "
+      "sent waits on the disk",
+      [this](const std::string& text) {
+        const HostAndPort address = ParseHostAndPort(text);
+        options.mqtt.host = address.host;
+        options.mqtt.port = address.port;
+      });
+  AddValue("--mqtt-id", "ID",
+           "name of this box: letters, digits, _ and - (kept); default: one made at random",
+           [this](const std::string& text) { options.mqtt.id = ParseTopicName(text); });
+  AddValue("--mqtt-user", "NAME", "user name for the broker", StoreIn(options.mqtt.user));
+  AddValue("--mqtt-password-file", "FILE", "file whose first line is the password",
+           StoreIn(options.mqtt.passwordFile));
+  AddOptionalValue("--mqtt-tls", "FILE",
+                   "encrypt the connection; FILE has the certificates that are trusted, default: "
+                   "those of the system",
+                   [this](const std::string& text) {
+                     options.mqtt.hasTls = true;
+                     options.mqtt.trusted = text;
+                   });
 }
 
 void OptionTable::AddOthers() {

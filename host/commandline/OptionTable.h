@@ -35,6 +35,7 @@ class OptionTable {
   void AddTrip();
   void AddSounds();
   void AddMessages();
+  void AddMqtt();
   void AddOthers();
 
   /// Heading of the options added from here on.

@@ -63,6 +63,23 @@ struct Options {
     std::string geoJsonFile;
   };
 
+  /// Broker that gets states.
+  struct Mqtt {
+    /// Name or numeric address; empty: no broker.
+    std::string host;
+    /// Nothing: the usual port.
+    std::optional<int> port;
+    /// Name of this box. Empty: as kept, or a new one. Kept.
+    std::string id;
+    std::string user;
+    /// File whose first line is the password; empty: none.
+    std::string passwordFile;
+    /// Whether the connection is encrypted.
+    bool hasTls = false;
+    /// File with the certificates that are trusted; empty: those of the system.
+    std::string trusted;
+  };
+
   /// Number of limits that the engine keeps between runs.
   static constexpr std::size_t LIMITS = 3;
 
@@ -149,6 +166,8 @@ struct Options {
   std::optional<std::string> smsText;
   /// Minutes between two position reports; 0: none are sent.
   int smsEveryMinutes = 0;
+
+  Mqtt mqtt;
 };
 
 /// The dots per inch wanted, or those with which figures fill a picture of this size: 96 for each

@@ -7,6 +7,8 @@
 #include <optional>
 #include <string_view>
 
+#include "base/TopicName.h"
+
 namespace host {
 
 namespace {
@@ -160,6 +162,26 @@ Options::Web ParseWebAddress(const std::string& text) {
     throw BadValue("an IP address and a port, such as 127.0.0.1:8947 or [::1]:8947");
   }
   return web;
+}
+
+HostAndPort ParseHostAndPort(const std::string& text) {
+  const std::string address = GetAddressPart(text);
+  const std::string rest = text.substr(address.size());
+  HostAndPort parsed = {WithoutBrackets(address), std::nullopt};
+  if (rest.starts_with(":")) {
+    parsed.port = ParseBetween(std::string_view(rest).substr(1), 1, HIGHEST_PORT);
+  }
+  if (parsed.host.empty() || (!rest.empty() && !parsed.port)) {
+    throw BadValue("an address such as box.local, box.local:1884 or [::1]:1884");
+  }
+  return parsed;
+}
+
+std::string ParseTopicName(const std::string& text) {
+  if (!IsTopicName(text)) {
+    throw BadValue(R"(a name of 1 to 64 letters, digits, "_" and "-")");
+  }
+  return text;
 }
 
 std::string ParseLanguage(const std::string& text) {

@@ -1,6 +1,7 @@
 // Values as they are typed on the command line.
 #pragma once
 
+#include <optional>
 #include <stdexcept>
 #include <string>
 
@@ -41,6 +42,17 @@ Options::Limit ParseLimit(const std::string& text);
 
 /// "192.168.1.5:8947", "[::1]:8947", an address, a port, or "localhost" in place of an address.
 Options::Web ParseWebAddress(const std::string& text);
+
+struct HostAndPort {
+  std::string host;
+  std::optional<int> port;
+};
+
+/// "box.local", "192.168.1.2:1884", "[::1]:1883" or "::1".
+HostAndPort ParseHostAndPort(const std::string& text);
+
+/// A name that can stand in topics: 1 to 64 letters, digits, "_" and "-". Returned unchanged.
+std::string ParseTopicName(const std::string& text);
 
 /// "en" or "ru"; returns "ENU" or "RUS".
 std::string ParseLanguage(const std::string& text);

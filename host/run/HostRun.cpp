@@ -59,6 +59,7 @@ HostRun::HostRun(const EngineLibrary& engine, const Options& options, const Home
       needsEachUpdate(NeedsEachUpdate(options, views.get())),
       pictures(OpenPictures(options, engine, views.get())),
       reports(engine, options, messages),
+      mqtt(engine, options, home, messages),
       summary(options, source, reports, messages),
       timeLeft(std::chrono::steady_clock::now()),
       progress(messages) {
@@ -119,6 +120,7 @@ void HostRun::Loop() {
       }
     }
     BackUpChoices();
+    mqtt.SayNews();
     switch (window.Wait(hasTurns ? 0 : waitMs)) {
       case HostWindow::Event::UPDATE:
         ++update.number;
@@ -210,6 +212,7 @@ void HostRun::ShowUpdate() {
     web->Show(update);
   }
   reports.OnUpdate(update);
+  mqtt.OnUpdate(update);
   summary.OnUpdate(update);
   drive.OnUpdate(trips);
   const bool isDrawn = views == nullptr || views->ShowsViews();
@@ -243,6 +246,7 @@ void HostRun::ShowNotice() {
   if (web) {
     web->Show(update);
   }
+  mqtt.OnUpdate(update);
   summary.SayNews();
 }
 
@@ -262,6 +266,7 @@ void HostRun::Finish() {
   if (pictures) {
     pictures->Finish();
   }
+  mqtt.Finish(update);
 }
 
 }  // namespace host

@@ -18,6 +18,7 @@
 #include "run/DriveKeeping.h"
 #include "run/HomeFolder.h"
 #include "run/HomeLock.h"
+#include "run/MqttStates.h"
 #include "run/PositionSource.h"
 #include "run/RunSummary.h"
 #include "run/SignalWatcher.h"
@@ -81,6 +82,7 @@ class HostRun {
   /// Null when none are written.
   std::unique_ptr<Pictures> pictures;
   SmsReports reports;
+  MqttStates mqtt;
   RunSummary summary;
   std::unique_ptr<Output> output;
   TimeLeft timeLeft;

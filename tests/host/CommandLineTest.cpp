@@ -337,6 +337,42 @@ TEST(CommandLine, TakesOneOfTheThemes) {
   EXPECT_NE(ErrorOf({"--theme", "dusk"}), "(accepted)");
 }
 
+TEST(CommandLine, TakesABroker) {
+  EXPECT_EQ("", ParseOptions({}).mqtt.host);
+  const Options::Mqtt plain = ParseOptions({"--mqtt", "box.local"}).mqtt;
+  EXPECT_EQ("box.local", plain.host);
+  EXPECT_EQ(std::nullopt, plain.port);
+  EXPECT_FALSE(plain.hasTls);
+  const Options::Mqtt whole =
+      ParseOptions({"--mqtt", "[::1]:1884", "--mqtt-id", "van-7", "--mqtt-user", "me",
+                    "--mqtt-password-file", "secret", "--mqtt-tls", "ca.pem"})
+          .mqtt;
+  EXPECT_EQ("::1", whole.host);
+  EXPECT_EQ(1884, whole.port);
+  EXPECT_EQ("van-7", whole.id);
+  EXPECT_EQ("me", whole.user);
+  EXPECT_EQ("secret", whole.passwordFile);
+  EXPECT_TRUE(whole.hasTls);
+  EXPECT_EQ("ca.pem", whole.trusted);
+  EXPECT_EQ("::1", ParseOptions({"--mqtt", "::1"}).mqtt.host);
+  EXPECT_EQ("::1", ParseOptions({"--mqtt", "[::1]"}).mqtt.host);
+  EXPECT_TRUE(ParseOptions({"--mqtt", "box", "--mqtt-tls"}).mqtt.hasTls);
+}
+
+TEST(CommandLine, RefusesBrokersThatCannotBe) {
+  const std::string address = " is not an address such as box.local, box.local:1884 or [::1]:1884";
+  EXPECT_EQ("--mqtt: \"box:\"" + address, ErrorOf({"--mqtt", "box:"}));
+  EXPECT_EQ("--mqtt: \"box:65536\"" + address, ErrorOf({"--mqtt", "box:65536"}));
+  EXPECT_EQ("--mqtt: \":1883\"" + address, ErrorOf({"--mqtt", ":1883"}));
+  EXPECT_EQ("--mqtt: \"[]\"" + address, ErrorOf({"--mqtt", "[]"}));
+  EXPECT_EQ("--mqtt: \"[::1]1\"" + address, ErrorOf({"--mqtt", "[::1]1"}));
+  EXPECT_NE("(accepted)", ErrorOf({"--mqtt", "box", "--mqtt-id", "a/b"}));
+  EXPECT_EQ("--mqtt-id, --mqtt-user, --mqtt-password-file and --mqtt-tls go with --mqtt",
+            ErrorOf({"--mqtt-id", "a"}));
+  EXPECT_EQ("--mqtt-password-file goes with --mqtt-user",
+            ErrorOf({"--mqtt", "box", "--mqtt-password-file", "secret"}));
+}
+
 TEST(CommandLine, EndsAfterUpdates) {
   EXPECT_EQ(0u, ParseOptions({}).updates);
   EXPECT_EQ(5u, ParseOptions({"--updates", "5"}).updates);
@@ -369,6 +405,8 @@ TEST(CommandLine, NamesEveryOptionInTheHelp) {
                            "--sms-to NUMBERS",
                            "--sms-text TEXT",
                            "--sms-every MINUTES",
+                           "--mqtt HOST[:PORT]",
+                           "--mqtt-tls [FILE]",
                            "--home DIR",
                            "--window",
                            "--no-window",
