@@ -37,6 +37,13 @@ LoadedEngine::~LoadedEngine() {
   }
 }
 
+WideString LoadedEngine::GetFolder() const {
+  WCHAR path[MAX_PATH] = {};
+  GetModuleFileNameW(module, path, MAX_PATH - 1);
+  const ferolin::WideStringView whole = path;
+  return WideString(whole.substr(0, whole.rfind('\\') + 1));
+}
+
 WideString LoadedEngine::GetNameOfSensor(int index) const {
   char text[TEXT_SIZE] = {};
   GetSensorName(index, text, TEXT_SIZE);

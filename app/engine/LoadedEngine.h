@@ -22,6 +22,9 @@ class LoadedEngine : public EngineFunctions {
   /// Name of a function that the library lacks; null when there is none, or no library.
   LPCWSTR GetMissing() const { return module != nullptr ? missing : nullptr; }
 
+  /// Folder of the library, with a backslash at its end.
+  WideString GetFolder() const;
+
   // Texts as wide text; empty when there is none.
 
   WideString GetNameOfSensor(int index) const;

@@ -7,14 +7,6 @@ namespace app {
 
 namespace {
 
-/// With the backslash at its end. The engine lies in it, too.
-WideString GetProgramFolder() {
-  WCHAR path[MAX_PATH] = {};
-  GetModuleFileNameW(nullptr, path, MAX_PATH - 1);
-  const WideStringView whole = path;
-  return WideString(whole.substr(0, whole.rfind('\\') + 1));
-}
-
 int Run(const LoadedEngine& engine, HINSTANCE instance) {
   Application application(engine);
   if (!application.Start(instance)) {
@@ -31,17 +23,19 @@ int Run(const LoadedEngine& engine, HINSTANCE instance) {
 }  // namespace
 
 int RunApplication(HINSTANCE instance) {
+  WideString folder;
   WideString theme;
   int exitCode = 1;
   {
     const LoadedEngine engine;
     exitCode = Run(engine, instance);
     if (engine.IsLoaded()) {
+      folder = engine.GetFolder();
       theme = FindNewTheme(engine);
     }
   }
   if (!theme.empty()) {
-    TakeTheme(GetProgramFolder(), theme);
+    TakeTheme(folder, theme);
   }
   return exitCode;
 }

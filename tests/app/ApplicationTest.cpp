@@ -88,10 +88,11 @@ void ApplicationTest::Quit() {
   if (engine == nullptr) {
     return;
   }
+  const WideString folder = engine->GetFolder();
   const WideString theme = FindNewTheme(*engine);
   engine.reset();
   if (!theme.empty()) {
-    TakeTheme(ferolin::Widen(device->GetProgramFolder() + "\\"), theme);
+    TakeTheme(folder, theme);
   }
 }
 

@@ -51,6 +51,12 @@ std::string Sentence() {
   return "$" + std::string(SENTENCE_BODY) + ending;
 }
 
+/// The engine begins lines with a blank, those of a theme have none.
+std::string WithoutBlanks(std::string text) {
+  std::erase(text, ' ');
+  return text;
+}
+
 /// The program on a thread of its own, and a finger on its screen.
 class ProgramTest : public testing::Test {
  protected:
@@ -168,7 +174,7 @@ TEST_F(ProgramTest, IsSetUpByTouchAndKeepsIt) {
   SendPosition();
   PostMessageW(window, WM_CLOSE, 0, 0);
   AwaitEnd();
-  EXPECT_EQ(kept, ReadIni());
+  EXPECT_EQ(WithoutBlanks(kept), WithoutBlanks(ReadIni()));
 }
 
 TEST_F(ProgramTest, DrawsItsWaitingPageAndAView) {
