@@ -92,7 +92,8 @@ class Browser:
         return self.evaluate("return document.querySelector(arguments[0]).textContent", selector)
 
     def is_shown(self, selector):
-        return self.evaluate("return document.querySelector(arguments[0]).offsetWidth > 0", selector)
+        return self.evaluate("return document.querySelector(arguments[0]).offsetWidth > 0",
+                             selector)
 
     def style(self, selector, name):
         return self.evaluate("return getComputedStyle(document.querySelector(arguments[0]))"

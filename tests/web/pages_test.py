@@ -161,7 +161,8 @@ class Looks(PagesCase):
             self.choose("tiles", key)
         self.assertEqual(self.phone.evaluate(
             "return Array.prototype.map.call(document.querySelectorAll('#dial-tiles .tile'),"
-            "function (tile) { return tile.textContent; })"), ["Altitude150m", "Longitude37.50000°E"])
+            "function (tile) { return tile.textContent; })"),
+            ["Altitude150m", "Longitude37.50000°E"])
 
     def test_windscreen_hides_the_buttons_after_a_while(self):
         self.await_text("#figure", "36")
@@ -208,7 +209,8 @@ class EngineViews(PagesCase):
 
     def await_view(self, before):
         """The first view shown that is not this one."""
-        self.wait_until(lambda: self.view() != before, lambda: "the view stays\n" + self.host.said())
+        self.wait_until(lambda: self.view() != before,
+                        lambda: "the view stays\n" + self.host.said())
         return self.view()
 
     def picture_shape(self):
@@ -271,7 +273,8 @@ class Scripts(FaultCase):
         for file in glob.glob(os.path.join(PAGES, "*.js")):
             with open(file, encoding="utf-8") as script:
                 code = re.sub(r"'(\\.|[^'\\])*'|//.*", "", script.read())
-            newer = re.findall(r"=>|`|\?\.|\?\?|\b(?:let|const|class|async|await|import|of)\s", code)
+            newer = re.findall(
+                r"=>|`|\?\.|\?\?|\b(?:let|const|class|async|await|import|of)\s", code)
             self.assertEqual(newer, [], file)
 
 
