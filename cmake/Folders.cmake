@@ -68,9 +68,13 @@ ferolin_folder(platform/linux/modules USES ${FAMILY_USES} platform/linux/text pl
 ferolin_folder(platform/linux/power USES ${FAMILY_USES} platform/linux/text platform/linux/files)
 ferolin_folder(platform/linux/sound USES ${FAMILY_USES} platform/linux/text platform/linux/files)
 ferolin_folder(platform/linux/windows USES ${FAMILY_USES} platform/linux/time platform/linux/text)
+ferolin_folder(platform/linux/fine USES ${FAMILY_USES} platform/linux/windows)
 ferolin_folder(platform/linux/gdi
-  USES ${FAMILY_USES} platform/linux/text platform/linux/files platform/linux/windows)
-ferolin_folder(platform/linux/imaging USES ${FAMILY_USES} platform/linux/files)
+  USES ${FAMILY_USES} platform/linux/text platform/linux/files platform/linux/windows
+       platform/linux/fine)
+ferolin_folder(platform/linux/imaging
+  USES ${FAMILY_USES} platform/linux/files platform/linux/windows platform/linux/fine
+       platform/linux/gdi)
 ferolin_folder(platform/linux/display USES ${FAMILY_USES} platform/linux/windows)
 ferolin_folder(platform/linux/hosting USES ${FAMILY_USES} include platform/linux/modules)
 

@@ -150,6 +150,11 @@ bool LacksFonts();
 /// CW_USEDEFAULT fill it. 240 x 320 at 96 dpi at start.
 void SetScreen(int width, int height, int dpi);
 
+/// Whether what is drawn into bitmaps of 96 dpi is drawn once more, smoothly, in the screen's own
+/// pixels, from 1.5 x 96 dpi on, and shown in place of the enlarged bitmap. Off at start. Bits that
+/// a program changes itself are not shown once it has drawn into the bitmap by calls.
+void SetFineDrawing(bool isWanted);
+
 /// Pixels of a window: `height` rows of `width` pixels from the top, each 0x00RRGGBB.
 struct Pixels {
   int width = 0;

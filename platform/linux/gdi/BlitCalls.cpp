@@ -2,10 +2,13 @@
 #include "core/LastError.h"
 #include "gdi/Blits.h"
 #include "gdi/DeviceContext.h"
+#include "gdi/TwinBlits.h"
 
 namespace handheld::gdi {
 
 namespace {
+
+constexpr std::uint8_t UNWEAKENED = 255;
 
 BOOL Blit(HDC dc, const Box& to, HDC source, const Box& from, DWORD operation) {
   return Guarded<BOOL>(FALSE, [&]() -> BOOL {
@@ -13,8 +16,15 @@ BOOL Blit(HDC dc, const Box& to, HDC source, const Box& from, DWORD operation) {
     if (!contexts || (operation != SRCCOPY && operation != NOTSRCCOPY)) {
       return FALSE;
     }
-    StretchPixels(contexts.GetTarget().GetDrawingTarget(), to, contexts.GetSource().GetRaster(),
-                  from, operation == SRCCOPY ? CopyMode::PLAIN : CopyMode::INVERTED);
+    const DeviceContext& target = contexts.GetTarget();
+    const CopyMode mode = operation == SRCCOPY ? CopyMode::PLAIN : CopyMode::INVERTED;
+    if (ShowTwin(target, to, contexts.GetSource(), from, mode) ||
+        (mode == CopyMode::PLAIN &&
+         DrawLargePicture(target, to, contexts.GetSource(), from, UNWEAKENED, false))) {
+      return TRUE;
+    }
+    StretchPixels(target.GetDrawingTarget(), to, contexts.GetSource().GetRaster(), from, mode);
+    BlitIntoTwin(target, to, contexts.GetSource(), from, mode);
     return TRUE;
   });
 }
@@ -46,8 +56,13 @@ BOOL Blend(HDC dc, const Box& to, HDC source, const Box& from, BLENDFUNCTION ble
     if (contexts.GetTarget().GetRaster().top == pixels.top && Overlap(to, from)) {
       return FALSE;
     }
+    if (DrawLargePicture(contexts.GetTarget(), to, contexts.GetSource(), from,
+                         blend.SourceConstantAlpha, usesAlpha)) {
+      return TRUE;
+    }
     BlendPixels(contexts.GetTarget().GetDrawingTarget(), to, pixels, from,
                 blend.SourceConstantAlpha, usesAlpha);
+    BlendIntoTwin(contexts.GetTarget(), to, contexts.GetSource(), from, blend);
     return TRUE;
   });
 }

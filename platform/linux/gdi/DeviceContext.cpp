@@ -1,6 +1,7 @@
 #include "gdi/DeviceContext.h"
 
 #include "gdi/ObjectTable.h"
+#include "gdi/Twins.h"
 
 namespace handheld::gdi {
 
@@ -32,6 +33,15 @@ HGDIOBJ Exchange(std::shared_ptr<Kind>& place, const std::shared_ptr<Object>& ob
   return previous;
 }
 
+HGDIOBJ ExchangeBitmap(DeviceContext& context, const std::shared_ptr<Object>& object) {
+  const std::weak_ptr<Bitmap> former = context.bitmap;
+  const HGDIOBJ previous = Exchange(context.bitmap, object);
+  if (previous != nullptr) {
+    context.formerBitmap = former;
+  }
+  return previous;
+}
+
 }  // namespace
 
 Target DeviceContext::GetDrawingTarget() const {
@@ -48,14 +58,27 @@ Target DeviceContext::GetDrawingTarget() const {
   return target;
 }
 
+namespace {
+
+/// A twin begins with what its bitmap shows, so it is made before the bitmap is drawn into.
+void PrepareDrawing(const DeviceContext& context) {
+  if (context.window != nullptr) {
+    ++context.window->version;
+  } else {
+    TwinOf(context);
+  }
+}
+
+}  // namespace
+
 UsedContext::UsedContext(HDC handle, Purpose purpose)
     : context(ObjectTable::Instance().Find<DeviceContext>(handle)) {
   if (context == nullptr) {
     return;
   }
   lock = std::unique_lock(context->GetMutex());
-  if (purpose == Purpose::DRAWING && context->window != nullptr) {
-    ++context->window->version;
+  if (purpose == Purpose::DRAWING) {
+    PrepareDrawing(*context);
   }
 }
 
@@ -72,9 +95,7 @@ UsedPair::UsedPair(HDC targetHandle, HDC sourceHandle)
     sourceLock = std::unique_lock(source->GetMutex(), std::defer_lock);
     std::lock(targetLock, sourceLock);
   }
-  if (target->window != nullptr) {
-    ++target->window->version;
-  }
+  PrepareDrawing(*target);
 }
 
 HDC AddContext(std::shared_ptr<WindowSurface> surface) {
@@ -85,7 +106,7 @@ HDC AddContext(std::shared_ptr<WindowSurface> surface) {
 HGDIOBJ SelectInto(DeviceContext& context, const std::shared_ptr<Object>& object) {
   switch (object->kind) {
     case ObjectKind::BITMAP:
-      return context.IsMemory() ? Exchange(context.bitmap, object) : nullptr;
+      return context.IsMemory() ? ExchangeBitmap(context, object) : nullptr;
     case ObjectKind::PEN:
       return Exchange(context.pen, object);
     case ObjectKind::BRUSH:

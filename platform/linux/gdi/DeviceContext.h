@@ -27,6 +27,8 @@ struct DeviceContext : Object {
 
   const std::shared_ptr<WindowSurface> window;
   std::shared_ptr<Bitmap> bitmap;
+  /// Selected before `bitmap`.
+  std::weak_ptr<Bitmap> formerBitmap;
   std::shared_ptr<Pen> pen;
   std::shared_ptr<Brush> brush;
   std::shared_ptr<Font> font;

@@ -1,14 +1,17 @@
 // Calls that draw lines, shapes and single pixels.
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <span>
 #include <vector>
 
 #include "core/LastError.h"
+#include "fine/Shapes.h"
 #include "gdi/DeviceContext.h"
 #include "gdi/Ellipses.h"
 #include "gdi/Lines.h"
 #include "gdi/ObjectTable.h"
+#include "gdi/Twins.h"
 #include "gdi/WidePen.h"
 
 namespace handheld::gdi {
@@ -37,8 +40,43 @@ void DrawDashed(const DeviceContext& context, std::span<const POINT> points, Clo
   }
 }
 
-/// Draws lines through at least two points with the context's pen.
-void DrawLines(const DeviceContext& context, std::span<const POINT> points, Closing closing) {
+fine::PenLook FinePen(const DeviceContext& context) {
+  return {context.pen->width, ArgbFromColor(context.pen->color)};
+}
+
+void DrawFineDashes(fine::Twin& twin, const DeviceContext& context, std::span<const POINT> points,
+                    Closing closing) {
+  const std::uint32_t rgb = FinePen(context).rgb;
+  const std::optional<std::uint32_t> gap = context.backgroundMode == OPAQUE
+                                               ? std::optional(ArgbFromColor(BACKGROUND_COLOR))
+                                               : std::nullopt;
+  DashPosition dashes;
+  const auto draw = [&](POINT from, POINT to) {
+    fine::DrawDashes(twin, from, to, dashes.offset, rgb, gap);
+    dashes.GoOn(from, to);
+  };
+  for (std::size_t i = 1; i < points.size(); ++i) {
+    draw(points[i - 1], points[i]);
+  }
+  if (closing == Closing::CLOSED) {
+    draw(points.back(), points.front());
+  }
+}
+
+void DrawFineLines(const DeviceContext& context, std::span<const POINT> points, Closing closing) {
+  fine::Twin* twin = TwinOf(context);
+  if (twin == nullptr || context.pen->style == PS_NULL) {
+    return;
+  }
+  if (context.pen->style == PS_DASH) {
+    DrawFineDashes(*twin, context, points, closing);
+  } else {
+    fine::DrawLines(*twin, points, closing == Closing::CLOSED, FinePen(context));
+  }
+}
+
+/// Draws lines through at least two points with the context's pen, into the bitmap alone.
+void DrawCoarseLines(const DeviceContext& context, std::span<const POINT> points, Closing closing) {
   const Pen& pen = *context.pen;
   if (pen.style == PS_NULL) {
     return;
@@ -63,9 +101,21 @@ void DrawLines(const DeviceContext& context, std::span<const POINT> points, Clos
   }
 }
 
+void DrawLines(const DeviceContext& context, std::span<const POINT> points, Closing closing) {
+  DrawCoarseLines(context, points, closing);
+  DrawFineLines(context, points, closing);
+}
+
 RECT Ordered(int left, int top, int right, int bottom) {
   return {std::min(left, right), std::min(top, bottom), std::max(left, right),
           std::max(top, bottom)};
+}
+
+void FillArea(const DeviceContext& context, const RECT& rect, COLORREF color) {
+  context.GetDrawingTarget().Fill(rect, context.GetRaster().PixelFrom(color));
+  if (fine::Twin* twin = TwinOf(context)) {
+    twin->Fill(rect, ArgbFromColor(color));
+  }
 }
 
 void DrawRectangle(const DeviceContext& context, RECT rect) {
@@ -74,14 +124,24 @@ void DrawRectangle(const DeviceContext& context, RECT rect) {
   --rect.bottom;
   if (!context.brush->isNull) {
     const int border = context.pen->style != PS_NULL && context.pen->width == 1 ? 1 : 0;
-    context.GetDrawingTarget().Fill(
-        {rect.left + border, rect.top + border, rect.right, rect.bottom},
-        context.GetRaster().PixelFrom(context.brush->color));
+    FillArea(context, {rect.left + border, rect.top + border, rect.right, rect.bottom},
+             context.brush->color);
   }
   const std::array<POINT, 4> corners = {POINT{rect.right, rect.top}, POINT{rect.left, rect.top},
                                         POINT{rect.left, rect.bottom},
                                         POINT{rect.right, rect.bottom}};
   DrawLines(context, corners, Closing::CLOSED);
+}
+
+void DrawFineRounded(fine::Twin& twin, const DeviceContext& context, const RoundedRect& shape) {
+  fine::RoundedLook look = {shape.rect, shape.cornerWidth, shape.cornerHeight, {}, {}};
+  if (context.pen->style != PS_NULL) {
+    look.pen = FinePen(context);
+  }
+  if (!context.brush->isNull) {
+    look.fill = ArgbFromColor(context.brush->color);
+  }
+  fine::DrawRounded(twin, look);
 }
 
 void DrawRounded(const DeviceContext& context, const RECT& rect, int cornerWidth,
@@ -100,7 +160,10 @@ void DrawRounded(const DeviceContext& context, const RECT& rect, int cornerWidth
     FillRounded(context.GetDrawingTarget(), shape,
                 context.GetRaster().PixelFrom(context.brush->color));
   }
-  DrawLines(context, OutlineOf(shape), Closing::CLOSED);
+  DrawCoarseLines(context, OutlineOf(shape), Closing::CLOSED);
+  if (fine::Twin* twin = TwinOf(context)) {
+    DrawFineRounded(*twin, context, shape);
+  }
 }
 
 }  // namespace
@@ -128,8 +191,7 @@ int WINAPI FillRect(HDC dc, const RECT* rect, HBRUSH brush) {
   if (area.bottom < area.top) {
     area = {area.left, area.bottom + 1, area.right, area.top + 1};
   }
-  const Target target = context->GetDrawingTarget();
-  target.Fill(area, target.raster.PixelFrom(used->color));
+  FillArea(*context, area, used->color);
   return TRUE;
 }
 
@@ -209,6 +271,9 @@ COLORREF WINAPI SetPixel(HDC dc, int x, int y, COLORREF color) {
   const std::uint32_t pixel = target.raster.PixelFrom(color);
   if (target.Contains(x, y)) {
     target.raster.Set(x, y, pixel);
+  }
+  if (fine::Twin* twin = TwinOf(*context)) {
+    twin->DrawPixel({x, y}, ArgbFromColor(color));
   }
   const std::uint32_t argb =
       target.raster.format == PixelFormat::ARGB8888 ? pixel : ArgbFrom555(pixel);

@@ -155,9 +155,13 @@ void DrawDashedLine(const Target& target, POINT from, POINT to, std::uint32_t pi
       target.raster.Set(x, y, *gap);
     }
   });
+  dashes.GoOn(from, to);
+}
+
+void DashPosition::GoOn(POINT from, POINT to) {
   const std::int64_t length =
       std::max(std::llabs(std::int64_t{to.x} - from.x), std::llabs(std::int64_t{to.y} - from.y));
-  dashes.offset = static_cast<std::uint32_t>((dashes.offset + length) % DASH_PERIOD);
+  offset = static_cast<std::uint32_t>((offset + length) % DASH_PERIOD);
 }
 
 }  // namespace handheld::gdi

@@ -15,6 +15,9 @@ void DrawThinLines(const Target& target, std::span<const POINT> points, std::uin
 struct DashPosition {
   /// Pixels since the start of the pattern.
   std::uint32_t offset = 0;
+
+  /// Moves on by a segment.
+  void GoOn(POINT from, POINT to);
 };
 
 /// Draws from `from` to `to` without the end point, in dashes of 18 pixels and gaps of 6. Gaps are

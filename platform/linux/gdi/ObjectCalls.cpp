@@ -78,6 +78,8 @@ bool HasKnownMasks(const BITMAPINFO& info) {
   return masks[0] == 0x00FF0000 && masks[1] == 0x0000FF00 && masks[2] == 0x000000FF;
 }
 
+constexpr LONG LOGICAL_PIXELS_PER_METRE = 3780;  // 96 dpi
+
 std::shared_ptr<Bitmap> MakeSection(const BITMAPINFO* info) {
   if (info == nullptr) {
     return nullptr;
@@ -97,6 +99,8 @@ std::shared_ptr<Bitmap> MakeSection(const BITMAPINFO* info) {
       header.biBitCount == 16 ? PixelFormat::RGB555 : PixelFormat::ARGB8888, header.biHeight < 0);
   if (bitmap != nullptr) {
     bitmap->isSection = true;
+    bitmap->isLogical = header.biXPelsPerMeter == LOGICAL_PIXELS_PER_METRE &&
+                        header.biYPelsPerMeter == LOGICAL_PIXELS_PER_METRE;
   }
   return bitmap;
 }

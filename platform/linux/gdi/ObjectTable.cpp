@@ -102,6 +102,19 @@ std::shared_ptr<Object> ObjectTable::Find(HGDIOBJ handle) const {
   return slot == nullptr ? nullptr : slot->object;
 }
 
+std::shared_ptr<Bitmap> ObjectTable::FindBitmap(const void* pixels) const {
+  const std::lock_guard lock(mutex);
+  for (const Slot& slot : slots) {
+    if (slot.object != nullptr && slot.object->kind == ObjectKind::BITMAP) {
+      auto bitmap = std::static_pointer_cast<Bitmap>(slot.object);
+      if (bitmap->memory.get() == pixels) {
+        return bitmap;
+      }
+    }
+  }
+  return nullptr;
+}
+
 HGDIOBJ ObjectTable::GetStock(int index) const {
   return index < 0 || index >= STOCK_COUNT ? nullptr : stock[static_cast<std::size_t>(index)];
 }

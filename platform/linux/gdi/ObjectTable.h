@@ -28,6 +28,9 @@ class ObjectTable {
     return std::static_pointer_cast<Kind>(std::move(object));
   }
 
+  /// The bitmap that keeps its pixels there; null when none does.
+  std::shared_ptr<Bitmap> FindBitmap(const void* pixels) const;
+
   /// The system's object with this index (WHITE_BRUSH and so on); null for an unknown index.
   HGDIOBJ GetStock(int index) const;
   template <typename Kind>

@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <memory>
 
+#include "fine/LargePicture.h"
+#include "fine/Twin.h"
 #include "gdi/Raster.h"
 
 namespace handheld::gdi {
@@ -46,6 +48,12 @@ struct Bitmap : Object {
   int bitsPerPixel = 32;
   /// True when the program may write into the memory itself.
   bool isSection = false;
+  /// True for 96 dots per inch: its pixels are logical ones, whatever the screen's resolution.
+  bool isLogical = false;
+  /// What is drawn into a bitmap of logical pixels, in pixels of the screen. Null until then.
+  std::unique_ptr<fine::Twin> twin;
+  /// Set for the pixels of a picture file.
+  std::unique_ptr<fine::LargePicture> largePicture;
 };
 
 struct Pen : Object {

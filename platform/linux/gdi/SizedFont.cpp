@@ -84,8 +84,8 @@ std::mutex& FontLock() {
   return lock;
 }
 
-SizedFont::SizedFont(const FontFile& file, LONG height, LONG tenthsOfDegrees)
-    : angle(tenthsOfDegrees * std::numbers::pi / 1800) {
+SizedFont::SizedFont(const FontFile& fontFile, LONG height, LONG tenthsOfDegrees)
+    : file(fontFile), angle(tenthsOfDegrees * std::numbers::pi / 1800) {
   if (file.path.empty() || FT_New_Face(Library(), file.path.c_str(), file.index, &face) != 0) {
     return;
   }
@@ -142,6 +142,15 @@ bool SizedFont::WantsSmoothGlyphs() const {
     }
   }
   return true;
+}
+
+fine::Typeface& SizedFont::GetTypeface() {
+  if (typeface == nullptr) {
+    const bool isReadable = face != nullptr;
+    typeface = std::make_unique<fine::Typeface>(isReadable ? file.path : std::string(), file.index,
+                                                isReadable ? face->size->metrics.y_ppem : 0, angle);
+  }
+  return *typeface;
 }
 
 const Glyph& SizedFont::GetGlyph(char32_t character) {

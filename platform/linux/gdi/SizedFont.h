@@ -14,6 +14,7 @@
 #include <string>
 #include <vector>
 
+#include "fine/Typeface.h"
 #include "gdi/FontFiles.h"
 
 namespace handheld::gdi {
@@ -39,7 +40,7 @@ class SizedFont {
 
   /// Heights above 0 are those of the cell, below 0 those of the em square; 0 is a default. 1000
   /// pixels are the most. The angle is in tenths of a degree, counter-clockwise.
-  SizedFont(const FontFile& file, LONG height, LONG tenthsOfDegrees);
+  SizedFont(const FontFile& fontFile, LONG height, LONG tenthsOfDegrees);
   ~SizedFont();
   SizedFont(const SizedFont&) = delete;
   SizedFont& operator=(const SizedFont&) = delete;
@@ -49,6 +50,9 @@ class SizedFont {
   int GetLineHeight() const { return ascent + descent; }
   /// Counter-clockwise, in radians.
   double GetAngle() const { return angle; }
+
+  /// The same font, drawn finely. Lives as long as this one.
+  fine::Typeface& GetTypeface();
 
   /// Memory of the glyphs used so far.
   std::size_t GetBytes() const { return bytes; }
@@ -72,8 +76,10 @@ class SizedFont {
   void Render(Glyph& glyph) const;
   static void TakeCoverage(Glyph& glyph, const FT_Bitmap& bitmap);
 
+  const FontFile file;
   FT_Face face = nullptr;
   double angle;
+  std::unique_ptr<fine::Typeface> typeface;
   /// Set for fonts that are not upright.
   std::optional<FT_Matrix> rotation;
   int ascent = 0;

@@ -9,6 +9,7 @@
 #include "core/LastError.h"
 #include "gdi/DeviceContext.h"
 #include "gdi/SizedFont.h"
+#include "gdi/Twins.h"
 
 namespace handheld::gdi {
 
@@ -150,6 +151,18 @@ void DrawLine(const GlyphPainter& painter, SizedFont& font, const Line& line, LO
   }
 }
 
+void DrawFineLine(fine::Twin& twin, SizedFont& font, const Line& line, POINT corner,
+                  const DeviceContext& context) {
+  const int width = WidthOf(font, line);
+  if (context.backgroundMode == OPAQUE) {
+    twin.Fill({corner.x, corner.y, corner.x + width, corner.y + font.GetLineHeight()},
+              ArgbFromColor(BACKGROUND_COLOR));
+  }
+  const POINT origin = {corner.x + static_cast<LONG>(font.GetAscent() * std::sin(font.GetAngle())),
+                        corner.y + static_cast<LONG>(font.GetAscent() * std::cos(font.GetAngle()))};
+  font.GetTypeface().Draw(twin, {line, origin, width, ArgbFromColor(context.textColor)});
+}
+
 int Measure(SizedFont& font, const std::vector<Line>& lines, RECT& rect) {
   int width = 0;
   for (const Line& line : lines) {
@@ -169,6 +182,10 @@ int Draw(DeviceContext& context, SizedFont& font, const std::vector<Line>& lines
   }
   const GlyphPainter painter(target, context.textColor);
   const std::uint32_t background = target.raster.PixelFrom(BACKGROUND_COLOR);
+  fine::Twin* twin = TwinOf(context);
+  if (twin != nullptr) {
+    twin->SetClip(target.clip);
+  }
   LONG y = rect.top;
   for (const Line& line : lines) {
     if (context.backgroundMode == OPAQUE) {
@@ -176,6 +193,9 @@ int Draw(DeviceContext& context, SizedFont& font, const std::vector<Line>& lines
                   background);
     }
     DrawLine(painter, font, line, rect.left, y);
+    if (twin != nullptr) {
+      DrawFineLine(*twin, font, line, {rect.left, y}, context);
+    }
     y += font.GetLineHeight();
   }
   return lines.empty() ? font.GetLineHeight()

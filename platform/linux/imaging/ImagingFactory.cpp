@@ -9,6 +9,7 @@
 #include "core/LastError.h"
 #include "files/Paths.h"
 #include "files/UnreadableFiles.h"
+#include "gdi/PictureFiles.h"
 #include "imaging/PngFile.h"
 
 namespace handheld {
@@ -41,8 +42,8 @@ class Image final : public Counted<IImage> {
 /// The decoded pixels.
 class BitmapImage final : public Counted<IBitmapImage> {
  public:
-  BitmapImage(unsigned imageWidth, unsigned imageHeight, std::vector<std::uint8_t> imagePixels)
-      : width(imageWidth), height(imageHeight), pixels(std::move(imagePixels)) {}
+  BitmapImage(const PngFile& file, std::vector<std::uint8_t> imagePixels)
+      : path(file.path), width(file.width), height(file.height), pixels(std::move(imagePixels)) {}
 
   HRESULT WINAPI GetSize(SIZE* size) override {
     if (size == nullptr) {
@@ -78,12 +79,14 @@ class BitmapImage final : public Counted<IBitmapImage> {
       std::memcpy(row, pixels.data() + y * static_cast<std::size_t>(rowBytes),
                   static_cast<std::size_t>(rowBytes));
     }
+    gdi::NotePictureFile(data->Scan0, path);
     return S_OK;
   }
 
   HRESULT WINAPI UnlockBits(const BitmapData*) override { return S_OK; }
 
  private:
+  const std::string path;
   const unsigned width;
   const unsigned height;
   const std::vector<std::uint8_t> pixels;
@@ -137,7 +140,7 @@ class ImagingFactory final : public Counted<IImagingFactory> {
         AddUnreadableFile(file.path);
         return E_FAIL;
       }
-      *bitmap = new BitmapImage(file.width, file.height, std::move(*pixels));
+      *bitmap = new BitmapImage(file, std::move(*pixels));
       return S_OK;
     });
   }
