@@ -26,12 +26,6 @@ void TieToFace(cairo_font_face_t* font, FT_Face face) {
                                 [](void* tied) { FT_Done_Face(static_cast<FT_Face>(tied)); });
 }
 
-struct FontDeleter {
-  void operator()(cairo_font_face_t* font) const { cairo_font_face_destroy(font); }
-  void operator()(cairo_scaled_font_t* font) const { cairo_scaled_font_destroy(font); }
-  void operator()(cairo_font_options_t* options) const { cairo_font_options_destroy(options); }
-};
-
 }  // namespace
 
 struct Typeface::Letter {
@@ -41,6 +35,12 @@ struct Typeface::Letter {
 };
 
 struct Typeface::Parts {
+  struct FontDeleter {
+    void operator()(cairo_font_face_t* font) const { cairo_font_face_destroy(font); }
+    void operator()(cairo_scaled_font_t* font) const { cairo_scaled_font_destroy(font); }
+    void operator()(cairo_font_options_t* options) const { cairo_font_options_destroy(options); }
+  };
+
   /// Owned by `font`.
   FT_Face face = nullptr;
   std::unique_ptr<cairo_font_face_t, FontDeleter> font;
@@ -68,7 +68,8 @@ void Typeface::Scale(double newScale) {
   if (parts->scale == newScale) {
     return;
   }
-  const std::unique_ptr<cairo_font_options_t, FontDeleter> options(cairo_font_options_create());
+  const std::unique_ptr<cairo_font_options_t, Parts::FontDeleter> options(
+      cairo_font_options_create());
   cairo_font_options_set_antialias(options.get(), CAIRO_ANTIALIAS_GRAY);
   cairo_font_options_set_hint_style(options.get(), CAIRO_HINT_STYLE_NONE);
   cairo_font_options_set_hint_metrics(options.get(), CAIRO_HINT_METRICS_OFF);
