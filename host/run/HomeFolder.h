@@ -9,10 +9,11 @@ namespace host {
 /// prefers to the program's.
 class HomeFolder {
  public:
+  enum class ReadOnly { REFUSED, ALLOWED };
+
   /// Uses the folder `asked`; if that is empty, "ferolin" in the user's data folder. Makes it where
   /// it is missing. Throws HostError when the folder cannot be used or, unless `readOnly` allows it,
   /// cannot be written.
-  enum class ReadOnly { REFUSED, ALLOWED };
   HomeFolder(const std::string& asked, ReadOnly readOnly);
 
   const std::string& GetPath() const { return path; }
