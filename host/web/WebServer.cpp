@@ -247,12 +247,11 @@ void WebServer::Beat(WebTime now) {
 }
 
 void WebServer::ResumeFinishedWork() {
-  const auto finished =
-      std::ranges::partition(atWork, [](const Exchanged* each) { return !each->job->IsDone(); });
-  for (const Exchanged* each : finished) {
-    MHD_resume_connection(each->connection);
-  }
-  atWork.erase(finished.begin(), finished.end());
+  const auto finished = std::partition(atWork.begin(), atWork.end(),
+                                       [](const Exchanged* each) { return !each->job->IsDone(); });
+  std::for_each(finished, atWork.end(),
+                [](const Exchanged* each) { MHD_resume_connection(each->connection); });
+  atWork.erase(finished, atWork.end());
 }
 
 /// The library must not stop while connections are suspended; it runs on until they have ended.
@@ -380,9 +379,9 @@ MHD_Result WebServer::SendStream(MHD_Connection* connection, Exchanged& exchange
   }
   CountListeners();
   exchanged.request.GetClient().awaitedSince = WebTime::max();
-  auto source = std::make_unique<StreamSource>(exchanged.stream, connection);
+  auto* const source = new StreamSource{exchanged.stream, connection};
   MHD_Response* const response = MHD_create_response_from_callback(
-      MHD_SIZE_UNKNOWN, STREAM_BLOCK, &ReadStream, source.release(), &FreeStream);
+      MHD_SIZE_UNKNOWN, STREAM_BLOCK, &ReadStream, source, &FreeStream);
   return Queue(connection, reply, response);
 }
 
