@@ -71,7 +71,11 @@ AccessKeys::AccessKeys(const std::string& home) {
   // A file that others could read would keep its mode.
   std::error_code error;
   std::filesystem::remove(path, error);
-  ReplaceFile(path, "look " + lookKey + "\ncontrol " + controlKey + "\n");
+  try {
+    ReplaceFile(path, "look " + lookKey + "\ncontrol " + controlKey + "\n");
+  } catch (const HostError& failure) {
+    loss = failure.what();
+  }
 }
 
 Role AccessKeys::FindRole(std::string_view key) const {

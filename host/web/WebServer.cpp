@@ -155,8 +155,13 @@ std::vector<std::string> WebServer::DescribeLinks() const {
   if (!keys) {
     return {"for browsers on this machine: " + MakeLink(socket.GetHost(), "")};
   }
-  return {"to look: " + MakeLink(socket.GetHost(), keys->GetLookKey()),
-          "to look and touch: " + MakeLink(socket.GetHost(), keys->GetControlKey())};
+  std::vector<std::string> lines;
+  if (!keys->GetLoss().empty()) {
+    lines.push_back("these links are good for this run only: " + keys->GetLoss());
+  }
+  lines.push_back("to look: " + MakeLink(socket.GetHost(), keys->GetLookKey()));
+  lines.push_back("to look and touch: " + MakeLink(socket.GetHost(), keys->GetControlKey()));
+  return lines;
 }
 
 std::string WebServer::GetLinkForOthers() const {

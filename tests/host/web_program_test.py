@@ -438,6 +438,16 @@ class Keys(WebTest):
         self.assertNotIn(self.look, new.keys)
         self.assertEqual(stat.S_IMODE(os.stat(path).st_mode), 0o600)
 
+    def test_keys_that_cannot_be_kept_are_good_for_one_run(self):
+        self.host.end()
+        path = os.path.join(self.home, "web-keys")
+        os.remove(path)
+        os.makedirs(os.path.join(path, "occupied"))
+        host = self.start(web="0.0.0.0:0")
+        self.assertNotIn(self.look, host.keys)
+        self.assertEqual(host.ask("/", Authorization="Bearer " + host.keys[0]).status, 200)
+        self.assertIn("these links are good for this run only: ", "".join(host.lines))
+
 
 class Attacks(WebTest):
     def setUp(self):
