@@ -138,6 +138,11 @@ void OptionTable::AddWindow() {
                options.dpi = ParseWholeNumber(text, LOWEST_DPI, HIGHEST_DPI);
              }
            });
+  AddFlag(
+      "--no-fine-drawing",
+      "enlarge pictures of 96 dpi for higher resolutions, instead of drawing them in all pixels "
+      "from 144 dpi on",
+      Assign(options.fineDrawing, false));
   AddFlag("--fullscreen", "fill the screen", Assign(options.fullscreen, true));
   AddFlag("--no-keep-awake", "let the display go dark when nobody touches it",
           Assign(options.keepAwake, false));

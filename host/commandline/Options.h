@@ -120,6 +120,8 @@ struct Options {
   bool isSizeChosen = false;
   /// Dots per inch; nothing: chosen by the size.
   std::optional<int> dpi;
+  /// Whether views are drawn in the display's own pixels where dots are small.
+  bool fineDrawing = true;
   bool fullscreen = false;
   /// Whether neither screen saver nor power saving blanks the display.
   bool keepAwake = true;

@@ -55,6 +55,7 @@ void ChooseSize(Options& options) {
 void PrepareDevice(const Options& options, const HomeFolder& home) {
   handheld::SetProgramFolder(home.GetPath());
   handheld::SetScreen(options.size.width, options.size.height, GetDpi(options, options.size));
+  handheld::SetFineDrawing(options.fineDrawing);
   handheld::KeepDisplaysAwake(options.keepAwake);
   if (!options.language.empty()) {
     handheld::SetLanguage(options.language.c_str());
