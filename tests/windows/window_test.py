@@ -31,9 +31,13 @@ POSITION = sentence("GPRMC,120000,A,4807.038,N,01131.000,E,030.0,084.4,230324,,"
 
 class Screen(XScreen):
     def shows(self):
-        """What lies in the upper left corner: "view" is black, "page" a dark grey, "desktop" a strong blue."""
+        """What lies in the upper left corner.
+
+        A "view" is black or by day nearly white, a "page" dark grey, the "desktop" a strong blue.
+        """
         red, green, blue = self.corner()
-        return "view" if red == green == blue == 0 else "page" if blue < 0x40 else "desktop"
+        is_view = red == green == blue and (red == 0 or red > 0xE0)
+        return "view" if is_view else "page" if blue < 0x40 else "desktop"
 
 
 class Line:
