@@ -69,15 +69,15 @@ ssize_t EventStream::Read(MHD_Connection* connection, char* buffer, std::size_t 
 
 bool EventStream::Compose() {
   constexpr std::array IN_ORDER = {News::HELLO, News::LEFT, News::VIEW, News::UPDATE};
-  for (const News news : IN_ORDER) {
-    if ((waiting & BitOf(news)) != 0) {
-      waiting &= ~BitOf(news);
-      text = describe(*this, news);
-      sent = 0;
-      return true;
-    }
+  const auto* next = std::find_if(IN_ORDER.begin(), IN_ORDER.end(),
+                                  [this](News news) { return (waiting & BitOf(news)) != 0; });
+  if (next == IN_ORDER.end()) {
+    return false;
   }
-  return false;
+  waiting &= ~BitOf(*next);
+  text = describe(*this, *next);
+  sent = 0;
+  return true;
 }
 
 }  // namespace host

@@ -53,8 +53,8 @@ std::string DescribeReadouts(const Snapshot& snapshot, WebTime now) {
                            : JsonUpdate(snapshot.update, snapshot.figures);
   text.resize(text.size() - END_OF_OBJECT.size());
   const std::optional<double> age = GetFixAge(snapshot, now);
-  text += ",\"fix_age_s\":" + (age ? DescribeNumber(*age, 1) : "null");
-  text += std::string(",\"receiver\":\"") + GetName(FindReceiverState(snapshot, now)) + "\"}";
+  text += R"(,"fix_age_s":)" + (age ? DescribeNumber(*age, 1) : "null");
+  text += std::string(R"(,"receiver":")") + GetName(FindReceiverState(snapshot, now)) + "\"}";
   return text;
 }
 

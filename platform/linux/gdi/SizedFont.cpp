@@ -84,8 +84,8 @@ std::mutex& FontLock() {
   return lock;
 }
 
-SizedFont::SizedFont(const FontFile& fontFile, LONG height, LONG tenthsOfDegrees)
-    : file(fontFile), angle(tenthsOfDegrees * std::numbers::pi / 1800) {
+SizedFont::SizedFont(FontFile fontFile, LONG height, LONG tenthsOfDegrees)
+    : file(std::move(fontFile)), angle(tenthsOfDegrees * std::numbers::pi / 1800) {
   if (file.path.empty() || FT_New_Face(Library(), file.path.c_str(), file.index, &face) != 0) {
     return;
   }

@@ -40,7 +40,7 @@ class SizedFont {
 
   /// Heights above 0 are those of the cell, below 0 those of the em square; 0 is a default. 1000
   /// pixels are the most. The angle is in tenths of a degree, counter-clockwise.
-  SizedFont(const FontFile& fontFile, LONG height, LONG tenthsOfDegrees);
+  SizedFont(FontFile fontFile, LONG height, LONG tenthsOfDegrees);
   ~SizedFont();
   SizedFont(const SizedFont&) = delete;
   SizedFont& operator=(const SizedFont&) = delete;
