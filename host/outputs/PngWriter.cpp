@@ -65,18 +65,4 @@ void WritePng(const std::string& path, const handheld::Pixels& pixels) {
   }
 }
 
-std::string EncodePng(const handheld::Pixels& pixels) {
-  png_image image = DescribeImage(pixels);
-  image.flags = PNG_IMAGE_FLAG_FAST;
-  const std::vector<std::uint8_t> bytes = ToRgb(pixels);
-  png_alloc_size_t size = PNG_IMAGE_PNG_SIZE_MAX(image);
-  std::string png(size, '\0');
-  if (png_image_write_to_memory(&image, png.data(), &size, 0, bytes.data(), 0, nullptr) == 0) {
-    throw HostError(std::string("cannot make a picture: ") + image.message);
-  }
-  png.resize(size);
-  png.shrink_to_fit();
-  return png;
-}
-
 }  // namespace host

@@ -13,7 +13,4 @@ void CheckPngPath(const std::string& path);
 /// Overwrites the file. Throws HostError when there are no pixels or the file cannot be written.
 void WritePng(const std::string& path, const handheld::Pixels& pixels);
 
-/// The content of such a file, made quickly. Throws HostError when there are no pixels.
-std::string EncodePng(const handheld::Pixels& pixels);
-
 }  // namespace host

@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "outputs/PngWriter.h"
-
 namespace host {
 
 bool ViewFrames::Look(HWND window) {
@@ -16,18 +14,10 @@ bool ViewFrames::Look(HWND window) {
     return false;
   }
   version = now;
-  pixels = std::move(next);
-  png.clear();
-  hasPicture = true;
-  ++number;
-  return true;
-}
-
-const std::string& ViewFrames::GetPng() {
-  if (png.empty() && number > 0) {
-    png = EncodePng(pixels);
-  }
-  return png;
+  const bool isOther = frames.Take(std::move(next));
+  const bool isFirst = !std::exchange(hasPicture, true);
+  number += isOther ? 1 : 0;
+  return isOther || isFirst;
 }
 
 }  // namespace host
