@@ -13,7 +13,7 @@
 namespace host {
 
 /// Loads the engine and unloads it again; unloading makes it write its track and its settings. All
-/// texts are UTF-8. For the host's thread only.
+/// texts are UTF-8. For the host's thread; while that one rests, for one in its place.
 class EngineLibrary {
  public:
   /// Throws HostError when the library is not found or lacks a function.

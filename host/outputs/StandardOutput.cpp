@@ -7,7 +7,27 @@
 
 namespace host {
 
+namespace {
+
+/// Capacity of a pipe.
+constexpr std::size_t BLOCK_SIZE = 65536;
+
+}  // namespace
+
 bool StandardOutput::Write(std::string_view text) {
+  gathered += text;
+  if (!gathers || gathered.size() >= BLOCK_SIZE) {
+    Flush();
+  }
+  return !broken;
+}
+
+void StandardOutput::Flush() {
+  WriteAtOnce(gathered);
+  gathered.clear();
+}
+
+void StandardOutput::WriteAtOnce(std::string_view text) {
   while (!broken && !text.empty()) {
     const ssize_t written = write(STDOUT_FILENO, text.data(), text.size());
     if (written >= 0) {
@@ -20,7 +40,6 @@ bool StandardOutput::Write(std::string_view text) {
       error = errno;
     }
   }
-  return !broken;
 }
 
 }  // namespace host

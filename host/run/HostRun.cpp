@@ -75,6 +75,7 @@ HostRun::~HostRun() {
   source.Stop();
   engine().StopCallBack();
   output.reset();
+  standard.Flush();
   messages.Release();
 }
 
@@ -98,11 +99,27 @@ void HostRun::Start() {
   }
   output = OpenOutput(options, engine, views.get(), standard, messages);
   summary.Start();
+  if (CanLendTurns()) {
+    LendTurns();
+  }
   const HWND shown = views ? views->GetNotifiedWindow() : nullptr;
   if (engine().StartCallBack(shown != nullptr ? shown : window.GetHandle()) == 0) {
     throw HostError("the engine does not start reading from " + DescribeSource(options));
   }
   source.Start();
+}
+
+/// Windows belong to the host's thread.
+bool HostRun::CanLendTurns() const {
+  return source.HasTurns() && views == nullptr && pictures == nullptr && web == nullptr;
+}
+
+void HostRun::LendTurns() {
+  lendsTurns = true;
+  if (options.json) {
+    standard.Gather();
+  }
+  source.LendTurns([this] { TakeLentTurn(); });
 }
 
 void HostRun::Loop() {
@@ -123,7 +140,7 @@ void HostRun::Loop() {
     mqtt.SayNews();
     switch (window.Wait(hasTurns ? 0 : waitMs)) {
       case HostWindow::Event::UPDATE:
-        ++update.number;
+        update.number += lendsTurns ? 0 : 1;
         if (!hasTurns) {
           ShowUpdate();
         }
@@ -141,6 +158,7 @@ void HostRun::Loop() {
         if (hasTurns) {
           // Waiting for messages would wake the host at every update.
           source.Rest(hasDisplay ? DISPLAY_REST : OTHER_REST);
+          standard.Flush();
         } else {
           ShowNotice();
         }
@@ -178,6 +196,13 @@ void HostRun::KeepReceiver() {
   if (const std::optional<SearchSource::Receiver> found = source.GetFound()) {
     choices.KeepReceiver(found->device, found->baudRate);
   }
+}
+
+/// On the reader's thread, which cannot take the events of the updates.
+void HostRun::TakeLentTurn() {
+  update.number += window.CountUpdatesPosted();
+  handheld::ForgetMessagesPosted();
+  TakeTurn();
 }
 
 /// There is no new update when the engine has refused the position.
@@ -223,7 +248,7 @@ void HostRun::ShowUpdate() {
   }
   // The device remembers every message; over a day that is a lot.
   handheld::ForgetMessagesPosted();
-  if (!isComplete) {
+  if (!isComplete && !standard.IsBroken()) {
     source.Answer(update.number);
   }
 }
@@ -257,6 +282,7 @@ void HostRun::Finish() {
   progress.Clear();
   update.readouts = engine.GetReadouts();
   output->Finish(update, engine.GetStates());
+  standard.Flush();
   messages.Release();
   drive.Finish(trips);
   trips.Store();

@@ -53,6 +53,9 @@ class HostRun {
  private:
   void Start();
   void Loop();
+  bool CanLendTurns() const;
+  void LendTurns();
+  void TakeLentTurn();
   void TakeTurn();
   void ShowUpdate();
   void BackUpChoices();
@@ -88,6 +91,8 @@ class HostRun {
   TimeLeft timeLeft;
   ProgressLine progress;
   Update update;
+  /// The engine's reader takes the turns, and counts the updates, while the host rests.
+  bool lendsTurns = false;
   /// Number of the last update shown.
   std::uint64_t lastShown = 0;
   std::chrono::steady_clock::time_point nextBackup;

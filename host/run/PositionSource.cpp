@@ -120,8 +120,8 @@ void PositionSource::OpenSearch() {
   Feed(std::move(source));
 }
 
-/// The GPS API tells neither of each position nor of gpsd's absence: the host has a connection of its
-/// own for that.
+/// The GPS API tells neither of each position nor of gpsd's absence: the host has a connection of
+/// its own for that.
 void PositionSource::OpenGpsApi() {
   const HMODULE library = LoadLibraryW(GPS_LIBRARY);
   if (library == nullptr) {
@@ -207,6 +207,10 @@ void PositionSource::LookSeldom() {
   if (recordingFeed != nullptr) {
     recordingFeed->LookSeldom();
   }
+}
+
+void PositionSource::LendTurns(std::function<void()> take) {
+  recordingFeed->LendTurns(std::move(take));
 }
 
 void PositionSource::Rest(std::chrono::milliseconds limit) {

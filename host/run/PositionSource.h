@@ -53,7 +53,11 @@ class PositionSource {
   /// The host does not need every update, where there are turns.
   void LookSeldom();
 
-  /// Waits for a turn, at most that long.
+  /// From now on `take` is called for each turn, on the reader's thread while the host rests. Call
+  /// after Open, where there are turns, and before the engine reads.
+  void LendTurns(std::function<void()> take);
+
+  /// Waits for a turn, at most that long. Throws what a lent turn has thrown.
   void Rest(std::chrono::milliseconds limit);
 
   /// Call after every update, or at every turn: the next position may come. `updates` is the number

@@ -32,7 +32,8 @@ void RecordingFeed::Stop() {
     const std::lock_guard lock(mutex);
     stopped = true;
   }
-  changed.notify_all();
+  hostActed.notify_all();
+  readerActed.notify_all();
   source.Stop();
 }
 
@@ -41,8 +42,9 @@ void RecordingFeed::Answer(std::uint64_t updates) {
     const std::lock_guard lock(mutex);
     report.updatesMissed = std::max(updatesExpected, updates) - updates;
     isHostsTurn = false;
+    isHostAwaited = false;
   }
-  changed.notify_all();
+  hostActed.notify_all();
 }
 
 bool RecordingFeed::TakeStretchStart() {
@@ -65,9 +67,20 @@ void RecordingFeed::LookSeldom() {
   looksSeldom = true;
 }
 
+void RecordingFeed::LendTurns(std::function<void()> take) {
+  takeTurn = std::move(take);
+}
+
 void RecordingFeed::Rest(std::chrono::milliseconds limit) {
   std::unique_lock lock(mutex);
-  changed.wait_for(lock, limit, [this] { return isHostsTurn || hasEnded || stopped; });
+  isHostResting = true;
+  hostActed.notify_all();
+  readerActed.wait_for(lock, limit, [this] { return isHostAwaited || hasEnded || stopped; });
+  isHostResting = false;
+  readerActed.wait(lock, [this] { return !isTurnLent; });
+  if (failure) {
+    std::rethrow_exception(std::exchange(failure, nullptr));
+  }
 }
 
 std::size_t RecordingFeed::Read(char* buffer, std::size_t size) {
@@ -151,17 +164,51 @@ bool RecordingFeed::WaitForHost(const Epoch& epoch) {
   {
     const std::lock_guard lock(mutex);
     isHostsTurn = true;
+    isHostAwaited = !takeTurn;
     if (epoch.updates > 0) {
       report.progress = source.GetProgress(epoch.sourceOffset);
     }
   }
-  tellTurn();
-  changed.notify_all();
+  TellTurn();
   std::unique_lock lock(mutex);
-  changed.wait(lock, [this] { return !isHostsTurn || stopped; });
+  hostActed.wait(lock, [this] { return !isHostsTurn || stopped; });
   lastLook = Clock::now();
   tenthsLooked = CountTenths(epoch);
   return !stopped;
+}
+
+void RecordingFeed::TellTurn() {
+  if (takeTurn) {
+    TakeLentTurn();
+  } else {
+    tellTurn();
+    readerActed.notify_all();
+  }
+}
+
+/// Wakes the host only where it has something to do: waking it at each turn would take most of the
+/// time.
+void RecordingFeed::TakeLentTurn() {
+  std::unique_lock lock(mutex);
+  hostActed.wait(lock, [this] { return isHostResting || stopped; });
+  if (stopped) {
+    return;
+  }
+  isTurnLent = true;
+  lock.unlock();
+  std::exception_ptr thrown;
+  try {
+    takeTurn();
+  } catch (...) {
+    thrown = std::current_exception();
+  }
+  lock.lock();
+  isTurnLent = false;
+  failure = thrown;
+  isHostAwaited = isHostsTurn;
+  if (!isHostResting || isHostAwaited) {
+    readerActed.notify_all();
+  }
 }
 
 void RecordingFeed::FinishRecording() {
@@ -175,7 +222,7 @@ void RecordingFeed::FinishRecording() {
     hasEnded = true;
   }
   tellEnd();
-  changed.notify_all();
+  readerActed.notify_all();
 }
 
 }  // namespace host

@@ -5,6 +5,7 @@
 #include <condition_variable>
 #include <cstddef>
 #include <cstdint>
+#include <exception>
 #include <functional>
 #include <mutex>
 #include <string>
@@ -22,10 +23,13 @@ namespace host {
 /// The engine then waits for the host to read the update: at first after each epoch. After
 /// LookSeldom it waits only where the host tells something of the way: about ten times a second, at
 /// each tenth of the recording, where the receiver's clock jumped, and at the end.
+///
+/// After LendTurns the reader's thread takes the host's turns itself while the host rests, since
+/// switching threads twice for each update would take longer than the update.
 class RecordingFeed : public PositionFeed {
  public:
-  /// On the reader's thread, `onTurn` is called when the engine waits for the host, and `onEnd` when
-  /// the engine has taken everything and was answered. The source outlives the feed.
+  /// On the reader's thread, `onTurn` is called when the engine waits for the host, and `onEnd`
+  /// when the engine has taken everything and was answered. The source outlives the feed.
   RecordingFeed(NmeaSource& source, EpochQueue::Bridge bridgeUse, std::function<void()> onTurn,
                 std::function<void()> onEnd);
 
@@ -46,7 +50,13 @@ class RecordingFeed : public PositionFeed {
   /// The host does not need every update.
   void LookSeldom();
 
-  /// Waits until the engine waits for the host or has ended, at most that long.
+  /// From now on `take` is called for each turn, in place of `onTurn`: on the reader's thread while
+  /// the host's is in Rest, so that they never run at once. A turn in which Answer is not called
+  /// ends the rest, and the engine goes on waiting. Call before the engine reads.
+  void LendTurns(std::function<void()> take);
+
+  /// Waits until the engine waits for the host or has ended, at most that long, and until a lent
+  /// turn is over. Throws what a lent turn has thrown.
   void Rest(std::chrono::milliseconds limit);
 
  private:
@@ -59,11 +69,15 @@ class RecordingFeed : public PositionFeed {
   bool IsLookDue(const Epoch& epoch) const;
   int CountTenths(const Epoch& epoch) const;
   bool WaitForHost(const Epoch& epoch);
+  void TellTurn();
+  void TakeLentTurn();
   void FinishRecording();
 
   NmeaSource& source;
   const std::function<void()> tellTurn;
   const std::function<void()> tellEnd;
+  /// Empty unless turns are lent.
+  std::function<void()> takeTurn;
 
   // For the engine's reader.
   EpochQueue queue;
@@ -77,10 +91,20 @@ class RecordingFeed : public PositionFeed {
   int tenthsLooked = 0;
 
   mutable std::mutex mutex;
-  std::condition_variable changed;
+  /// Wakes the reader's thread: the host has answered, rests, or has stopped the feed.
+  std::condition_variable hostActed;
+  /// Wakes the host's thread: there is a turn, a lent one is over, or the recording has ended.
+  std::condition_variable readerActed;
   bool stopped = false;
   bool hasEnded = false;
   bool isHostsTurn = false;
+  bool isHostResting = false;
+  /// A lent turn is being taken.
+  bool isTurnLent = false;
+  /// The turn is one for the host's own thread.
+  bool isHostAwaited = false;
+  /// What the last lent turn has thrown.
+  std::exception_ptr failure;
   bool looksSeldom = false;
   bool startsStretch = false;
   std::uint64_t updatesExpected = 0;

@@ -2,7 +2,11 @@
 
 #include <ferolin.h>
 
+#include <algorithm>
+#include <vector>
+
 #include "base/HostError.h"
+#include "handheld.h"
 
 namespace host {
 
@@ -34,6 +38,17 @@ void HostWindow::Post(Event event) const {
   PostMessageW(window, own, static_cast<WPARAM>(event), 0);
 }
 
+bool HostWindow::IsUpdate(const MSG& message) const {
+  return message.hwnd == window && message.message == update &&
+         message.lParam == FEROLIN_BUTTON_NONE;
+}
+
+std::size_t HostWindow::CountUpdatesPosted() const {
+  const std::vector<MSG> posted = handheld::MessagesPosted();
+  return static_cast<std::size_t>(std::count_if(
+      posted.begin(), posted.end(), [this](const MSG& message) { return IsUpdate(message); }));
+}
+
 HostWindow::Event HostWindow::Wait(DWORD milliseconds) {
   do {
     MSG message = {};
@@ -41,11 +56,10 @@ HostWindow::Event HostWindow::Wait(DWORD milliseconds) {
       if (message.message == WM_QUIT) {
         return Event::STOP;
       }
-      const bool isOurs = message.hwnd == window;
-      if (isOurs && message.message == own) {
+      if (message.hwnd == window && message.message == own) {
         return static_cast<Event>(message.wParam);
       }
-      if (isOurs && message.message == update && message.lParam == FEROLIN_BUTTON_NONE) {
+      if (IsUpdate(message)) {
         return Event::UPDATE;
       }
       TranslateMessage(&message);

@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <cstddef>
+
 namespace host {
 
 /// A hidden window of the thread that makes it. Other threads may call Post only.
@@ -40,11 +42,17 @@ class HostWindow {
   /// when another of its windows gets the engine's notifications.
   void NoteUpdate() { ++updatesNoted; }
 
+  /// Updates that the engine has notified since handheld::ForgetMessagesPosted, also those whose
+  /// events were not taken yet. For any thread.
+  std::size_t CountUpdatesPosted() const;
+
   /// Waits for the next event, at most that long in real time. The messages of the thread's other
   /// windows are dispatched meanwhile.
   Event Wait(DWORD milliseconds);
 
  private:
+  bool IsUpdate(const MSG& message) const;
+
   const UINT update;
   const UINT own;
   HWND window = nullptr;

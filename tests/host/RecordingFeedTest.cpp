@@ -6,6 +6,7 @@
 #include <future>
 #include <memory>
 #include <mutex>
+#include <stdexcept>
 #include <thread>
 
 #include "sources/RecordingFeed.h"
@@ -75,10 +76,10 @@ class RecordingFeedTest : public testing::Test {
     changed.notify_all();
   }
 
-  /// True when the counter reaches the number; gives up after a minute.
-  bool Await(const int& counter, int number) {
+  /// True when the counter reaches the number within the limit.
+  bool Await(const int& counter, int number, std::chrono::seconds limit = 60s) {
     std::unique_lock lock(mutex);
-    return changed.wait_for(lock, 60s, [&] { return counter >= number; });
+    return changed.wait_for(lock, limit, [&] { return counter >= number; });
   }
 
   std::vector<std::string> GetReads() {
@@ -215,6 +216,61 @@ TEST_F(RecordingFeedTest, RestsUntilTheHostsTurn) {
   StartEngine();
   ASSERT_EQ(std::future_status::ready, rest.wait_for(30s));
   EXPECT_EQ(1u, GetReads().size());
+}
+
+TEST_F(RecordingFeedTest, LendsTurnsOnlyWhileTheHostRests) {
+  constexpr int EPOCHS = 300;
+  std::string text;
+  for (int second = 0; second < EPOCHS; ++second) {
+    text += Rmc(second);
+  }
+  Feed(text);
+  // Of the host's thread when it works, of the reader's in a turn.
+  bool isHostResting = false;
+  int lentTurns = 0;
+  feed->LendTurns([&] {
+    EXPECT_TRUE(isHostResting);
+    feed->Answer(GetReads().size());
+    std::this_thread::yield();
+    EXPECT_TRUE(isHostResting);
+    ++lentTurns;
+  });
+  StartEngine();
+  for (int rests = 0; !Await(ends, 1, 0s); ++rests) {
+    isHostResting = true;
+    feed->Rest(rests % 2 == 0 ? 0ms : 1ms);
+    isHostResting = false;
+  }
+  // And one at the end.
+  EXPECT_EQ(EPOCHS + 1, lentTurns);
+  EXPECT_EQ(0, turns);
+  EXPECT_EQ(0u, feed->GetReport().updatesMissed);
+}
+
+TEST_F(RecordingFeedTest, EndsTheRestAtALentTurnWithoutAnAnswer) {
+  Feed(Rmc(0) + Rmc(1) + Rmc(2));
+  int lentTurns = 0;
+  feed->LendTurns([&] {
+    if (++lentTurns == 1) {
+      feed->Answer(1);
+    }
+  });
+  StartEngine();
+  auto rest = std::async(std::launch::async, [this] { feed->Rest(120s); });
+  ASSERT_EQ(std::future_status::ready, rest.wait_for(60s));
+  feed->Stop();
+  engine.join();
+  EXPECT_EQ(2, lentTurns);
+  EXPECT_EQ(2u, GetReads().size());
+}
+
+TEST_F(RecordingFeedTest, HandsTheHostWhatALentTurnThrows) {
+  Feed(Rmc(0));
+  feed->LendTurns([] { throw std::runtime_error("the disk is full"); });
+  StartEngine();
+  auto rest = std::async(std::launch::async, [this] { feed->Rest(120s); });
+  ASSERT_EQ(std::future_status::ready, rest.wait_for(60s));
+  EXPECT_THROW(rest.get(), std::runtime_error);
 }
 
 }  // namespace
