@@ -71,6 +71,12 @@ Readouts EngineLibrary::GetReadouts() const {
   return readouts;
 }
 
+void EngineLibrary::RefreshValues(Readouts& readouts) const {
+  for (std::size_t i = 0; i < readouts.size(); ++i) {
+    readouts[i].value = GetSensorValue(static_cast<int>(i));
+  }
+}
+
 Readouts EngineLibrary::GetStates() const {
   Readouts states;
   for (int i = 0; i < CountSensors(); ++i) {

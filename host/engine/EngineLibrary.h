@@ -38,6 +38,8 @@ class EngineLibrary {
 
   /// Names and present values of all sensors.
   Readouts GetReadouts() const;
+  /// Brings the values of what GetReadouts has returned up to date.
+  void RefreshValues(Readouts& readouts) const;
   /// Names and present states of the saveable sensors.
   Readouts GetStates() const;
 

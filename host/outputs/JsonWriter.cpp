@@ -77,15 +77,19 @@ class Line {
 
   /// The key needs no escapes.
   void Add(std::string_view key, std::string_view value) {
-    AddKey(std::string("\"").append(key) + '"');
+    Separate();
+    AddPlain(key);
+    text += ':';
     text += value;
   }
 
   void Add(std::string_view key, const Readouts& readouts) {
     Add(key, "{");
     for (const Readout& each : readouts) {
-      AddKey(Text(each.name));
-      text += Text(each.value);
+      Separate();
+      AddText(each.name);
+      text += ':';
+      AddText(each.value);
     }
     text += '}';
   }
@@ -104,12 +108,24 @@ class Line {
   std::string Finish() { return std::move(text) + "}"; }
 
  private:
-  void AddKey(std::string_view quoted) {
+  void Separate() {
     if (text.back() != '{') {
       text += ',';
     }
-    text += quoted;
-    text += ':';
+  }
+
+  void AddText(const std::string& value) {
+    if (NeedsEscapes(value)) {
+      text += Text(value);
+    } else {
+      AddPlain(value);
+    }
+  }
+
+  void AddPlain(std::string_view value) {
+    text += '"';
+    text += value;
+    text += '"';
   }
 
   std::string text;

@@ -216,7 +216,7 @@ void HostRun::TakeTurn() {
 
 void HostRun::ShowUpdate() {
   lastShown = update.number;
-  update.readouts = engine.GetReadouts();
+  engine.RefreshValues(update.readouts);
   const PositionFeed::Report report = source.GetReport();
   update.progress = report.progress;
   if (source.HasTurns()) {
