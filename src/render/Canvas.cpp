@@ -201,6 +201,11 @@ void Canvas::DrawRectangle(COLORREF penColor, int penWidth, COLORREF fillColor, 
   Rectangle(GetDrawingDC(), rect.left, rect.top, rect.right, rect.bottom);
 }
 
+void Canvas::DrawOutline(COLORREF color, const RECT& rect) {
+  ReplacePenAndBrush(CreatePen(PS_SOLID, 1, color), GetStockObject(NULL_BRUSH));
+  Rectangle(GetDrawingDC(), rect.left, rect.top, rect.right, rect.bottom);
+}
+
 void Canvas::DrawRoundRect(COLORREF penColor, int penWidth, COLORREF fillColor, int left, int top,
                            int right, int bottom) {
   constexpr int CORNER = 3;

@@ -53,9 +53,11 @@ class Canvas {
   void DrawFilledCircle(COLORREF penColor, int penWidth, COLORREF fillColor, int centerX,
                         int centerY, int radius);
 
-  /// These three delete the pen and the brush that were selected before and leave their own
+  /// These four delete the pen and the brush that were selected before and leave their own
   /// selected. So there is never more than one pair of them.
   void DrawRectangle(COLORREF penColor, int penWidth, COLORREF fillColor, const RECT& rect);
+  /// A rectangle one pixel wide that keeps what it surrounds.
+  void DrawOutline(COLORREF color, const RECT& rect);
   void DrawRoundRect(COLORREF penColor, int penWidth, COLORREF fillColor, int left, int top,
                      int right, int bottom);
   void DrawRoundRectR(COLORREF penColor, int penWidth, COLORREF fillColor, const RECT& rect);

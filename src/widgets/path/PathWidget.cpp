@@ -144,14 +144,16 @@ PathReadouts PathWidget::GetReadouts() const {
   };
 }
 
-/// Draws a thin border around the path's area, and the path if there is one.
+/// Draws a thin border around the path's area, and the path if there is one. The path fills its
+/// area itself.
 void PathWidget::DrawPath(Canvas& canvas, const RECT& rect) {
   pathArea = Inset(rect, 1);
-  canvas.DrawRectangle(borderColor, 1, backgroundColor, rect);
   const PathPoints points(owner.GetFix().GetTrack());
   if (!CanDrawPath(points)) {
+    canvas.DrawRectangle(borderColor, 1, backgroundColor, rect);
     return;
   }
+  canvas.DrawOutline(borderColor, rect);
   if (isCenterRequested) {
     isCenterRequested = false;
     Center(points);
