@@ -5,6 +5,7 @@
 #include <png.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <filesystem>
 #include <functional>
@@ -23,32 +24,33 @@ namespace ferolin {
 
 namespace {
 
-class FineDrawing : public FrameTest {
- protected:
-  FineDrawing() { handheld::SetFineDrawing(true); }
-  ~FineDrawing() override {
-    handheld::SetFineDrawing(false);
-    handheld::SetScreen(240, 320, 96);
+/// What the window showed at one moment.
+class Shown {
+ public:
+  explicit Shown(HWND window) : pixels(handheld::WindowPixels(window)) {}
+  bool operator==(const Shown& other) const { return pixels.rows == other.pixels.rows; }
+
+  COLORREF At(int x, int y) const {
+    const std::uint32_t pixel = ValueAt(x, y);
+    return RGB(static_cast<BYTE>(pixel >> 16), static_cast<BYTE>(pixel >> 8),
+               static_cast<BYTE>(pixel));
   }
 
-  static void Fill(const RECT& rect, COLORREF color) {
-    const Brush brush(CreateSolidBrush(color));
-    FillRect(theCanvas.GetDrawingDC(), &rect, brush.get());
+  std::ptrdiff_t Count(COLORREF color) const {
+    const std::uint32_t pixel = GetRValue(color) << 16 | GetGValue(color) << 8 | GetBValue(color);
+    return std::count(pixels.rows.begin(), pixels.rows.end(), pixel);
   }
 
-  static void DrawSlanted() { theCanvas.DrawLine(RED, 6, 20, 30, 200, 90); }
-
-  std::vector<std::uint32_t> PresentedRows() {
-    Present();
-    return handheld::WindowPixels(window).rows;
+  /// True when some pixels are neither black nor of that colour.
+  bool HasShadesOf(COLORREF color) const {
+    return Count(BLACK) + Count(color) < static_cast<std::ptrdiff_t>(pixels.rows.size());
   }
 
   /// True when every `size` x `size` pixels have one colour, as those of an enlarged frame.
-  bool IsEnlarged(int size) {
-    const handheld::Pixels pixels = handheld::WindowPixels(window);
+  bool IsEnlarged(int size) const {
     for (int y = 0; y < pixels.height; ++y) {
       for (int x = 0; x < pixels.width; ++x) {
-        if (WindowPixel(pixels, x, y) != WindowPixel(pixels, x / size * size, y / size * size)) {
+        if (ValueAt(x, y) != ValueAt(x / size * size, y / size * size)) {
           return false;
         }
       }
@@ -56,187 +58,238 @@ class FineDrawing : public FrameTest {
     return true;
   }
 
-  static std::uint32_t WindowPixel(const handheld::Pixels& pixels, int x, int y) {
-    return pixels.rows[static_cast<std::size_t>(y * pixels.width + x)];
-  }
-
-  /// The smallest rectangle around the window's pixels that are not black.
-  RECT WindowInk() const {
-    const handheld::Pixels pixels = handheld::WindowPixels(window);
-    RECT ink = {pixels.width, pixels.height, 0, 0};
+  /// The smallest rectangle around the pixels that are not black: left, top, right, bottom.
+  std::array<LONG, 4> Ink() const {
+    std::array<LONG, 4> ink = {pixels.width, pixels.height, 0, 0};
     for (LONG y = 0; y < pixels.height; ++y) {
       for (LONG x = 0; x < pixels.width; ++x) {
-        if (WindowPixel(pixels, x, y) != 0) {
-          ink = {std::min(ink.left, x), std::min(ink.top, y), std::max(ink.right, x + 1),
-                 std::max(ink.bottom, y + 1)};
+        if (ValueAt(x, y) != 0) {
+          ink = {std::min(ink[0], x), std::min(ink[1], y), std::max(ink[2], x + 1),
+                 std::max(ink[3], y + 1)};
         }
       }
     }
     return ink;
   }
 
-  void ExpectInk(const RECT& expected) {
-    const RECT ink = WindowInk();
-    EXPECT_EQ(expected.left, ink.left);
-    EXPECT_EQ(expected.top, ink.top);
-    EXPECT_EQ(expected.right, ink.right);
-    EXPECT_EQ(expected.bottom, ink.bottom);
+ private:
+  std::uint32_t ValueAt(int x, int y) const {
+    return pixels.rows[static_cast<std::size_t>(y * pixels.width + x)];
+  }
+
+  handheld::Pixels pixels;
+};
+
+using Ink = std::array<LONG, 4>;
+
+/// A frame of 240 x 320 logical pixels, at first on a screen of twice as many.
+class FineDrawing : public FrameTest {
+ protected:
+  FineDrawing() {
+    handheld::SetFineDrawing(true);
+    OpenScaled(2);
+  }
+  ~FineDrawing() override {
+    handheld::SetFineDrawing(false);
+    handheld::SetScreen(240, 320, 96);
+  }
+
+  void OpenScaled(int scale) { Open(240 * scale, 320 * scale, 96 * scale); }
+
+  Shown Present() {
+    FrameTest::Present();
+    return Shown(window);
+  }
+
+  static void Fill(const RECT& rect, COLORREF color) {
+    const Brush brush(CreateSolidBrush(color));
+    FillRect(theCanvas.GetDrawingDC(), &rect, brush.get());
+  }
+
+  static void DrawSlanted(HDC dc = theCanvas.GetDrawingDC()) {
+    const Pen pen(CreatePen(PS_SOLID, 6, RED));
+    const Selection selection(dc, pen.get());
+    MoveToEx(dc, 20, 30, nullptr);
+    LineTo(dc, 200, 90);
   }
 };
 
 TEST_F(FineDrawing, SmoothsSlantedLines) {
-  Open(480, 640, 192);
   DrawSlanted();
-  Present();
-  EXPECT_FALSE(IsEnlarged(2));
-  const handheld::Pixels pixels = handheld::WindowPixels(window);
-  EXPECT_TRUE(std::any_of(pixels.rows.begin(), pixels.rows.end(), [](std::uint32_t pixel) {
-    return pixel > 0x400000 && pixel < 0xC00000;
-  }));
+  const Shown shown = Present();
+  EXPECT_FALSE(shown.IsEnlarged(2));
+  EXPECT_TRUE(shown.HasShadesOf(RED));
 }
 
 TEST_F(FineDrawing, IsOffWhenNobodyWantsIt) {
   handheld::SetFineDrawing(false);
-  Open(480, 640, 192);
   DrawSlanted();
-  Present();
-  EXPECT_TRUE(IsEnlarged(2));
+  EXPECT_TRUE(Present().IsEnlarged(2));
 }
 
 TEST_F(FineDrawing, BeginsAtOneAndAHalfTimesTheLogicalResolution) {
   Open(360, 480, 143);
   DrawSlanted();
-  Present();
-  const auto isPure = [](std::uint32_t pixel) { return pixel == 0 || pixel == 0xFF0000; };
-  const handheld::Pixels coarse = handheld::WindowPixels(window);
-  EXPECT_TRUE(std::all_of(coarse.rows.begin(), coarse.rows.end(), isPure));
+  EXPECT_FALSE(Present().HasShadesOf(RED));
   Open(360, 480, 144);
   DrawSlanted();
-  Present();
-  const handheld::Pixels fine = handheld::WindowPixels(window);
-  EXPECT_FALSE(std::all_of(fine.rows.begin(), fine.rows.end(), isPure));
+  EXPECT_TRUE(Present().HasShadesOf(RED));
 }
 
 TEST_F(FineDrawing, LeavesTheBitmapAsItIs) {
-  Open(480, 640, 192);
-  DrawSlanted();
-  const RECT frame = theCanvas.GetFrameRect();
-  for (int y = 0; y < frame.bottom; ++y) {
-    for (int x = 0; x < frame.right; ++x) {
-      ASSERT_TRUE(At(x, y) == BLACK || At(x, y) == RED);
+  const auto drawn = [&] {
+    theCanvas.FillBackground(BLACK);
+    DrawSlanted();
+    std::vector<COLORREF> pixels;
+    for (int y = 0; y < 320; ++y) {
+      for (int x = 0; x < 240; ++x) {
+        pixels.push_back(At(x, y));
+      }
     }
-  }
+    return pixels;
+  };
+  const std::vector<COLORREF> fine = drawn();
+  handheld::SetFineDrawing(false);
+  EXPECT_EQ(drawn(), fine);
 }
 
 TEST_F(FineDrawing, FillsWholePixels) {
   // 1.5 and 4.5 pixels from the edge are rounded up.
   Open(360, 480, 144);
   Fill({1, 3, 11, 5}, RED);
-  Present();
-  ExpectInk({2, 5, 17, 8});
-  const handheld::Pixels pixels = handheld::WindowPixels(window);
-  EXPECT_EQ(15 * 3, std::count(pixels.rows.begin(), pixels.rows.end(), 0xFF0000U));
+  const Shown shown = Present();
+  EXPECT_EQ((Ink{2, 5, 17, 8}), shown.Ink());
+  EXPECT_EQ(15 * 3, shown.Count(RED));
 }
 
 TEST_F(FineDrawing, ThinLevelAndUprightLinesLeaveOutTheirEnd) {
-  Open(480, 640, 192);
   theCanvas.DrawThinLine(RED, 10, 20, 30, 20);
-  Present();
-  ExpectInk({20, 40, 60, 42});
+  EXPECT_EQ((Ink{20, 40, 60, 42}), Present().Ink());
   theCanvas.FillBackground(BLACK);
   theCanvas.DrawThinLine(RED, 10, 30, 10, 20);
-  Present();
-  ExpectInk({20, 42, 22, 62});
+  EXPECT_EQ((Ink{20, 42, 22, 62}), Present().Ink());
 }
 
 /// A pen of 2 pixels at row 20 covers rows 19 and 20; one of 3 covers 19, 20 and 21.
 TEST_F(FineDrawing, WidePensCoverTheRowsOfTheBitmap) {
-  Open(480, 640, 192);
   theCanvas.DrawLine(RED, 2, 10, 20, 50, 20);
-  Present();
-  ExpectInk({18, 38, 102, 42});
+  EXPECT_EQ((Ink{18, 38, 102, 42}), Present().Ink());
   theCanvas.FillBackground(BLACK);
   theCanvas.DrawLine(RED, 3, 10, 20, 50, 20);
-  Present();
-  ExpectInk({18, 38, 104, 44});
+  EXPECT_EQ((Ink{18, 38, 104, 44}), Present().Ink());
 }
 
 TEST_F(FineDrawing, DashesHave18PixelsAndGaps6) {
-  Open(480, 640, 192);
   DashedPen(RED).DrawLine(theCanvas, 10, 20, 60, 20);
-  Present();
-  const auto isDash = [&](int x) { return WindowAt(2 * (10 + x), 40) == RED; };
-  EXPECT_TRUE(isDash(0));
-  EXPECT_TRUE(isDash(17));
-  EXPECT_FALSE(isDash(18));
-  EXPECT_FALSE(isDash(23));
-  EXPECT_TRUE(isDash(24));
-  EXPECT_TRUE(isDash(41));
-  EXPECT_FALSE(isDash(42));
-  EXPECT_TRUE(isDash(48));
-  EXPECT_FALSE(isDash(50));
+  const Shown shown = Present();
+  for (int x = 0; x < 60; ++x) {
+    EXPECT_EQ(x < 50 && x % 24 < 18 ? RED : BLACK, shown.At(2 * (10 + x), 40)) << x;
+  }
+}
+
+/// Where lines go around a corner, dashes do, too: 15 pixels of the first dash lie on the level side,
+/// 3 on the upright one.
+TEST_F(FineDrawing, DashesGoOnAroundCorners) {
+  const Pen pen(CreatePen(PS_DASH, 1, RED));
+  const Selection selection(theCanvas.GetDrawingDC(), pen.get());
+  SetBkMode(theCanvas.GetDrawingDC(), TRANSPARENT);
+  const std::array<POINT, 3> points = {POINT{10, 20}, POINT{25, 20}, POINT{25, 60}};
+  Polyline(theCanvas.GetDrawingDC(), points.data(), 3);
+  const Shown shown = Present();
+  for (int y = 0; y < 40; ++y) {
+    EXPECT_EQ((15 + y) % 24 < 18 ? RED : BLACK, shown.At(50, 2 * (20 + y))) << y;
+  }
+}
+
+/// Dashes are counted along the longer axis.
+TEST_F(FineDrawing, SlantedLinesHaveDashes) {
+  DashedPen(RED).DrawLine(theCanvas, 10, 20, 130, 50);
+  const Shown shown = Present();
+  const auto at = [&](int step) { return shown.At(2 * (10 + step), 2 * (20 + step / 4)); };
+  EXPECT_NE(BLACK, at(0));
+  EXPECT_NE(BLACK, at(16));
+  EXPECT_EQ(BLACK, at(20));
+  EXPECT_NE(BLACK, at(24));
+  EXPECT_EQ(BLACK, at(44));
+  EXPECT_NE(BLACK, at(112));
+  EXPECT_EQ(BLACK, at(116));
 }
 
 TEST_F(FineDrawing, CirclesFillTheBoxOfTheBitmapsCircle) {
-  Open(480, 640, 192);
   theCanvas.DrawFilledCircle(RED, 1, GREEN, 50, 60, 20);
-  Present();
-  ExpectInk({60, 80, 140, 160});
-  EXPECT_EQ(GREEN, WindowAt(100, 120));
+  const Shown shown = Present();
+  EXPECT_EQ((Ink{60, 80, 140, 160}), shown.Ink());
+  EXPECT_EQ(GREEN, shown.At(100, 120));
 }
 
-TEST_F(FineDrawing, RectanglesHaveSharpOutlines) {
-  Open(480, 640, 192);
+TEST_F(FineDrawing, RectanglesHaveSharpOutlinesAndCorners) {
   theCanvas.DrawRectangle(RED, 1, GREEN, {10, 20, 30, 40});
-  Present();
-  ExpectInk({20, 40, 60, 80});
-  EXPECT_EQ(RED, WindowAt(21, 41));
-  EXPECT_EQ(GREEN, WindowAt(22, 42));
-  EXPECT_EQ(GREEN, WindowAt(57, 77));
-  EXPECT_EQ(RED, WindowAt(58, 78));
+  const Shown shown = Present();
+  EXPECT_EQ((Ink{20, 40, 60, 80}), shown.Ink());
+  EXPECT_EQ(36 * 36, shown.Count(GREEN));
+  EXPECT_EQ(40 * 40 - 36 * 36, shown.Count(RED));
+}
+
+TEST_F(FineDrawing, OutlinesKeepWhatTheySurround) {
+  Fill({0, 0, 240, 320}, BLUE);
+  theCanvas.DrawOutline(RED, {10, 20, 30, 40});
+  const Shown shown = Present();
+  EXPECT_EQ(40 * 40 - 36 * 36, shown.Count(RED));
+  EXPECT_EQ(BLUE, shown.At(22, 42));
 }
 
 TEST_F(FineDrawing, SinglePixelsAreRoundDots) {
-  Open(960, 640, 384);
+  OpenScaled(4);
   SetPixel(theCanvas.GetDrawingDC(), 10, 20, RED);
-  Present();
-  EXPECT_EQ(RED, WindowAt(41, 82));
-  EXPECT_EQ(RED, WindowAt(42, 81));
-  EXPECT_NE(RED, WindowAt(40, 80));
-  EXPECT_NE(RED, WindowAt(43, 83));
-  ExpectInk({39, 79, 45, 85});
+  const Shown shown = Present();
+  EXPECT_EQ(RED, shown.At(41, 82));
+  EXPECT_EQ(RED, shown.At(42, 81));
+  EXPECT_NE(RED, shown.At(40, 80));
+  EXPECT_NE(RED, shown.At(43, 83));
+  EXPECT_EQ((Ink{39, 79, 45, 85}), shown.Ink());
 }
 
 /// All around, the ring has the same width at the same distance.
 TEST_F(FineDrawing, CirclesOfPixelsAreSmooth) {
-  Open(960, 640, 384);
+  OpenScaled(4);
   theCanvas.DrawCircleOutline(RED, 60, 70, 40);
-  Present();
+  const Shown shown = Present();
   for (int degrees = 0; degrees < 360; degrees += 5) {
     const double angle = degrees * 3.14159265 / 180;
     const auto at = [&](double radius) {
-      return WindowAt(static_cast<int>(4 * (60.5 + radius * std::cos(angle))),
+      return shown.At(static_cast<int>(4 * (60.5 + radius * std::cos(angle))),
                       static_cast<int>(4 * (70.5 + radius * std::sin(angle))));
     };
     EXPECT_EQ(RED, at(40)) << degrees;
     EXPECT_EQ(BLACK, at(39)) << degrees;
     EXPECT_EQ(BLACK, at(41)) << degrees;
   }
+  EXPECT_TRUE(shown.HasShadesOf(RED));
+}
+
+/// Four single pixels begin as a circle does; what follows elsewhere is a dot again.
+TEST_F(FineDrawing, PixelsBesideACircleAreDots) {
+  theCanvas.DrawCircleOutline(RED, 60, 70, 40);
+  SetPixel(theCanvas.GetDrawingDC(), 60, 70, RED);
+  SetPixel(theCanvas.GetDrawingDC(), 60, 110, GREEN);
+  const Shown shown = Present();
+  EXPECT_NE(BLACK, shown.At(120, 140));
+  EXPECT_NE(RED, shown.At(120, 220));
 }
 
 /// Steps of a pixel are the bitmap's rounding, not the line's.
 TEST_F(FineDrawing, LinesOfSmallStepsAreStraight) {
-  Open(960, 640, 384);
+  OpenScaled(4);
   std::vector<POINT> steps;
   for (int step = 0; step < 40; ++step) {
     steps.push_back({10 + step, 20 + step / 4});
   }
   theCanvas.DrawPolyline(RED, 1, steps.data(), static_cast<int>(steps.size()));
-  Present();
+  const Shown shown = Present();
   // 4 steps of 4 pixels are one down, which are 16 and 4 of the screen's.
   const auto topOf = [&](int x) {
     int y = 80;
-    while (WindowAt(x, y) != RED) {
+    while (shown.At(x, y) != RED) {
       ++y;
     }
     return y;
@@ -246,85 +299,94 @@ TEST_F(FineDrawing, LinesOfSmallStepsAreStraight) {
   EXPECT_GT(topOf(4 * 26), topOf(4 * 24));
 }
 
+/// What a simplified line leaves out must not be a corner.
+TEST_F(FineDrawing, LinesKeepTheirCorners) {
+  const POINT points[] = {{20, 100}, {60, 20}, {100, 100}, {60, 100}};
+  theCanvas.DrawPolyline(RED, 1, points, 4);
+  const Shown shown = Present();
+  EXPECT_NE(BLACK, shown.At(121, 41));
+  EXPECT_NE(BLACK, shown.At(201, 201));
+  EXPECT_EQ(RED, shown.At(140, 201));
+}
+
 TEST_F(FineDrawing, LinesFromFarAwayComeFromThere) {
-  Open(480, 640, 192);
   const POINT points[] = {{-30'000'000, 100}, {60, 100}, {60, 40'000'000}};
   theCanvas.DrawPolyline(RED, 1, points, 3);
-  Present();
-  EXPECT_EQ(RED, WindowAt(0, 200));
-  EXPECT_EQ(RED, WindowAt(100, 201));
-  EXPECT_EQ(RED, WindowAt(120, 639));
-  EXPECT_EQ(BLACK, WindowAt(124, 200));
+  const Shown shown = Present();
+  EXPECT_EQ(RED, shown.At(0, 200));
+  EXPECT_EQ(RED, shown.At(100, 201));
+  EXPECT_EQ(RED, shown.At(120, 639));
+  EXPECT_EQ(BLACK, shown.At(124, 200));
 }
 
 TEST_F(FineDrawing, StaysInsideTheClip) {
-  Open(480, 640, 192);
   const Region region(CreateRectRgn(20, 20, 40, 40));
   theCanvas.SetClipRegion(region.get());
   Fill({0, 0, 100, 100}, RED);
+  EXPECT_EQ((Ink{40, 40, 80, 80}), Present().Ink());
   theCanvas.DrawFilledCircle(GREEN, 3, GREEN, 30, 30, 40);
-  SetPixel(theCanvas.GetDrawingDC(), 19, 30, WHITE);
-  SetPixel(theCanvas.GetDrawingDC(), 20, 30, WHITE);
+  theCanvas.DrawCircleOutline(BLUE, 20, 20, 15);
+  // The rim of its dot would reach into the clip.
+  SetPixel(theCanvas.GetDrawingDC(), 19, 25, WHITE);
   theCanvas.SetClipRegion(nullptr);
-  Present();
-  ExpectInk({40, 40, 80, 80});
-  EXPECT_NE(GREEN, WindowAt(41, 61));
+  const Shown shown = Present();
+  EXPECT_EQ((Ink{40, 40, 80, 80}), shown.Ink());
+  EXPECT_EQ(GREEN, shown.At(40, 51));
+  EXPECT_EQ(BLUE, shown.At(70, 41));
 }
 
 TEST_F(FineDrawing, TextFillsItsBox) {
-  Open(480, 640, 192);
   for (const int height : {12, 14, 20, 40}) {
     const Font font = theCanvas.MakeFont(TEXT("Times New Roman"), height, 0);
     const SIZE size = theCanvas.MeasureText(font.get(), TEXT("HiddenH"));
     theCanvas.FillBackground(BLACK);
     theCanvas.DrawText(font.get(), TEXT("HiddenH"), 30, 40, WHITE);
-    Present();
-    const RECT ink = WindowInk();
-    EXPECT_GE(ink.left, 2 * 30 - 1) << height;
-    EXPECT_GE(ink.top, 2 * 40 - 1) << height;
-    EXPECT_LE(ink.right, 2 * (30 + size.cx) + 1) << height;
-    EXPECT_LE(ink.bottom, 2 * (40 + size.cy) + 1) << height;
+    const auto [left, top, right, bottom] = Present().Ink();
+    EXPECT_GE(left, 2 * 30 - 1) << height;
+    EXPECT_GE(top, 2 * 40 - 1) << height;
+    EXPECT_LE(right, 2 * (30 + size.cx) + 1) << height;
+    EXPECT_LE(bottom, 2 * (40 + size.cy) + 1) << height;
     // The side bearing of a letter is less than a tenth of its height.
-    EXPECT_GE(ink.right, 2 * (30 + size.cx) - 2 - height / 5) << height;
+    EXPECT_GE(right, 2 * (30 + size.cx) - 2 - height / 5) << height;
+    EXPECT_LE(left, 2 * 30 + 2 + height / 5) << height;
   }
 }
 
 TEST_F(FineDrawing, TextIsSmooth) {
-  Open(480, 640, 192);
   const Font font = theCanvas.MakeFont(TEXT("Times New Roman"), 13, 0);
   theCanvas.DrawText(font.get(), TEXT("Speed"), 30, 40, WHITE);
-  Present();
-  EXPECT_FALSE(IsEnlarged(2));
+  const Shown shown = Present();
+  EXPECT_FALSE(shown.IsEnlarged(2));
+  EXPECT_TRUE(shown.HasShadesOf(WHITE));
 }
 
 TEST_F(FineDrawing, FlagsMovePixelsWithoutChangingThem) {
   constexpr int SIDE = 480;
   Open(SIDE, SIDE, 192);
   DrawSlanted();
-  const std::vector<std::uint32_t> upright = PresentedRows();
-  const auto expectMoved = [&](const std::function<std::uint32_t(int x, int y)>& expected) {
-    const std::vector<std::uint32_t> rows = PresentedRows();
+  const Shown upright = Present();
+  const auto expectMoved = [&](const std::function<COLORREF(int x, int y)>& expected) {
+    const Shown shown = Present();
     for (int y = 0; y < SIDE; ++y) {
       for (int x = 0; x < SIDE; ++x) {
-        ASSERT_EQ(expected(x, y), rows[static_cast<std::size_t>(y * SIDE + x)]) << x << ", " << y;
+        ASSERT_EQ(expected(x, y), shown.At(x, y)) << x << ", " << y;
       }
     }
   };
-  const auto at = [&](int x, int y) { return upright[static_cast<std::size_t>(y * SIDE + x)]; };
   theInvertFlags.horz = 1;
-  expectMoved([&](int x, int y) { return at(SIDE - 1 - x, y); });
+  expectMoved([&](int x, int y) { return upright.At(SIDE - 1 - x, y); });
   theInvertFlags.vert = 1;
-  expectMoved([&](int x, int y) { return at(SIDE - 1 - x, SIDE - 1 - y); });
+  expectMoved([&](int x, int y) { return upright.At(SIDE - 1 - x, SIDE - 1 - y); });
   theInvertFlags.color = 1;
-  expectMoved([&](int x, int y) { return at(SIDE - 1 - x, SIDE - 1 - y) ^ 0xFFFFFF; });
+  expectMoved([&](int x, int y) { return upright.At(SIDE - 1 - x, SIDE - 1 - y) ^ 0xFFFFFF; });
   theInvertFlags.horz = 0;
   theInvertFlags.vert = 0;
   theInvertFlags.color = 0;
   // Clockwise, the left column becomes the top row, from the right.
   theInvertFlags.orient = 1;
-  expectMoved([&](int x, int y) { return at(y, SIDE - 1 - x); });
+  expectMoved([&](int x, int y) { return upright.At(y, SIDE - 1 - x); });
   theInvertFlags.horz = 1;
-  expectMoved([&](int x, int y) { return at(y, x); });
+  expectMoved([&](int x, int y) { return upright.At(y, x); });
 }
 
 /// 1280 pixels of 288 dpi are 426 logical ones and two thirds.
@@ -333,28 +395,25 @@ TEST_F(FineDrawing, PixelsBeyondTheLastLogicalOneBelongToIt) {
   ASSERT_EQ(426, theCanvas.GetFrameRect().right);
   Fill({425, 0, 426, 240}, RED);
   Fill({100, 0, 101, 240}, GREEN);
-  Present();
-  EXPECT_EQ(BLACK, WindowAt(1274, 100));
-  EXPECT_EQ(RED, WindowAt(1275, 100));
-  EXPECT_EQ(RED, WindowAt(1279, 100));
-  EXPECT_EQ(BLACK, WindowAt(299, 100));
-  EXPECT_EQ(GREEN, WindowAt(300, 100));
-  EXPECT_EQ(GREEN, WindowAt(302, 100));
-  EXPECT_EQ(BLACK, WindowAt(303, 100));
+  const Shown shown = Present();
+  EXPECT_EQ(BLACK, shown.At(1274, 100));
+  EXPECT_EQ(RED, shown.At(1275, 100));
+  EXPECT_EQ(RED, shown.At(1279, 100));
+  EXPECT_EQ(BLACK, shown.At(299, 100));
+  EXPECT_EQ(GREEN, shown.At(300, 100));
+  EXPECT_EQ(GREEN, shown.At(302, 100));
+  EXPECT_EQ(BLACK, shown.At(303, 100));
 }
 
 TEST_F(FineDrawing, FollowsTheScreensResolution) {
-  Open(480, 640, 192);
-  DrawSlanted();
-  Present();
-  Open(960, 1280, 384);
   theCanvas.DrawThinLine(RED, 10, 20, 30, 20);
-  Present();
-  ExpectInk({40, 80, 120, 84});
-  Open(240, 320, 96);
+  EXPECT_EQ((Ink{20, 40, 60, 42}), Present().Ink());
+  OpenScaled(4);
   theCanvas.DrawThinLine(RED, 10, 20, 30, 20);
-  Present();
-  ExpectInk({10, 20, 30, 21});
+  EXPECT_EQ((Ink{40, 80, 120, 84}), Present().Ink());
+  OpenScaled(1);
+  theCanvas.DrawThinLine(RED, 10, 20, 30, 20);
+  EXPECT_EQ((Ink{10, 20, 30, 21}), Present().Ink());
 }
 
 /// A bitmap of the frame's kind that is not the canvas's.
@@ -377,32 +436,53 @@ class OwnFrame {
 };
 
 TEST_F(FineDrawing, KeptPicturesStayFine) {
-  Open(480, 640, 192);
-  DrawSlanted();
-  const std::vector<std::uint32_t> direct = PresentedRows();
   const OwnFrame kept(240, 320);
-  {
-    const Pen pen(CreatePen(PS_SOLID, 6, RED));
-    const Selection selection(kept.GetDC(), pen.get());
-    MoveToEx(kept.GetDC(), 20, 30, nullptr);
-    LineTo(kept.GetDC(), 200, 90);
+  DrawSlanted(kept.GetDC());
+  for (const int scale : {2, 4}) {
+    OpenScaled(scale);
+    DrawSlanted();
+    const Shown direct = Present();
+    theCanvas.FillBackground(BLACK);
+    BitBlt(theCanvas.GetDrawingDC(), 0, 0, 240, 320, kept.GetDC(), 0, 0, SRCCOPY);
+    const Shown copied = Present();
+    EXPECT_FALSE(copied.IsEnlarged(scale)) << scale;
+    if (scale == 2) {
+      EXPECT_TRUE(direct == copied);
+    } else {
+      // The picture of the former resolution, enlarged.
+      EXPECT_EQ(RED, copied.At(4 * 110, 4 * 60));
+      EXPECT_NEAR(direct.Ink()[2], copied.Ink()[2], 2);
+    }
   }
-  theCanvas.FillBackground(BLACK);
-  BitBlt(theCanvas.GetDrawingDC(), 0, 0, 240, 320, kept.GetDC(), 0, 0, SRCCOPY);
-  EXPECT_EQ(direct, PresentedRows());
+}
+
+TEST_F(FineDrawing, CopiesAreMirroredAndInverted) {
+  const OwnFrame kept(240, 320);
+  DrawSlanted(kept.GetDC());
+  const HDC dc = theCanvas.GetDrawingDC();
+  BitBlt(dc, 0, 0, 240, 320, kept.GetDC(), 0, 0, SRCCOPY);
+  const Shown copied = Present();
+  StretchBlt(dc, 239, 0, -240, 320, kept.GetDC(), 0, 0, 240, 320, NOTSRCCOPY);
+  const Shown mirrored = Present();
+  for (int y = 0; y < 640; y += 3) {
+    for (int x = 0; x < 480; ++x) {
+      ASSERT_EQ(copied.At(479 - x, y) ^ 0xFFFFFF, mirrored.At(x, y)) << x << ", " << y;
+    }
+  }
 }
 
 TEST_F(FineDrawing, BitsWrittenByHandAreEnlarged) {
-  Open(480, 640, 192);
   const OwnFrame own(240, 320);
   own.GetBits()[5] = 0x7C00;
   StretchBlt(theCanvas.GetPresentDC(), 0, 0, 480, 640, own.GetDC(), 0, 0, 240, 320, SRCCOPY);
   theCanvas.FlushToWindow();
-  ExpectInk({10, 638, 12, 640});
-  EXPECT_TRUE(IsEnlarged(2));
+  const Shown direct(window);
+  EXPECT_EQ((Ink{10, 638, 12, 640}), direct.Ink());
+  EXPECT_TRUE(direct.IsEnlarged(2));
+  BitBlt(theCanvas.GetDrawingDC(), 0, 0, 240, 320, own.GetDC(), 0, 0, SRCCOPY);
+  EXPECT_TRUE(direct == Present());
 }
 
-/// Only a copy that was turned, and nothing else, is known for what it is.
 TEST_F(FineDrawing, TurnedCopiesThatWereChangedAreEnlarged) {
   constexpr int SIDE = 240;
   Open(2 * SIDE, 2 * SIDE, 192);
@@ -421,12 +501,11 @@ TEST_F(FineDrawing, TurnedCopiesThatWereChangedAreEnlarged) {
     const Selection selection(dc, turned.get());
     StretchBlt(theCanvas.GetPresentDC(), 0, 0, 2 * SIDE, 2 * SIDE, dc, 0, 0, SIDE, SIDE, SRCCOPY);
     theCanvas.FlushToWindow();
+    return Shown(window);
   };
-  show();
-  EXPECT_FALSE(IsEnlarged(2));
+  EXPECT_FALSE(show().IsEnlarged(2));
   pixels[0] ^= 1;
-  show();
-  EXPECT_TRUE(IsEnlarged(2));
+  EXPECT_TRUE(show().IsEnlarged(2));
 }
 
 class FinePicture : public FineDrawing {
@@ -434,28 +513,31 @@ class FinePicture : public FineDrawing {
   FinePicture() {
     CoInitializeEx(nullptr, COINIT_MULTITHREADED);
     std::filesystem::create_directory(folder.Path("4x"));
-    Write("picture.png", 2, 0xFF0000FF);
+    Write("picture.png", 2, 2, 0xFF0000FF);
   }
   ~FinePicture() override { CoUninitialize(); }
 
-  /// A square picture of one colour, 0xAABBGGRR.
-  void Write(const std::string& name, unsigned side, std::uint32_t color) const {
-    const std::vector<std::uint32_t> pixels(std::size_t{side} * side, color);
+  /// A picture of one colour, 0xAABBGGRR.
+  void Write(const std::string& name, unsigned width, unsigned height, std::uint32_t color) const {
+    const std::vector<std::uint32_t> pixels(std::size_t{width} * height, color);
     png_image image = {};
     image.version = PNG_IMAGE_VERSION;
-    image.width = side;
-    image.height = side;
+    image.width = width;
+    image.height = height;
     image.format = PNG_FORMAT_RGBA;
     png_image_write_to_file(&image, folder.Path(name).c_str(), 0, pixels.data(), 0, nullptr);
   }
 
-  /// Colour of the picture, drawn into the frame.
-  COLORREF DrawnIntoFrame() {
+  void Draw(HDC dc, BYTE alpha = OPAQUE_ALPHA) const {
     Picture picture;
     EXPECT_TRUE(picture.Load(folder.DevicePath("picture.png")));
-    picture.DrawBlended(theCanvas.GetDrawingDC(), {10, 10, 20, 20}, OPAQUE_ALPHA);
-    Present();
-    return WindowAt(30, 30);
+    picture.DrawBlended(dc, {10, 10, 20, 20}, alpha);
+  }
+
+  /// Colour of the picture, drawn into the frame.
+  COLORREF DrawnIntoFrame(BYTE alpha = OPAQUE_ALPHA) {
+    Draw(theCanvas.GetDrawingDC(), alpha);
+    return Present().At(30, 30);
   }
 
   testing_support::TempFolder folder;
@@ -464,34 +546,40 @@ class FinePicture : public FineDrawing {
 constexpr COLORREF LOADED_RED = RGB(254, 0, 0);
 
 TEST_F(FinePicture, IsTheLargerVersionBesideIt) {
-  Write("4x/picture.png", 8, 0xFF00FF00);
-  Open(480, 640, 192);
+  Write("4x/picture.png", 8, 8, 0xFF00FF00);
   EXPECT_EQ(GREEN, DrawnIntoFrame());
 }
 
+TEST_F(FinePicture, IsBlendedWithItsAlphaAndThatOfTheCall) {
+  Write("4x/picture.png", 8, 8, 0x8000FF00);
+  EXPECT_EQ(RGB(0, 128, 0), DrawnIntoFrame());
+  theCanvas.FillBackground(BLACK);
+  EXPECT_EQ(RGB(0, 26, 0), DrawnIntoFrame(51));
+}
+
 TEST_F(FinePicture, IsEnlargedWithoutALargerVersion) {
-  Open(480, 640, 192);
+  EXPECT_EQ(LOADED_RED, DrawnIntoFrame());
+}
+
+TEST_F(FinePicture, IsNotASmallerVersion) {
+  Write("4x/picture.png", 1, 1, 0xFF00FF00);
   EXPECT_EQ(LOADED_RED, DrawnIntoFrame());
 }
 
 TEST_F(FinePicture, IsNotALargerVersionOfAnotherShape) {
-  Write("4x/picture.png", 1, 0xFF00FF00);
-  Open(480, 640, 192);
+  Write("4x/picture.png", 8, 6, 0xFF00FF00);
   EXPECT_EQ(LOADED_RED, DrawnIntoFrame());
 }
 
 /// Buttons are drawn over the presented frame.
 TEST_F(FinePicture, IsLargerOverThePresentedFrame) {
-  Write("4x/picture.png", 8, 0x8000FF00);
-  Open(480, 640, 192);
-  Picture picture;
-  EXPECT_TRUE(picture.Load(folder.DevicePath("picture.png")));
+  Write("4x/picture.png", 8, 8, 0x8000FF00);
   const HDC dc = theCanvas.GetPresentDC();
-  picture.DrawBlended(dc, {10, 10, 20, 20}, OPAQUE_ALPHA);
+  Draw(dc);
   EXPECT_EQ(RGB(0, 128, 0), GetPixel(dc, 15, 15));
   EXPECT_EQ(BLACK, GetPixel(dc, 20, 15));
   handheld::SetFineDrawing(false);
-  picture.DrawBlended(dc, {10, 10, 20, 20}, OPAQUE_ALPHA);
+  Draw(dc);
   EXPECT_EQ(LOADED_RED, GetPixel(dc, 15, 15));
 }
 

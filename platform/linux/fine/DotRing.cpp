@@ -1,7 +1,6 @@
 #include "fine/DotRing.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace handheld::fine {
 
@@ -40,9 +39,12 @@ DotRing::Meaning DotRing::Take(POINT dot, std::uint32_t rgb) {
 }
 
 bool DotRing::LiesOnRing(POINT dot) const {
-  const double distance =
-      std::hypot(static_cast<double>(dot.x) - centre.x, static_cast<double>(dot.y) - centre.y);
-  return std::abs(distance - radius) < LARGEST_DEVIATION;
+  const double x = static_cast<double>(dot.x) - centre.x;
+  const double y = static_cast<double>(dot.y) - centre.y;
+  const double outer = radius + LARGEST_DEVIATION;
+  const double inner = std::max(radius - LARGEST_DEVIATION, 0.0);
+  const double square = x * x + y * y;
+  return square < outer * outer && square > inner * inner;
 }
 
 }  // namespace handheld::fine

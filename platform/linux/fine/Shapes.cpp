@@ -1,6 +1,7 @@
 #include "fine/Shapes.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdlib>
 #include <numbers>
@@ -133,20 +134,7 @@ void DrawDash(Twin& twin, POINT from, POINT to, double begin, double end, std::u
     return POINT{from.x + static_cast<LONG>(std::lround((to.x - from.x) * step / length)),
                  from.y + static_cast<LONG>(std::lround((to.y - from.y) * step / length))};
   };
-  if (IsStraight(from, to)) {
-    DrawThinSide(twin, at(begin), at(end), rgb);
-    return;
-  }
-  cairo_t* context = twin.BeginShape(rgb);
-  const double scale = twin.GetScale();
-  const auto place = [&](double step, LONG start, LONG last) {
-    return (start + (static_cast<double>(last) - start) * step / length + 0.5) * scale;
-  };
-  cairo_set_line_cap(context, CAIRO_LINE_CAP_BUTT);
-  cairo_set_line_width(context, scale);
-  cairo_move_to(context, place(begin, from.x, to.x), place(begin, from.y, to.y));
-  cairo_line_to(context, place(end, from.x, to.x), place(end, from.y, to.y));
-  cairo_stroke(context);
+  DrawLines(twin, std::array{at(begin), at(end)}, false, {1, rgb});
 }
 
 /// Draws the next part of a path: a quarter of an ellipse around (x, y).

@@ -2,14 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 #include <utility>
 
 namespace handheld::fine {
 
 namespace {
 
-/// A dot is a little wider than its pixel, so that dots that touch at their corners make a line.
+/// In logical pixels. A dot is a little wider than its pixel, so that dots that touch at their
+/// corners make a line.
 constexpr double DOT_RADIUS = 0.6;
 
 constexpr bool HasArea(const RECT& rect) {
@@ -21,7 +21,9 @@ RECT Overlap(const RECT& a, const RECT& b) {
           std::min(a.bottom, b.bottom)};
 }
 
-std::uint32_t MixChannels(std::uint32_t below, std::uint32_t above, std::uint32_t coverage) {
+/// `covered` is 0 to 1.
+std::uint32_t MixChannels(std::uint32_t below, std::uint32_t above, double covered) {
+  const auto coverage = static_cast<std::uint32_t>(covered * 255 + 0.5);
   std::uint32_t mixed = 0;
   for (const int shift : {0, 8, 16}) {
     const std::uint32_t sum =
@@ -29,6 +31,10 @@ std::uint32_t MixChannels(std::uint32_t below, std::uint32_t above, std::uint32_
     mixed |= (sum + 127) / 255 << shift;
   }
   return mixed;
+}
+
+LONG Within(double coordinate, LONG low, LONG high) {
+  return static_cast<LONG>(std::clamp<double>(coordinate, low, high));
 }
 
 void SetSource(cairo_t* context, std::uint32_t rgb) {
@@ -54,7 +60,9 @@ Twin::Twin(int width, int height, double scale)
       surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, pixelWidth, pixelHeight)),
       context(cairo_create(surface.get())),
       clip{0, 0, width, height},
-      pixelClip{0, 0, pixelWidth, pixelHeight} {}
+      pixelClip{0, 0, pixelWidth, pixelHeight},
+      pixels(cairo_image_surface_get_data(surface.get())),
+      stride(cairo_image_surface_get_stride(surface.get())) {}
 
 Twin::Twin(SurfacePointer target)
     : width(cairo_image_surface_get_width(target.get())),
@@ -65,16 +73,16 @@ Twin::Twin(SurfacePointer target)
       surface(std::move(target)),
       context(cairo_create(surface.get())),
       clip{0, 0, width, height},
-      pixelClip(clip) {}
+      pixelClip(clip),
+      pixels(cairo_image_surface_get_data(surface.get())),
+      stride(cairo_image_surface_get_stride(surface.get())) {}
 
 bool Twin::IsUsable() const {
   return cairo_status(context.get()) == CAIRO_STATUS_SUCCESS;
 }
 
 std::uint32_t* Twin::GetRow(int y) const {
-  return reinterpret_cast<std::uint32_t*>(cairo_image_surface_get_data(surface.get()) +
-                                          static_cast<std::ptrdiff_t>(y) *
-                                              cairo_image_surface_get_stride(surface.get()));
+  return reinterpret_cast<std::uint32_t*>(pixels + y * stride);
 }
 
 int Twin::Snap(double coordinate) const {
@@ -105,10 +113,11 @@ void Twin::Fill(const RECT& rect, std::uint32_t rgb) {
   if (!HasArea(visible)) {
     return;
   }
-  const RECT pixels = PixelsOf(visible);
+  const RECT area = PixelsOf(visible);
   cairo_surface_flush(surface.get());
-  for (LONG y = pixels.top; y < pixels.bottom; ++y) {
-    std::fill(GetRow(y) + pixels.left, GetRow(y) + pixels.right, rgb);
+  for (LONG y = area.top; y < area.bottom; ++y) {
+    std::uint32_t* row = GetRow(y);
+    std::fill(row + area.left, row + area.right, rgb);
   }
   cairo_surface_mark_dirty(surface.get());
 }
@@ -119,43 +128,48 @@ void Twin::DrawPixel(POINT place, std::uint32_t rgb) {
       DrawDot(place, rgb);
       break;
     case DotRing::Meaning::RING:
-      DrawRing(rgb);
+      DrawRing(ring.GetCentre(), ring.GetRadius(), 0.5, rgb);
       break;
     case DotRing::Meaning::PART_OF_RING:
       break;
   }
 }
 
-void Twin::DrawRing(std::uint32_t rgb) {
-  constexpr double MIDDLE = 0.5;
-  SetSource(context.get(), rgb);
-  cairo_new_path(context.get());
-  cairo_set_line_width(context.get(), scale);
-  cairo_arc(context.get(), (ring.GetCentre().x + MIDDLE) * scale,
-            (ring.GetCentre().y + MIDDLE) * scale, ring.GetRadius() * scale, 0,
-            2 * std::numbers::pi);
-  cairo_stroke(context.get());
+void Twin::DrawDot(POINT place, std::uint32_t rgb) {
+  if (place.x >= clip.left && place.x < clip.right && place.y >= clip.top &&
+      place.y < clip.bottom) {
+    DrawRing(place, 0, DOT_RADIUS, rgb);
+  }
 }
 
-void Twin::DrawDot(POINT place, std::uint32_t rgb) {
-  if (place.x < clip.left || place.x >= clip.right || place.y < clip.top ||
-      place.y >= clip.bottom) {
-    return;
-  }
-  if (dot.empty()) {
-    MakeDot();
-  }
-  const int left = static_cast<int>(std::lround((place.x + 0.5) * scale - dotSize / 2.0));
-  const int top = static_cast<int>(std::lround((place.y + 0.5) * scale - dotSize / 2.0));
-  const RECT pixels = Overlap({left, top, left + dotSize, top + dotSize}, pixelClip);
+/// In each row the pixels between the outer and the inner circle are mixed, left and right of the
+/// middle; both circles lie half a pixel beyond the ring's edges.
+void Twin::DrawRing(POINT middle, double radius, double halfWidth, std::uint32_t rgb) {
+  const double x = (middle.x + 0.5) * scale;
+  const double y = (middle.y + 0.5) * scale;
+  const double reach = halfWidth * scale + 0.5;
+  const double outer = radius * scale + reach;
+  const double inner = std::max(radius * scale - reach, 0.0);
+  const LONG bottom = Within(std::ceil(y + outer), pixelClip.top, pixelClip.bottom);
   cairo_surface_flush(surface.get());
-  for (LONG y = pixels.top; y < pixels.bottom; ++y) {
-    const std::uint8_t* coverage =
-        dot.data() + static_cast<std::ptrdiff_t>(y - top) * dotSize - left;
-    std::uint32_t* row = GetRow(y);
-    for (LONG x = pixels.left; x < pixels.right; ++x) {
-      row[x] = MixChannels(row[x], rgb, coverage[x]);
-    }
+  for (LONG row = Within(y - outer, pixelClip.top, pixelClip.bottom); row < bottom; ++row) {
+    const double down = row + 0.5 - y;
+    const double outerHalf = std::sqrt(std::max(outer * outer - down * down, 0.0));
+    const double innerHalf = std::sqrt(std::max(inner * inner - down * down, 0.0));
+    std::uint32_t* line = GetRow(row);
+    LONG column = Within(x - outerHalf, pixelClip.left, pixelClip.right);
+    const auto mixUpTo = [&](double right) {
+      const LONG end = Within(std::ceil(right), pixelClip.left, pixelClip.right);
+      for (; column < end; ++column) {
+        const double across = column + 0.5 - x;
+        const double distance = std::sqrt(across * across + down * down);
+        const double coverage = std::clamp(reach - std::abs(distance - radius * scale), 0.0, 1.0);
+        line[column] = MixChannels(line[column], rgb, coverage);
+      }
+    };
+    mixUpTo(x - innerHalf);
+    column = std::max(column, Within(x + innerHalf, pixelClip.left, pixelClip.right));
+    mixUpTo(x + outerHalf);
   }
   cairo_surface_mark_dirty(surface.get());
 }
@@ -165,22 +179,6 @@ cairo_t* Twin::BeginShape(std::uint32_t rgb) {
   SetSource(context.get(), rgb);
   cairo_new_path(context.get());
   return context.get();
-}
-
-/// Its centre lies where that of a pixel does: in the middle of a screen pixel when the scale is an
-/// odd number, between pixels when it is even.
-void Twin::MakeDot() {
-  constexpr double FULL = 255;
-  const double radius = DOT_RADIUS * scale;
-  const int parity = static_cast<int>(std::lround(scale)) % 2;
-  dotSize = 2 * static_cast<int>(std::ceil(radius)) + parity;
-  for (int y = 0; y < dotSize; ++y) {
-    for (int x = 0; x < dotSize; ++x) {
-      const double distance = std::hypot(x + 0.5 - dotSize / 2.0, y + 0.5 - dotSize / 2.0);
-      dot.push_back(static_cast<std::uint8_t>(
-          std::lround(std::clamp(radius + 0.5 - distance, 0.0, 1.0) * FULL)));
-    }
-  }
 }
 
 }  // namespace handheld::fine

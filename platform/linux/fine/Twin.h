@@ -4,9 +4,9 @@
 #include <cairo.h>
 #include <windows.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <vector>
 
 #include "fine/DotRing.h"
 
@@ -59,8 +59,8 @@ class Twin {
   cairo_t* BeginShape(std::uint32_t rgb);
 
  private:
-  void MakeDot();
-  void DrawRing(std::uint32_t rgb);
+  /// Radius and width are logical pixels. A dot is a ring without a radius.
+  void DrawRing(POINT middle, double radius, double halfWidth, std::uint32_t rgb);
 
   const int width;
   const int height;
@@ -72,9 +72,9 @@ class Twin {
   /// In logical pixels and in those of the screen.
   RECT clip;
   RECT pixelClip;
-  /// Coverage of a dot's pixels, 0 to 255: `dotSize` rows of as many.
-  std::vector<std::uint8_t> dot;
-  int dotSize = 0;
+  /// Of the surface, with the bytes from row to row.
+  std::uint8_t* const pixels;
+  const std::ptrdiff_t stride;
   DotRing ring;
 };
 
