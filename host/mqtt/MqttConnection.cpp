@@ -1,5 +1,8 @@
 #include "mqtt/MqttConnection.h"
 
+#include <poll.h>
+#include <sys/socket.h>
+
 #include <cerrno>
 #include <cstring>
 #include <utility>
@@ -90,9 +93,30 @@ void MqttConnection::OnAnswer(int code) {
 
 void MqttConnection::Work(std::chrono::milliseconds longest) {
   constexpr int PACKETS = 1;  // has no effect, but must not be less
-  Check(mosquitto_loop(client.get(), static_cast<int>(longest.count()), PACKETS));
+  if (!isOpen) {
+    AwaitOpen(longest);
+  } else {
+    Check(mosquitto_loop(client.get(), static_cast<int>(longest.count()), PACKETS));
+  }
   if (!isConnected && trouble.empty() && Clock::now() - begin > PATIENCE) {
     trouble = "no answer";
+  }
+}
+
+/// A library that encrypts takes a connection that is refused for a busy one, and tries without a
+/// pause.
+void MqttConnection::AwaitOpen(std::chrono::milliseconds longest) {
+  pollfd wait = {mosquitto_socket(client.get()), POLLOUT, 0};
+  if (poll(&wait, 1, static_cast<int>(longest.count())) <= 0) {
+    return;
+  }
+  isOpen = (wait.revents & (POLLERR | POLLHUP)) == 0;
+  if (!isOpen) {
+    int error = 0;
+    socklen_t size = sizeof error;
+    getsockopt(wait.fd, SOL_SOCKET, SO_ERROR, &error, &size);
+    // The library has taken the reason of a refusal that came at once.
+    trouble = std::strerror(error == 0 ? ECONNREFUSED : error);
   }
 }
 

@@ -49,12 +49,15 @@ class MqttConnection {
 
   void SetUp(const Broker& broker, const MqttMessage& lastWill);
   void SetTrust(const std::string& file);
+  void AwaitOpen(std::chrono::milliseconds longest);
   void OnAnswer(int code);
   void Check(int result);
   std::string Explain(int result) const;
 
   std::unique_ptr<mosquitto, Destroy> client;
   const Clock::time_point begin = Clock::now();
+  /// The broker's machine has taken the connection.
+  bool isOpen = false;
   bool isConnected = false;
   std::string trouble;
   /// What the encryption complains about.

@@ -18,15 +18,10 @@ from program_test_case import PATIENCE, ProgramTestCase, run_tests
 sys.path.insert(1, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "siblings"))
 from harness import free_port  # noqa: E402
 
+from nmea import sentence  # noqa: E402
+
 BROKER = shutil.which("mosquitto", path=os.environ.get("PATH", "") + ":/usr/sbin")
 RETAINED = 5  # status, state and three messages for Home Assistant
-
-
-def sentence(body):
-    checksum = 0
-    for byte in body.encode():
-        checksum ^= byte
-    return "$%s*%02X\r\n" % (body, checksum)
 
 
 def rmc(second, status="A"):
@@ -83,9 +78,9 @@ class MqttTest(ProgramTestCase):
         self.addCleanup(self.end, process)
         return process
 
-    def run_to_broker(self, *arguments, text=None):
+    def run_to_broker(self, *arguments, text=None, status=0):
         result = self.run_host("--no-window", "--mqtt", self.address, "--mqtt-id", "box", *arguments, text=text)
-        self.assertEqual(result.returncode, 0, result.stderr)
+        self.assertEqual(result.returncode, status, result.stderr)
         return result.stderr
 
     def test_leaves_the_last_state_without_texts(self):
@@ -106,6 +101,34 @@ class MqttTest(ProgramTestCase):
         self.run_to_broker("--nmea", "-", text=rmc(0) + rmc(1, "V"))
         state = json.loads(self.read(1, topic="ferolin/box/state")["ferolin/box/state"])
         self.assertEqual([state[key] for key in ("fix", "lat", "lon", "speed_mps")], [False, None, None, None])
+
+    def reader(self, *options):
+        """Of a lasting session, as a reader of the history has it."""
+        return ["mosquitto_sub", "-p", str(self.port), "-c", "-i", "office", "-q", "1", "-t", "ferolin/+/history", *options]
+
+    def test_history_has_each_position_and_the_loss_of_it_once(self):
+        self.start_broker()
+        subprocess.run(self.reader("-E"), check=True, timeout=PATIENCE)
+        # The first moment is told at once and the last one at the end, those between every 5 s.
+        for moments in ("AV", "VV", "A", "A" * 30):
+            self.run_to_broker("--nmea", "-", text="".join(rmc(second, each) for second, each in enumerate(moments)),
+                               status=0 if "A" in moments else 1)
+        result = subprocess.run(self.reader("-C", "5", "-W", str(PATIENCE)), capture_output=True, check=True)
+        states = [json.loads(line) for line in result.stdout.splitlines()]
+        self.assertEqual([(state["number"], state["fix"]) for state in states[:4]],
+                         [(1, True), (2, False), (3, True), (4, True)])
+        # Some thirty of them would be those of the last run that are less than 5 s apart.
+        waiting = subprocess.run(self.reader("-W", "1"), capture_output=True, check=False).stdout.splitlines()
+        self.assertLess(len(states) + len(waiting), 20)
+        self.assertEqual(list(states[0])[:5], ["series", "number", "update", "time", "fix"])
+        self.assertEqual(states[1]["lat"], None)
+        self.assertEqual(len({state["series"] for state in states}), 1)
+
+    def test_has_usual_ports(self):
+        # No broker of the machine listens at this address.
+        for options, port in (([], 1883), (["--mqtt-tls"], 8883)):
+            result = self.run_host("--no-window", "--demo", "--mqtt", "127.80.70.60", *options)
+            self.assertIn("cannot reach the MQTT broker 127.80.70.60:%d: Connection refused; " % port, result.stderr)
 
     def test_is_found_by_home_assistant(self):
         self.start_broker()
@@ -182,20 +205,40 @@ class MqttTest(ProgramTestCase):
             self.assertEqual((result.returncode, result.stderr),
                              (1, "ferolin-host: cannot read %s: No such file or directory\n" % self.path("none")))
 
+    def make_certificate(self, name, place):
+        subprocess.run(["openssl", "req", "-x509", "-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:prime256v1",
+                        "-nodes", "-days", "2", "-subj", "/CN=box", "-addext", "subjectAltName=" + place,
+                        "-keyout", self.path(name + ".key"), "-out", self.path(name + ".pem")],
+                       check=True, capture_output=True)
+
+    def start_tls_broker(self):
+        self.start_broker("certfile " + self.path("server.pem"), "keyfile " + self.path("server.key"))
+
     @unittest.skipUnless(shutil.which("openssl"), "openssl is not installed")
     def test_speaks_tls_with_those_whom_it_trusts(self):
         for name in ("server", "stranger"):
-            subprocess.run(["openssl", "req", "-x509", "-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:prime256v1",
-                            "-nodes", "-days", "2", "-subj", "/CN=127.0.0.1", "-addext", "subjectAltName=IP:127.0.0.1",
-                            "-keyout", self.path(name + ".key"), "-out", self.path(name + ".pem")],
-                           check=True, capture_output=True)
-        self.start_broker("certfile " + self.path("server.pem"), "keyfile " + self.path("server.key"))
+            self.make_certificate(name, "IP:127.0.0.1")
+        self.start_tls_broker()
         said = self.run_to_broker("--demo", "--mqtt-tls", self.path("server.pem"))
         self.assertIn("is connected", said)
         for trusted in ([self.path("stranger.pem")], []):
             said = self.run_to_broker("--demo", "--mqtt-tls", *trusted)
             self.assertIn("cannot reach the MQTT broker %s: " % self.address, said)
             self.assertIn("certificate verify failed", said)
+
+    def test_tells_a_broker_without_tls(self):
+        self.start_broker()
+        said = self.run_to_broker("--demo", "--mqtt-tls")
+        self.assertRegex(said, "cannot reach the MQTT broker %s: .*; states wait on the disk" % self.address)
+
+    @unittest.skipUnless(shutil.which("openssl"), "openssl is not installed")
+    def test_refuses_certificates_of_other_names(self):
+        self.make_certificate("server", "DNS:box.example.org")
+        self.start_tls_broker()
+        said = self.run_to_broker("--demo", "--mqtt-tls", self.path("server.pem"))
+        self.assertIn("cannot reach the MQTT broker %s: " % self.address, said)
+        self.assertIn("certificate verify failed", said)
+        self.assertNotIn("is connected", said)
 
     def test_keeps_its_name(self):
         self.start_broker()
