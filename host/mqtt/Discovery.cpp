@@ -42,37 +42,55 @@ MqttMessage MakeTracker(const std::string& id) {
   return MakeMessage("device_tracker", id, "position", entity);
 }
 
-MqttMessage MakeSpeed(const std::string& id) {
-  Json entity = Describe(id, "speed");
-  entity["name"] = "Speed";
-  entity["state_topic"] = Topics(id).state;
-  entity["value_template"] = "{{ value_json.speed_mps }}";
-  entity["device_class"] = "speed";
-  entity["state_class"] = "measurement";
-  entity["unit_of_measurement"] = "m/s";
-  entity["suggested_unit_of_measurement"] = "km/h";
-  entity["suggested_display_precision"] = 0;
-  return MakeMessage("sensor", id, "speed", entity);
-}
+/// What Home Assistant is told about a figure of the state.
+struct Figure {
+  const char* key;
+  const char* name;
+  /// In the state.
+  const char* member;
+  const char* deviceClass;
+  const char* stateClass;
+  const char* unit;
+  const char* shownUnit;
+  int shownDecimals;
+};
+
+constexpr Figure SPEED = {.key = "speed",
+                          .name = "Speed",
+                          .member = "speed_mps",
+                          .deviceClass = "speed",
+                          .stateClass = "measurement",
+                          .unit = "m/s",
+                          .shownUnit = "km/h",
+                          .shownDecimals = 0};
 
 /// Starts from zero with every new trip.
-MqttMessage MakeDistance(const std::string& id) {
-  Json entity = Describe(id, "distance");
-  entity["name"] = "Trip distance";
+constexpr Figure DISTANCE = {.key = "distance",
+                             .name = "Trip distance",
+                             .member = "distance_m",
+                             .deviceClass = "distance",
+                             .stateClass = "total_increasing",
+                             .unit = "m",
+                             .shownUnit = "km",
+                             .shownDecimals = 1};
+
+MqttMessage MakeSensor(const std::string& id, const Figure& figure) {
+  Json entity = Describe(id, figure.key);
+  entity["name"] = figure.name;
   entity["state_topic"] = Topics(id).state;
-  entity["value_template"] = "{{ value_json.distance_m }}";
-  entity["device_class"] = "distance";
-  entity["state_class"] = "total_increasing";
-  entity["unit_of_measurement"] = "m";
-  entity["suggested_unit_of_measurement"] = "km";
-  entity["suggested_display_precision"] = 1;
-  return MakeMessage("sensor", id, "distance", entity);
+  entity["value_template"] = std::string("{{ value_json.") + figure.member + " }}";
+  entity["device_class"] = figure.deviceClass;
+  entity["state_class"] = figure.stateClass;
+  entity["unit_of_measurement"] = figure.unit;
+  entity["suggested_unit_of_measurement"] = figure.shownUnit;
+  entity["suggested_display_precision"] = figure.shownDecimals;
+  return MakeMessage("sensor", id, figure.key, entity);
 }
 
 }  // namespace
 
 std::vector<MqttMessage> MakeDiscovery(const std::string& id) {
-  return {MakeTracker(id), MakeSpeed(id), MakeDistance(id)};
+  return {MakeTracker(id), MakeSensor(id, SPEED), MakeSensor(id, DISTANCE)};
 }
 
 }  // namespace host
