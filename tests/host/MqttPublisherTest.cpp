@@ -4,6 +4,8 @@
 
 #include "TestBroker.h"
 #include "TestFolder.h"
+#include "base/FileDescriptor.h"
+#include "drives/DriveStore.h"
 #include "mqtt/MqttPublisher.h"
 
 namespace host {
@@ -20,12 +22,15 @@ class MqttPublisherTest : public testing::Test {
   }
 
   std::unique_ptr<MqttPublisher> Start(std::int64_t mostKept = StateQueue::MOST_KEPT) const {
+    return Start(mostKept, folder.GetPath());
+  }
+
+  std::unique_ptr<MqttPublisher> Start(std::int64_t mostKept, const std::string& home) const {
     Broker broker;
     broker.host = "127.0.0.1";
     broker.port = server.GetPort();
     broker.id = "box";
-    return std::make_unique<MqttPublisher>(
-        broker, std::make_unique<StateQueue>(folder.GetPath(), mostKept));
+    return std::make_unique<MqttPublisher>(broker, std::make_unique<StateQueue>(home, mostKept));
   }
 
   /// Gives {"n":first} to {"n":last} to the history.
@@ -66,6 +71,11 @@ class MqttPublisherTest : public testing::Test {
       numbers.push_back(number);
     }
     return numbers;
+  }
+
+  /// Changes the file of the states behind the publisher's back.
+  void ChangeFile(const char* sql) const {
+    Database(folder.GetPath(), DriveStore::FILE_NAME, Database::Missing::REFUSE).Execute(sql);
   }
 
   static bool AwaitNews(MqttPublisher& publisher, const std::string& part) {
@@ -146,6 +156,7 @@ TEST_F(MqttPublisherTest, SendsAgainWhatAKilledBrokerHasNotAcknowledged) {
   server.Start();
   ASSERT_TRUE(reader.AwaitLine(HistoryOf(40, 40)));
   EXPECT_EQ(FromOneTo(40), CountNumbers(reader));
+  EXPECT_TRUE(reader.AwaitLine("ferolin/box/state {\"n\":40}"));
 }
 
 TEST_F(MqttPublisherTest, ReachesABrokerThatStartsLater) {
@@ -182,6 +193,70 @@ TEST_F(MqttPublisherTest, GivesTheOldestStatesUpWhenThereAreTooMany) {
   const auto next = Start();
   ASSERT_TRUE(reader.AwaitLine(HistoryOf(8, 8)));
   EXPECT_EQ((std::vector<int>{4, 5, 6, 7, 8}), CountNumbers(reader));
+}
+
+TEST_F(MqttPublisherTest, HoldsStatesInMemoryWhileTheDiskTakesNone) {
+  server.Start();
+  const TestBroker::Reader reader(server, "reader", "ferolin/#");
+  const auto publisher = Start();
+  ASSERT_TRUE(AwaitNews(*publisher, "is connected"));
+  ChangeFile("ALTER TABLE states RENAME TO away");
+  Take(*publisher, 1, 1);
+  EXPECT_TRUE(AwaitNews(*publisher, "states for the MQTT broker cannot be kept at present: "));
+  Take(*publisher, 2, 2);
+  EXPECT_TRUE(reader.AwaitLine("ferolin/box/state {\"n\":2}"));
+  EXPECT_EQ((std::vector<std::string>{}), publisher->TakeNews());
+  ChangeFile("ALTER TABLE away RENAME TO states");
+  Take(*publisher, 3, 3);
+  EXPECT_TRUE(reader.AwaitLine(HistoryOf(3, 3)));
+  EXPECT_EQ(FromOneTo(3), CountNumbers(reader));
+}
+
+/// An hour of them.
+TEST_F(MqttPublisherTest, HoldsNoMoreThanSevenHundredAndTwentyInMemory) {
+  const auto publisher = Start();
+  ChangeFile("ALTER TABLE states RENAME TO away");
+  Take(*publisher, 1, 721);
+  EXPECT_TRUE(AwaitNews(*publisher, "the oldest ones are given up"));
+  ChangeFile("ALTER TABLE away RENAME TO states");
+  Take(*publisher, 722, 722);
+  publisher->Finish();
+  StateQueue queue(folder.GetPath());
+  EXPECT_EQ(721, queue.Count());
+  EXPECT_EQ(StateOf(2), queue.Read(0, 1).front().text);
+}
+
+TEST_F(MqttPublisherTest, EndsSoonWhenTheBrokerSaysNothing) {
+  server.Start();
+  const auto publisher = Start();
+  ASSERT_TRUE(AwaitNews(*publisher, "is connected"));
+  server.Freeze();
+  Take(*publisher, 1, 1);
+  const auto start = std::chrono::steady_clock::now();
+  publisher->Finish();
+  const auto lasted = std::chrono::steady_clock::now() - start;
+  EXPECT_GE(lasted, std::chrono::seconds(3));
+  EXPECT_LT(lasted, std::chrono::minutes(1));
+  EXPECT_EQ(1, StateQueue(folder.GetPath()).Count());
+}
+
+TEST_F(MqttPublisherTest, LeavesABrokerThatHangsUpAloneForASecond) {
+  const FileDescriptor listener(server.Listen());
+  const auto publisher = Start();
+  const auto start = std::chrono::steady_clock::now();
+  for (int i = 0; i < 2; ++i) {
+    close(accept(listener.Get(), nullptr, nullptr));
+  }
+  EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+}
+
+TEST_F(MqttPublisherTest, IsThrownOutByABoxOfTheSameName) {
+  server.Start();
+  const auto publisher = Start();
+  ASSERT_TRUE(AwaitNews(*publisher, "is connected"));
+  const TestFolder other;
+  const auto twin = Start(StateQueue::MOST_KEPT, other.GetPath());
+  EXPECT_TRUE(AwaitNews(*publisher, "is gone: the connection is lost; states wait on the disk"));
 }
 
 }  // namespace

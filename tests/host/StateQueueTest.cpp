@@ -59,6 +59,13 @@ TEST_F(StateQueueTest, GivesTheOldestUpWhenThereAreTooMany) {
   EXPECT_EQ("5 e, 6 f, 7 g", Describe(queue));
 }
 
+/// 14 hours of driving at a state every 5 s.
+TEST_F(StateQueueTest, KeepsTenThousand) {
+  StateQueue queue(folder.GetPath());
+  EXPECT_EQ(1, queue.Add(std::vector<std::string>(10001, "a"), 0));
+  EXPECT_EQ(10000, queue.Count());
+}
+
 TEST_F(StateQueueTest, HasAnotherSeriesInEveryNewFile) {
   const TestFolder other;
   const std::string series = StateQueue(folder.GetPath()).GetSeries();

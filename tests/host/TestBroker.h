@@ -96,6 +96,15 @@ class TestBroker {
     ASSERT_TRUE(Await([this] { return Answers(); })) << "mosquitto does not start";
   }
 
+  /// A socket that listens in the broker's place.
+  int Listen() const {
+    const int listener = socket(AF_INET, SOCK_STREAM, 0);
+    const sockaddr_in address = Address(port);
+    EXPECT_EQ(0, bind(listener, reinterpret_cast<const sockaddr*>(&address), sizeof address));
+    EXPECT_EQ(0, listen(listener, 1));
+    return listener;
+  }
+
   /// Ends it; it saves what its readers have not got.
   void Stop() { program->End(SIGTERM); }
 

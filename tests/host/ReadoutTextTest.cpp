@@ -1,0 +1,61 @@
+#include <gtest/gtest.h>
+
+#include "web/ReadoutText.h"
+
+namespace host {
+namespace {
+
+using namespace std::chrono_literals;
+
+const WebTime START(1h);
+
+/// An update with a fix, both at the start.
+Snapshot Fixed() {
+  Snapshot snapshot;
+  snapshot.update.number = 1;
+  snapshot.update.fix = Fix{.timeMs = 0,
+                            .hasFix = true,
+                            .latitude = 55.75,
+                            .longitude = -37.6,
+                            .speedKmh = 36,
+                            .course = 90};
+  snapshot.lastFix = START;
+  snapshot.lastHeard = START;
+  return snapshot;
+}
+
+bool Has(const std::string& text, const std::string& part) {
+  return text.find(part) != std::string::npos;
+}
+
+TEST(ReadoutText, HasAPositionForThreeSeconds) {
+  const std::string young = DescribeReadouts(Fixed(), START + 3s);
+  EXPECT_TRUE(Has(young, R"("lat":55.75,"lon":-37.6,)")) << young;
+  EXPECT_TRUE(Has(young, R"("speed_mps":10.0,"course_deg":90.0,)")) << young;
+  EXPECT_TRUE(young.ends_with(R"("fix_age_s":3.0,"receiver":"ok"})")) << young;
+  const std::string old = DescribeReadouts(Fixed(), START + 3100ms);
+  EXPECT_TRUE(Has(old, R"("lat":null,"lon":null,)")) << old;
+  EXPECT_TRUE(Has(old, R"("speed_mps":null,"course_deg":null,)")) << old;
+  EXPECT_TRUE(old.ends_with(R"("fix_age_s":3.1,"receiver":"silent"})")) << old;
+}
+
+TEST(ReadoutText, TellsAReceiverWithoutAPositionFromASilentOne) {
+  Snapshot snapshot = Fixed();
+  snapshot.update.fix->hasFix = false;
+  EXPECT_EQ(ReceiverState::NO_FIX, FindReceiverState(snapshot, START + 3s));
+  EXPECT_EQ(ReceiverState::SILENT, FindReceiverState(snapshot, START + 3001ms));
+  snapshot.update.fix.reset();
+  EXPECT_EQ(ReceiverState::NO_FIX, FindReceiverState(snapshot, START));
+  snapshot.update.notice = "no data for 3 s";
+  EXPECT_EQ(ReceiverState::SILENT, FindReceiverState(snapshot, START));
+}
+
+TEST(ReadoutText, HasNoAgeBeforeTheFirstFix) {
+  Snapshot snapshot;
+  snapshot.lastHeard = START;
+  const std::string text = DescribeReadouts(snapshot, START);
+  EXPECT_TRUE(text.ends_with(R"(,"fix_age_s":null,"receiver":"no fix"})")) << text;
+}
+
+}  // namespace
+}  // namespace host
