@@ -16,6 +16,8 @@ struct Reply {
   std::string type = "text/plain; charset=utf-8";
   std::string body;
   std::vector<std::pair<std::string, std::string>> headers;
+  /// Whether a browser may keep the reply: "no-cache" is to ask again whether it is still the same.
+  const char* caching = "no-store";
   /// In place of the body when it is not null.
   std::shared_ptr<FileDescriptor> file;
   /// Gives the real reply, but takes long. Must not touch what belongs to the server's thread.

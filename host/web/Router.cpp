@@ -51,7 +51,7 @@ Reply AnswerFile(const EmbeddedFile& file, const Request& request) {
   Reply reply;
   reply.type = file.type;
   reply.headers.emplace_back("ETag", file.tag);
-  reply.headers.emplace_back("Cache-Control", "no-cache");
+  reply.caching = "no-cache";
   if (request.GetHeader("If-None-Match") == file.tag) {
     reply.status = NOT_MODIFIED;
   } else {
@@ -152,9 +152,7 @@ Reply Router::Answer(const Request& request) {
   if (const EmbeddedFile* const file = FindFile(request.GetPath())) {
     return AnswerFile(*file, request);
   }
-  Reply reply = (this->*FindRoute(request.GetPath())->answer)(request);
-  reply.headers.emplace_back("Cache-Control", "no-store");
-  return reply;
+  return (this->*FindRoute(request.GetPath())->answer)(request);
 }
 
 Reply Router::AnswerReadouts(const Request& /*request*/) {

@@ -414,6 +414,7 @@ MHD_Result WebServer::Queue(MHD_Connection* connection, const Reply& reply,
   for (const auto& [name, value] : COMMON_HEADERS) {
     MHD_add_response_header(response, name, value);
   }
+  MHD_add_response_header(response, MHD_HTTP_HEADER_CACHE_CONTROL, reply.caching);
   for (const auto& [name, value] : reply.headers) {
     MHD_add_response_header(response, name.c_str(), value.c_str());
   }

@@ -1,6 +1,7 @@
 #include <arpa/inet.h>
 #include <gtest/gtest.h>
 #include <netinet/in.h>
+#include <netinet/tcp.h>
 #include <sys/socket.h>
 
 #include <array>
@@ -74,6 +75,22 @@ TEST(Connections, ThisMachineHasAnyNumber) {
     connections.Add(local.Get(), -1, {});
   }
   EXPECT_TRUE(connections.MayConnect(local.Get()));
+}
+
+/// What was sent to a client that vanished is given up after ten seconds.
+TEST(Connections, WaitsTenSecondsForWhatWasSent) {
+  const FileDescriptor connection(socket(AF_INET, SOCK_STREAM, 0));
+  Connections connections;
+  connections.Add(Address("192.168.1.2").Get(), connection.Get(), {});
+  const auto get = [&](int level, int option) {
+    int value = 0;
+    socklen_t size = sizeof value;
+    EXPECT_EQ(0, getsockopt(connection.Get(), level, option, &value, &size));
+    return value;
+  };
+  EXPECT_EQ(10000, get(IPPROTO_TCP, TCP_USER_TIMEOUT));
+  // The system doubles it, for what it needs itself, and grows other buffers to megabytes.
+  EXPECT_EQ(2 * 128 * 1024, get(SOL_SOCKET, SO_SNDBUF));
 }
 
 TEST(Connections, EndsThoseThatSayNothing) {

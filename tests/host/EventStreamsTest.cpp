@@ -84,12 +84,14 @@ TEST_F(EventStreamsTest, TellsOthersNothingThatIsForOne) {
 
 TEST_F(EventStreamsTest, BeatsWhenNothingWasSent) {
   const auto stream = Add("a");
+  const auto before = std::chrono::steady_clock::now();
   EXPECT_EQ("HU", Read(*stream, 2));
-  const auto now = std::chrono::steady_clock::now();
-  streams.Beat(now);
-  streams.Beat(now + 10s);
-  streams.Beat(now + 10s);
-  streams.End();
+  streams.Beat(before + 2s);
+  stream->End();
+  EXPECT_EQ("", Read(*stream, 9));
+  const auto after = std::chrono::steady_clock::now();
+  streams.Beat(after + 2001ms);
+  streams.Beat(after + 2001ms);
   EXPECT_EQ("U", Read(*stream, 9));
 }
 

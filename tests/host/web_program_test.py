@@ -7,7 +7,9 @@ usage: web_program_test.py PROGRAM [unittest arguments]
 import http.client
 import json
 import os
+import pty
 import re
+import select
 import signal
 import socket
 import ssl
@@ -19,16 +21,24 @@ import xml.etree.ElementTree
 
 from program_test_case import PATIENCE, ProgramTestCase, run_tests
 
+from nmea import sentence
+
 LINK = re.compile(r"(https?)://(\[[^]]*\]|[^:/ ]+):(\d+)/(?:\?key=(\w+))?")
 PERIOD = 0.1
 MOST_STREAMS = 32
+MOST_CONNECTIONS = 96
+# Of each client of the network.
+MOST_STREAMS_OF_ONE = 8
+MOST_CONNECTIONS_OF_ONE = 16
 
-
-def sentence(body):
-    checksum = 0
-    for byte in body.encode():
-        checksum ^= byte
-    return "$%s*%02X\r\n" % (body, checksum)
+PROTECTION = {
+    "X-Content-Type-Options": "nosniff", "X-Frame-Options": "DENY", "Referrer-Policy": "no-referrer",
+    "Cross-Origin-Resource-Policy": "same-origin", "Cross-Origin-Opener-Policy": "same-origin",
+}
+CONTENT_POLICY = {
+    "default-src": "'none'", "script-src": "'self'", "style-src": "'self'", "img-src": "'self' blob:", "connect-src": "'self'",
+    "base-uri": "'none'", "form-action": "'none'", "frame-ancestors": "'none'",
+}
 
 
 def moment(second, status="A"):
@@ -172,13 +182,22 @@ class Pages(WebTest):
             self.assertEqual(reply.status, 200, path)
             self.assertTrue(reply.headers["Content-Type"].startswith(kind), path)
             self.assertGreater(len(reply.body), 0)
-            self.assertIn("default-src 'none'", reply.headers["Content-Security-Policy"])
-            self.assertIn("frame-ancestors 'none'", reply.headers["Content-Security-Policy"])
-            self.assertEqual(reply.headers["X-Content-Type-Options"], "nosniff")
+            self.assertEqual(reply.headers["Cache-Control"], "no-cache")
             again = host.ask(path, If_None_Match=reply.headers["ETag"])
             self.assertEqual((again.status, again.body), (304, b""))
             head = host.ask(path, "HEAD")
             self.assertEqual((head.status, head.body), (200, b""))
+
+    def test_every_reply_protects_browsers(self):
+        host = self.start()
+        for path, name, status in (("/", "localhost", 200), ("/api/readouts", "localhost", 200), ("/api/drives", "localhost", 200),
+                                   ("/nothing", "localhost", 404), ("/", "example.org", 421)):
+            reply = host.ask(path, Host=name)
+            self.assertEqual(reply.status, status)
+            policy = dict(each.strip().split(" ", 1) for each in reply.headers["Content-Security-Policy"].split(";"))
+            self.assertEqual(policy, CONTENT_POLICY)
+            self.assertEqual({name: reply.headers[name] for name in PROTECTION}, PROTECTION)
+            self.assertEqual(reply.headers["Cache-Control"], "no-cache" if (path, status) == ("/", 200) else "no-store")
 
     def test_knows_no_other_paths_and_methods(self):
         host = self.start()
@@ -188,7 +207,8 @@ class Pages(WebTest):
             self.assertEqual(host.ask(path).status, 404, path)
         for method, path in (("POST", "/"), ("PUT", "/page.js"), ("DELETE", "/api/drives"), ("GET", "/views/input"),
                              ("OPTIONS", "/views/input"), ("TRACE", "/"), ("HEAD", "/events")):
-            self.assertEqual(host.ask(path, method).status, 405, (method, path))
+            reply = host.ask(path, method)
+            self.assertEqual((reply.status, reply.headers["Allow"]), (405, "POST" if path == "/views/input" else "GET"), (method, path))
 
     def test_serves_on_both_loopbacks(self):
         try:
@@ -198,6 +218,47 @@ class Pages(WebTest):
         host = self.start(web="[::1]:0")
         self.assertEqual(host.name, "[::1]")
         self.assertEqual(host.ask("/").status, 200)
+
+    def test_serves_ipv4_at_the_general_address_of_ipv6(self):
+        try:
+            socket.create_server(("::", 0), family=socket.AF_INET6).close()
+        except OSError:
+            self.skipTest("this machine has no IPv6")
+        host = self.start(web="[::]:0")
+        self.assertEqual(host.ask("/", Authorization="Bearer " + host.keys[0]).status, 200)
+
+    def test_a_terminal_shows_links_and_a_code_for_cameras(self):
+        for web, has_code in (("0.0.0.0:0", True), ("127.0.0.1:0", False)):
+            terminal, slave = pty.openpty()
+            self.addCleanup(os.close, terminal)
+            process = subprocess.Popen(self.command("--demo", "--web", web), env=self.environment(), stdin=subprocess.DEVNULL,
+                                       stdout=slave, stderr=slave)
+            self.addCleanup(self.end, process)
+            os.close(slave)
+            shown = self.read_until(terminal, lambda text: len(LINK.findall(text)) == (2 if has_code else 1))
+            port, key = LINK.findall(shown)[-1][2:]
+            self.wait_for_update(int(port), key)
+            process.send_signal(signal.SIGINT)
+            shown += self.read_until(terminal, lambda text: "updates in " in text)
+            # Black on white, whatever the colours of the terminal are.
+            self.assertEqual("\x1b[30;107m" in shown, has_code)
+            self.assertNotIn("Max speed", shown)
+
+    def read_until(self, terminal, is_all):
+        text = ""
+        while not is_all(text):
+            self.assertTrue(select.select([terminal], [], [], PATIENCE)[0], text)
+            text += os.read(terminal, 65536).decode(errors="replace")
+        return text
+
+    @staticmethod
+    def wait_for_update(port, key):
+        update = 0
+        while update < 2:
+            connection = http.client.HTTPConnection("127.0.0.1", port, timeout=PATIENCE)
+            connection.request("GET", "/api/readouts", headers={"Authorization": "Bearer " + key})
+            update = json.loads(connection.getresponse().read())["update"]
+            connection.close()
 
     def test_a_used_address_ends_the_program(self):
         with socket.create_server(("127.0.0.1", 0)) as other:
@@ -273,20 +334,32 @@ class Data(WebTest):
 
     def test_gives_kept_drives(self):
         text = "".join(moment(second) for second in range(11))
-        self.run_host("--nmea", "-", "--keep", text=text)
+        for _ in range(2):
+            self.run_host("--nmea", "-", "--keep", text=text)
         host = self.start()
-        drive, = json.loads(host.ask("/api/drives").body)
+        drive, _ = json.loads(host.ask("/api/drives").body)
         self.assertEqual((drive["number"], drive["start"], drive["end"], drive["is_ended"]),
                          (1, "2024-06-01T06:00:00.000Z", "2024-06-01T06:00:10.000Z", True))
+        self.assertEqual((drive["source"], drive["moving_s"], drive["stopped_s"]), ("standard input", 10, 0))
         self.assertAlmostEqual(drive["distance_m"], 100, delta=0.01)
         self.assertAlmostEqual(drive["max_speed_mps"], 10, delta=0.001)
         reply = host.ask("/api/drives/1.gpx")
         self.assertEqual(reply.headers["Content-Type"], "application/gpx+xml")
+        self.assertEqual(reply.headers["Content-Disposition"], 'attachment; filename="2024-06-01-060000.gpx"')
         points = xml.etree.ElementTree.fromstring(reply.body).findall(".//{*}trkpt")
         self.assertEqual(len(points), 11)
         self.assertEqual(float(points[0].get("lat")), 55.75)
-        self.assertEqual(host.ask("/api/drives/2.gpx").status, 404)
-        self.assertEqual(host.stream().event()[1]["drives"], 1)
+        self.assertEqual(host.ask("/api/drives/3.gpx").status, 404)
+        self.assertEqual(host.stream().event()[1]["drives"], 2)
+
+    def test_tells_a_drive_that_goes_on(self):
+        host = self.start("--nmea", "-", "--keep", "--rate", "max")
+        stream = host.stream()
+        host.feed(moment(0) + moment(1))
+        stream.wait_for("update", lambda data: data["update"] == 2)
+        while not (drives := json.loads(host.ask("/api/drives").body)):
+            stream.wait_for("update")
+        self.assertEqual([drive["is_ended"] for drive in drives], [False])
 
     def test_has_no_drives_at_first(self):
         self.assertEqual(json.loads(self.start().ask("/api/drives").body), [])
@@ -321,6 +394,12 @@ class Views(WebTest):
         self.assertGreaterEqual(int(reply.headers["X-Frame"]), first["frame"])
         second = self.stream.wait_for("view", lambda data: data["frame"] > first["frame"])
         self.assertEqual(second["view"], first["view"])
+        # The demo has a position a second; the server looks at the picture 60 times a second.
+        last = self.stream.wait_for("update")["update"]
+        frames = set()
+        while (event := self.stream.event())[1].get("update", 0) < last + 2:
+            frames.add(event[1].get("frame"))
+        self.assertLess(len(frames), 20)
 
     def test_changes_the_view_for_all(self):
         other = self.host.stream("/events?views=1")
@@ -416,7 +495,7 @@ class Keys(WebTest):
             self.assertEqual((reply.status, reply.headers["Location"]), (303, path))
             parts = reply.headers["Set-Cookie"].split("; ")
             self.assertEqual(parts[0], self.cookie(self.look))
-            self.assertLessEqual({"HttpOnly", "SameSite=Strict", "Path=/"}, set(parts))
+            self.assertEqual(set(parts[1:]), {"HttpOnly", "SameSite=Strict", "Path=/", "Max-Age=31536000"})
         self.assertEqual(self.host.ask("/", Cookie=parts[0]).status, 200)
         # No key opens a way to other sites.
         self.assertNotIn("Location", self.host.ask("//example.org/?key=" + self.look).headers)
@@ -494,6 +573,8 @@ class Attacks(WebTest):
                                        Sec_Fetch_Dest="iframe").status, 403)
 
     def test_large_bodies_are_refused(self):
+        touch = '{"type":"key","key":"left"}'
+        self.assertEqual(self.host.ask("/views/input", "POST", touch.ljust(4096), Content_Type="application/json").status, 204)
         for size, status in ((4096, 400), (4097, 413), (100_000, 413)):
             reply = self.host.ask("/views/input", "POST", "x" * size, Content_Type="application/json")
             self.assertEqual(reply.status, status, size)
@@ -506,11 +587,14 @@ class Attacks(WebTest):
     def test_odd_requests_do_no_harm(self):
         for text in ("GET / HTTP/9.9\r\n\r\n", "GET /" + "a" * 100_000,
                      "GET / HTTP/1.1\r\nHost: localhost\r\nX: " + "a" * 100_000 + "\r\n\r\n",
+                     "GET / HTTP/1.1\r\nHost: localhost\r\nX: " + "a" * 16_384 + "\r\n\r\n",
                      "GET /%00/etc/passwd HTTP/1.1\r\nHost: localhost\r\n\r\n",
                      "GET http://example.org/ HTTP/1.1\r\nHost: example.org\r\n\r\n",
                      "CONNECT example.org:80 HTTP/1.1\r\nHost: localhost\r\n\r\n"):
             try:
-                self.assertNotIn("root:", self.host.send(text))
+                reply = self.host.send(text)
+                self.assertNotIn("root:", reply)
+                self.assertTrue("%00" in text or re.match("$|HTTP/1.1 [45]", reply), (text[:50], reply[:200]))
             except OSError:
                 pass  # hung up on while it was sending
         # What looks like the beginning of a request is waited for.
@@ -530,13 +614,72 @@ class Attacks(WebTest):
             time.sleep(PERIOD)
         self.assertIsNotNone(self.host.stream().event())
 
-    def test_who_says_nothing_is_sent_away(self):
-        silent = [socket.create_connection((self.host.address, self.host.port), PATIENCE) for _ in range(2)]
-        silent[1].sendall(b"GET / HTTP/1.1\r\nHost: loc")
-        reader = self.host.stream()
-        for connection in silent:
-            self.assertEqual(connection.recv(1)[:0], b"")
+    def test_there_is_an_end_of_connections(self):
+        connections = [self.connect() for _ in range(MOST_CONNECTIONS)]
+        self.addCleanup(lambda: [connection.close() for connection in connections])
+        spare = connections[0]
+        end = time.monotonic() + PATIENCE
+        while self.count_connections(spare) < MOST_CONNECTIONS:
+            self.assertLess(time.monotonic(), end)
+        waiting = self.connect()
+        waiting.request("GET", "/")
+        for _ in range(10):
+            self.assertEqual(self.count_connections(spare), MOST_CONNECTIONS)
+        connections.pop().close()
+        self.assertEqual(waiting.getresponse().status, 200)
+        waiting.close()
+
+    def connect(self):
+        connection = self.host.connect()
+        connection.connect()
+        return connection
+
+    @staticmethod
+    def count_connections(connection):
+        connection.request("GET", "/metrics")
+        return int(re.search(r"^ferolin_web_connections (\d+)", connection.getresponse().read().decode(), re.MULTILINE)[1])
+
+    def test_a_client_of_the_network_has_its_share(self):
+        host = self.start("--demo", "--home", self.path("other"), web="0.0.0.0:0")
+        if host.name.endswith(".local"):
+            self.skipTest("this machine is in no network")
+        key = {"Authorization": "Bearer " + host.keys[0]}
+        host.address = host.name  # as another machine would connect
+        streams = [host.stream(**key) for _ in range(MOST_STREAMS_OF_ONE)]
+        self.assertEqual([stream.response.status for stream in streams], [200] * MOST_STREAMS_OF_ONE)
+        self.assertEqual(host.stream(**key).response.status, 503)
+        others = [socket.create_connection((host.address, host.port), PATIENCE)
+                  for _ in range(MOST_CONNECTIONS_OF_ONE - MOST_STREAMS_OF_ONE)]
+        with self.assertRaises(OSError):
+            host.ask("/", **key)
+        for connection in others:
             connection.close()
+        host.address = "127.0.0.1"
+        self.assertEqual(host.ask("/", **key).status, 200)
+
+    def test_who_asks_for_nothing_is_sent_away(self):
+        silent, partial, slow, slow_again = [socket.create_connection((self.host.address, self.host.port), PATIENCE)
+                                             for _ in range(4)]
+        partial.sendall(b"GET / HTTP/1.1\r\nHost: loc")
+        slow.sendall(b"GET / HTTP/1.1\r\nHost: ")
+        slow_again.sendall(b"GET /icon.svg HTTP/1.1\r\nHost: localhost\r\n\r\nGET / HTTP/1.1\r\nHost: ")
+        reader = self.host.stream()
+        begin = time.monotonic()
+        # A letter a second is something, but no request.
+        waiting = [silent, partial, slow, slow_again]
+        replies = b""
+        while waiting:
+            self.assertLess(time.monotonic(), begin + PATIENCE)
+            for connection in select.select(waiting, [], [], 1)[0]:
+                part = connection.recv(65536)
+                replies += part
+                if not part:
+                    self.assertGreater(time.monotonic(), begin + 5)
+                    waiting.remove(connection)
+                    connection.close()
+            for connection in {slow, slow_again}.intersection(waiting):
+                connection.send(b"a")
+        self.assertEqual(replies.count(b"HTTP/1.1 200 "), 1)
         reader.wait_for("update")
 
     def test_who_reads_nothing_costs_others_nothing(self):
@@ -555,11 +698,19 @@ class Tls(WebTest):
                                "/CN=localhost", "-out", certificate, "-keyout", key], capture_output=True, check=False)
         if made.returncode != 0:
             self.skipTest("openssl makes no certificate")
-        host = self.start("--demo", "--web-tls", certificate, key)
+        for web in ("127.0.0.1:0", "0.0.0.0:0"):
+            self.check_encryption(self.start("--demo", "--home", self.path(web), "--web-tls", certificate, key, web=web))
+
+    def check_encryption(self, host):
+        access = {}
+        if host.keys[0]:
+            cookies = [host.ask("/?key=" + key).headers["Set-Cookie"] for key in host.keys]
+            self.assertTrue(all("Secure" in cookie.split("; ") for cookie in cookies), cookies)
+            access = {"Cookie": cookies[0].split(";")[0]}
         self.assertEqual(host.scheme, "https")
-        self.assertEqual(host.ask("/").status, 200)
-        self.assertEqual(host.ask("/api/readouts", Origin="https://127.0.0.1:%d" % host.port).status, 200)
-        self.assertEqual(host.stream().event()[0], "hello")
+        self.assertEqual(host.ask("/", **access).status, 200)
+        self.assertEqual(host.ask("/api/readouts", Origin="https://127.0.0.1:%d" % host.port, **access).status, 200)
+        self.assertEqual(host.stream(**access).event()[0], "hello")
 
     def test_needs_both_files(self):
         result = self.run_host("--demo", "--web", "0", "--web-tls", self.path("none"), self.path("none"))
