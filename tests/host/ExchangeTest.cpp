@@ -25,7 +25,7 @@ class ExchangeTest : public testing::Test {
 
   static Update MakeUpdate(bool hasFix, const std::string& notice = "") {
     Update update;
-    update.fix = Fix{.hasFix = hasFix};
+    update.fix.emplace().hasFix = hasFix;
     update.notice = notice;
     return update;
   }
@@ -71,13 +71,16 @@ TEST_F(ExchangeTest, RemembersTheLastFixAndTheLastWordOfTheReceiver) {
 }
 
 TEST_F(ExchangeTest, WakesTheServerForListenersOnly) {
+  WebFacts facts;
+  facts.isRussian = true;
   exchange.PutUpdate({}, {});
-  exchange.PutFacts({.isRussian = true});
+  exchange.PutFacts(facts);
   EXPECT_FALSE(IsAwake());
   exchange.SetListeners(1);
-  exchange.PutFacts({.isRussian = true});
+  exchange.PutFacts(facts);
   EXPECT_FALSE(IsAwake());
-  exchange.PutFacts({.isRussian = false, .dpi = 96});
+  facts.dpi = 96;
+  exchange.PutFacts(facts);
   EXPECT_TRUE(IsAwake());
 }
 

@@ -14,8 +14,12 @@ const WebTime START(1h);
 Snapshot Moving() {
   Snapshot snapshot;
   snapshot.update.number = 7;
-  snapshot.update.fix =
-      Fix{.hasFix = true, .latitude = 55.75, .longitude = -37.6, .speedKmh = 36, .satellites = 8};
+  Fix& fix = snapshot.update.fix.emplace();
+  fix.hasFix = true;
+  fix.latitude = 55.75;
+  fix.longitude = -37.6;
+  fix.speedKmh = 36;
+  fix.satellites = 8;
   snapshot.figures.distanceKm = 1.25;
   snapshot.figures.elapsedSeconds = 90;
   snapshot.lastFix = START;

@@ -13,12 +13,13 @@ const WebTime START(1h);
 Snapshot Fixed() {
   Snapshot snapshot;
   snapshot.update.number = 1;
-  snapshot.update.fix = Fix{.timeMs = 0,
-                            .hasFix = true,
-                            .latitude = 55.75,
-                            .longitude = -37.6,
-                            .speedKmh = 36,
-                            .course = 90};
+  Fix& fix = snapshot.update.fix.emplace();
+  fix.timeMs = 0;
+  fix.hasFix = true;
+  fix.latitude = 55.75;
+  fix.longitude = -37.6;
+  fix.speedKmh = 36;
+  fix.course = 90;
   snapshot.lastFix = START;
   snapshot.lastHeard = START;
   return snapshot;
