@@ -40,10 +40,10 @@ TEST(Crt, PrintsDoubles) {
 }
 
 TEST(Crt, PrintsAsPrintfDoes) {
-  const double values[] = {0.0,       -0.0,    0.05,    0.25,    1.005,    9.995,
-                           99.95,     1234.5,  1e15,    1e22,    123456.5, 0.00012,
-                           0.0000999, -0.04,   1e300,   5e-324,  DBL_MAX,  INFINITY,
-                           NAN,       1.0 / 3, 2.0 / 3, 1000000, 999999.5};
+  const double values[] = {0.0,     -0.0,     0.05,    0.25,     1.005,   9.995,     99.95,
+                           1234.5,  1e15,     1e22,    123456.5, 0.00012, 0.0000999, -0.04,
+                           1e300,   5e-324,   DBL_MAX, INFINITY, NAN,     1.0 / 3,   2.0 / 3,
+                           1000000, 999999.5, 999999,  -1000000, 402,     -7};
   for (const char* conversion : {"%f", "%.0f", "%.1f", "%.3f", "%.9f", "%g", "%.0g", "%.3g", "%.9g",
                                  "%8.2f", "%+.1f", "%-6.1f", "%.12g", "%e", "%.1f km"}) {
     for (const double value : values) {

@@ -103,6 +103,13 @@ char* PrintFixed(char* out, std::size_t size, double value, std::size_t decimals
   return out + 1 + decimals;
 }
 
+/// Whether "%g" with this precision prints the value without a decimal point or an exponent.
+bool IsWholeInGeneral(double value, int precision) {
+  constexpr int DIGITS = 6;
+  return precision >= DIGITS && std::fabs(value) < POWERS_OF_TEN[DIGITS] &&
+         value == std::trunc(value);
+}
+
 /// Prints the digits of printf in half its time, as read-outs are printed for every update. No
 /// value where printf has to do it, such as for a text that does not fit.
 std::optional<int> PrintQuickly(char* out, std::size_t size, const char* conversion, double value) {
@@ -110,8 +117,10 @@ std::optional<int> PrintQuickly(char* out, std::size_t size, const char* convers
   if (!wanted || !std::isfinite(value)) {
     return std::nullopt;
   }
-  if (wanted->format == std::chars_format::fixed) {
-    if (char* end = PrintFixed(out, size, value, static_cast<std::size_t>(wanted->precision))) {
+  const bool isFixed = wanted->format == std::chars_format::fixed;
+  if (isFixed || IsWholeInGeneral(value, wanted->precision)) {
+    const int decimals = isFixed ? wanted->precision : 0;
+    if (char* end = PrintFixed(out, size, value, static_cast<std::size_t>(decimals))) {
       *end = 0;
       return static_cast<int>(end - out);
     }
