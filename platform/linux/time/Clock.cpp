@@ -19,8 +19,10 @@ namespace {
 using Calendar::UNITS_PER_SECOND;
 constexpr std::int64_t UNITS_PER_MILLISECOND = 10'000;
 constexpr DWORD INFINITE = 0xFFFFFFFF;
-/// Shorter sleeps only yield: a system call would take longer.
+/// Shorter sleeps only yield, and only once they add up to some time: a system call for each would
+/// take longer, and on a busy machine each yield gives the processor away.
 constexpr double SHORTEST_SLEEP_NS = 1000;
+constexpr double YIELD_INTERVAL_NS = 50'000;
 
 std::int64_t Read(clockid_t clock) {
   timespec now;
@@ -28,9 +30,20 @@ std::int64_t Read(clockid_t clock) {
   return static_cast<std::int64_t>(now.tv_sec) * UNITS_PER_SECOND + now.tv_nsec / 100;
 }
 
+/// A sleep of 0 yields at once.
+void Yield(double nanoseconds) {
+  thread_local double sinceYield = 0;
+  sinceYield += nanoseconds;
+  if (nanoseconds > 0 && sinceYield < YIELD_INTERVAL_NS) {
+    return;
+  }
+  sinceYield = 0;
+  sched_yield();
+}
+
 void SleepNanoseconds(double nanoseconds) {
   if (nanoseconds < SHORTEST_SLEEP_NS) {
-    sched_yield();
+    Yield(nanoseconds);
     return;
   }
   const double seconds = std::floor(nanoseconds / 1e9);
