@@ -37,13 +37,13 @@ def become_root():
         os.execvp(enter[0], [*enter, sys.executable, *sys.argv])
 
 
-def moment(second, date="211126", knots=KNOTS_OF_36_KMH):
+def moment(second, date="211126", knots=KNOTS_OF_36_KMH, status="A"):
     """What a receiver sends about this second of the day, 36 km/h northwards: 10 m a second."""
     clock = "%02d%02d%02d" % (second // 3600, second // 60 % 60, second % 60)
     minutes = second * 0.0054
     place = "%02d%08.5f,N,03730.00000,E" % (10 + minutes // 60, minutes % 60)
     return (sentence("GPGGA,%s,%s,1,08,0.9,150.0,M,14.0,M,," % (clock, place)) +
-            sentence("GPRMC,%s,A,%s,%.3f,000.0,%s,,,A" % (clock, place, knots, date)))
+            sentence("GPRMC,%s,%s,%s,%.3f,000.0,%s,,,A" % (clock, status, place, knots, date)))
 
 
 class Receiver:
@@ -52,6 +52,7 @@ class Receiver:
     def __init__(self, plug, first_second):
         self.plug = plug
         self.first_second = first_second
+        self.has_fix = True
         # When each moment was sent, from `first_second` on.
         self.times = []
         self.master, self.slave = pty.openpty()
@@ -71,7 +72,7 @@ class Receiver:
         waiting = b""
         while not self.is_pulled.wait(PERIOD_S):
             if not waiting:
-                waiting = moment(self.next_second).encode()
+                waiting = moment(self.next_second, status="A" if self.has_fix else "V").encode()
                 self.times.append(time.monotonic())
             with contextlib.suppress(BlockingIOError):
                 waiting = waiting[os.write(self.master, waiting):]

@@ -4,12 +4,15 @@
 usage: application_window_test.py PROGRAM [unittest arguments]
 """
 
+import json
 import os
 import pty
+import re
 import signal
 import subprocess
 import time
 import tty
+import urllib.request
 
 from program_test_case import PATIENCE, ProgramTestCase, run_tests
 
@@ -138,6 +141,28 @@ class ApplicationWindow(ProgramTestCase):
         self.screen.click(CLOSE_X, BUTTON_Y)
         self.assertIn("track written", self.await_end(process))
         self.assertIn("Mirror=1", self.settings())
+
+    def test_keeps_its_size_whatever_browsers_ask_for(self):
+        process = self.start("--web", "127.0.0.1:0")
+        address = re.search(r"http://\S+/", process.stderr.readline()).group()
+        touch = json.dumps({"type": "fit", "width": 400, "height": 300, "dpi": 96}).encode()
+        with urllib.request.urlopen(address + "events?views=1", timeout=PATIENCE) as stream:
+            self.assertFalse(self.await_event(stream, "hello")["may_fit"])
+            request = urllib.request.Request(address + "views/input", touch, {"Content-Type": "application/json"})
+            urllib.request.urlopen(request, timeout=PATIENCE).close()
+            # The picture of the touch comes before the next two.
+            for _ in range(3):
+                view = self.await_event(stream, "view")
+                self.assertEqual((view["width"], view["height"]), (WIDTH, HEIGHT))
+        self.screen.key("q")
+        self.await_end(process)
+
+    @staticmethod
+    def await_event(stream, name):
+        for line in stream:
+            if line.decode().strip() == "event: " + name:
+                return json.loads(stream.readline()[len("data: "):])
+        raise AssertionError("the stream has ended")
 
     def test_the_command_line_s_choices_come_first(self):
         process = self.start("--mirror")

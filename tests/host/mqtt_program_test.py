@@ -120,8 +120,8 @@ class MqttTest(ProgramTestCase):
                 states.append(json.loads(reader.stdout.readline()))
             reader.kill()
         del states[0]
-        self.assertEqual([(state["number"], state["fix"]) for state in states[:4]],
-                         [(1, True), (2, False), (3, True), (4, True)])
+        self.assertEqual([(state["number"], state["fix"], state["time"][-7:]) for state in states[:4]],
+                         [(1, True, "00.000Z"), (2, False, "01.000Z"), (3, True, "00.000Z"), (4, True, "30.000Z")])
         self.assertLess(len(states), 20)
         self.assertEqual(list(states[0])[:5], ["series", "number", "update", "time", "fix"])
         self.assertEqual(states[1]["lat"], None)

@@ -235,7 +235,7 @@ class Pages(WebTest):
                                        stdout=slave, stderr=slave)
             self.addCleanup(self.end, process)
             os.close(slave)
-            shown = self.read_until(terminal, lambda text: len(LINK.findall(text)) == (2 if has_code else 1))
+            shown = self.read_until(terminal, lambda text: len(re.findall(r"http://\S+\r\n", text)) == (2 if has_code else 1))
             port, key = LINK.findall(shown)[-1][2:]
             self.wait_for_update(int(port), key)
             process.send_signal(signal.SIGINT)
@@ -349,7 +349,8 @@ class Data(WebTest):
         points = xml.etree.ElementTree.fromstring(reply.body).findall(".//{*}trkpt")
         self.assertEqual(len(points), 11)
         self.assertEqual(float(points[0].get("lat")), 55.75)
-        self.assertEqual(host.ask("/api/drives/3.gpx").status, 404)
+        for number in ("3", "1x", "x1", "1.", "0x1", "%2B1", "-1", "0", "", "../drives/1", "99999999999999999999"):
+            self.assertEqual(host.ask("/api/drives/%s.gpx" % number).status, 404, number)
         self.assertEqual(host.stream().event()[1]["drives"], 2)
 
     def test_tells_a_drive_that_goes_on(self):
@@ -446,13 +447,15 @@ class Views(WebTest):
         self.assertGreaterEqual(after["elapsed_s"], before["elapsed_s"])
 
     def test_draws_nothing_while_nobody_looks(self):
-        self.stream.wait_for("view")
+        old = self.stream.wait_for("view")
         self.stream.close()
         stream = self.host.stream()
         end = time.monotonic() + PATIENCE
         while self.host.ask("/views/frame.png").status != 503 and time.monotonic() < end:
             stream.wait_for("update")
         self.assertEqual(self.host.ask("/views/frame.png").status, 503)
+        # Who looks next begins with a new picture.
+        self.assertGreater(self.host.stream("/events?views=1").wait_for("view")["frame"], old["frame"])
 
     def test_refuses_what_is_no_touch(self):
         for body in ("", "x", "[]", "{}", '{"type":"down"}', '{"type":"down","x":"1","y":2}', '{"type":"key","key":"f4"}',
@@ -569,8 +572,8 @@ class Attacks(WebTest):
         # A link on another page leads here, but frames do not.
         self.assertEqual(self.host.ask("/", Sec_Fetch_Site="cross-site", Sec_Fetch_Mode="navigate",
                                        Sec_Fetch_Dest="document").status, 200)
-        self.assertEqual(self.host.ask("/", Sec_Fetch_Site="cross-site", Sec_Fetch_Mode="navigate",
-                                       Sec_Fetch_Dest="iframe").status, 403)
+        for mode, kind in (("navigate", "iframe"), ("no-cors", "document")):
+            self.assertEqual(self.host.ask("/", Sec_Fetch_Site="cross-site", Sec_Fetch_Mode=mode, Sec_Fetch_Dest=kind).status, 403)
 
     def test_large_bodies_are_refused(self):
         touch = '{"type":"key","key":"left"}'
@@ -581,6 +584,8 @@ class Attacks(WebTest):
         start = "POST /views/input HTTP/1.1\r\nHost: localhost\r\nContent-Type: application/json\r\n"
         self.assertRegex(self.host.send(start + "Content-Length: 99999999999999999999\r\n\r\n"), "^HTTP/1.1 4(00|13) ")
         self.assertIn(" 411 ", self.host.send(start + "Transfer-Encoding: chunked\r\n\r\n5\r\nhello\r\n0\r\n\r\n"))
+        self.assertIn(" 411 ", self.host.send(start + "Content-Length: 5\r\nTransfer-Encoding: chunked\r\n\r\n5\r\nhello\r\n0\r\n\r\n"))
+        self.assertIn(" 411 ", self.host.send("GET / HTTP/1.1\r\nHost: localhost\r\nTransfer-Encoding: chunked\r\n\r\n"))
         self.assertIn(" 411 ", self.host.send(start + "\r\n"))
         self.assertIn(" 413 ", self.host.send("GET / HTTP/1.1\r\nHost: localhost\r\nContent-Length: 5\r\n\r\nhello"))
 

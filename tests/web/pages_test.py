@@ -5,6 +5,7 @@ usage: pages_test.py PROGRAM [unittest arguments]
 """
 
 import glob
+import math
 import os
 import re
 import sys
@@ -95,8 +96,8 @@ class PagesCase(FaultCase):
         self.phone.console()  # what an earlier page wrote
         self.phone.open(self.address)
 
-    def start_web(self, address):
-        return self.start_drive("--web", address, "--limit", "30")
+    def start_web(self, address, *arguments):
+        return self.start_drive("--web", address, "--limit", "30", *arguments)
 
     def find_address(self, host):
         def find():
@@ -144,6 +145,30 @@ class Looks(PagesCase):
         self.assertEqual(self.phone.text(".dial-sign text"), "30")
         self.choose("warnings", "false")
         self.assertFalse(self.phone.evaluate("return document.body.classList.contains('over')"))
+
+    def test_speed_view_has_the_sign_too(self):
+        self.await_text("#figure", "36")
+        self.phone.click("#next")
+        self.assertEqual(self.phone.text("#large-sign"), "30")
+        self.assertTrue(self.phone.is_shown("#large-sign"))
+        self.choose("warnings", "false")
+        self.assertFalse(self.phone.is_shown("#large-sign"))
+
+    def test_dial_has_a_line_for_the_limit_and_marks_for_the_trip(self):
+        self.await_text("#figure", "36")
+        # 80 km/h lie 260 degrees from 0, which is at 140; 30 are at 237.5 and 36 at 257.
+        self.choose("range", "80")
+        for line, angle in ((".limit", 237.5), (".mark.average", 257), (".mark.maximum", 257)):
+            with self.subTest(line):
+                x, y = map(float, re.match(r"M([-\d.]+) ([-\d.]+)", self.phone.evaluate(
+                    "return document.querySelector(arguments[0]).getAttribute('d')", line)).groups())
+                self.assertAlmostEqual(math.degrees(math.atan2(y - 200, x - 200)) % 360, angle, delta=0.5)
+        self.phone.open(self.address)
+        self.await_text("#figure", "36")
+        self.assertEqual(self.phone.evaluate("var all = document.querySelectorAll('#dial .number');"
+                                             "return all[all.length - 1].textContent;"), "80")
+        self.choose("warnings", "false")
+        self.assertTrue(self.phone.evaluate("return !document.querySelector('.limit')"))
 
     def test_units_are_converted_and_kept(self):
         self.await_text("#figure", "36")
@@ -197,6 +222,29 @@ class Hands(PagesCase):
         self.assertEqual(self.shown_view(), ["dial"])
 
 
+    def test_keys_do_what_buttons_do(self):
+        day = self.phone.style("body", "color")
+        self.phone.press("n")
+        night = self.phone.style("body", "color")
+        self.assertNotEqual(night, day)
+        self.phone.open(self.address)
+        self.assertEqual(self.phone.style("body", "color"), night)
+        self.phone.click("#night")
+        self.assertEqual(self.phone.style("body", "color"), day)
+        self.phone.press("h")
+        self.assertEqual(self.phone.style("#stage", "transform"), "matrix(-1, 0, 0, 1, 0, 0)")
+        self.phone.press("h")
+        self.assertEqual(self.phone.style("#stage", "transform"), "none")
+        self.phone.press("\ue014")  # Right
+        self.assertEqual(self.shown_view(), ["speed"])
+        self.phone.press("\ue012")  # Left
+        self.assertEqual(self.shown_view(), ["dial"])
+        self.phone.click("#open-settings")
+        self.assertTrue(self.phone.is_shown("#settings"))
+        self.phone.press("\ue00c")  # Escape
+        self.assertFalse(self.phone.is_shown("#settings"))
+
+
 class EngineViews(PagesCase):
     def setUp(self):
         super().setUp()
@@ -226,6 +274,17 @@ class EngineViews(PagesCase):
         self.wait_until(lambda: self.phone.address() == self.address, self.phone.address)
         self.assertIsNone(self.host.process.poll())
 
+    def test_a_finger_switches_them_and_q_leaves(self):
+        area = self.phone.evaluate("var area = document.getElementById('picture').getBoundingClientRect();"
+                                   "return [area.left, area.top, area.width, area.height];")
+        middle = round(area[1] + area[3] / 2)
+        self.phone.swipe((round(area[0] + 0.9 * area[2]), middle), (round(area[0] + 0.1 * area[2]), middle))
+        self.await_view(self.first)
+        self.phone.press("q")
+        self.wait_until(lambda: self.phone.address() == self.address, self.phone.address)
+        self.phone.click("#engine")
+        self.wait_until(lambda: self.phone.address() == self.address + "views", self.phone.address)
+
     def test_picture_is_fitted_to_the_screen(self):
         stage = self.phone.evaluate("var stage = document.getElementById('stage');"
                                     "return [stage.clientWidth, stage.clientHeight];")
@@ -247,6 +306,14 @@ class GoneAway(PagesCase):
         self.plug_in()
         self.await_text("#figure", "36")
 
+    def test_receiver_without_a_fix_is_told(self):
+        self.await_text("#figure", "36")
+        self.receiver.has_fix = False
+        self.await_text("#state", "No fix")
+        self.assertEqual(self.phone.text("#figure"), "– –")
+        self.receiver.has_fix = True
+        self.await_text("#state", "GPS OK")
+
     def test_box_that_ends_is_told_and_found_again(self):
         self.await_text("#figure", "36")
         self.host.stop()
@@ -266,6 +333,44 @@ class GoneAway(PagesCase):
         self.wait_until(lambda: self.metric("ferolin_web_streams") == 1, lambda: "streams are left")
         self.phone.show_tab(tabs[0])
         self.await_text("#state", "GPS OK")
+
+
+class FirstLook(FaultCase):
+    """A phone that has never been here."""
+
+    def setUp(self):
+        super().setUp()
+        self.driver = browser.Driver()
+        self.addCleanup(self.driver.close)
+        self.phone = browser.Browser(self.driver)
+        self.addCleanup(self.phone.close)
+
+    def open(self, address, *arguments):
+        host = self.start_host("--demo", "--rate", "1", "--web", address, *arguments)
+        self.await_words(host, "/\n" if address.startswith("127.") else "touch: http")
+        link = re.search(r"http://\S+", host.said()).group()
+        self.phone.open(link)
+        return link
+
+    def test_has_the_language_of_the_program(self):
+        self.open("127.0.0.1:0", "--lang", "ru")
+        self.wait_until(lambda: self.phone.evaluate("return document.documentElement.lang") == "ru",
+                        lambda: "no Russian")
+        self.assertEqual(self.phone.text("#settings h1"), "Настройки")
+
+    def test_tells_that_the_display_may_go_dark_without_https(self):
+        link = self.open("0.0.0.0:0")
+        if ".local:" in link:
+            self.skipTest("this machine is in no network")
+        self.wait_until(lambda: self.phone.is_shown("#hint"), lambda: "no hint")
+        self.assertIn("only over https", self.phone.text("#hint p"))
+        # The key is not left where others see it.
+        self.assertNotIn("key", self.phone.address())
+        self.phone.click("#hint button")
+        self.assertFalse(self.phone.is_shown("#hint"))
+        self.phone.open(self.phone.address())
+        self.wait_until(lambda: self.phone.text("#version") != "", lambda: "no hello")
+        self.assertFalse(self.phone.is_shown("#hint"))
 
 
 class Scripts(FaultCase):
