@@ -297,6 +297,7 @@ class Data(WebTest):
         metrics = host.ask("/metrics").body.decode()
         self.assertIn("\nferolin_trip_distance_metres 40.000\n", metrics)
         self.assertIn("\nferolin_web_streams 1\n", metrics)
+        self.assertIn('\nferolin_web_replies_total{status="200"} 2\n', metrics)
         self.assertNotIn("55.75", metrics)
 
     def test_a_fix_becomes_too_old(self):
