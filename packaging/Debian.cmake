@@ -31,7 +31,13 @@ set(CPACK_COMPONENT_FEROLIN_DESCRIPTION "GPS speedometer
 Shows speed, trip, satellites, path and records from a GPS receiver in a
 window, on the bare console or in a terminal, and keeps every drive.")
 set(CPACK_DEBIAN_FEROLIN_PACKAGE_DEPENDS "libferolin0 (= ${PROJECT_VERSION}-1), fonts-liberation")
+# A box without a desktop: SDL draws on the bare console through EGL, and the unit opens a session at its screen.
+set(CPACK_DEBIAN_FEROLIN_PACKAGE_RECOMMENDS
+  "libegl1, libgles2, libgl1-mesa-dri, default-logind | logind")
 set(CPACK_DEBIAN_FEROLIN_PACKAGE_SUGGESTS gpsd)
+set(CPACK_DEBIAN_FEROLIN_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_SOURCE_DIR}/ferolin/postinst
+  ${CMAKE_CURRENT_SOURCE_DIR}/ferolin/prerm ${CMAKE_CURRENT_SOURCE_DIR}/ferolin/postrm)
+set(CPACK_DEBIAN_FEROLIN_PACKAGE_CONTROL_STRICT_PERMISSION TRUE)
 
 set(CPACK_DEBIAN_LIBFEROLIN0_PACKAGE_NAME libferolin0)
 set(CPACK_DEBIAN_LIBFEROLIN0_PACKAGE_SECTION libs)
