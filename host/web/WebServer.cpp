@@ -54,6 +54,12 @@ std::optional<AccessKeys> MakeKeys(const ListeningSocket& socket, const std::str
   return socket.IsLocal() ? std::nullopt : std::optional<AccessKeys>(home);
 }
 
+/// A zero byte would end the path before what follows: text that has one stays as it was sent, and
+/// is the path of nothing.
+std::size_t Unescape(void* /*server*/, MHD_Connection* /*connection*/, char* text) {
+  return std::strstr(text, "%00") == nullptr ? MHD_http_unescape(text) : std::strlen(text);
+}
+
 /// The library's own messages are about clients that misbehave.
 void Ignore(void* /*server*/, const char* /*format*/, va_list /*values*/) {}
 
@@ -132,6 +138,7 @@ void WebServer::OpenDaemon(const Options& options) {
   daemon.reset(MHD_start_daemon(
       flags, 0, &WebServer::OnConnect, this, &WebServer::OnRequest, this,                   //
       MHD_OPTION_EXTERNAL_LOGGER, &Ignore, nullptr,                                         //
+      MHD_OPTION_UNESCAPE_CALLBACK, &Unescape, nullptr,                                     //
       MHD_OPTION_LISTEN_SOCKET, socket.Release(),                                           //
       MHD_OPTION_NOTIFY_CONNECTION, &WebServer::OnConnection, this,                         //
       MHD_OPTION_NOTIFY_COMPLETED, &WebServer::OnCompleted, this,                           //

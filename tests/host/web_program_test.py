@@ -202,6 +202,7 @@ class Pages(WebTest):
     def test_knows_no_other_paths_and_methods(self):
         host = self.start()
         for path in ("/index.html", "/etc/passwd", "/../../etc/passwd", "/%2e%2e/%2e%2e/etc/passwd",
+                     "/%00", "/%00/etc/passwd", "/page.js%00.png", "/api/readouts%00", "/api/drives/1.gpx%00",
                      "/pages/page.js", "//page.js", "/api/drives/1.kml", "/api/drives/../1.gpx", "/api/drives/x.gpx",
                      "/api/drives/-1.gpx", "/api/drives/99999999999999999999.gpx"):
             self.assertEqual(host.ask(path).status, 404, path)
