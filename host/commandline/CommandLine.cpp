@@ -121,9 +121,6 @@ void CheckCombinations(const Options& options) {
   if (!options.recordFile.empty() && !passesHost) {
     throw UsageError("--record does not go with --gps-api or --port --raw");
   }
-  if (options.web && !passesHost) {
-    throw UsageError("--web does not go with --gps-api or --port --raw");
-  }
   if (options.web && isSheet) {
     throw UsageError("--web does not go with --contact-sheet");
   }

@@ -263,6 +263,9 @@ void HostRun::ShowNotice() {
     return;
   }
   update.notice = notice;
+  if (!notice.empty()) {
+    update.fix = Fix();
+  }
   update.foundReceiver = reception.found;
   output->Show(update);
   if (views) {

@@ -231,8 +231,7 @@ std::optional<SearchSource::Receiver> PositionSource::GetFound() const {
 }
 
 std::vector<Fix> PositionSource::TakeFixes() {
-  const bool passThrough = feed != nullptr && !options.raw;
-  return passThrough ? feed->TakeFixes() : std::vector<Fix>();
+  return feed ? feed->TakeFixes() : std::vector{side->GetFix()};
 }
 
 PositionFeed::Report PositionSource::GetReport() const {

@@ -65,8 +65,7 @@ class PositionSource {
   void Answer(std::uint64_t updates);
 
   /// What the receiver said about the moments of the updates since the last call, the latest one
-  /// last; with turns all of them, else that one only. None when its sentences do not pass through
-  /// the host.
+  /// last; with turns all of them, else that one only.
   std::vector<Fix> TakeFixes();
 
   /// The receiver that a search has found; nothing without one.

@@ -10,9 +10,13 @@ namespace host {
 
 SideReader::SideReader(std::unique_ptr<NmeaSource> source)
     : source(std::move(source)),
-      fixReader([this](const Fix& fix) { takeFix(fix); }),
-      splitter(nullptr, [](const Epoch&) {}),
+      takeFix([](const Fix&) {}),
+      fixReader([this](const Fix& complete) { takeFix(complete); }),
+      // The engine knows no other sentences at its serial port than the splitter without a bridge.
+      splitter(this->source ? &bridge : nullptr,
+               [this](const Epoch& epoch) { fix = epoch.updates > 0 ? epoch.fix : fix; }),
       silence(Clock::now()) {
+  splitter.ReadFixesWith(fixReader);
   if (!this->source) {
     handheld::ObserveSerialReads([this](std::string_view bytes) { Add(bytes); });
   }
@@ -20,7 +24,6 @@ SideReader::SideReader(std::unique_ptr<NmeaSource> source)
 
 void SideReader::TellFixes(std::function<void(const Fix&)> take) {
   takeFix = std::move(take);
-  splitter.ReadFixesWith(fixReader);
 }
 
 void SideReader::Start() {
@@ -47,6 +50,12 @@ void SideReader::Stop() {
   splitter.Finish();
 }
 
+Fix SideReader::GetFix() const {
+  const bool isHeard = Describe(GetReception()).empty();
+  const std::lock_guard lock(mutex);
+  return isHeard ? fix : Fix();
+}
+
 Reception SideReader::GetReception() const {
   const std::lock_guard lock(mutex);
   const Clock::time_point now = Clock::now();
@@ -71,7 +80,7 @@ void SideReader::Add(std::string_view bytes) {
 }
 
 void SideReader::TellSilence() {
-  if (takeFix && !std::exchange(isSilenceTold, true)) {
+  if (!std::exchange(isSilenceTold, true)) {
     fixReader.Finish();
     takeFix(Fix());
   }

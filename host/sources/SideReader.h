@@ -12,6 +12,7 @@
 #include "sources/Fix.h"
 #include "sources/FixReader.h"
 #include "sources/NmeaSource.h"
+#include "sources/ReceiverBridge.h"
 #include "sources/Reception.h"
 #include "sources/SilenceWatch.h"
 
@@ -35,6 +36,10 @@ class SideReader {
   /// Gives away the last fix; none follows.
   void Stop();
 
+  /// What the receiver said about the moment of its last RMC; empty while it is silent or
+  /// cannot be reached.
+  Fix GetFix() const;
+
   Reception GetReception() const;
 
  private:
@@ -45,9 +50,10 @@ class SideReader {
 
   const std::unique_ptr<NmeaSource> source;
   mutable std::mutex mutex;
-  /// Empty when nobody wants fixes.
   std::function<void(const Fix&)> takeFix;
+  Fix fix;
   FixReader fixReader;
+  ReceiverBridge bridge;
   EpochSplitter splitter;
   SilenceWatch silence;
   bool isSilenceTold = false;

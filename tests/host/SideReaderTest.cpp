@@ -15,7 +15,8 @@ using namespace std::chrono_literals;
 
 constexpr auto PATIENCE = 60s;
 const std::string FIRST_RMC = "$GPRMC,120000,A,5530.0,N,03730.0,E,3,4,010124,,\r\n";
-const std::string SECOND_RMC = "$GPRMC,120001,A,5530.0,N,03730.0,E,3,4,010124,,\r\n";
+/// Of several systems, as gpsd passes it on.
+const std::string MODERN_RMC = "$GNRMC,120000.00,A,5530.0,N,03730.0,E,3,4,010124,,,A\r\n";
 const std::string SECOND_GGA = "$GPGGA,120001,5530.0,N,03730.0,E,1\r\n";
 /// 12:00:00 on 1 January 2024, day 19,723 after 1970.
 constexpr std::int64_t FIRST_MS = (19723LL * 24 + 12) * 3600 * 1000;
@@ -23,7 +24,8 @@ constexpr std::int64_t FIRST_MS = (19723LL * 24 + 12) * 3600 * 1000;
 /// Gives one text and then waits for Stop.
 class SideText : public NmeaSource {
  public:
-  explicit SideText(std::string text) : text(std::move(text)) {}
+  explicit SideText(std::string text, std::string trouble = "")
+      : text(std::move(text)), trouble(std::move(trouble)) {}
 
   std::optional<std::string> Read() override {
     std::unique_lock lock(mutex);
@@ -39,13 +41,14 @@ class SideText : public NmeaSource {
     changed.notify_all();
   }
   std::optional<std::uint64_t> GetSize() const override { return std::nullopt; }
-  std::string GetTrouble() const override { return "cannot reach it"; }
+  std::string GetTrouble() const override { return trouble; }
   bool IsLive() const override { return true; }
 
  private:
   std::mutex mutex;
   std::condition_variable changed;
   std::string text;
+  const std::string trouble;
   bool isStopped = false;
 };
 
@@ -78,10 +81,23 @@ TEST_F(SideReaderTest, TellsTheFixesOfASourceAndAtTheEndTheLastOne) {
   EXPECT_EQ(FIRST_MS + 1000, fixes[1].timeMs);
 }
 
-TEST_F(SideReaderTest, TellsTheTroubleOfASource) {
-  SideReader reader(std::make_unique<SideText>(""));
+TEST_F(SideReaderTest, KnowsTheMomentOfTheLastRmc) {
+  SideReader reader(std::make_unique<SideText>(MODERN_RMC + SECOND_GGA));
+  EXPECT_EQ(Fix(), reader.GetFix());
+  reader.TellFixes([this](const Fix& fix) { Take(fix); });
   reader.Start();
+  ASSERT_TRUE(AwaitFixes(1));
+  EXPECT_EQ(FIRST_MS, reader.GetFix().timeMs);
+  EXPECT_EQ(55.5, reader.GetFix().latitude);
+}
+
+TEST_F(SideReaderTest, TellsTheTroubleOfASourceAndNoPosition) {
+  SideReader reader(std::make_unique<SideText>(FIRST_RMC + SECOND_GGA, "cannot reach it"));
+  reader.TellFixes([this](const Fix& fix) { Take(fix); });
+  reader.Start();
+  ASSERT_TRUE(AwaitFixes(1));
   EXPECT_EQ("cannot reach it", reader.GetReception().trouble);
+  EXPECT_EQ(Fix(), reader.GetFix());
 }
 
 TEST_F(SideReaderTest, ReadsAlongAtTheSerialPort) {
@@ -100,6 +116,7 @@ TEST_F(SideReaderTest, ReadsAlongAtTheSerialPort) {
     EXPECT_EQ(text, std::string(bytes.data(), count));
   }
   EXPECT_EQ(1u, fixes.size());
+  EXPECT_EQ(FIRST_MS, reader.GetFix().timeMs);
   reader.Stop();
   EXPECT_EQ(2u, fixes.size());
   CloseHandle(port);

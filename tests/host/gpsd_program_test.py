@@ -47,13 +47,17 @@ class GpsdTest(ProgramTestCase):
     def next_update(process):
         return json.loads(process.stdout.readline())["text"]
 
-    def await_update(self, process, accept):
-        """The first update that is accepted."""
+    def await_line(self, process, accept):
+        """The first line that is accepted."""
         for _ in range(1000):
-            sensors = self.next_update(process)
-            if accept(sensors):
-                return sensors
-        return self.fail(sensors)
+            line = json.loads(process.stdout.readline())
+            if accept(line):
+                return line
+        return self.fail(line)
+
+    def await_update(self, process, accept):
+        """The read-outs of the first update that is accepted."""
+        return self.await_line(process, lambda line: accept(line["text"]))["text"]
 
     def stop_host(self, process):
         process.send_signal(signal.SIGTERM)
@@ -97,9 +101,17 @@ class GpsdTest(ProgramTestCase):
         self.assertEqual(said.count(name + " is connected"), 2)
 
     def test_can_be_polled_through_the_gps_api(self):
-        process = self.start_host(self.start_gpsd().port, "--gps-api")
+        gpsd = self.start_gpsd()
+        process = self.start_host(gpsd.port, "--gps-api")
         sensors = self.await_update(process, lambda sensors: sensors["GPS status"] == "OK")
         self.assertEqual(sensors["Speed"], "36.0 km/h")
+        line = self.await_line(process, lambda line: line["fix"])
+        self.assertAlmostEqual(line["speed_mps"], 10, delta=0.001)
+        self.assertIsNotNone(line["lat"])
+        gpsd.stop()
+        last = self.await_line(process, lambda line: "notice" in line)["update"]
+        line = self.await_line(process, lambda line: line["update"] > last + 1)
+        self.assertEqual([line[key] for key in ("fix", "lat", "lon", "speed_mps")], [False] + 3 * [None])
         said = self.stop_host(process)
         self.assertNotIn("sends sentences of", said)
         self.assertIn("kept as drive 1: ", said)

@@ -1000,7 +1000,7 @@ class Receiver(HostTest):
         self.assertIn("is the baud rate right", self.finish(process)[1])
 
     def test_that_is_silent_is_told_when_raw_too(self):
-        process = self.start_host("--json", "--raw", "--port", self.device)
+        process = self.start_host("--json", "--raw", "--port", self.device, bufsize=0)
         line = self.read_until(process, lambda line: "notice" in line)
         self.assertEqual(line["notice"], "no data for 3 s")
         # The engine was left alone.
@@ -1008,6 +1008,11 @@ class Receiver(HostTest):
         os.write(self.master, b"$GPTXT,no position*00\r\n")
         line = self.read_until(process, lambda line: "notice" not in line)
         self.assertEqual(line["update"], 0)
+        os.write(self.master, (rmc(21600, 20.0) + "\r\n").encode())
+        line = self.read_until(process, lambda line: line["update"] == 1)
+        self.assertEqual([line[key] for key in ("fix", "lat", "lon")], [True, 55.75, 37.6])
+        line = self.read_until(process, lambda line: "notice" in line)
+        self.assertEqual([line[key] for key in ("fix", "lat", "lon", "speed_mps")], [False, None, None, None])
         said = self.finish(process)[1]
         self.assertIn("no data for 3 s", said)
         self.assertRegex(said, r"data again after \d+ s")

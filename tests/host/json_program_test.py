@@ -107,12 +107,12 @@ class JsonTest(ProgramTestCase):
         self.assertEqual((end["elapsed_s"], end["moving_s"], end["stopped_s"]), (10, 5.0, 5.0))
         self.assertAlmostEqual(end["distance_m"], 150, delta=0.01)
 
-    def test_knows_no_position_when_the_engine_reads_by_itself(self):
-        text = moment(0, 36 / 1.852, 100).replace("GN", "GP")
+    def test_knows_the_position_when_nothing_is_converted(self):
+        text = moment(0, 36 / 1.852, 100).replace("GN", "GP").replace("060000.00", "060000")
         text = "".join(sentence(line[1:line.index("*")]) for line in text.split("\r\n") if line)
-        update, _ = self.play(text.replace("0600" + "00.00", "060000"), "--raw")
-        self.assertIsNone(update["fix"])
-        self.assertIsNone(update["lat"])
+        update, _ = self.play(text, "--raw")
+        self.assertEqual([update[key] for key in ("time", "fix", "lat", "lon", "alt_m", "speed_mps")],
+                         ["2024-06-01T06:00:00.000Z", True, 55.75, -37.6, 100.0, 10.0])
 
 
 if __name__ == "__main__":

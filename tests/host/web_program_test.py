@@ -17,6 +17,7 @@ import stat
 import subprocess
 import threading
 import time
+import tty
 import xml.etree.ElementTree
 
 from program_test_case import PATIENCE, ProgramTestCase, run_tests
@@ -300,6 +301,20 @@ class Data(WebTest):
         self.assertIn("\nferolin_web_streams 1\n", metrics)
         self.assertIn('\nferolin_web_replies_total{status="200"} 2\n', metrics)
         self.assertNotIn("55.75", metrics)
+
+    def test_has_the_position_that_the_engine_reads_by_itself(self):
+        port, receiver = pty.openpty()
+        self.addCleanup(os.close, port)
+        self.addCleanup(os.close, receiver)
+        tty.setraw(receiver)
+        host = self.start("--port", os.ttyname(receiver), "--raw")
+        stream = host.stream()
+        for _ in range(60):
+            if stream.event()[1].get("lat") == 55.75:
+                return
+            # Sends again: bytes sent before the port is open are lost.
+            os.write(port, moment(0).encode())
+        self.fail("there is no position")
 
     def test_a_fix_becomes_too_old(self):
         host = self.start("--nmea", "-", "--rate", "max")
