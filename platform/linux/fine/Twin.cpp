@@ -23,7 +23,7 @@ RECT Overlap(const RECT& a, const RECT& b) {
 
 /// `covered` is 0 to 1.
 std::uint32_t MixChannels(std::uint32_t below, std::uint32_t above, double covered) {
-  const auto coverage = static_cast<std::uint32_t>(covered * 255 + 0.5);
+  const auto coverage = static_cast<std::uint32_t>(covered * 255.99);
   std::uint32_t mixed = 0;
   for (const int shift : {0, 8, 16}) {
     const std::uint32_t sum =
