@@ -4,6 +4,8 @@
 #include <cmath>
 #include <utility>
 
+#include "core/LargePages.h"
+
 namespace handheld::fine {
 
 namespace {
@@ -62,7 +64,9 @@ Twin::Twin(int width, int height, double scale)
       clip{0, 0, width, height},
       pixelClip{0, 0, pixelWidth, pixelHeight},
       pixels(cairo_image_surface_get_data(surface.get())),
-      stride(cairo_image_surface_get_stride(surface.get())) {}
+      stride(cairo_image_surface_get_stride(surface.get())) {
+  PreferLargePages(pixels, static_cast<std::size_t>(pixelHeight * stride));
+}
 
 Twin::Twin(SurfacePointer target)
     : width(cairo_image_surface_get_width(target.get())),

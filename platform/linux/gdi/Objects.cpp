@@ -1,5 +1,7 @@
 #include "gdi/Objects.h"
 
+#include "core/LargePages.h"
+
 namespace handheld::gdi {
 
 namespace {
@@ -22,6 +24,7 @@ std::shared_ptr<Bitmap> MakeBitmap(int width, int height, PixelFormat format, bo
   if (bitmap->memory == nullptr) {
     return nullptr;
   }
+  PreferLargePages(bitmap->memory.get(), static_cast<std::size_t>(rowBytes * height));
   bitmap->bitsPerPixel = BytesPerPixel(format) * 8;
   Raster& raster = bitmap->raster;
   raster.width = width;

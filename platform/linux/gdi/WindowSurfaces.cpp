@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <atomic>
 
+#include "core/LargePages.h"
 #include "handheld.h"
 #include "windows/DeviceScreen.h"
 #include "windows/WindowTable.h"
@@ -29,9 +30,10 @@ void CopyCorner(const Raster& from, const Raster& to) {
 
 }  // namespace
 
-WindowSurface::WindowSurface(int width, int height)
-    : pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height)),
-      version(NextVersion()) {
+WindowSurface::WindowSurface(int width, int height) : version(NextVersion()) {
+  pixels.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+  PreferLargePages(pixels.data(), pixels.capacity() * sizeof(pixels.front()));
+  pixels.resize(pixels.capacity());
   raster.top = reinterpret_cast<std::uint8_t*>(pixels.data());
   raster.pitch = static_cast<std::ptrdiff_t>(width) * 4;
   raster.width = width;
