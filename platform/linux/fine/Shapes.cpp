@@ -69,7 +69,7 @@ class Stroke {
       isOpen = false;
       return;
     }
-    if (!isOpen || seen.begin > 0) {
+    if (!isOpen) {
       const Place start = At(from, to, seen.begin);
       cairo_move_to(context, start.x, start.y);
     }

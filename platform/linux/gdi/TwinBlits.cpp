@@ -29,27 +29,27 @@ void DrawSource(fine::Twin& twin, const Box& to, const DeviceContext& source, co
                 const fine::PictureLook& look, bool usesAlpha) {
   const Raster& raster = source.GetRaster();
   const fine::Part target = PartOf(to);
+  const int width = twin.Snap(target.right) - twin.Snap(target.left);
+  const int height = twin.Snap(target.bottom) - twin.Snap(target.top);
   const fine::Twin* other = source.bitmap->twin != nullptr ? TwinOf(source) : nullptr;
   if (other != nullptr) {
     const double scale = other->GetScale();
-    const fine::Part part = PartOf(from);
-    fine::PictureLook ownLook = look;
-    const bool isAlike = from.width == to.width && from.height == to.height;
-    ownLook.filter = isAlike ? CAIRO_FILTER_NEAREST : look.filter;
-    fine::DrawPicture(twin, target, other->GetSurface(),
-                      {std::round(part.left * scale), std::round(part.top * scale),
-                       std::round(part.right * scale), std::round(part.bottom * scale)},
-                      ownLook);
+    fine::Part part = PartOf(from);
+    part = {std::round(part.left * scale), std::round(part.top * scale),
+            std::round(part.right * scale), std::round(part.bottom * scale)};
+    // Of the same size, it is cut and not scaled: rounded, lengths differ by a pixel.
+    if (from.width == to.width && from.height == to.height) {
+      part.right = part.left + width;
+      part.bottom = part.top + height;
+    }
+    fine::DrawPicture(twin, target, other->GetSurface(), part, look);
     return;
   }
   if (source.bitmap->largePicture != nullptr && IsWhole(from, raster)) {
-    const int width = std::abs(twin.Snap(target.right) - twin.Snap(target.left));
-    const int height = std::abs(twin.Snap(target.bottom) - twin.Snap(target.top));
+    const fine::Part whole = {0, 0, std::abs(width) * 1.0, std::abs(height) * 1.0};
     if (cairo_surface_t* large =
-            source.bitmap->largePicture->GetScaled(width, height, !usesAlpha)) {
-      fine::PictureLook ownLook = look;
-      ownLook.filter = CAIRO_FILTER_NEAREST;
-      fine::DrawPicture(twin, target, large, {0, 0, 1.0 * width, 1.0 * height}, ownLook);
+            source.bitmap->largePicture->GetScaled(std::abs(width), std::abs(height), !usesAlpha)) {
+      fine::DrawPicture(twin, target, large, whole, look);
       return;
     }
   }
@@ -231,7 +231,7 @@ bool DrawLargePicture(const DeviceContext& target, const Box& to, const DeviceCo
   }
   canvas.SetClip(pixels.clip);
   fine::DrawPicture(canvas, PartOf(to), large, {0, 0, 1.0 * to.width, 1.0 * to.height},
-                    {fine::Drawing::BLEND, alpha / FULL_ALPHA, CAIRO_FILTER_NEAREST});
+                    {fine::Drawing::BLEND, alpha / FULL_ALPHA});
   return true;
 }
 
