@@ -4,6 +4,7 @@
 #include <handheld.h>
 #include <windows.h>
 
+#include <algorithm>
 #include <array>
 
 #include "LongDrive.h"
@@ -41,14 +42,26 @@ class FineStage {
     engine.GetRedraw().SetRenderWindow(window);
     engine.OnUpdate("$GPRMC,120000,A,4807.038,N,01131.000,E,0.0,084.4,230324,,*00");
     engine.OnUpdate("$GPRMC,120009,A,4807.138,N,01131.100,E,70.4,084.4,230324,,*00");
-    LongDrive drive(1);
     for (int count = 0; count < points; ++count) {
-      engine.GetFix().GetTrack().Append(drive.Next());
+      GoOn(false);
     }
   }
   ~FineStage() {
     handheld::SetFineDrawing(false);
     DestroyWindow(window);
+  }
+
+  /// Adds the next second of the drive, or one that lies a little north-east of all before.
+  void GoOn(bool isNewCountry) {
+    constexpr float STEP = 0.005F;
+    TrackPoint point = drive.Next();
+    if (isNewCountry) {
+      point.latitude = corner.latitude + STEP;
+      point.longitude = corner.longitude + STEP;
+    }
+    corner.latitude = std::max(corner.latitude, point.latitude);
+    corner.longitude = std::max(corner.longitude, point.longitude);
+    engine.GetFix().GetTrack().Append(point);
   }
 
   void Draw(int view) {
@@ -61,6 +74,9 @@ class FineStage {
   ProgramFolder program;
   HWND window = nullptr;
   Engine engine;
+  LongDrive drive = LongDrive(1);
+  /// The northernmost and the easternmost place so far.
+  TrackPoint corner = {};
 };
 
 void FineFrame(benchmark::State& state) {
@@ -81,10 +97,15 @@ void FinePath(benchmark::State& state) {
   FineStage stage(SCREENS[0], static_cast<int>(state.range(0)), true);
   stage.Draw(PATH);
   for (auto _ : state) {
+    stage.GoOn(state.range(1) != 0);
     stage.Draw(PATH);
   }
 }
-BENCHMARK(FinePath)->ArgName("points")->Arg(100)->Arg(9'000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(FinePath)
+    ->ArgNames({"points", "growing"})
+    ->ArgsProduct({{100, 9'000}, {0, 1}})
+    ->Iterations(200)
+    ->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 
