@@ -17,6 +17,7 @@ void Surface::SetBitmap(HBITMAP newBitmap) {
   bitmap = newBitmap;
   if (bitmap != nullptr) {
     previousBitmap = SelectObject(dc, bitmap);
+    resolution = GetDeviceCaps(dc, LOGPIXELSX);
   }
 }
 
@@ -36,6 +37,10 @@ SIZE Surface::GetSize() const {
     GetObjectW(bitmap, sizeof description, &description);
   }
   return {description.bmWidth, description.bmHeight};
+}
+
+bool Surface::FitsScreen() const {
+  return GetDeviceCaps(dc, LOGPIXELSX) == resolution;
 }
 
 }  // namespace ferolin

@@ -26,10 +26,15 @@ class Surface {
   SIZE GetSize() const;
   HDC GetDC() const { return dc; }
 
+  /// False after the screen's resolution has changed since the bitmap was set. What was drawn into
+  /// it may have been drawn more coarsely than the screen can show now.
+  bool FitsScreen() const;
+
  private:
   HDC dc = nullptr;
   HGDIOBJ previousBitmap = nullptr;
   HBITMAP bitmap = nullptr;
+  int resolution = 0;  ///< of the screen when the bitmap was set, in dpi
 };
 
 }  // namespace ferolin

@@ -5,8 +5,6 @@
 
 namespace ferolin {
 
-namespace {}  // namespace
-
 void ScaledPicture::Load(const WideString& path) {
   picture = LoadPicture(path);
   scaled.Release();
@@ -23,7 +21,8 @@ void ScaledPicture::Draw(HDC dc, const RECT& rect, COLORREF background) {
   }
   const SIZE size = {rect.right - rect.left, rect.bottom - rect.top};
   const SIZE old = scaled.GetSize();
-  if (old.cx != size.cx || old.cy != size.cy || scaledBackground != background) {
+  if (old.cx != size.cx || old.cy != size.cy || scaledBackground != background ||
+      !scaled.FitsScreen()) {
     Scale(dc, size, background);
   }
   if (scaled.HasBitmap()) {

@@ -39,7 +39,7 @@ void PathLayer::Draw(HDC dc, const PathPoints& points, const PathIndex& index,
 /// False without memory.
 bool PathLayer::MakePicture(HDC model, SIZE size) {
   const SIZE before = picture.GetSize();
-  if (before.cx != size.cx || before.cy != size.cy) {
+  if (before.cx != size.cx || before.cy != size.cy || !picture.FitsScreen()) {
     void* pixels = nullptr;
     picture.EnsureDC(model);
     picture.SetBitmap(CreateFrameBitmap(model, size.cx, size.cy, &pixels));
