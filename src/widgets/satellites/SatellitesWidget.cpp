@@ -9,6 +9,7 @@
 #include "sensors/LocalizedText.h"
 #include "widgets/WidgetOwner.h"
 #include "widgets/satellites/CornerReadouts.h"
+#include "widgets/satellites/NumberPlaces.h"
 #include "widgets/satellites/SignalBar.h"
 #include "widgets/satellites/SkyGeometry.h"
 
@@ -145,11 +146,12 @@ void SatellitesWidget::DrawBar(Canvas& canvas, const SignalStrip& strip, int slo
 /// All dots are drawn before all numbers, so no dot hides a number.
 void SatellitesWidget::DrawSky(Canvas& canvas, const SkyGeometry& sky) {
   DrawRings(canvas, sky);
+  NumberPlaces places(sky);
   for (const SatelliteInfo& satellite : owner.GetFix().GetSatellites()) {
-    DrawDot(canvas, sky, satellite);
+    DrawDot(canvas, places, satellite);
   }
   for (const SatelliteInfo& satellite : owner.GetFix().GetSatellites()) {
-    DrawNumber(canvas, sky, satellite);
+    DrawNumber(canvas, places, satellite);
   }
 }
 
@@ -170,24 +172,23 @@ void SatellitesWidget::DrawRings(Canvas& canvas, const SkyGeometry& sky) {
   canvas.DrawText(font, TEXT("W"), x - r - 10, y - 5, nameColor);
 }
 
-void SatellitesWidget::DrawDot(Canvas& canvas, const SkyGeometry& sky,
+void SatellitesWidget::DrawDot(Canvas& canvas, NumberPlaces& places,
                                const SatelliteInfo& satellite) {
   if (IsReceived(satellite)) {
-    const POINT dot = sky.PointAt(satellite.elevation, satellite.azimuth);
+    const POINT dot = places.AddDot(satellite);
     canvas.DrawFilledCircle(borderColor, 1, SignalColor(satellite.snr), dot.x, dot.y,
                             SkyGeometry::DOT_RADIUS);
   }
 }
 
-void SatellitesWidget::DrawNumber(Canvas& canvas, const SkyGeometry& sky,
+void SatellitesWidget::DrawNumber(Canvas& canvas, NumberPlaces& places,
                                   const SatelliteInfo& satellite) {
   if (!IsReceived(satellite)) {
     return;
   }
   const WideString number = NumberOf(satellite);
   const HFONT font = nameStyle.GetFont(canvas);
-  const POINT corner = sky.LabelCorner(sky.PointAt(satellite.elevation, satellite.azimuth),
-                                       canvas.MeasureText(font, number.c_str()));
+  const POINT corner = places.AddNumber(satellite, canvas.MeasureText(font, number.c_str()));
   canvas.DrawText(font, number.c_str(), corner.x, corner.y, nameColor);
 }
 

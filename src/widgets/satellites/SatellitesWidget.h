@@ -8,6 +8,7 @@
 
 namespace ferolin {
 
+class NumberPlaces;
 class SkyGeometry;
 struct SignalStrip;
 
@@ -33,8 +34,8 @@ class SatellitesWidget : public Widget {
   void DrawBar(Canvas& canvas, const SignalStrip& strip, int slot, const SatelliteInfo& satellite);
   void DrawSky(Canvas& canvas, const SkyGeometry& sky);
   void DrawRings(Canvas& canvas, const SkyGeometry& sky);
-  void DrawDot(Canvas& canvas, const SkyGeometry& sky, const SatelliteInfo& satellite);
-  void DrawNumber(Canvas& canvas, const SkyGeometry& sky, const SatelliteInfo& satellite);
+  void DrawDot(Canvas& canvas, NumberPlaces& places, const SatelliteInfo& satellite);
+  void DrawNumber(Canvas& canvas, NumberPlaces& places, const SatelliteInfo& satellite);
 
   COLORREF nameColor;
   COLORREF lowSignalColor;

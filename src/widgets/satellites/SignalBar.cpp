@@ -11,8 +11,11 @@ constexpr LONG LABEL_DEPTH = 20;
 constexpr LONG SLOTS = 12;
 constexpr LONG SHADOW = 3;
 constexpr LONG NARROW_STEP = 19;  // columns without room for three figures
-constexpr LONG LINE_DEPTH = 13;   // of two lines, which overlap where letters have no ink
-constexpr LONG LINE_SHIFT = LABEL_DEPTH - LINE_DEPTH;
+// Two lines, which overlap where figures have no ink: 8 rows of ink each, 2 rows apart, 1 row from
+// the bars and from the frame's edge.
+constexpr LONG LINE_DEPTH = 13;
+constexpr LONG LINE_RISE = 1;
+constexpr LONG LINE_STEP = 10;
 constexpr int FULL_SNR = 100;
 
 LONG LengthOf(int snr, LONG full) {
@@ -41,9 +44,9 @@ SignalBar::SignalBar(const SignalStrip& strip, int slot, int snr) : isRow(strip.
   } else {
     const LONG base = area.bottom - LABEL_DEPTH;
     const LONG tip = base - LengthOf(snr, base - area.top);
-    const LONG line = step < NARROW_STEP ? slot % 2 * LINE_SHIFT : 0;
-    label = {begin, base + line, end,
-             base + line + (step < NARROW_STEP ? LINE_DEPTH : LABEL_DEPTH)};
+    const bool hasTwoLines = step < NARROW_STEP;
+    const LONG line = hasTwoLines ? base - LINE_RISE + slot % 2 * LINE_STEP : base;
+    label = {begin, line, end, line + (hasTwoLines ? LINE_DEPTH : LABEL_DEPTH)};
     bar = {begin, tip, end - SHADOW, base};
     shadow = {begin + SHADOW, std::min(tip + SHADOW, base), end, base};
   }

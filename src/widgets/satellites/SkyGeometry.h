@@ -21,6 +21,9 @@ class SkyGeometry {
   /// away from the centre; above or below it where the area ends or a letter stands.
   POINT LabelCorner(POINT dot, SIZE text) const;
 
+  /// Whether a text there touches the letter E or W.
+  bool CoversLetter(POINT corner, SIZE text) const;
+
   /// Width of the room in each of the area's four corners that horizon and letters leave free, for
   /// texts that reach `depth` pixels from the upper or lower edge.
   int RoomBeside(int depth) const;
@@ -29,9 +32,6 @@ class SkyGeometry {
   int centerX;
   int centerY;
   int radius;
-
- private:
-  bool CoversLetter(POINT corner, SIZE text) const;
 };
 
 }  // namespace ferolin
