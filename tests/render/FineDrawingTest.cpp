@@ -74,7 +74,8 @@ class Shown {
 
  private:
   std::uint32_t ValueAt(int x, int y) const {
-    return pixels.rows[static_cast<std::size_t>(y * pixels.width + x)];
+    return pixels.rows[static_cast<std::size_t>(y) * static_cast<std::size_t>(pixels.width) +
+                       static_cast<std::size_t>(x)];
   }
 
   handheld::Pixels pixels;
@@ -220,6 +221,13 @@ TEST_F(FineDrawing, CirclesFillTheBoxOfTheBitmapsCircle) {
   const Shown shown = Present();
   EXPECT_EQ((Ink{60, 80, 140, 160}), shown.Ink());
   EXPECT_EQ(GREEN, shown.At(100, 120));
+  EXPECT_EQ(BLACK, shown.At(65, 85));
+}
+
+/// 2^24 pixels of the screen beside the frame, where cairo's coordinates begin anew.
+TEST_F(FineDrawing, CirclesFarAwayAreNotSeen) {
+  theCanvas.DrawFilledCircle(RED, 1, GREEN, 8'388'608 + 50, 60, 20);
+  EXPECT_TRUE(Present().Count(BLACK) == std::ptrdiff_t{480} * 640);
 }
 
 TEST_F(FineDrawing, RectanglesHaveSharpOutlinesAndCorners) {
@@ -267,6 +275,17 @@ TEST_F(FineDrawing, CirclesOfPixelsAreSmooth) {
   EXPECT_TRUE(shown.HasShadesOf(RED));
 }
 
+TEST_F(FineDrawing, CirclesOfPixelsAreDrawnAgain) {
+  theCanvas.DrawCircleOutline(RED, 60, 70, 40);
+  const Shown first = Present();
+  theCanvas.FillBackground(BLACK);
+  theCanvas.DrawCircleOutline(RED, 60, 70, 40);
+  EXPECT_TRUE(first == Present());
+  theCanvas.DrawFilledCircle(BLACK, 1, BLACK, 60, 70, 50);
+  theCanvas.DrawCircleOutline(RED, 60, 70, 40);
+  EXPECT_TRUE(first == Present());
+}
+
 /// Four single pixels begin as a circle does; what follows elsewhere is a dot again.
 TEST_F(FineDrawing, PixelsBesideACircleAreDots) {
   theCanvas.DrawCircleOutline(RED, 60, 70, 40);
@@ -281,9 +300,9 @@ TEST_F(FineDrawing, PixelsBesideACircleAreDots) {
 /// Steps of a pixel are the bitmap's rounding, not the line's.
 TEST_F(FineDrawing, LinesOfSmallStepsAreStraight) {
   OpenScaled(4);
-  std::vector<POINT> steps;
+  std::array<POINT, 40> steps = {};
   for (int step = 0; step < 40; ++step) {
-    steps.push_back({10 + step, 20 + (step + 2) / 4});
+    steps.at(static_cast<std::size_t>(step)) = {10 + step, 20 + (step + 2) / 4};
   }
   theCanvas.DrawPolyline(RED, 1, steps.data(), static_cast<int>(steps.size()));
   const Shown shown = Present();
@@ -325,6 +344,17 @@ TEST_F(FineDrawing, LinesFromFarAwayComeFromThere) {
   EXPECT_EQ(BLACK, shown.At(124, 200));
 }
 
+/// The corner lies beyond the right edge; the line comes back at (240, 133) and passes (204, 183).
+TEST_F(FineDrawing, LinesComeBackWhereTheyDo) {
+  const POINT points[] = {{100, 50}, {300, 50}, {120, 300}};
+  theCanvas.DrawPolyline(RED, 3, points, 3);
+  const Shown shown = Present();
+  EXPECT_EQ(RED, shown.At(478, 101));
+  EXPECT_EQ(RED, shown.At(409, 367));
+  EXPECT_EQ(BLACK, shown.At(409, 300));
+  EXPECT_EQ(BLACK, shown.At(470, 220));
+}
+
 TEST_F(FineDrawing, StaysInsideTheClip) {
   const Region region(CreateRectRgn(20, 20, 40, 40));
   theCanvas.SetClipRegion(region.get());
@@ -353,8 +383,9 @@ TEST_F(FineDrawing, TextFillsItsBox) {
     EXPECT_GE(top, 2 * 40) << height;
     EXPECT_LE(bottom, 2 * (40 + size.cy)) << height;
     // The letter leaves less than a tenth of its height free at its sides.
-    EXPECT_NEAR(left, 2 * 30 + height / 10, 1 + height / 10) << height;
-    EXPECT_NEAR(right, 2 * (30 + size.cx) - height / 10, 1 + height / 10) << height;
+    const double free = 2 * height / 10.0;
+    EXPECT_NEAR(left, 2 * 30 + free / 2, 1 + free / 2) << height;
+    EXPECT_NEAR(right, 2 * (30 + size.cx) - free / 2, 1 + free / 2) << height;
   }
 }
 
@@ -364,6 +395,13 @@ TEST_F(FineDrawing, TextIsSmooth) {
   const Shown shown = Present();
   EXPECT_FALSE(shown.IsEnlarged(2));
   EXPECT_TRUE(shown.HasShadesOf(WHITE));
+}
+
+TEST_F(FineDrawing, TextIsTurned) {
+  const Font font = theCanvas.MakeFont(TEXT("Times New Roman"), 40, 90);
+  theCanvas.DrawText(font.get(), TEXT("l"), 100, 200, WHITE);
+  const auto [left, top, right, bottom] = Present().Ink();
+  EXPECT_GT(right - left, 2 * (bottom - top));
 }
 
 TEST_F(FineDrawing, FlagsMovePixelsWithoutChangingThem) {
@@ -564,9 +602,11 @@ class FinePicture : public FineDrawing {
   }
   ~FinePicture() override { CoUninitialize(); }
 
-  /// A picture of one colour, 0xAABBGGRR.
-  void Write(const std::string& name, unsigned width, unsigned height, std::uint32_t color) const {
-    const std::vector<std::uint32_t> pixels(std::size_t{width} * height, color);
+  /// A picture of one colour, 0xAABBGGRR, apart from the first pixel.
+  void Write(const std::string& name, unsigned width, unsigned height, std::uint32_t color,
+             std::uint32_t first) const {
+    std::vector<std::uint32_t> pixels(std::size_t{width} * height, color);
+    pixels.front() = first;
     png_image image = {};
     image.version = PNG_IMAGE_VERSION;
     image.width = width;
@@ -579,6 +619,10 @@ class FinePicture : public FineDrawing {
     Picture picture;
     EXPECT_TRUE(picture.Load(folder.DevicePath("picture.png")));
     picture.DrawBlended(dc, {10, 10, 20, 20}, alpha);
+  }
+
+  void Write(const std::string& name, unsigned width, unsigned height, std::uint32_t color) const {
+    Write(name, width, height, color, color);
   }
 
   /// Colour of the picture, drawn into the frame.
@@ -607,6 +651,14 @@ TEST_F(FinePicture, IsBlendedWithItsAlphaAndThatOfTheCall) {
 
 TEST_F(FinePicture, IsEnlargedWithoutALargerVersion) {
   EXPECT_EQ(LOADED_RED, DrawnIntoFrame());
+}
+
+TEST_F(FinePicture, IsEnlargedSmoothlyUpToItsEdges) {
+  Write("picture.png", 2, 2, 0xFF0000FF, 0xFF000000);
+  Draw(theCanvas.GetDrawingDC());
+  const Shown shown = Present();
+  EXPECT_TRUE(shown.HasShadesOf(LOADED_RED));
+  EXPECT_EQ(LOADED_RED, shown.At(39, 39));
 }
 
 TEST_F(FinePicture, IsNotASmallerVersion) {
