@@ -76,7 +76,7 @@ TEST_F(SideReaderTest, TellsTheFixesOfASourceAndAtTheEndTheLastOne) {
   reader.Start();
   ASSERT_TRUE(AwaitFixes(1));
   reader.Stop();
-  ASSERT_EQ(2u, fixes.size());
+  ASSERT_EQ(2U, fixes.size());
   EXPECT_EQ(FIRST_MS, fixes[0].timeMs);
   EXPECT_EQ(FIRST_MS + 1000, fixes[1].timeMs);
 }
@@ -115,10 +115,10 @@ TEST_F(SideReaderTest, ReadsAlongAtTheSerialPort) {
     ReadFile(port, bytes.data(), bytes.size(), &count, nullptr);
     EXPECT_EQ(text, std::string(bytes.data(), count));
   }
-  EXPECT_EQ(1u, fixes.size());
+  EXPECT_EQ(1U, fixes.size());
   EXPECT_EQ(FIRST_MS, reader.GetFix().timeMs);
   reader.Stop();
-  EXPECT_EQ(2u, fixes.size());
+  EXPECT_EQ(2U, fixes.size());
   CloseHandle(port);
   handheld::MapSerialPort("COM1:", "");
 }
