@@ -89,9 +89,12 @@ TEST(NumberPlaces, KeepOffTheLettersOfEastAndWest) {
   places.AddDot(east);
   const POINT first = places.AddNumber(east, {24, 13});
   const POINT second = places.AddNumber(east, {24, 13});
+  const POINT third = places.AddNumber(east, {24, 13});
   EXPECT_FALSE(sky.CoversLetter(first, {24, 13}));
   EXPECT_FALSE(sky.CoversLetter(second, {24, 13}));
   EXPECT_GE(std::abs(first.y - second.y), 10);
+  // What is free for it would be on the letter.
+  ExpectCorner(first.x, first.y, third);
 }
 
 }  // namespace
