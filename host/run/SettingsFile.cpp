@@ -129,7 +129,7 @@ void SettingsFile::Keep(const std::string& theme) {
   if (!isSaved) {
     throw HostError("settings were not kept: " + DescribeWriteFailure(folder.parent_path()));
   }
-  ReplaceFile(file, app::WithTheme(settings, theme));
+  ReplaceFile(file, AddMissingSettings(app::WithTheme(settings, theme), theme));
 }
 
 }  // namespace host

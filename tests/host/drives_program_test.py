@@ -342,7 +342,8 @@ class PowerCut(DrivesTest):
         self.stop(process)
 
     def test_choices_are_kept(self):
-        process = self.start("--limit", "77:3", "--mirror", "--shot", self.path("shot.png"))
+        process = self.start("--limit", "77:3", "--mirror", "--shot", self.path("shot.png"), "--beep-on-zero", "--sms-to", "+111",
+                             "--sms-text", "%Speed%", "--theme", "night")
         self.drive(process, range(1))
         backup = os.path.join(self.home, "unsaved-choices.json")
         self.assertTrue(os.path.exists(backup))
@@ -356,7 +357,7 @@ class PowerCut(DrivesTest):
         self.assertIn("what was chosen in the last run, which ended without warning, is kept",
                       self.stop(process))
         for line in ("Device=" + self.device, "Mirror=1", "Limit1=77", "LimitInter1=3",
-                     "UseSound1=true"):
+                     "UseSound1=true", "BeepOnZero=true", "Address=+111", "Text=%Speed%", "Theme=night", "ThemeTaken=night"):
             self.assertIn(line, self.settings())
         self.assertFalse(os.path.exists(backup))
 

@@ -93,6 +93,22 @@ class ThemeTest(FilesTest):
         self.assertEqual(self.colours()["PathWidget", "pathcolor"], "30928")
         self.assertIn("Theme=night", self.settings())
 
+    def test_is_taken_once_and_colours_of_ones_own_stay(self):
+        path = os.path.join(self.home, "TachyMo.ini")
+        os.makedirs(self.home, exist_ok=True)
+        # Nothing tells that it was taken, and a line that is commented out has a colour, too.
+        with open(path, "w", encoding="cp1251") as file:
+            file.write("[Application]\nTheme=day\n[PathWidget]\n;PathColor=255\n")
+        self.drive_well()
+        self.assertIn("ThemeTaken=day", self.settings())
+        self.assertEqual(self.colours()["PathWidget", "pathcolor"], "11534336")
+        with open(path, encoding="cp1251") as file:
+            settings = file.read()
+        with open(path, "w", encoding="cp1251") as file:
+            file.write(settings.replace("PathColor=11534336", "PathColor=65535"))
+        self.drive_well()
+        self.assertEqual(self.colours()["PathWidget", "pathcolor"], "65535")
+
     def test_that_is_missing_loses_no_settings(self):
         os.makedirs(self.home, exist_ok=True)
         with open(os.path.join(self.home, "TachyMo.ini"), "w", encoding="cp1251") as file:
