@@ -82,6 +82,17 @@ TEST_F(EventStreamsTest, TellsOthersNothingThatIsForOne) {
   EXPECT_EQ("HU", Read(*other, 9));
 }
 
+TEST_F(EventStreamsTest, TellsPicturesToThoseWhoLookAtThem) {
+  const auto reader = Add("a");
+  const auto viewer = Add("a", true);
+  EXPECT_EQ("HU", Read(*reader, 2));
+  EXPECT_EQ("HVU", Read(*viewer, 3));
+  streams.Tell(News::VIEW);
+  streams.End();
+  EXPECT_EQ("", Read(*reader, 9));
+  EXPECT_EQ("V", Read(*viewer, 9));
+}
+
 TEST_F(EventStreamsTest, BeatsWhenNothingWasSent) {
   const auto stream = Add("a");
   const auto before = std::chrono::steady_clock::now();

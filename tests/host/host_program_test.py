@@ -751,12 +751,14 @@ class Trips(HostTest):
 
     def test_share_times_and_the_highest_speed_of_each_drive(self):
         self.drive(kmh=72)
-        self.drive("--trip", "B", "--new-trip")
+        self.drive("--trip", "B", "--new-trip", kmh=18)
         self.drive()
-        totals = self.drive("--trip", "B")
+        totals = self.drive("--trip", "B", kmh=18)
         self.assertAlmostEqual(totals["max_speed_mps"], 10, places=2)
         self.assertEqual((totals["elapsed_s"], totals["moving_s"]), (3, 3))
-        self.assertAlmostEqual(totals["average_speed_mps"], 10, places=2)
+        # 5 m, 10 m and 5 m.
+        self.assertAlmostEqual(totals["average_speed_mps"], 20 / 3, places=2)
+        self.assertAlmostEqual(totals["moving_average_speed_mps"], 20 / 3, places=2)
         self.assertAlmostEqual(self.drive("--trip", "day")["max_speed_mps"], 20, places=2)
 
     def metres_around_midnight(self, seconds):
@@ -774,6 +776,8 @@ class Trips(HostTest):
             process.stdin.write(rmc(len(metres) + 1, 36 / 1.852).encode() + b"\r\n")
             metres.append(json.loads(process.stdout.readline())["distance_m"])
             time.sleep(0.05)
+        process.send_signal(signal.SIGTERM)
+        self.assertEqual(process.wait(PATIENCE), 0)
         self.end(process)
         return metres
 
@@ -785,6 +789,8 @@ class Trips(HostTest):
                 break
         self.assertGreater(metres[-2], 10)
         self.assertLess(metres[-1], 10.1)
+        # Trip A goes on.
+        self.assertGreater(self.metres(), metres[-2])
 
     def test_of_the_day_begins_anew_every_day(self):
         self.assertEqual(self.metres("--trip", "day"), 10)
