@@ -9,7 +9,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-const WebTime START(1h);
+const WebTime MEASURED_AT(1h);
 
 Snapshot Moving() {
   Snapshot snapshot;
@@ -22,8 +22,8 @@ Snapshot Moving() {
   fix.satellites = 8;
   snapshot.figures.distanceKm = 1.25;
   snapshot.figures.elapsedSeconds = 90;
-  snapshot.lastFix = START;
-  snapshot.lastHeard = START;
+  snapshot.lastFix = MEASURED_AT;
+  snapshot.lastHeard = MEASURED_AT;
   return snapshot;
 }
 
@@ -55,11 +55,11 @@ TEST(Metrics, TellTripReceiverAndServer) {
       "ferolin_web_streams 1\n"
       "ferolin_web_replies_total{status=\"200\"} 5\n"
       "ferolin_web_replies_total{status=\"404\"} 2\n",
-      FiguresOf(Moving(), START + 1500ms));
+      FiguresOf(Moving(), MEASURED_AT + 1500ms));
 }
 
 TEST(Metrics, HaveNothingOldOfASilentReceiver) {
-  const std::string figures = FiguresOf(Moving(), START + 4s);
+  const std::string figures = FiguresOf(Moving(), MEASURED_AT + 4s);
   EXPECT_NE(std::string::npos, figures.find("ferolin_receiver_silent 1.000\nferolin_fix 0.000\n"
                                             "ferolin_fix_age_seconds 4.000\n"
                                             "ferolin_trip_distance_metres 1250.000\n"))
@@ -68,8 +68,8 @@ TEST(Metrics, HaveNothingOldOfASilentReceiver) {
 
 TEST(Metrics, HaveNoAgeBeforeTheFirstFix) {
   Snapshot snapshot;
-  snapshot.lastHeard = START;
-  const std::string figures = FiguresOf(snapshot, START);
+  snapshot.lastHeard = MEASURED_AT;
+  const std::string figures = FiguresOf(snapshot, MEASURED_AT);
   EXPECT_NE(std::string::npos, figures.find("ferolin_fix 0.000\nferolin_trip_distance_metres "))
       << figures;
 }

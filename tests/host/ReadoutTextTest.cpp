@@ -7,7 +7,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-const WebTime START(1h);
+const WebTime FIXED_AT(1h);
 
 /// An update with a fix, both at the start.
 Snapshot Fixed() {
@@ -20,8 +20,8 @@ Snapshot Fixed() {
   fix.longitude = -37.6;
   fix.speedKmh = 36;
   fix.course = 90;
-  snapshot.lastFix = START;
-  snapshot.lastHeard = START;
+  snapshot.lastFix = FIXED_AT;
+  snapshot.lastHeard = FIXED_AT;
   return snapshot;
 }
 
@@ -30,11 +30,11 @@ bool Has(const std::string& text, const std::string& part) {
 }
 
 TEST(ReadoutText, HasAPositionForThreeSeconds) {
-  const std::string young = DescribeReadouts(Fixed(), START + 3s);
+  const std::string young = DescribeReadouts(Fixed(), FIXED_AT + 3s);
   EXPECT_TRUE(Has(young, R"("lat":55.75,"lon":-37.6,)")) << young;
   EXPECT_TRUE(Has(young, R"("speed_mps":10.0,"course_deg":90.0,)")) << young;
   EXPECT_TRUE(young.ends_with(R"("fix_age_s":3.0,"receiver":"ok"})")) << young;
-  const std::string old = DescribeReadouts(Fixed(), START + 3100ms);
+  const std::string old = DescribeReadouts(Fixed(), FIXED_AT + 3100ms);
   EXPECT_TRUE(Has(old, R"("lat":null,"lon":null,)")) << old;
   EXPECT_TRUE(Has(old, R"("speed_mps":null,"course_deg":null,)")) << old;
   EXPECT_TRUE(old.ends_with(R"("fix_age_s":3.1,"receiver":"silent"})")) << old;
@@ -43,18 +43,18 @@ TEST(ReadoutText, HasAPositionForThreeSeconds) {
 TEST(ReadoutText, TellsAReceiverWithoutAPositionFromASilentOne) {
   Snapshot snapshot = Fixed();
   snapshot.update.fix->hasFix = false;
-  EXPECT_EQ(ReceiverState::NO_FIX, FindReceiverState(snapshot, START + 3s));
-  EXPECT_EQ(ReceiverState::SILENT, FindReceiverState(snapshot, START + 3001ms));
+  EXPECT_EQ(ReceiverState::NO_FIX, FindReceiverState(snapshot, FIXED_AT + 3s));
+  EXPECT_EQ(ReceiverState::SILENT, FindReceiverState(snapshot, FIXED_AT + 3001ms));
   snapshot.update.fix.reset();
-  EXPECT_EQ(ReceiverState::NO_FIX, FindReceiverState(snapshot, START));
+  EXPECT_EQ(ReceiverState::NO_FIX, FindReceiverState(snapshot, FIXED_AT));
   snapshot.update.notice = "no data for 3 s";
-  EXPECT_EQ(ReceiverState::SILENT, FindReceiverState(snapshot, START));
+  EXPECT_EQ(ReceiverState::SILENT, FindReceiverState(snapshot, FIXED_AT));
 }
 
 TEST(ReadoutText, HasNoAgeBeforeTheFirstFix) {
   Snapshot snapshot;
-  snapshot.lastHeard = START;
-  const std::string text = DescribeReadouts(snapshot, START);
+  snapshot.lastHeard = FIXED_AT;
+  const std::string text = DescribeReadouts(snapshot, FIXED_AT);
   EXPECT_TRUE(text.ends_with(R"(,"fix_age_s":null,"receiver":"no fix"})")) << text;
 }
 

@@ -53,7 +53,7 @@ class EventReader {
       text.append(buffer.data(), static_cast<std::size_t>(size));
       found = text.find(part);
     }
-    const std::string before = text.substr(0, found);
+    std::string before = text.substr(0, found);
     text.erase(0, found + part.size());
     return before;
   }
