@@ -26,11 +26,12 @@ constexpr const char* REST = R"(
 Keys in the window (changes to the picture are kept):
   Left, Right   previous, next view         R   rotate by 90 degrees
   B             show or hide the buttons    I   invert colours
-  H             mirror left to right        S   send a position report
+  H             mirror left to right        S   position by SMS
   V             turn upside down            F   full screen on or off
-  Home, Del     reset all read-outs         Q, Esc   quit
+  Enter, O      settings and other pages    Q, Esc   quit; Esc leaves a page
+  Home, Del     choose what to reset
 A double click or double tap shows or hides the buttons, a swipe changes the view. The button
-with the gear inverts the colours and lists these keys on standard error.
+with the gear opens the settings, too.
 
 Drives from a receiver are kept as they are driven, also when the power is cut:
   drives                    list them; times are local
