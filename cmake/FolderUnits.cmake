@@ -7,6 +7,14 @@ if(NOT DEFINED CMAKE_UNITY_BUILD AND FEROLIN_HOME STREQUAL "linux"
   set(CMAKE_UNITY_BUILD ON CACHE BOOL "Compile the sources of a folder together")
 endif()
 
+# What most sources of a part include is compiled once for the part, in the same builds: a compiler
+# cache would store nothing that uses it.
+if(FEROLIN_HOME STREQUAL "linux" AND NOT CMAKE_CXX_COMPILER_LAUNCHER AND NOT FEROLIN_FUZZ)
+  option(CMAKE_DISABLE_PRECOMPILE_HEADERS "Compile common headers with each source" OFF)
+else()
+  set(CMAKE_DISABLE_PRECOMPILE_HEADERS ON)
+endif()
+
 # ferolin_folder_units(<target>...)
 # Call it when all sources are added. Other targets compile eight sources together.
 function(ferolin_folder_units)
