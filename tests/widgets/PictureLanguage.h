@@ -1,10 +1,12 @@
 // The language of the program's pictures.
 #pragma once
 
-#include <string_view>
-
 namespace ferolin {
 
-inline constexpr bool IS_RUSSIAN = std::string_view(LANGUAGE) == "RUS";
+/// Set before anything runs, so that lists of test cases may depend on it.
+extern const bool IS_RUSSIAN;
+inline const char* GetPictureLanguage() {
+  return IS_RUSSIAN ? "RUS" : "ENU";
+}
 
 }  // namespace ferolin

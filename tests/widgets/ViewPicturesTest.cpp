@@ -16,7 +16,7 @@ namespace {
 
 class ViewPictures : public ViewTest {
  protected:
-  ViewPictures() : ViewTest(LANGUAGE) {}
+  ViewPictures() : ViewTest(GetPictureLanguage()) {}
 
   /// An ordinary trip, with values for all read-outs.
   void TakeATrip(double kmh = 87) {

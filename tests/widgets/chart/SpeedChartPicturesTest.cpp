@@ -25,7 +25,7 @@ constexpr Leg LEGS[] = {
 
 class SpeedChartPictures : public ViewTest {
  protected:
-  SpeedChartPictures() : ViewTest(LANGUAGE) {}
+  SpeedChartPictures() : ViewTest(GetPictureLanguage()) {}
 
   /// A drive through town and country from 14:30 on. Speeds are multiplied by the factor.
   void DriveFor(int seconds, float factor = 1) {

@@ -6,6 +6,7 @@
 #include "base/Format.h"
 #include "gps/FixRecord.h"
 #include "widgets/Golden.h"
+#include "widgets/PictureLanguage.h"
 #include "widgets/ViewTest.h"
 #include "widgets/path/PathTrack.h"
 
@@ -29,7 +30,7 @@ constexpr Waypoint ROUTE[] = {
 
 class PathPictures : public ViewTest {
  protected:
-  PathPictures() : ViewTest(LANGUAGE) {}
+  PathPictures() : ViewTest(GetPictureLanguage()) {}
 
   void Add(const TrackPoint& point) { engine->GetFix().GetTrack().Append(point); }
 

@@ -12,7 +12,7 @@ namespace {
 
 class SatellitesPictures : public ViewTest {
  protected:
-  SatellitesPictures() : ViewTest(LANGUAGE) {}
+  SatellitesPictures() : ViewTest(GetPictureLanguage()) {}
 
   /// Twelve satellites: signals on both sides of every limit, one that is not received, and the
   /// longest figures.

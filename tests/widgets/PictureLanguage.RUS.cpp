@@ -1,0 +1,7 @@
+#include "widgets/PictureLanguage.h"
+
+namespace ferolin {
+
+constinit const bool IS_RUSSIAN = true;
+
+}  // namespace ferolin
