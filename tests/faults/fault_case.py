@@ -20,7 +20,7 @@ from program_test_case import PATIENCE, ProgramTestCase, run_tests  # noqa: E402
 from nmea import sentence  # noqa: E402,F401
 
 # With ./test --all; the short form has fewer rounds and leaves out what takes long.
-IS_THOROUGH = os.environ.get("FEROLIN_FAULTS") == "all"
+IS_THOROUGH = os.environ.get("FEROLIN_TESTS") == "all"
 
 KNOTS_OF_36_KMH = 36 / 1.852
 # 21 November 2026 is day 20,778 after 1970.

@@ -11,6 +11,7 @@
 #include "render/FrameBitmap.h"
 #include "render/Selection.h"
 #include "support/FailingMemory.h"
+#include "support/Rounds.h"
 #include "widgets/path/PathLayer.h"
 #include "widgets/path/PathTrack.h"
 
@@ -214,7 +215,7 @@ TEST_P(RandomPaths, LookAsThePlainWayHasThem) {
   EXPECT_GT(picturesWithInk, 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, RandomPaths, testing::Range(0, 40));
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomPaths, testing::Range(0, testing_support::Rounds(10, 40)));
 
 class RandomRoads : public RandomPaths {};
 
@@ -238,7 +239,7 @@ TEST_P(RandomRoads, DrivenAllDayLookAsThePlainWayHasThem) {
   EXPECT_EQ(50, picturesWithInk);
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, RandomRoads, testing::Range(0, 12));
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomRoads, testing::Range(0, testing_support::Rounds(2, 12)));
 
 TEST_F(PathLayerTest, DrawsATrackThatSpreadsOverACountryLikeThePlainWay) {
   for (int second = 0; second < 100000; ++second) {
