@@ -233,10 +233,10 @@ class Pages(WebTest):
         for web, has_code in (("0.0.0.0:0", True), ("127.0.0.1:0", False)):
             terminal, slave = pty.openpty()
             self.addCleanup(os.close, terminal)
+            self.addCleanup(os.close, slave)  # open until all is read: a terminal without users cannot be read
             process = subprocess.Popen(self.command("--demo", "--web", web), env=self.environment(), stdin=subprocess.DEVNULL,
                                        stdout=slave, stderr=slave)
             self.addCleanup(self.end, process)
-            os.close(slave)
             shown = self.read_until(terminal, lambda text: len(re.findall(r"http://\S+\r\n", text)) == (2 if has_code else 1))
             port, key = LINK.findall(shown)[-1][2:]
             self.wait_for_update(int(port), key)
