@@ -212,21 +212,20 @@ class Pages(WebTest):
             reply = host.ask(path, method)
             self.assertEqual((reply.status, reply.headers["Allow"]), (405, "POST" if path == "/views/input" else "GET"), (method, path))
 
-    def test_serves_on_both_loopbacks(self):
+    def start_at_ipv6(self, address):
         try:
-            socket.create_server(("::1", 0), family=socket.AF_INET6).close()
+            socket.create_server((address, 0), family=socket.AF_INET6).close()
         except OSError:
             self.skipTest("this machine has no IPv6")
-        host = self.start(web="[::1]:0")
+        return self.start(web=f"[{address}]:0")
+
+    def test_serves_on_both_loopbacks(self):
+        host = self.start_at_ipv6("::1")
         self.assertEqual(host.name, "[::1]")
         self.assertEqual(host.ask("/").status, 200)
 
     def test_serves_ipv4_at_the_general_address_of_ipv6(self):
-        try:
-            socket.create_server(("::", 0), family=socket.AF_INET6).close()
-        except OSError:
-            self.skipTest("this machine has no IPv6")
-        host = self.start(web="[::]:0")
+        host = self.start_at_ipv6("::")
         self.assertEqual(host.ask("/", Authorization="Bearer " + host.keys[0]).status, 200)
 
     def test_a_terminal_shows_links_and_a_code_for_cameras(self):
