@@ -1,4 +1,5 @@
-// How long a frame of each view takes when it is drawn in the screen's own pixels, on larger screens.
+// How long a frame of each view takes when it is drawn in the screen's own pixels, on larger
+// screens.
 
 #include <benchmark/benchmark.h>
 #include <handheld.h>

@@ -28,8 +28,8 @@ struct Update {
   Readouts readouts;
   /// What is wrong with the reception, such as "no data for 12 s"; empty when nothing is.
   std::string notice;
-  /// What the receiver said about the moment of the update; nothing before the first one. Empty while
-  /// the reception is troubled.
+  /// What the receiver said about the moment of the update; nothing before the first one. Empty
+  /// while the reception is troubled.
   std::optional<Fix> fix = {};
   /// Of the whole trip.
   MovingTime::Sums moving = {};

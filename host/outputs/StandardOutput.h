@@ -9,7 +9,8 @@ namespace host {
 /// Writes every text as a whole, and nothing more after the first failure.
 class StandardOutput {
  public:
-  /// False when the text could not be written, or an earlier one could not.
+  /// False when the text could not be written, or an earlier one could not. A text that is gathered
+  /// fails later.
   bool Write(std::string_view text);
 
   /// From now on texts are gathered: they are written in large blocks, and by Flush.

@@ -188,8 +188,8 @@ TEST_F(FineDrawing, DashesHave18PixelsAndGaps6) {
   }
 }
 
-/// Where lines go around a corner, dashes do, too: 15 pixels of the first dash lie on the level side,
-/// 3 on the upright one.
+/// Where lines go around a corner, dashes do, too: 15 pixels of the first dash lie on the level
+/// side, 3 on the upright one.
 TEST_F(FineDrawing, DashesGoOnAroundCorners) {
   const Pen pen(CreatePen(PS_DASH, 1, RED));
   const Selection selection(theCanvas.GetDrawingDC(), pen.get());

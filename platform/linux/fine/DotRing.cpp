@@ -8,7 +8,8 @@ namespace {
 
 /// Smaller ones look round as dots, too.
 constexpr int SMALLEST_RADIUS = 3;
-/// In pixels from the exact circle. Rounding adds up to 1.7 where a program goes on from pixel to pixel.
+/// In pixels from the exact circle. Rounding adds up to 1.7 where a program goes on from pixel to
+/// pixel.
 constexpr double LARGEST_DEVIATION = 2;
 
 bool IsSame(POINT a, POINT b) {

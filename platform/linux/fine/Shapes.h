@@ -22,8 +22,8 @@ struct PenLook {
 void DrawLines(Twin& twin, std::span<const POINT> points, bool isClosed, const PenLook& pen);
 
 /// Draws a thin line of dashes of 18 pixels and gaps of 6, counted along its longer axis, without
-/// its last pixel. Those of slanted lines have round ends. Starts `offset` pixels after the start of a dash. Gaps are drawn in the colour
-/// `gap`, if there is one.
+/// its last pixel. Starts `offset` pixels after the start of a dash. Dashes of slanted lines have
+/// round ends. Gaps are drawn in the colour `gap`, if there is one.
 void DrawDashes(Twin& twin, POINT from, POINT to, std::uint32_t offset, std::uint32_t rgb,
                 std::optional<std::uint32_t> gap);
 

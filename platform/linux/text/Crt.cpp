@@ -67,8 +67,8 @@ std::optional<Conversion> ReadConversion(const char* text) {
 
 constexpr std::array<double, 7> POWERS_OF_TEN = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6};
 
-/// Prints numbers of up to six decimals below 2^31; returns the end of the text. Null for others and
-/// where the rounding is in doubt: so near to a tie that the product's last bits could decide.
+/// Prints numbers of up to six decimals below 2^31; returns the end of the text. Null for others
+/// and where the rounding is in doubt: so near to a tie that the product's last bits could decide.
 char* PrintFixed(char* out, std::size_t size, double value, std::size_t decimals) {
   constexpr std::size_t LONGEST = sizeof "-2147483648.000000";
   constexpr double DOUBT = 1e-6;
